@@ -1,0 +1,27 @@
+# What every target is compiled with. The same model has to give the same bits with every compiler and at
+# every optimisation level, so contraction of a*b+c into one rounding is off and fast-math never comes in.
+add_library(strutwright_compiler INTERFACE)
+target_compile_options(
+  strutwright_compiler
+  INTERFACE -ffp-contract=off
+            -Wall
+            -Wextra
+            -Wpedantic
+            -Wshadow
+            -Wnon-virtual-dtor
+            -Woverloaded-virtual
+            -Wold-style-cast
+            -Wcast-align
+            -Wconversion
+            -Wsign-conversion
+            -Wnull-dereference
+            -Wimplicit-fallthrough)
+if(STRUTWRIGHT_WERROR)
+  target_compile_options(strutwright_compiler INTERFACE -Werror)
+endif()
+
+if(STRUTWRIGHT_SANITIZE)
+  target_compile_options(strutwright_compiler INTERFACE -fsanitize=${STRUTWRIGHT_SANITIZE} -fno-sanitize-recover=all
+                                                        -fno-omit-frame-pointer)
+  target_link_options(strutwright_compiler INTERFACE -fsanitize=${STRUTWRIGHT_SANITIZE})
+endif()

@@ -1,0 +1,16 @@
+# strutwright_layer(NAME SOURCES ... HEADERS ... USES ...)
+#
+# One folder, one library, one include path. USES names the layers below that the folder may include; what a
+# folder does not name it can neither include nor, in the `layers` preset, link.
+function(strutwright_layer NAME)
+  cmake_parse_arguments(ARG "" "" "SOURCES;HEADERS;USES" ${ARGN})
+  add_library(strutwright_${NAME} ${ARG_SOURCES})
+  target_sources(strutwright_${NAME} PUBLIC FILE_SET HEADERS BASE_DIRS ${CMAKE_CURRENT_SOURCE_DIR} FILES ${ARG_HEADERS})
+  target_link_libraries(strutwright_${NAME} PRIVATE strutwright_compiler)
+  foreach(USED IN LISTS ARG_USES)
+    target_link_libraries(strutwright_${NAME} PUBLIC strutwright_${USED})
+  endforeach()
+  if(BUILD_SHARED_LIBS AND NOT STRUTWRIGHT_SANITIZE)
+    target_link_options(strutwright_${NAME} PRIVATE -Wl,-z,defs)
+  endif()
+endfunction()

@@ -1,0 +1,186 @@
+#include "modAnalysis.h"
+
+#include "AnalysisState.h"
+#include "Platform.h"
+#include "modMember.h"
+#include "modModelStore.h"
+#include "modNumberText.h"
+#include "modSolver.h"
+
+#include <cmath>
+#include <cstddef>
+#include <string>
+
+namespace strutwright {
+
+namespace {
+
+constexpr int EmptyModelCheck = 0;
+constexpr float RestrainedInY = 1.0F;
+constexpr float RestrainedInX = 2.0F;
+
+/// Index of a freedom in the vectors.
+std::size_t XFreedom(int node) { return static_cast<std::size_t>(2 * node - 1); }
+std::size_t YFreedom(int node) { return static_cast<std::size_t>(2 * node); }
+
+void AddTo(float& sum, double addend) { sum = static_cast<float>(static_cast<double>(sum) + addend); }
+
+void LeaveAnalysis() {
+  AnalysisDone = FlagFalse;
+  TheHost().RefreshStatusTexts();
+}
+
+bool CheckNodeCount() {
+  if (NodeCount <= MostAnalysedNodes) return true;
+  ShowMessage(MessageIcon::Critical, "The model has " + std::to_string(NodeCount) + " nodes, but at most " +
+                                         std::to_string(MostAnalysedNodes) + " can be analysed.\n"
+                                         "Remove nodes and run the analysis again.");
+  LeaveAnalysis();
+  return false;
+}
+
+bool CheckNodeNumber(int m, MemberField field) {
+  const int node = RoundNodeNumber(MemberTable(m, field));
+  if (node >= 0 && node <= NodeCount) return true;
+  const auto rounded = static_cast<float>(std::nearbyint(MemberTable(m, field)));
+  ShowMessage(MessageIcon::Critical, "Member " + std::to_string(m) + " names node " + NumberText(rounded) +
+                                         ", which does not exist: the nodes are numbered 1 to " +
+                                         std::to_string(NodeCount) +
+                                         ".\nCorrect the member's node numbers and run the analysis again.");
+  LeaveAnalysis();
+  return false;
+}
+
+/// Reports the first member that names a node outside 0..NodeCount.  Node 0 is left to AddMemberToGlobal.
+bool CheckMemberNodes() {
+  for (int m = 1; m <= MemberCount; ++m) {
+    if (!CheckNodeNumber(m, MemberNodeI) || !CheckNodeNumber(m, MemberNodeJ)) return false;
+  }
+  return true;
+}
+
+void Restrain(std::size_t freedom, std::vector<float>& P, std::vector<float>& R, std::vector<std::int16_t>& fixed) {
+  R.at(freedom) = -P.at(freedom);
+  P.at(freedom) = 0.0F;
+  fixed.at(freedom) = 1;
+}
+
+void AddPrestress(int m, std::vector<float>& P) {
+  const double PS = MemberTable(m, MemberPS);
+  const int i = RoundNodeNumber(MemberTable(m, MemberNodeI));
+  const int j = RoundNodeNumber(MemberTable(m, MemberNodeJ));
+  if (i <= 0 || j <= 0) return; // AddMemberToGlobal has reported the member as ignored
+  const auto Px = static_cast<float>(MemberCos(m) * PS);
+  const auto Py = static_cast<float>(MemberSin(m) * PS);
+  AddTo(P.at(XFreedom(j)), -Px);
+  AddTo(P.at(YFreedom(j)), -Py);
+  AddTo(P.at(XFreedom(i)), Px);
+  AddTo(P.at(YFreedom(i)), Py);
+}
+
+/// What the member's force adds to the reactions at one supported node.
+void AddMemberReaction(int node, int m) {
+  const auto number = static_cast<float>(node);
+  double sign = 0.0;
+  if (MemberTable(m, MemberNodeI) == number) sign = -1.0;
+  if (MemberTable(m, MemberNodeJ) == number) sign = 1.0; // a member from a node to itself counts as ending there
+  if (sign == 0.0) return;
+  const double outer = static_cast<double>(MemberTable(m, MemberFieldForce)) - MemberTable(m, MemberPS);
+  AddTo(Reactions[YFreedom(node)], outer * sign * MemberTable(m, MemberFieldSin));
+  AddTo(Reactions[XFreedom(node)], outer * sign * MemberTable(m, MemberFieldCos));
+}
+
+} // namespace
+
+void AnalyseTruss(std::int16_t& ok) {
+  FailedCheck.reset();
+  if (!CheckNodeCount()) {
+    ok = FlagFalse;
+    return;
+  }
+  DofCount = static_cast<std::int16_t>(2 * NodeCount);
+  if (DofCount <= 0) {
+    ReportAnalysisFailure(EmptyModelCheck);
+    ok = FlagFalse;
+    return;
+  }
+  if (!CheckMemberNodes()) {
+    ok = FlagFalse;
+    return;
+  }
+  AllocateAnalysisArrays();
+  AssembleGlobalStiffness(GlobalStiffness);
+  BuildLoadVector(LoadVector);
+  ApplySupports(GlobalStiffness, LoadVector, Reactions, FixedDof);
+  SolveEquations(GlobalStiffness, Displacements, LoadVector, DofCount, ok);
+  if (ok == FlagFalse) return;
+  for (int m = 1; m <= MemberCount; ++m) ComputeMemberForce(m);
+  ComputeReactions();
+}
+
+void AllocateAnalysisArrays() {
+  const auto size = static_cast<std::size_t>(DofCount + 1);
+  GlobalStiffness.Recreate(DofCount, DofCount + 1);
+  MemberStiffnessBuffer.Recreate(4, 4);
+  LoadVector.assign(size, 0.0F);
+  FixedDof.assign(size, 0);
+  Displacements.assign(size, 0.0F);
+  Reactions.assign(size, 0.0F);
+}
+
+void AssembleGlobalStiffness(Matrix& K) {
+  DofCount = static_cast<std::int16_t>(2 * NodeCount);
+  K.Recreate(DofCount, DofCount + 1);
+  MemberStiffnessBuffer.Recreate(4, 4);
+  for (int m = 1; m <= MemberCount; ++m) {
+    MemberStiffness(MemberStiffnessBuffer, m);
+    AddMemberToGlobal(m, MemberStiffnessBuffer, K);
+  }
+}
+
+void BuildLoadVector(std::vector<float>& P) {
+  for (int i = 1; i <= NodeCount; ++i) {
+    if (NodeTable(i, NodeForceX) != 0.0F) P.at(XFreedom(i)) = NodeTable(i, NodeForceX);
+    if (NodeTable(i, NodeForceY) != 0.0F) P.at(YFreedom(i)) = NodeTable(i, NodeForceY);
+  }
+  for (int m = 1; m <= MemberCount; ++m) {
+    if (MemberTable(m, MemberPS) != 0.0F) AddPrestress(m, P);
+  }
+}
+
+void ApplySupports(Matrix& K, std::vector<float>& P, std::vector<float>& R, std::vector<std::int16_t>& fixed) {
+  for (int i = 1; i <= NodeCount; ++i) {
+    const float code = NodeTable(i, NodeSupport);
+    if (code == 0.0F) continue;
+    if (code != RestrainedInX) Restrain(YFreedom(i), P, R, fixed);
+    if (code != RestrainedInY) Restrain(XFreedom(i), P, R, fixed);
+  }
+  for (int d = 1; d <= DofCount; ++d) {
+    if (fixed.at(static_cast<std::size_t>(d)) != 1) continue;
+    for (int c = 1; c <= DofCount; ++c) {
+      K(d, c) = 0.0F;
+      K(c, d) = 0.0F;
+    }
+    K(d, d) = 1.0F;
+  }
+}
+
+void ComputeReactions() {
+  for (int i = 1; i <= NodeCount; ++i) {
+    if (NodeTable(i, NodeSupport) == 0.0F) continue;
+    for (int m = 1; m <= MemberCount; ++m) AddMemberReaction(i, m);
+  }
+}
+
+void ReportAnalysisFailure(int code) {
+  FailedCheck = code;
+  ShowMessage(MessageIcon::Critical,
+              "Structure is unstable - Aborting analysis\nFailed Check " + std::to_string(code));
+  LeaveAnalysis();
+}
+
+float NodeDisplacement(std::int16_t n, std::string_view direction) {
+  return Displacements.at(direction == "x" ? XFreedom(n) : YFreedom(n));
+}
+
+} // namespace strutwright

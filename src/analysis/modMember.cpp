@@ -1,0 +1,190 @@
+#include "modMember.h"
+
+#include "AnalysisState.h"
+#include "Platform.h"
+#include "modModelStore.h"
+
+#include <array>
+#include <cmath>
+#include <cstddef>
+
+namespace strutwright {
+
+namespace {
+
+constexpr double Thousand = 1000.0; // m to mm, kN/mm2 to N/mm2
+constexpr float ZeroBarLimit = 0.0001F; // kN
+
+struct MemberEnds {
+  int i = 0;
+  int j = 0;
+};
+
+MemberEnds EndsOf(int m) {
+  return {RoundNodeNumber(MemberTable(m, MemberNodeI)), RoundNodeNumber(MemberTable(m, MemberNodeJ))};
+}
+
+double EndDifference(int m, NodeField coordinate) {
+  const MemberEnds ends = EndsOf(m);
+  return static_cast<double>(NodeTable(ends.j, coordinate)) - static_cast<double>(NodeTable(ends.i, coordinate));
+}
+
+void ReportIgnored(int m, const std::string& what) {
+  ShowMessage(MessageIcon::Critical, "Error: member index " + std::to_string(m) + " " + what + "\nMember ignored");
+}
+
+/// The component of the unit direction along a coordinate.
+float DirectionComponent(int m, NodeField coordinate) {
+  if (m <= 0) {
+    ShowMessage(MessageIcon::Critical, "Error: member index of " + std::to_string(m) + " called");
+    return 0.0F;
+  }
+  return static_cast<float>(EndDifference(m, coordinate) / static_cast<double>(MemberLength(m)));
+}
+
+/// Reports everything that makes the member invalid, in the order E, A, length.
+bool CheckMember(int m, float length) {
+  bool valid = true;
+  if (MemberTable(m, MemberE) < 0) {
+    ReportIgnored(m, "E-value");
+    valid = false;
+  }
+  if (MemberTable(m, MemberA) < 0) {
+    ReportIgnored(m, "A-value");
+    valid = false;
+  }
+  if (!(length > 0)) {
+    ReportIgnored(m, "has no length");
+    valid = false;
+  }
+  return valid;
+}
+
+// k = EA/L | cc cs -cc -cs |   c, s: direction of i to j.
+//          |    ss -cs -ss |   Checked: rows sum to zero; horizontal, vertical and 3-4-5 bars.
+//          |        cc  cs |
+//          | sym.       ss |
+void FillStiffness(Matrix& k, double E, double A, double length, double c, double s) {
+  const double axial = E * A / length;
+  const auto xx = static_cast<float>(c * c * axial);
+  const auto xy = static_cast<float>(E * A * c * s / length);
+  const auto yy = static_cast<float>(s * s * axial);
+  const std::array<std::array<float, 4>, 4> entries{{
+      {xx, xy, -xx, -xy},
+      {xy, yy, -xy, -yy},
+      {-xx, -xy, xx, xy},
+      {-xy, -yy, xy, yy},
+  }};
+  for (int row = 1; row <= 4; ++row) {
+    for (int column = 1; column <= 4; ++column) {
+      k(row, column) = entries[static_cast<std::size_t>(row - 1)][static_cast<std::size_t>(column - 1)];
+    }
+  }
+}
+
+/// The global freedoms of the member's local ones 1..4; entry 0 is not used.
+std::array<int, 5> FreedomsOf(const MemberEnds& ends) {
+  return {0, 2 * ends.i - 1, 2 * ends.i, 2 * ends.j - 1, 2 * ends.j};
+}
+
+/// Displacement of node j less that of node i in one direction, in mm.
+float EndMovement(const MemberEnds& ends, int xFreedomOffset) {
+  const auto displacement = [&](int node) {
+    return static_cast<double>(Displacements.at(static_cast<std::size_t>(2 * node - xFreedomOffset)));
+  };
+  return static_cast<float>(displacement(ends.j) - displacement(ends.i));
+}
+
+} // namespace
+
+float MemberLength(int m) {
+  const double dy = EndDifference(m, NodeY);
+  const double dx = EndDifference(m, NodeX);
+  return static_cast<float>(std::sqrt(dy * dy + dx * dx));
+}
+
+float MemberCos(int m) { return DirectionComponent(m, NodeX); }
+
+float MemberSin(int m) { return DirectionComponent(m, NodeY); }
+
+void MemberStiffness(Matrix& k, int m) {
+  const float length = MemberLength(m);
+  if (!CheckMember(m, length)) return;
+  const float c = MemberCos(m);
+  const float s = MemberSin(m);
+  const auto lengthInMm = static_cast<float>(length * Thousand);
+  MemberTable(m, MemberFieldLength) = lengthInMm;
+  MemberTable(m, MemberFieldCos) = c;
+  MemberTable(m, MemberFieldSin) = s;
+  FillStiffness(k, MemberTable(m, MemberE), MemberTable(m, MemberA), lengthInMm, c, s);
+}
+
+void AddMemberToGlobal(int m, const Matrix& k, Matrix& K) {
+  const MemberEnds ends = EndsOf(m);
+  if (ends.i <= 0 || ends.j <= 0) {
+    ReportIgnored(m, "node numbers");
+    return;
+  }
+  const std::array<int, 5> freedom = FreedomsOf(ends);
+  for (std::size_t p = 1; p <= 4; ++p) {
+    for (std::size_t q = 1; q <= 4; ++q) {
+      float& entry = K(freedom[p], freedom[q]);
+      const float addend = k(static_cast<int>(p), static_cast<int>(q));
+      entry = static_cast<float>(static_cast<double>(entry) + static_cast<double>(addend));
+    }
+  }
+}
+
+void ComputeMemberForce(int m) {
+  const MemberEnds ends = EndsOf(m);
+  float du = 0.0F;
+  float dv = 0.0F;
+  if (ends.i > 0 && ends.j > 0) {
+    du = EndMovement(ends, 1);
+    dv = EndMovement(ends, 0);
+  }
+  const double E = MemberTable(m, MemberE);
+  const double A = MemberTable(m, MemberA);
+  const double length = MemberTable(m, MemberFieldLength);
+  if (E <= 0 || A <= 0 || length <= 0) {
+    MemberTable(m, MemberFieldForce) = 0.0F;
+    return;
+  }
+  const double c = MemberTable(m, MemberFieldCos);
+  const double s = MemberTable(m, MemberFieldSin);
+  const double PS = MemberTable(m, MemberPS);
+  // F = (c du + s dv) EA/L + PS.   Checked: rigid motion gives PS; swapping the ends changes nothing.
+  MemberTable(m, MemberFieldForce) = static_cast<float>((c * du + s * dv) * E * A / length + PS);
+}
+
+float MemberForce(int m) { return MemberTable(m, MemberFieldForce); }
+
+std::string MemberState(int m) {
+  const float force = MemberForce(m);
+  if (force > ZeroBarLimit) return "T";
+  if (force < -ZeroBarLimit) return "C";
+  if (-ZeroBarLimit < force && force < ZeroBarLimit) return "Zero Bar";
+  return "";
+}
+
+float MemberStress(int m) {
+  const double A = MemberTable(m, MemberA);
+  if (A <= 0) return 0.0F;
+  return static_cast<float>(Thousand * MemberForce(m) / A);
+}
+
+bool MemberCanStretch(int m) { return MemberTable(m, MemberE) > 0 && MemberTable(m, MemberA) > 0; }
+
+float MemberStretch(int m) {
+  const double E = MemberTable(m, MemberE);
+  const double A = MemberTable(m, MemberA);
+  if (MemberCanStretch(m)) {
+    return static_cast<float>(static_cast<double>(MemberForce(m)) * MemberTable(m, MemberFieldLength) / (E * A));
+  }
+  const char* reason = "E is not valid";
+  if (A <= 0) reason = E <= 0 ? "E and A are not valid" : "area is not valid";
+  ShowMessage(MessageIcon::Information, "Ignoring member " + std::to_string(m) + " as " + reason);
+  return 0.0F;
+}
+
+} // namespace strutwright

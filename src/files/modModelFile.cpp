@@ -1,0 +1,114 @@
+#include "modModelFile.h"
+
+#include "Platform.h"
+#include "modModelStore.h"
+#include "modSafeSave.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cmath>
+#include <concepts>
+#include <span>
+#include <utility>
+
+namespace strutwright {
+
+namespace {
+
+constexpr std::size_t CountsSize = 3 * sizeof(std::int16_t);
+constexpr std::size_t ValueSize = sizeof(float);
+constexpr int MostFreedoms = 32767;
+
+void AppendLittleEndian(std::string& bytes, std::unsigned_integral auto value) {
+  for (std::size_t i = 0; i < sizeof(value); ++i) {
+    bytes.push_back(static_cast<char>(static_cast<unsigned char>((value >> (8 * i)) & 0xFFU)));
+  }
+}
+
+template <std::unsigned_integral Value> Value LittleEndianAt(const std::string& bytes, std::size_t offset) {
+  Value value = 0;
+  for (std::size_t i = sizeof(Value); i-- > 0;) {
+    value = static_cast<Value>((value << 8) | static_cast<unsigned char>(bytes[offset + i]));
+  }
+  return value;
+}
+
+void AppendCount(std::string& bytes, std::int16_t count) {
+  AppendLittleEndian(bytes, static_cast<std::uint16_t>(count));
+}
+
+void AppendTable(std::string& bytes, const FieldTable& table) {
+  for (const float value : table.InOrder()) AppendLittleEndian(bytes, std::bit_cast<std::uint32_t>(value));
+}
+
+std::int16_t CountAt(const std::string& bytes, std::size_t index) {
+  return static_cast<std::int16_t>(LittleEndianAt<std::uint16_t>(bytes, index * sizeof(std::int16_t)));
+}
+
+std::size_t ValueCount(const FieldTable& table) { return table.InOrder().size(); }
+
+/// The three counts, checked, with tables of zeros to match.
+StoredModel ReadCounts(const std::string& bytes) {
+  if (bytes.size() < CountsSize) throw FileError("The file is too short for a model");
+  StoredModel model;
+  model.capacity = CountAt(bytes, 0);
+  model.nodeCount = CountAt(bytes, 1);
+  model.memberCount = CountAt(bytes, 2);
+  if (model.nodeCount < 0 || model.memberCount < 0) throw FileError("The file gives a negative number of records");
+  if (2 * model.nodeCount > MostFreedoms) throw FileError("The file gives more nodes than a model can have");
+  model.nodes.Recreate(model.nodeCount);
+  model.members.Recreate(model.memberCount);
+  model.promisedValues = ValueCount(model.nodes) + ValueCount(model.members);
+  return model;
+}
+
+/// Fills a table from the values that follow those already counted in the model.
+void ReadTable(const std::string& bytes, StoredModel& model, FieldTable& table) {
+  for (float& value : table.InOrder()) {
+    const std::size_t offset = CountsSize + model.presentValues * ValueSize;
+    if (offset + ValueSize > bytes.size()) return;
+    ++model.presentValues;
+    value = std::bit_cast<float>(LittleEndianAt<std::uint32_t>(bytes, offset));
+    if (std::isfinite(value)) continue;
+    value = 0.0F;
+    ++model.notFiniteValues;
+  }
+}
+
+} // namespace
+
+std::string WriteModel() {
+  std::string bytes;
+  bytes.reserve(CountsSize + ValueSize * (ValueCount(NodeTable) + ValueCount(MemberTable)));
+  for (const std::int16_t count : {GridCapacity, NodeCount, MemberCount}) AppendCount(bytes, count);
+  AppendTable(bytes, NodeTable);
+  AppendTable(bytes, MemberTable);
+  return bytes;
+}
+
+StoredModel ReadModel(const std::string& bytes) {
+  StoredModel model = ReadCounts(bytes);
+  ReadTable(bytes, model, model.nodes);
+  ReadTable(bytes, model, model.members);
+  return model;
+}
+
+void TakeModel(StoredModel model) {
+  GridCapacity = model.capacity;
+  NodeCount = model.nodeCount;
+  MemberCount = model.memberCount;
+  NodeTable = std::move(model.nodes);
+  MemberTable = std::move(model.members);
+}
+
+void SaveModelFile(const std::string& path) { SaveBytes(path, WriteModel()); }
+
+StoredModel LoadModelFile(const std::string& path) {
+  // One byte more than the largest model would be enough; nobody's video is read to its end.
+  constexpr std::size_t MostBytes =
+      CountsSize + ValueSize * (std::size_t{6} * (MostFreedoms / 2 + 1) + std::size_t{10} * 32768);
+  return ReadModel(Files().Read(path, 0, MostBytes));
+}
+
+} // namespace strutwright

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstddef>
+#include <stdexcept>
+#include <string>
+#include <system_error>
+
+namespace strutwright {
+
+/// A file could not be read or written.  what() is the system's description of the reason.
+class FileError : public std::runtime_error {
+ public:
+  explicit FileError(std::error_code reason) : std::runtime_error(reason.message()), code(reason) {}
+  explicit FileError(const std::string& description) : std::runtime_error(description) {}
+
+  /// The system's code; zero where the reason is not the system's.
+  std::error_code code;
+};
+
+/// What a path names, symbolic links followed.  Special: a device, a pipe.
+enum class FileKind { Missing, File, Folder, Special };
+
+/// The single steps of reading and of safely saving a file.  Paths are UTF-8.  Every step throws FileError.
+/// Each is one thing that can fail, or the last one before a kill; SaveBytes puts them in order.
+class FileSystem {
+ public:
+  virtual ~FileSystem() = default;
+
+  /// What stands at the path now.
+  virtual FileKind Kind(const std::string& path) = 0;
+
+  /// The path behind all symbolic links, which need not exist; the path itself where it is no link.
+  virtual std::string FollowLinks(const std::string& path) = 0;
+
+  /// Up to `limit` bytes from `offset` on, fewer where the file ends before.  Never creates a file.
+  virtual std::string Read(const std::string& path, std::size_t offset, std::size_t limit) = 0;
+
+  /// Throws unless the existing file may be written.
+  virtual void CheckWritable(const std::string& path) = 0;
+
+  /// Creates an empty file in the folder of `path`, under a name that no other file has; returns its path.
+  virtual std::string CreateBeside(const std::string& path) = 0;
+
+  /// Writes `bytes` from the start of the existing file, which is not truncated.
+  virtual void Write(const std::string& path, const std::string& bytes) = 0;
+
+  /// Gives `path` the mode and, where that is allowed, the owner of `model`.
+  virtual void CopyMode(const std::string& model, const std::string& path) = 0;
+
+  /// Returns when the file's bytes have reached the disk.
+  virtual void Flush(const std::string& path) = 0;
+
+  /// Puts `from` in the place of `to` in one step.
+  virtual void Replace(const std::string& from, const std::string& to) = 0;
+
+  /// Removes a file.
+  virtual void Remove(const std::string& path) = 0;
+};
+
+} // namespace strutwright

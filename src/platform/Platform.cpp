@@ -1,0 +1,40 @@
+#include "Platform.h"
+
+#include "Ensure.h"
+
+namespace strutwright {
+
+std::string IconName(MessageIcon icon) {
+  switch (icon) {
+  case MessageIcon::Information: return "information";
+  case MessageIcon::Question: return "question";
+  case MessageIcon::Exclamation: return "exclamation";
+  case MessageIcon::Critical: return "critical";
+  case MessageIcon::None: break;
+  }
+  return "none";
+}
+
+Platform& ThePlatform() {
+  static Platform platform;
+  return platform;
+}
+
+MessageBoxes& Messages() {
+  Ensure(ThePlatform().messages != nullptr, "message boxes are set up before they are used");
+  return *ThePlatform().messages;
+}
+
+Host& TheHost() {
+  Ensure(ThePlatform().host != nullptr, "the host is set up before it is asked");
+  return *ThePlatform().host;
+}
+
+FileSystem& Files() {
+  Ensure(ThePlatform().files != nullptr, "the file system is set up before it is used");
+  return *ThePlatform().files;
+}
+
+void ShowMessage(MessageIcon icon, const std::string& text) { Messages().Show({icon, ProgramTitle, text}); }
+
+} // namespace strutwright

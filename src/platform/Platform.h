@@ -1,0 +1,28 @@
+#pragma once
+
+#include "FileSystem.h"
+#include "Host.h"
+#include "MessageBoxes.h"
+
+#include <string>
+
+namespace strutwright {
+
+/// Everything that the program asks of a desktop.  main() or a test fixture fills it; nothing here is owned.
+struct Platform {
+  MessageBoxes* messages = nullptr;
+  Host* host = nullptr;
+  FileSystem* files = nullptr;
+};
+
+/// The one platform of the process, filled before the first call into any floor above.
+Platform& ThePlatform();
+
+MessageBoxes& Messages();
+Host& TheHost();
+FileSystem& Files();
+
+/// Shows a box with an OK button under the program's title.
+void ShowMessage(MessageIcon icon, const std::string& text);
+
+} // namespace strutwright

@@ -1,0 +1,147 @@
+#include "NativeFileSystem.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+#include <string_view>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace strutwright {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+[[noreturn]] void ThrowSystemError() { throw FileError(std::error_code(errno, std::generic_category())); }
+
+/// An open file descriptor that closes itself.
+class Descriptor {
+ public:
+  Descriptor(const std::string& path, int flags) : Number(open(path.c_str(), flags | O_CLOEXEC, 0666)) {
+    if (Number < 0) ThrowSystemError();
+  }
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  ~Descriptor() { close(Number); }
+
+  const int Number;
+};
+
+/// Reads once; gives the number of bytes, 0 at the end.
+std::size_t ReadSome(const Descriptor& file, char* buffer, std::size_t size) {
+  ssize_t count = 0;
+  do {
+    count = read(file.Number, buffer, size);
+  } while (count < 0 && errno == EINTR);
+  if (count < 0) ThrowSystemError();
+  return static_cast<std::size_t>(count);
+}
+
+fs::path FolderOf(const std::string& path) {
+  const fs::path folder = fs::path(path).parent_path();
+  return folder.empty() ? fs::path(".") : folder;
+}
+
+} // namespace
+
+FileKind NativeFileSystem::Kind(const std::string& path) {
+  std::error_code error;
+  const fs::file_status status = fs::status(path, error);
+  switch (status.type()) {
+  case fs::file_type::not_found: return FileKind::Missing;
+  case fs::file_type::none: throw FileError(error);
+  case fs::file_type::regular: return FileKind::File;
+  case fs::file_type::directory: return FileKind::Folder;
+  default: return FileKind::Special;
+  }
+}
+
+std::string NativeFileSystem::FollowLinks(const std::string& path) {
+  constexpr int MostLinks = 40;
+  fs::path target = path;
+  std::error_code error;
+  for (int link = 0; fs::is_symlink(target, error); ++link) {
+    if (link == MostLinks) throw FileError(std::make_error_code(std::errc::too_many_symbolic_link_levels));
+    const fs::path next = fs::read_symlink(target, error);
+    if (error) throw FileError(error);
+    target = next.is_absolute() ? next : target.parent_path() / next;
+  }
+  return target.string();
+}
+
+std::string NativeFileSystem::Read(const std::string& path, std::size_t offset, std::size_t limit) {
+  constexpr std::size_t Portion = 1 << 16;
+  const Descriptor file(path, O_RDONLY);
+  if (offset > 0 && lseek(file.Number, static_cast<off_t>(offset), SEEK_SET) < 0) ThrowSystemError();
+  std::string bytes;
+  while (bytes.size() < limit) {
+    const std::size_t had = bytes.size();
+    bytes.resize(had + std::min(Portion, limit - had));
+    const std::size_t got = ReadSome(file, bytes.data() + had, bytes.size() - had);
+    bytes.resize(had + got);
+    if (got == 0) break;
+  }
+  return bytes;
+}
+
+void NativeFileSystem::CheckWritable(const std::string& path) { const Descriptor file(path, O_WRONLY); }
+
+std::string NativeFileSystem::CreateBeside(const std::string& path) {
+  const fs::path folder = FolderOf(path);
+  for (int attempt = 0;; ++attempt) {
+    // The name is short whatever the target's name is, so that it never exceeds what the folder allows.
+    const std::string name = ".strutwright-" + std::to_string(getpid()) + "-" + std::to_string(attempt) + ".tmp";
+    const std::string candidate = (folder / name).string();
+    try {
+      const Descriptor file(candidate, O_WRONLY | O_CREAT | O_EXCL);
+      return candidate;
+    } catch (const FileError& error) {
+      if (error.code != std::errc::file_exists) throw;
+    }
+  }
+}
+
+void NativeFileSystem::Write(const std::string& path, const std::string& bytes) {
+  const Descriptor file(path, O_WRONLY);
+  std::string_view rest = bytes;
+  while (!rest.empty()) {
+    const ssize_t count = write(file.Number, rest.data(), rest.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) ThrowSystemError();
+    rest.remove_prefix(static_cast<std::size_t>(count));
+  }
+}
+
+void NativeFileSystem::CopyMode(const std::string& model, const std::string& path) {
+  struct stat status = {};
+  if (stat(model.c_str(), &status) != 0) ThrowSystemError();
+  // Only root may give a file away; for everybody else the saver becomes the owner, which is no failure.
+  // The mode comes second, because a change of owner clears bits of it.
+  const bool ownerKept = chown(path.c_str(), status.st_uid, status.st_gid) == 0;
+  const mode_t allowed = ownerKept ? 07777 : 0777;
+  if (chmod(path.c_str(), status.st_mode & allowed) != 0) ThrowSystemError();
+}
+
+void NativeFileSystem::Flush(const std::string& path) {
+  const Descriptor file(path, O_WRONLY);
+  // Pipes and some devices cannot be flushed and hold nothing back either.
+  if (fsync(file.Number) != 0 && errno != EINVAL && errno != EROFS) ThrowSystemError();
+}
+
+void NativeFileSystem::Replace(const std::string& from, const std::string& to) {
+  if (rename(from.c_str(), to.c_str()) != 0) ThrowSystemError();
+  // The new name is in force now whatever happens next; flushing the folder only makes it last a power cut.
+  const int folder = open(FolderOf(to).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (folder < 0) return;
+  fsync(folder);
+  close(folder);
+}
+
+void NativeFileSystem::Remove(const std::string& path) {
+  if (unlink(path.c_str()) != 0) ThrowSystemError();
+}
+
+} // namespace strutwright

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "FileSystem.h"
+
+namespace strutwright {
+
+/// The file system of the machine, through POSIX calls.
+class NativeFileSystem : public FileSystem {
+ public:
+  FileKind Kind(const std::string& path) override;
+  std::string FollowLinks(const std::string& path) override;
+  std::string Read(const std::string& path, std::size_t offset, std::size_t limit) override;
+  void CheckWritable(const std::string& path) override;
+  std::string CreateBeside(const std::string& path) override;
+  void Write(const std::string& path, const std::string& bytes) override;
+  void CopyMode(const std::string& model, const std::string& path) override;
+  void Flush(const std::string& path) override;
+  void Replace(const std::string& from, const std::string& to) override;
+  void Remove(const std::string& path) override;
+};
+
+} // namespace strutwright

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "Grid.h"
+#include "modColumns.h"
+
+#include <array>
+#include <cstdint>
+
+namespace strutwright {
+
+/// Joint results, heading by heading: displacements, then reactions.
+inline constexpr std::array<GridColumn, 5> JointResultColumns{{
+    {"JOINTS", "node"},
+    {"Def x (mm)", "dx"},
+    {"Def y (mm)", "dy"},
+    {"ForceX (kN)", "rx"},
+    {"ForceY (kN)", "ry"},
+}};
+
+/// Member results, heading by heading.
+inline constexpr std::array<GridColumn, 5> MemberResultColumns{{
+    {"MEMBERS", "member"},
+    {"Force (kN)", "force"},
+    {"T or C", "state"},
+    {"s (N/mm2)", "stress"},
+    {"dL (mm)", "stretch"},
+}};
+
+/// Clears all four grids and lays them out: headings, GridCapacity numbered rows in the data grids, one empty row in
+/// the results grids.
+void initGrids();
+
+/// Empties every cell but the headers, then gives the grid n data rows.
+void ClearGrid(Grid& grid, std::int16_t n);
+
+/// Fills the results grids from the results of the analysis: displacements in mm, reactions and forces in kN, stresses
+/// in N/mm2, elongations in mm.  A member that can't stretch is told to the user as it is listed.
+void resultGrids();
+
+} // namespace strutwright

@@ -1,0 +1,33 @@
+#include "FakePlatform.h"
+
+#include <ostream>
+#include <utility>
+
+namespace strutwright {
+
+void FakeHost::EndAnalysis(bool redraw) {
+  asked.emplace_back(redraw ? "EndAnalysis(true)" : "EndAnalysis(false)");
+}
+
+PlatformTest::PlatformTest() {
+  ThePlatform().messages = &messages;
+  ThePlatform().host = &host;
+}
+
+PlatformTest::~PlatformTest() { ThePlatform() = {}; }
+
+void PlatformTest::TearDown() {
+  for (const Message& message : messages.shown) {
+    ADD_FAILURE() << "A box that the test did not expect: " << testing::PrintToString(message);
+  }
+}
+
+std::vector<Message> PlatformTest::TakeMessages() { return std::exchange(messages.shown, {}); }
+
+Message Box(MessageIcon icon, const std::string& text) { return {icon, ProgramTitle, text}; }
+
+void PrintTo(const Message& message, std::ostream* out) {
+  *out << "[" << IconName(message.icon) << "|" << message.title << "|" << message.text << "]";
+}
+
+} // namespace strutwright

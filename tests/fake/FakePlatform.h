@@ -1,0 +1,53 @@
+#pragma once
+
+#include "Host.h"
+#include "MessageBoxes.h"
+#include "Platform.h"
+
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace strutwright {
+
+/// Keeps every box that was shown.
+class FakeMessageBoxes : public MessageBoxes {
+ public:
+  void Show(const Message& message) override { shown.push_back(message); }
+
+  std::vector<Message> shown;
+};
+
+/// Keeps what the host was asked, a line each: "EndAnalysis(true)", "RefreshStatusTexts".
+class FakeHost : public Host {
+ public:
+  void EndAnalysis(bool redraw) override;
+  void RefreshStatusTexts() override { asked.emplace_back("RefreshStatusTexts"); }
+
+  std::vector<std::string> asked;
+};
+
+/// A platform of stand-ins for one test.  When the test ends, boxes that it did not take with TakeMessages fail it.
+class PlatformTest : public testing::Test {
+ protected:
+  PlatformTest();
+  ~PlatformTest() override;
+  PlatformTest(const PlatformTest&) = delete;
+  PlatformTest& operator=(const PlatformTest&) = delete;
+  void TearDown() override;
+
+  /// The boxes shown since the last call, in their order.
+  std::vector<Message> TakeMessages();
+
+  FakeMessageBoxes messages;
+  FakeHost host;
+};
+
+/// A box under the program's title, to compare with.
+Message Box(MessageIcon icon, const std::string& text);
+
+/// For readable failures.
+void PrintTo(const Message& message, std::ostream* out);
+
+} // namespace strutwright

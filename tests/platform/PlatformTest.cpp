@@ -1,0 +1,46 @@
+#include "Ensure.h"
+#include "FakePlatform.h"
+#include "Platform.h"
+
+#include <gtest/gtest.h>
+
+namespace strutwright {
+namespace {
+
+TEST(EnsureTest, GivesTheSentenceOfTheBug) {
+  EXPECT_NO_THROW(Ensure(true, "all is well"));
+  try {
+    Ensure(false, "a count is never negative");
+    FAIL() << "nothing was thrown";
+  } catch (const EnsureFailed& bug) {
+    EXPECT_STREQ(bug.what(), "a count is never negative");
+  }
+}
+
+TEST(PlatformWithoutPartsTest, IsABugToUse) {
+  EXPECT_THROW(Messages(), EnsureFailed);
+  EXPECT_THROW(TheHost(), EnsureFailed);
+  EXPECT_THROW(Files(), EnsureFailed);
+}
+
+TEST(MessageIconTest, HasANameForScripts) {
+  EXPECT_EQ(IconName(MessageIcon::None), "none");
+  EXPECT_EQ(IconName(MessageIcon::Information), "information");
+  EXPECT_EQ(IconName(MessageIcon::Question), "question");
+  EXPECT_EQ(IconName(MessageIcon::Exclamation), "exclamation");
+  EXPECT_EQ(IconName(MessageIcon::Critical), "critical");
+}
+
+using ShowMessageTest = PlatformTest;
+
+TEST_F(ShowMessageTest, PutsTheProgramsNameIntoTheTitle) {
+  ShowMessage(MessageIcon::Information, "Please Name a File");
+  const auto shown = TakeMessages();
+  ASSERT_EQ(shown.size(), 1U);
+  EXPECT_EQ(shown[0].title, "Strutwright");
+  EXPECT_EQ(shown[0].text, "Please Name a File");
+  EXPECT_EQ(shown[0].icon, MessageIcon::Information);
+}
+
+} // namespace
+} // namespace strutwright
