@@ -1,0 +1,159 @@
+#include "AnalysisState.h"
+#include "CommandLine.h"
+#include "Commands.h"
+#include "ModelSession.h"
+#include "UiState.h"
+#include "modGrids.h"
+#include "modMember.h"
+#include "modModelStore.h"
+#include "modNumberText.h"
+#include "modRunAnalysis.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <exception>
+#include <ostream>
+
+namespace strutwright {
+
+namespace {
+
+enum class Result { Ok, Unstable, Failed, Unreadable };
+
+constexpr int UnstableCheck = 2;
+
+std::string ResultName(Result result) {
+  if (result == Result::Ok) return "ok";
+  return result == Result::Unstable ? "unstable" : "failed";
+}
+
+int StatusOf(Result result) {
+  if (result == Result::Ok) return ExitOk;
+  return result == Result::Unreadable ? ExitUsage : ExitFailed;
+}
+
+Result OpenAndAnalyse(ModelSession& session) {
+  try {
+    if (!session.Open()) return Result::Unreadable;
+    if (runAnalysis()) return Result::Ok;
+    return FailedCheck == UnstableCheck ? Result::Unstable : Result::Failed;
+  } catch (const std::exception& failure) {
+    session.ShowUncaught(failure.what());
+    return Result::Failed;
+  }
+}
+
+/// The results of one node or member, for the formats that give every digit.
+struct NodeResult {
+  explicit NodeResult(int n)
+      : node(n), dx(Displacements.at(X(n))), dy(Displacements.at(X(n) + 1)), rx(Reactions.at(X(n))),
+        ry(Reactions.at(X(n) + 1)) {}
+  static std::size_t X(int n) { return static_cast<std::size_t>(2 * n - 1); }
+
+  int node;
+  float dx, dy; ///< mm
+  float rx, ry; ///< kN
+};
+
+/// Elongation in mm as it was listed; the message about a member that can't stretch has been shown by then.
+float ListedStretch(int m) { return MemberCanStretch(m) ? MemberStretch(m) : 0.0F; }
+
+std::vector<std::string> HeadingsOf(const Grid& grid) {
+  std::vector<std::string> headings;
+  for (int column = 0; column < grid.ColumnCount(); ++column) headings.push_back(grid.Text(0, column));
+  return headings;
+}
+
+void PrintCsv(const ModelSession& session, Result result, bool nameFile, std::ostream& out) {
+  if (nameFile) out << CsvRecord({"FILE", session.File(), ResultName(result), "", ""});
+  out << CsvRecord(HeadingsOf(jResGr));
+  for (int n = 1; result == Result::Ok && n <= NodeCount; ++n) {
+    const NodeResult node(n);
+    out << CsvRecord({std::to_string(n), ShortestText(node.dx), ShortestText(node.dy), ShortestText(node.rx),
+                      ShortestText(node.ry)});
+  }
+  out << CsvRecord(HeadingsOf(mResGr));
+  for (int m = 1; result == Result::Ok && m <= MemberCount; ++m) {
+    out << CsvRecord({std::to_string(m), ShortestText(MemberForce(m)), MemberState(m), ShortestText(MemberStress(m)),
+                      ShortestText(ListedStretch(m))});
+  }
+}
+
+std::string JsonNode(int n) {
+  const NodeResult node(n);
+  return JsonObject({{"node", std::to_string(n)},
+                     {"x", JsonNumber(NodeTable(n, NodeX))},
+                     {"y", JsonNumber(NodeTable(n, NodeY))},
+                     {"dx", JsonNumber(node.dx)},
+                     {"dy", JsonNumber(node.dy)},
+                     {"rx", JsonNumber(node.rx)},
+                     {"ry", JsonNumber(node.ry)},
+                     {"support", JsonNumber(NodeTable(n, NodeSupport))}});
+}
+
+std::string JsonMember(int m) {
+  return JsonObject({{"member", std::to_string(m)},
+                     {"i", JsonNumber(MemberTable(m, MemberNodeI))},
+                     {"j", JsonNumber(MemberTable(m, MemberNodeJ))},
+                     {"length", JsonNumber(MemberTable(m, MemberFieldLength))},
+                     {"cos", JsonNumber(MemberTable(m, MemberFieldCos))},
+                     {"sin", JsonNumber(MemberTable(m, MemberFieldSin))},
+                     {"force", JsonNumber(MemberForce(m))},
+                     {"state", JsonText(MemberState(m))},
+                     {"stress", JsonNumber(MemberStress(m))},
+                     {"stretch", JsonNumber(ListedStretch(m))}});
+}
+
+std::string JsonMessage(const Message& message) {
+  return JsonObject({{"icon", JsonText(IconName(message.icon))},
+                     {"title", JsonText(message.title)},
+                     {"text", JsonText(message.text)}});
+}
+
+void PrintJson(const ModelSession& session, Result result, std::ostream& out) {
+  std::vector<std::string> messages;
+  std::vector<std::string> nodes;
+  std::vector<std::string> members;
+  for (const Message& message : session.Shown()) messages.push_back(JsonMessage(message));
+  for (int n = 1; result == Result::Ok && n <= NodeCount; ++n) nodes.push_back(JsonNode(n));
+  for (int m = 1; result == Result::Ok && m <= MemberCount; ++m) members.push_back(JsonMember(m));
+  out << JsonObject({{"file", JsonText(session.File())},
+                     {"result", JsonText(ResultName(result))},
+                     {"messages", JsonList(messages)},
+                     {"nodes", JsonList(nodes)},
+                     {"members", JsonList(members)}})
+      << '\n';
+}
+
+void PrintText(const ModelSession& session, Result result, std::ostream& out) {
+  out << session.File() << ": " << ResultName(result) << "\n\n";
+  if (result != Result::Ok) return;
+  PrintTable(jResGr, out);
+  out << '\n';
+  PrintTable(mResGr, out);
+  out << '\n';
+}
+
+void Print(const ModelSession& session, Result result, OutputFormat format, bool nameFile, std::ostream& out) {
+  switch (format) {
+  case OutputFormat::Text: return PrintText(session, result, out);
+  case OutputFormat::Csv: return PrintCsv(session, result, nameFile, out);
+  case OutputFormat::Json: return PrintJson(session, result, out);
+  }
+}
+
+} // namespace
+
+int AnalyseModels(const std::vector<std::string>& files, OutputFormat format, std::ostream& out, std::ostream& err) {
+  int status = ExitOk;
+  for (const std::string& file : files) {
+    ModelSession session(file, err);
+    const Result result = OpenAndAnalyse(session);
+    Print(session, result, format, files.size() > 1, out);
+    out.flush();
+    status = std::max(status, StatusOf(result));
+  }
+  return status;
+}
+
+} // namespace strutwright

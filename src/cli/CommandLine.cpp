@@ -1,0 +1,104 @@
+#include "CommandLine.h"
+
+#include "Commands.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <exception>
+#include <functional>
+#include <iostream>
+
+namespace strutwright {
+
+namespace {
+
+constexpr const char* FormatHelp = "text: tables to read; csv: every digit, for spreadsheets; json: every digit, for "
+                                   "scripts";
+
+/// What the arguments ask for.
+struct Request {
+  std::vector<std::string> models;
+  std::string input;
+  std::string output;
+  std::string format = "text";
+  std::function<int(std::ostream&, std::ostream&)> command;
+};
+
+OutputFormat FormatNamed(const std::string& name) {
+  if (name == "csv") return OutputFormat::Csv;
+  return name == "json" ? OutputFormat::Json : OutputFormat::Text;
+}
+
+void AddFormat(CLI::App& command, Request& request) {
+  command.add_option("--format", request.format, FormatHelp)
+      ->check(CLI::IsMember({"text", "csv", "json"}))
+      ->capture_default_str();
+}
+
+void AddAnalyse(CLI::App& program, Request& request) {
+  CLI::App& command = *program.add_subcommand("analyse", "Analyse models and print displacements, reactions and "
+                                                         "member forces");
+  command.add_option("MODEL", request.models, "Model files (.stw)")->required();
+  AddFormat(command, request);
+  command.callback([&request] {
+    request.command = [&request](std::ostream& out, std::ostream& err) {
+      return AnalyseModels(request.models, FormatNamed(request.format), out, err);
+    };
+  });
+}
+
+void AddShow(CLI::App& program, Request& request) {
+  CLI::App& command = *program.add_subcommand("show", "Print the nodes and members of a model");
+  command.add_option("MODEL", request.input, "Model file (.stw)")->required();
+  AddFormat(command, request);
+  command.callback([&request] {
+    request.command = [&request](std::ostream& out, std::ostream& err) {
+      return ShowModel(request.input, FormatNamed(request.format), out, err);
+    };
+  });
+}
+
+void AddMake(CLI::App& program, Request& request) {
+  CLI::App& command = *program.add_subcommand("make", "Build a model from the csv that \"show --format csv\" prints");
+  command.add_option("INPUT", request.input, "Comma-separated nodes and members")->required();
+  command.add_option("OUT", request.output, "Model file to write (.stw)")->required();
+  command.callback([&request] {
+    request.command = [&request](std::ostream&, std::ostream& err) {
+      return MakeModel(request.input, request.output, err);
+    };
+  });
+}
+
+int CarryOut(const Request& request, std::ostream& out, std::ostream& err) {
+  const int status = request.command(out, err);
+  out.flush();
+  if (out) return status;
+  err << "strutwright-cli: the output could not be written\n";
+  return ExitUsage;
+}
+
+} // namespace
+
+int RunCommandLine(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {
+  Request request;
+  CLI::App program("Analyses plane pin-jointed trusses by the direct stiffness method.\n"
+                   "Units: m, kN, kN/mm2, mm2; displacements in mm, stresses in N/mm2; tension is positive.",
+                   "strutwright-cli");
+  program.set_version_flag("--version", std::string("strutwright-cli ") + STRUTWRIGHT_VERSION);
+  program.footer("Exit status: 0 all well, 1 a model is unstable or failed, 2 usage or an unreadable or unwritable "
+                 "file.");
+  program.require_subcommand(1);
+  AddAnalyse(program, request);
+  AddShow(program, request);
+  AddMake(program, request);
+  try {
+    // The parser takes the arguments last one first.
+    program.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+  } catch (const CLI::ParseError& error) {
+    return program.exit(error, out, err) == 0 ? ExitOk : ExitUsage;
+  }
+  return CarryOut(request, out, err);
+}
+
+} // namespace strutwright

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace strutwright {
+
+/// Exit statuses of strutwright-cli; of several that apply, the largest.
+enum ExitStatus : int {
+  ExitOk = 0,
+  ExitFailed = 1, ///< at least one model is unstable or could not be analysed
+  ExitUsage = 2,  ///< wrong usage, an unreadable or an unwritable file
+};
+
+/// The whole program: carries out what the arguments (without the program's name) ask for.
+/// Results go to `out`, messages a line each to `err`.  Returns the exit status.
+int RunCommandLine(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err);
+
+} // namespace strutwright

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "Output.h"
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace strutwright {
+
+// The commands of strutwright-cli.  Each returns the exit status; results go to `out`, messages to `err`.
+
+/// For each file what Open and Run Analysis do in the window; prints the results.
+int AnalyseModels(const std::vector<std::string>& files, OutputFormat format, std::ostream& out, std::ostream& err);
+
+/// Prints the input tables of a model.
+int ShowModel(const std::string& file, OutputFormat format, std::ostream& out, std::ostream& err);
+
+/// Builds a model file from comma-separated input.  A bad line is named, and then nothing is written.
+int MakeModel(const std::string& input, const std::string& output, std::ostream& err);
+
+} // namespace strutwright

@@ -1,0 +1,49 @@
+#include "CommandLine.h"
+#include "Commands.h"
+#include "FileSystem.h"
+#include "ModelCsv.h"
+#include "ModelSession.h"
+#include "Platform.h"
+#include "modModelFile.h"
+
+#include <limits>
+#include <optional>
+#include <ostream>
+
+namespace strutwright {
+
+namespace {
+
+/// The text of the input file; nothing when it can't be read, which has been told by then.
+std::optional<std::string> ReadInput(const std::string& input, std::ostream& err) {
+  ModelSession session(input, err);
+  try {
+    return Files().Read(input, 0, std::numeric_limits<std::size_t>::max());
+  } catch (const FileError& error) {
+    session.Tell(error.what());
+    return std::nullopt;
+  }
+}
+
+} // namespace
+
+int MakeModel(const std::string& input, const std::string& output, std::ostream& err) {
+  const std::optional<std::string> text = ReadInput(input, err);
+  if (!text) return ExitUsage;
+  ModelSession session(output, err);
+  try {
+    TakeModel(ModelFromCsv(*text));
+  } catch (const CsvError& error) {
+    err << input << ":" << error.line << ": " << error.what() << '\n';
+    return ExitUsage;
+  }
+  try {
+    SaveModelFile(output);
+  } catch (const FileError& error) {
+    ShowMessage(MessageIcon::None, "Error while saving file " + output + "\n" + error.what());
+    return ExitUsage;
+  }
+  return ExitOk;
+}
+
+} // namespace strutwright

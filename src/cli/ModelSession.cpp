@@ -1,0 +1,66 @@
+#include "ModelSession.h"
+
+#include "AnalysisState.h"
+#include "Ensure.h"
+#include "FileState.h"
+#include "Platform.h"
+#include "UiState.h"
+#include "modFileCommands.h"
+#include "modGrids.h"
+#include "modModelStore.h"
+
+#include <algorithm>
+#include <ostream>
+#include <utility>
+
+namespace strutwright {
+
+namespace {
+
+/// Lines of a text joined as sentences are; a line that is none is set off by a semicolon.
+std::string OnOneLine(const std::string& text) {
+  std::string line;
+  for (const char c : text) {
+    if (c == '\n' && !line.ends_with('.')) line += ';';
+    line += c == '\n' ? ' ' : c;
+  }
+  return line;
+}
+
+} // namespace
+
+ModelSession::ModelSession(std::string file, std::ostream& err) : FileName(std::move(file)), Err(err) {
+  Ensure(ThePlatform().host == nullptr, "one model is open at a time");
+  ThePlatform() = {this, this, &Disk};
+  TheModel = ModelState{};
+  TheAnalysis = AnalysisState{};
+  TheFiles = FileState{};
+  TheUi = UiState{};
+  initGrids();
+}
+
+ModelSession::~ModelSession() { ThePlatform() = {}; }
+
+bool ModelSession::Open() {
+  std::string reason;
+  if (openModel(FileName, &reason)) return true;
+  Tell(reason);
+  return false;
+}
+
+void ModelSession::Tell(const std::string& text) { Err << FileName << ": " << OnOneLine(text) << '\n'; }
+
+void ModelSession::ShowUncaught(const std::string& description) {
+  Show({MessageIcon::Critical, ProgramTitle, description});
+}
+
+void ModelSession::Show(const Message& message) {
+  Messages.push_back(message);
+  Tell(message.text);
+}
+
+void ModelSession::EndAnalysis(bool /*redraw*/) { AnalysisDone = FlagFalse; }
+
+void ModelSession::RefreshStatusTexts() {} // there is no status bar
+
+} // namespace strutwright

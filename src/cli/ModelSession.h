@@ -1,0 +1,48 @@
+#pragma once
+
+#include "Host.h"
+#include "MessageBoxes.h"
+#include "NativeFileSystem.h"
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace strutwright {
+
+/// One model in an otherwise fresh program, without a window: what would be shown in a box is kept, and printed to
+/// `err` as a line that begins with the file's name.
+/// Only one session can exist at a time, because the model and its results are process-wide.
+class ModelSession : private MessageBoxes, private Host {
+ public:
+  ModelSession(std::string file, std::ostream& err);
+  ~ModelSession() override;
+  ModelSession(const ModelSession&) = delete;
+  ModelSession& operator=(const ModelSession&) = delete;
+
+  /// Opens the file as the window does.  A failure has been told; returns whether there is a model.
+  bool Open();
+
+  /// Writes a line about the file to `err` that no box would show.
+  void Tell(const std::string& text);
+
+  const std::string& File() const { return FileName; }
+
+  /// The boxes shown so far.
+  const std::vector<Message>& Shown() const { return Messages; }
+
+  /// Shows what nobody caught, as the guard of the window does.
+  void ShowUncaught(const std::string& description);
+
+ private:
+  void Show(const Message& message) override;
+  void EndAnalysis(bool redraw) override;
+  void RefreshStatusTexts() override;
+
+  std::string FileName;
+  std::ostream& Err;
+  NativeFileSystem Disk;
+  std::vector<Message> Messages;
+};
+
+} // namespace strutwright

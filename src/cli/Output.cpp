@@ -1,0 +1,75 @@
+#include "Output.h"
+
+#include "modNumberText.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <ostream>
+
+namespace strutwright {
+
+namespace {
+
+std::size_t ColumnWidth(const Grid& grid, int column) {
+  std::size_t width = 0;
+  for (int row = 0; row < grid.RowCount(); ++row) width = std::max(width, grid.Text(row, column).size());
+  return width;
+}
+
+std::string CsvField(const std::string& text) {
+  if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
+  std::string quoted = "\"";
+  for (const char c : text) quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
+  return quoted + "\"";
+}
+
+std::string Join(const std::vector<std::string>& parts) {
+  std::string text;
+  for (const std::string& part : parts) text += (text.empty() ? "" : ",") + part;
+  return text;
+}
+
+} // namespace
+
+void PrintTable(const Grid& grid, std::ostream& out) {
+  std::vector<std::size_t> widths;
+  for (int column = 0; column < grid.ColumnCount(); ++column) widths.push_back(ColumnWidth(grid, column));
+  for (int row = 0; row < grid.RowCount(); ++row) {
+    const std::string& label = grid.Text(row, 0);
+    out << label << std::string(widths[0] - label.size(), ' ');
+    for (int column = 1; column < grid.ColumnCount(); ++column) {
+      const std::string& text = grid.Text(row, column);
+      out << "  " << std::string(widths[static_cast<std::size_t>(column)] - text.size(), ' ') << text;
+    }
+    out << '\n';
+  }
+}
+
+std::string CsvRecord(const std::vector<std::string>& fields) {
+  std::vector<std::string> quoted;
+  quoted.reserve(fields.size());
+  std::transform(fields.begin(), fields.end(), std::back_inserter(quoted), CsvField);
+  std::string record = quoted.empty() ? "" : quoted.front();
+  for (std::size_t i = 1; i < quoted.size(); ++i) record += "," + quoted[i];
+  return record + "\r\n";
+}
+
+std::string JsonText(const std::string& text) {
+  return nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+}
+
+std::string JsonNumber(float value) { return std::isfinite(value) ? ShortestText(value) : "null"; }
+
+std::string JsonObject(const std::vector<std::pair<std::string_view, std::string>>& values) {
+  std::vector<std::string> members;
+  members.reserve(values.size());
+  for (const auto& [key, value] : values) members.push_back(JsonText(std::string(key)) + ":" + value);
+  return "{" + Join(members) + "}";
+}
+
+std::string JsonList(const std::vector<std::string>& values) { return "[" + Join(values) + "]"; }
+
+} // namespace strutwright

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "Grid.h"
+
+#include <iosfwd>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace strutwright {
+
+enum class OutputFormat { Text, Csv, Json };
+
+/// Prints a grid as a table: headings, then the rows, columns lined up and two blanks apart.
+void PrintTable(const Grid& grid, std::ostream& out);
+
+/// One record of comma-separated values (RFC 4180), line end included.
+std::string CsvRecord(const std::vector<std::string>& fields);
+
+/// A JSON string literal; what is not valid UTF-8 becomes the replacement character.
+std::string JsonText(const std::string& text);
+
+/// A JSON number with the shortest digits that read back to the same float; null where it is not finite.
+std::string JsonNumber(float value);
+
+/// A JSON object or list of values that are JSON already, on one line.
+std::string JsonObject(const std::vector<std::pair<std::string_view, std::string>>& values);
+std::string JsonList(const std::vector<std::string>& values);
+
+} // namespace strutwright

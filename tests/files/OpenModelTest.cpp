@@ -1,0 +1,156 @@
+#include "AsUser.h"
+#include "FakePlatform.h"
+#include "FileState.h"
+#include "ModelBuilder.h"
+#include "NativeFileSystem.h"
+#include "ScratchFolder.h"
+#include "modFileCommands.h"
+#include "modModelFile.h"
+#include "modModelStore.h"
+
+#include <bit>
+#include <limits>
+#include <string>
+
+#include <sys/stat.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace strutwright {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+
+class OpenModelTest : public PlatformTest {
+ protected:
+  OpenModelTest() {
+    ThePlatform().files = &disk;
+    ResetModel();
+    TheFiles = FileState{};
+    CurrentFileName = "/before.stw";
+  }
+
+  /// Saves a triangle with this capacity and leaves a square open in its place.
+  std::string SavedTriangle(std::int16_t capacity = 20) {
+    SetModel(Triangle());
+    GridCapacity = capacity;
+    PutFile(path, WriteModel());
+    GridCapacity = 100;
+    SetModel(Square());
+    return path;
+  }
+
+  void ExpectRefused(const std::string& file) {
+    SetModel(Square());
+    const FieldTable nodes = NodeTable;
+    const std::string cell = GrJoints.Text(3, 1);
+    GridCapacity = 0;
+
+    EXPECT_FALSE(openModel(file));
+
+    EXPECT_THAT(TakeMessages(), ElementsAre(Box(MessageIcon::None, "Unkown error while opening file " + file)));
+    EXPECT_EQ(NodeTable, nodes);
+    EXPECT_EQ(NodeCount, 4);
+    EXPECT_EQ(GrJoints.Text(3, 1), cell);
+    EXPECT_EQ(GridCapacity, 0);
+    EXPECT_EQ(CurrentFileName, "");
+  }
+
+  ScratchFolder folder;
+  NativeFileSystem disk;
+  std::string path = folder.Path("model.stw");
+};
+
+TEST_F(OpenModelTest, MakesTheFilesModelTheOpenOne) {
+  ASSERT_TRUE(openModel(SavedTriangle()));
+  EXPECT_EQ(NodeCount, 3);
+  EXPECT_EQ(NodeTable(3, NodeForceY), -10.0F);
+  EXPECT_EQ(GrJoints.RowCount(), 4);
+  EXPECT_EQ(GrJoints.Text(3, NodeForceY), "-10");
+  EXPECT_EQ(CurrentFileName, path);
+}
+
+TEST_F(OpenModelTest, TakesTheCapacityFromTheFile) {
+  ASSERT_TRUE(openModel(SavedTriangle(300)));
+  EXPECT_EQ(GridCapacity, 300);
+}
+
+TEST_F(OpenModelTest, ReadsOnlyTheModelOfALargerFile) {
+  SavedTriangle();
+  PutFile(path, FileBytes(path) + std::string(5000, 'z'));
+  ASSERT_TRUE(openModel(path));
+  EXPECT_EQ(MemberCount, 3);
+}
+
+TEST_F(OpenModelTest, TellsHowMuchOfAShortFileWasThere) {
+  SavedTriangle();
+  PutFile(path, FileBytes(path).substr(0, 6 + 4 * 10 + 3));
+  ASSERT_TRUE(openModel(path));
+  EXPECT_THAT(TakeMessages(),
+              ElementsAre(Box(MessageIcon::Information,
+                              "The file " + path + " is damaged.\n"
+                              "Only 10 of its 64 values are there; the others are read as zero.")));
+  EXPECT_EQ(NodeCount, 3);
+}
+
+TEST_F(OpenModelTest, CountsValuesThatAreNotFiniteInTheSameBox) {
+  SavedTriangle();
+  std::string bytes = FileBytes(path).substr(0, 6 + 4 * 10);
+  const auto infinity = std::bit_cast<std::uint32_t>(std::numeric_limits<float>::infinity());
+  for (std::size_t i = 0; i < 4; ++i) bytes[30 + i] = static_cast<char>((infinity >> (8 * i)) & 0xFFU);
+  PutFile(path, bytes);
+  ASSERT_TRUE(openModel(path));
+  EXPECT_THAT(TakeMessages(),
+              ElementsAre(Box(MessageIcon::Information,
+                              "The file " + path + " is damaged.\n"
+                              "Only 10 of its 64 values are there; the others are read as zero.\n"
+                              "1 of its 64 values are not finite numbers and are read as zero.")));
+  EXPECT_EQ(GrJoints.Text(2, 1), "0");
+}
+
+TEST_F(OpenModelTest, RefusesWhatHoldsNoCounts) {
+  for (std::size_t length = 0; length < 6; ++length) {
+    PutFile(path, std::string(length, '\1'));
+    ExpectRefused(path);
+  }
+}
+
+TEST_F(OpenModelTest, RefusesNegativeCountsAndTooManyFreedoms) {
+  PutFile(path, std::string("\x14\0\xFF\xFF\x03\0", 6) + std::string(500, '\0'));
+  ExpectRefused(path);
+  PutFile(path, std::string("\x14\0\x03\0\xFF\xFF", 6) + std::string(500, '\0'));
+  ExpectRefused(path);
+  PutFile(path, std::string("\x14\0\xFF\x7F\xFF\x7F", 6) + std::string(500, '\0'));
+  ExpectRefused(path);
+}
+
+TEST_F(OpenModelTest, RefusesAMissingFileAndDoesNotCreateIt) {
+  ExpectRefused(folder.Path("missing.stw"));
+  EXPECT_FALSE(fs::exists(folder.Path("missing.stw")));
+}
+
+TEST_F(OpenModelTest, RefusesAFolder) { ExpectRefused(folder.Root()); }
+
+TEST_F(OpenModelTest, RefusesGarbageOrShowsThatItIsDamaged) {
+  PutFile(path, "This is no model, but a letter to a friend.\n");
+  // "This is" as counts: 26708 nodes would be too many.
+  ExpectRefused(path);
+}
+
+TEST_F(OpenModelTest, GivesTheReasonToWhoAsks) {
+  std::string reason;
+  EXPECT_FALSE(openModel(folder.Path("missing.stw"), &reason));
+  TakeMessages();
+  EXPECT_EQ(reason, "No such file or directory");
+}
+
+TEST_F(OpenModelTest, RefusesAFileThatTheUserMayNotRead) {
+  SavedTriangle();
+  fs::permissions(path, fs::perms(0000));
+  EXPECT_EQ(AsUnprivilegedUser([&] { return openModel(path) ? 1 : static_cast<int>(messages.shown.size()) - 1; }), 0);
+}
+
+} // namespace
+} // namespace strutwright

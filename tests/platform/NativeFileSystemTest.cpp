@@ -1,0 +1,160 @@
+#include "AsUser.h"
+#include "NativeFileSystem.h"
+#include "ScratchFolder.h"
+
+#include <filesystem>
+#include <limits>
+#include <string>
+
+#include <sys/stat.h>
+
+#include <gtest/gtest.h>
+
+namespace strutwright {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t Everything = std::numeric_limits<std::size_t>::max();
+
+class NativeFileSystemTest : public testing::Test {
+ protected:
+  std::string Made(const std::string& name, const std::string& bytes) {
+    PutFile(folder.Path(name), bytes);
+    return folder.Path(name);
+  }
+
+  ScratchFolder folder;
+  NativeFileSystem disk;
+};
+
+TEST_F(NativeFileSystemTest, TellsKindsApart) {
+  EXPECT_EQ(disk.Kind(folder.Path("nothing")), FileKind::Missing);
+  EXPECT_EQ(disk.Kind(Made("file", "x")), FileKind::File);
+  EXPECT_EQ(disk.Kind(folder.Root()), FileKind::Folder);
+  EXPECT_EQ(disk.Kind("/dev/null"), FileKind::Special);
+}
+
+TEST_F(NativeFileSystemTest, DoesNotTakeAFileForAFolder) {
+  EXPECT_EQ(disk.Kind(Made("file", "x") + "/below"), FileKind::Missing);
+}
+
+TEST_F(NativeFileSystemTest, ReadsFromAnOffsetUpToALimit) {
+  const std::string path = Made("file", "abcdefgh");
+  EXPECT_EQ(disk.Read(path, 0, Everything), "abcdefgh");
+  EXPECT_EQ(disk.Read(path, 2, 3), "cde");
+  EXPECT_EQ(disk.Read(path, 6, 10), "gh");
+  EXPECT_EQ(disk.Read(path, 20, 10), "");
+}
+
+TEST_F(NativeFileSystemTest, ReadsLargeFilesWhole) {
+  const std::string bytes(1000000, 'q');
+  EXPECT_EQ(disk.Read(Made("large", bytes), 0, Everything), bytes);
+}
+
+TEST_F(NativeFileSystemTest, DescribesWhyAFileCannotBeRead) {
+  try {
+    disk.Read(folder.Path("nothing"), 0, 1);
+    FAIL() << "nothing was thrown";
+  } catch (const FileError& error) {
+    EXPECT_STREQ(error.what(), "No such file or directory");
+    EXPECT_EQ(error.code, std::errc::no_such_file_or_directory);
+  }
+  EXPECT_FALSE(fs::exists(folder.Path("nothing")));
+}
+
+TEST_F(NativeFileSystemTest, RefusesToReadAFolder) { EXPECT_THROW(disk.Read(folder.Root(), 0, 1), FileError); }
+
+TEST_F(NativeFileSystemTest, FollowsChainsOfLinks) {
+  const std::string path = Made("file", "x");
+  fs::create_symlink("file", folder.Path("one"));
+  fs::create_symlink(folder.Path("one"), folder.Path("two"));
+  EXPECT_EQ(disk.FollowLinks(folder.Path("two")), path);
+  EXPECT_EQ(disk.FollowLinks(path), path);
+}
+
+TEST_F(NativeFileSystemTest, FollowsALinkToNothing) {
+  fs::create_symlink("missing", folder.Path("link"));
+  EXPECT_EQ(disk.FollowLinks(folder.Path("link")), folder.Path("missing"));
+}
+
+TEST_F(NativeFileSystemTest, GivesUpOnACircleOfLinks) {
+  fs::create_symlink("b", folder.Path("a"));
+  fs::create_symlink("a", folder.Path("b"));
+  EXPECT_THROW(disk.FollowLinks(folder.Path("a")), FileError);
+}
+
+TEST_F(NativeFileSystemTest, CreatesFilesBesideWithoutTouchingOthers) {
+  const std::string first = disk.CreateBeside(folder.Path("model.stw"));
+  const std::string second = disk.CreateBeside(folder.Path("model.stw"));
+  EXPECT_NE(first, second);
+  EXPECT_EQ(fs::path(first).parent_path(), folder.Root());
+  EXPECT_EQ(folder.EntryCount(), 2);
+}
+
+TEST_F(NativeFileSystemTest, CreatesBesideANameOfTheGreatestLength) {
+  EXPECT_NO_THROW(disk.CreateBeside(folder.Path(std::string(255, 'n'))));
+}
+
+TEST_F(NativeFileSystemTest, WritesFromTheStartWithoutTruncating) {
+  const std::string path = Made("file", "abcdefgh");
+  disk.Write(path, "XY");
+  EXPECT_EQ(FileBytes(path), "XYcdefgh");
+}
+
+TEST_F(NativeFileSystemTest, DoesNotCreateWhatItShouldWrite) {
+  EXPECT_THROW(disk.Write(folder.Path("nothing"), "x"), FileError);
+  EXPECT_FALSE(fs::exists(folder.Path("nothing")));
+}
+
+TEST_F(NativeFileSystemTest, ReportsAFullDevice) {
+  try {
+    disk.Write("/dev/full", "x");
+    FAIL() << "nothing was thrown";
+  } catch (const FileError& error) {
+    EXPECT_STREQ(error.what(), "No space left on device");
+  }
+}
+
+TEST_F(NativeFileSystemTest, CopiesTheModeAndTheOwner) {
+  const std::string model = Made("model", "x");
+  fs::permissions(model, fs::perms(0640));
+  const std::string fresh = Made("fresh", "y");
+  disk.CopyMode(model, fresh);
+  struct stat of = {};
+  ASSERT_EQ(stat(fresh.c_str(), &of), 0);
+  EXPECT_EQ(of.st_mode & 07777U, 0640U);
+}
+
+TEST_F(NativeFileSystemTest, ReplacesAFileInOneStep) {
+  const std::string from = Made("from", "new");
+  const std::string to = Made("to", "old");
+  disk.Flush(from);
+  disk.Replace(from, to);
+  EXPECT_EQ(FileBytes(to), "new");
+  EXPECT_EQ(folder.EntryCount(), 1);
+}
+
+TEST_F(NativeFileSystemTest, Removes) {
+  const std::string path = Made("file", "x");
+  disk.Remove(path);
+  EXPECT_FALSE(fs::exists(path));
+  EXPECT_THROW(disk.Remove(path), FileError);
+}
+
+TEST_F(NativeFileSystemTest, KnowsWhatAUserMayNotWrite) {
+  const std::string path = Made("file", "x");
+  fs::permissions(path, fs::perms(0444));
+  EXPECT_EQ(AsUnprivilegedUser([&] {
+              try {
+                NativeFileSystem().CheckWritable(path);
+                return 1;
+              } catch (const FileError& error) {
+                return error.code == std::errc::permission_denied ? 0 : 2;
+              }
+            }),
+            0);
+}
+
+} // namespace
+} // namespace strutwright
