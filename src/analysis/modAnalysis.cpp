@@ -69,7 +69,8 @@ void AddPrestress(int m, std::vector<float>& P) {
   const double PS = MemberTable(m, MemberPS);
   const int i = RoundNodeNumber(MemberTable(m, MemberNodeI));
   const int j = RoundNodeNumber(MemberTable(m, MemberNodeJ));
-  if (i <= 0 || j <= 0) return; // AddMemberToGlobal has reported the member as ignored
+  // Without two nodes or a length there is no direction to push in; the member has been reported as ignored.
+  if (i <= 0 || j <= 0 || !(MemberLength(m) > 0)) return;
   const auto Px = static_cast<float>(MemberCos(m) * PS);
   const auto Py = static_cast<float>(MemberSin(m) * PS);
   AddTo(P.at(XFreedom(j)), -Px);

@@ -105,7 +105,7 @@ void TakeModel(StoredModel model) {
 void SaveModelFile(const std::string& path) { SaveBytes(path, WriteModel()); }
 
 StoredModel LoadModelFile(const std::string& path) {
-  // One byte more than the largest model would be enough; nobody's video is read to its end.
+  // The largest model that can be opened; nobody's video is read to its end.
   constexpr std::size_t MostBytes =
       CountsSize + ValueSize * (std::size_t{6} * (MostFreedoms / 2 + 1) + std::size_t{10} * 32768);
   return ReadModel(Files().Read(path, 0, MostBytes));

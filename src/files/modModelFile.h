@@ -37,7 +37,7 @@ void TakeModel(StoredModel model);
 /// Saves the open model, as SaveBytes does.  Throws FileError.
 void SaveModelFile(const std::string& path);
 
-/// Reads a model file, and no more of it than the counts promise.  Throws FileError.
+/// Reads a model file, and no more of it than the largest model takes.  Throws FileError.
 StoredModel LoadModelFile(const std::string& path);
 
 } // namespace strutwright

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "CommandLine.h"
+#include "ScratchFolder.h"
+
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace strutwright {
+
+/// Runs the program in this process and keeps what it printed.
+class CliTest : public testing::Test {
+ protected:
+  int Run(const std::vector<std::string>& arguments) {
+    std::ostringstream outStream;
+    std::ostringstream errStream;
+    const int status = RunCommandLine(arguments, outStream, errStream);
+    out = outStream.str();
+    err = errStream.str();
+    return status;
+  }
+
+  static std::string Reference(const std::string& name) { return std::string(REFERENCE_DIR) + "/" + name + ".stw"; }
+
+  ScratchFolder folder;
+  std::string out;
+  std::string err;
+};
+
+} // namespace strutwright

@@ -1,0 +1,174 @@
+#include "AsUser.h"
+#include "CliTest.h"
+
+#include <filesystem>
+#include <string>
+
+#include <nlohmann/json.hpp>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace strutwright {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::HasSubstr;
+
+const std::string Nodes = "JOINTS,x(m),y(m),ForceX (kN),ForceY (kN),Support\r\n"
+                          "1,0,0,0,0,3\r\n"
+                          "2,4,0,0,0,1\r\n";
+const std::string Members = "MEMBERS,Node i,Node j,E (kN/mm2),A (mm2),PS (kN)\r\n"
+                            "1,1,2,200,1000,0\r\n";
+
+class MakeTest : public CliTest {
+ protected:
+  int Make(const std::string& csv) {
+    PutFile(input, csv);
+    return Run({"make", input, output});
+  }
+
+  /// Nothing is written and the message begins with file and line.
+  void ExpectBadLine(const std::string& csv, int line, const std::string& reason) {
+    EXPECT_EQ(Make(csv), 2);
+    EXPECT_EQ(err, input + ":" + std::to_string(line) + ": " + reason + "\n");
+    EXPECT_FALSE(fs::exists(output));
+  }
+
+  nlohmann::json Shown() {
+    Run({"show", "--format", "json", output});
+    return nlohmann::json::parse(out);
+  }
+
+  std::string input = folder.Path("in.csv");
+  std::string output = folder.Path("out.stw");
+};
+
+TEST_F(MakeTest, BuildsAModel) {
+  EXPECT_EQ(Make(Nodes + Members), 0);
+  EXPECT_EQ(err, "");
+  const nlohmann::json model = Shown();
+  EXPECT_EQ(model["capacity"], 20);
+  ASSERT_EQ(model["nodes"].size(), 2U);
+  EXPECT_EQ(model["nodes"][1]["x"], 4);
+  EXPECT_EQ(model["nodes"][1]["support"], 1);
+  EXPECT_EQ(model["members"][0]["e"], 200);
+}
+
+TEST_F(MakeTest, RestoresEveryReferenceModelToTheBit) {
+  for (const auto& entry : fs::directory_iterator(REFERENCE_DIR)) {
+    if (entry.path().extension() != ".stw") continue;
+    ASSERT_EQ(Run({"show", "--format", "csv", entry.path().string()}), 0);
+    const std::string csv = out;
+    ASSERT_EQ(Make(csv), 0) << entry << err;
+    Run({"show", "--format", "csv", output});
+    EXPECT_EQ(out, csv) << entry;
+    fs::remove(output);
+  }
+}
+
+TEST_F(MakeTest, TakesWhatSpreadsheetsHandBack) {
+  EXPECT_EQ(Make("\xEF\xBB\xBFJOINTS,x(m),y(m),ForceX (kN),ForceY (kN),Support,,\n"
+                 "\n"
+                 "\"1\", 0 ,\"0\",,,3,,\n"
+                 "2,4.5E+00,-.5,,1e1,1,,\n"
+                 ",,,,,,,\n"
+                 "MEMBERS,\"Node i\",Node j,E,A,PS\n"
+                 "1,1,2,200,1000,"),
+            0)
+      << err;
+  const nlohmann::json model = Shown();
+  EXPECT_EQ(model["nodes"][1]["x"], 4.5);
+  EXPECT_EQ(model["nodes"][1]["fy"], 10);
+  EXPECT_EQ(model["nodes"][1]["fx"], 0);
+  EXPECT_EQ(model["members"][0]["ps"], 0);
+}
+
+TEST_F(MakeTest, BuildsAnEmptyModel) {
+  EXPECT_EQ(Make("JOINTS\r\nMEMBERS\r\n"), 0);
+  EXPECT_EQ(fs::file_size(output), 70U);
+}
+
+TEST_F(MakeTest, GivesALargeModelRoom) {
+  std::string csv = "JOINTS\n";
+  for (int n = 1; n <= 25; ++n) csv += std::to_string(n) + ",0,0,0,0,0\n";
+  EXPECT_EQ(Make(csv + "MEMBERS\n"), 0);
+  EXPECT_EQ(Shown()["capacity"], 25);
+}
+
+TEST_F(MakeTest, NamesALineWithATextThatIsNoNumber) {
+  ExpectBadLine(Nodes + "3,4,three,0,0,0\r\n" + Members, 4, "\"three\" in column \"y(m)\" is not a number");
+  ExpectBadLine(Nodes + Members + "2,1,2,1e99,1000,0\r\n", 6, "\"1e99\" in column \"E (kN/mm2)\" is not a number");
+}
+
+TEST_F(MakeTest, NamesALineWithoutItsFirstValue) {
+  ExpectBadLine(Nodes + "3,,5,0,0,0\r\n" + Members, 4, "\"\" in column \"x(m)\" is not a number");
+}
+
+TEST_F(MakeTest, NamesALineOfAnotherLength) {
+  ExpectBadLine(Nodes + "3,4,5\r\n" + Members, 4, "the line has 3 values instead of 6");
+  ExpectBadLine(Nodes + "3,4,5,0,0,0,7\r\n" + Members, 4, "the line has 7 values instead of 6");
+}
+
+TEST_F(MakeTest, NamesALineOutOfOrder) {
+  ExpectBadLine(Nodes + "4,4,5,0,0,0\r\n" + Members, 4, "node \"4\" stands where node 3 is expected");
+  ExpectBadLine(Nodes + Members + "x,1,2,200,1000,0\r\n", 6, "member \"x\" stands where member 2 is expected");
+}
+
+TEST_F(MakeTest, NamesALineBeforeTheHeadings) {
+  ExpectBadLine("1,0,0,0,0,3\r\n", 1, "the headings \"JOINTS\",... are expected first");
+}
+
+TEST_F(MakeTest, NamesATableThatBeginsTwice) {
+  ExpectBadLine(Nodes + Members + Nodes, 6, "the table \"JOINTS\" begins again");
+}
+
+TEST_F(MakeTest, MissesATable) {
+  ExpectBadLine(Nodes, 3, "the table \"MEMBERS\" is missing");
+  ExpectBadLine("", 1, "the table \"JOINTS\" is missing");
+}
+
+TEST_F(MakeTest, NamesTheLineOfAnOpenQuotationMark) {
+  ExpectBadLine(Nodes + "3,\"4,5,0,0,0\r\n" + Members, 4, "a quotation mark is not closed");
+  ExpectBadLine(Nodes + "3,\"4\"5,5,0,0,0\r\n" + Members, 4, "a closing quotation mark is not followed by a comma");
+}
+
+TEST_F(MakeTest, CountsLinesInsideQuotationMarks) {
+  ExpectBadLine("JOINTS,\"x\r\n(m)\",y\r\n1,0,zero,0,0,0\r\n", 3, "\"zero\" in column \"y(m)\" is not a number");
+}
+
+TEST_F(MakeTest, NamesTheFirstNodeTooMany) {
+  std::string csv = "JOINTS\n";
+  for (int n = 1; n <= 16384; ++n) csv += std::to_string(n) + ",0,0,0,0,0\n";
+  ExpectBadLine(csv, 16385, "a model has at most 16383 nodes");
+}
+
+TEST_F(MakeTest, ReplacesNothingByABadInput) {
+  PutFile(output, "an older model");
+  EXPECT_EQ(Make("nonsense"), 2);
+  EXPECT_EQ(FileBytes(output), "an older model");
+}
+
+TEST_F(MakeTest, TellsWhyTheInputCannotBeRead) {
+  const std::string missing = folder.Path("missing.csv");
+  EXPECT_EQ(Run({"make", missing, output}), 2);
+  EXPECT_EQ(err, missing + ": No such file or directory\n");
+}
+
+TEST_F(MakeTest, TellsWhyTheModelCannotBeWritten) {
+  PutFile(input, Nodes + Members);
+  const std::string bad = folder.Path("missing/out.stw");
+  EXPECT_EQ(Run({"make", input, bad}), 2);
+  EXPECT_EQ(err, bad + ": Error while saving file " + bad + "; No such file or directory\n");
+  EXPECT_EQ(Run({"make", input, "/dev/full"}), 2);
+  EXPECT_THAT(err, HasSubstr("No space left on device"));
+}
+
+TEST_F(MakeTest, TellsThatTheUserMayNotWrite) {
+  PutFile(input, Nodes + Members);
+  fs::permissions(folder.Root(), fs::perms(0555));
+  EXPECT_EQ(AsUnprivilegedUser([&] { return Run({"make", input, output}); }), 2);
+}
+
+} // namespace
+} // namespace strutwright

@@ -1,0 +1,48 @@
+#include "CliTest.h"
+
+#include <nlohmann/json.hpp>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace strutwright {
+namespace {
+
+using ShowTest = CliTest;
+
+TEST_F(ShowTest, PrintsTheInputTablesAsText) {
+  EXPECT_EQ(Run({"show", Reference("triangle")}), 0);
+  EXPECT_EQ(out, "JOINTS  x(m)  y(m)  ForceX (kN)  ForceY (kN)  Support\n"
+                 "1          0     0            0            0        3\n"
+                 "2          4     0            0            0        1\n"
+                 "3          2     3            5          -10        0\n"
+                 "\n"
+                 "MEMBERS  Node i  Node j  E (kN/mm2)  A (mm2)  PS (kN)\n"
+                 "1             1       2         200     1000        0\n"
+                 "2             2       3         200     1000        0\n"
+                 "3             1       3         200     1000        0\n");
+}
+
+TEST_F(ShowTest, PrintsTheInputTablesAsCsv) {
+  EXPECT_EQ(Run({"show", "--format", "csv", Reference("prestress_between_fixed")}), 0);
+  EXPECT_THAT(out, testing::StartsWith("JOINTS,x(m),y(m),ForceX (kN),ForceY (kN),Support\r\n1,"));
+  EXPECT_THAT(out, testing::HasSubstr("\r\nMEMBERS,Node i,Node j,E (kN/mm2),A (mm2),PS (kN)\r\n1,1,2,"));
+}
+
+TEST_F(ShowTest, PrintsTheInputTablesAsJson) {
+  EXPECT_EQ(Run({"show", "--format", "json", Reference("triangle")}), 0);
+  const auto model = nlohmann::json::parse(out);
+  EXPECT_EQ(model["capacity"], 20);
+  EXPECT_EQ(model["nodes"][2], nlohmann::json::parse(R"({"node":3,"x":2,"y":3,"fx":5,"fy":-10,"support":0})"));
+  EXPECT_EQ(model["members"][1], nlohmann::json::parse(R"({"member":2,"i":2,"j":3,"e":200,"a":1000,"ps":0})"));
+}
+
+TEST_F(ShowTest, TellsWhatCannotBeRead) {
+  const std::string missing = folder.Path("missing.stw");
+  EXPECT_EQ(Run({"show", missing}), 2);
+  EXPECT_EQ(out, "");
+  EXPECT_THAT(err, testing::HasSubstr("Unkown error while opening file " + missing));
+}
+
+} // namespace
+} // namespace strutwright
