@@ -21,8 +21,8 @@ std::string Shortcomings(const StoredModel& model) {
             " values are there; the others are read as zero.";
   }
   if (model.notFiniteValues > 0) {
-    text += "\n" + Number(model.notFiniteValues) + " of its " + Number(model.promisedValues) +
-            " values are not finite numbers and are read as zero.";
+    text += "\nNot finite numbers and read as zero: " + Number(model.notFiniteValues) + " of its " +
+            Number(model.promisedValues) + " values.";
   }
   return text;
 }

@@ -220,7 +220,8 @@ TEST_F(AnalyseTest, SurvivesAFolderAndADevice) {
 
 TEST_F(AnalyseTest, GivesNullForAResultThatIsNoNumber) {
   // So stiff that the member's matrix is beyond a 32-bit float.
-  PutFile(folder.Path("in.csv"), "JOINTS,x,y,fx,fy,s\n1,0,0,0,0,3\n2,1,0,5,0,1\nMEMBERS,i,j,E,A,PS\n1,1,2,3e38,3e38,0\n");
+  PutFile(folder.Path("in.csv"), "JOINTS,x,y,fx,fy,s\n1,0,0,0,0,3\n2,1,1,5,0,0\n"
+                                 "MEMBERS,i,j,E,A,PS\n1,1,2,3e38,3e38,0\n");
   ASSERT_EQ(Run({"make", folder.Path("in.csv"), folder.Path("m.stw")}), 0);
   Run({"analyse", "--format", "json", folder.Path("m.stw")});
   EXPECT_TRUE(json::parse(out)["nodes"][1]["dx"].is_null());

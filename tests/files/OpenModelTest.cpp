@@ -106,7 +106,7 @@ TEST_F(OpenModelTest, CountsValuesThatAreNotFiniteInTheSameBox) {
               ElementsAre(Box(MessageIcon::Information,
                               "The file " + path + " is damaged.\n"
                               "Only 10 of its 64 values are there; the others are read as zero.\n"
-                              "1 of its 64 values are not finite numbers and are read as zero.")));
+                              "Not finite numbers and read as zero: 1 of its 64 values.")));
   EXPECT_EQ(GrJoints.Text(2, 1), "0");
 }
 

@@ -1,0 +1,113 @@
+// How long each step from a stored model to its answers takes, for Pratt trusses of 10, 100 and 1000 nodes.
+
+#include "AnalysisState.h"
+#include "ModelBuilder.h"
+#include "NativeFileSystem.h"
+#include "Platform.h"
+#include "modAnalysis.h"
+#include "modModelFile.h"
+#include "modModelStore.h"
+#include "modSolver.h"
+
+#include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+
+#include <benchmark/benchmark.h>
+
+namespace strutwright {
+namespace {
+
+/// Shows nothing: a benchmark's models are sound.
+class SilentDesktop : public MessageBoxes, public Host {
+ public:
+  void Show(const Message& message) override { throw std::runtime_error(message.text); }
+  void EndAnalysis(bool /*redraw*/) override {}
+  void RefreshStatusTexts() override {}
+};
+
+/// Sets the process up with a Pratt truss of so many nodes, in the tables and in the grids.
+void Prepare(const benchmark::State& state) {
+  static SilentDesktop desktop;
+  static NativeFileSystem disk;
+  ThePlatform() = {&desktop, &desktop, &disk};
+  SetModel(PrattTruss(static_cast<int>(state.range(0))));
+  DofCount = static_cast<std::int16_t>(2 * NodeCount);
+}
+
+class ScratchFile {
+ public:
+  ScratchFile() : Path((std::filesystem::temp_directory_path() / "strutwright-bench.stw").string()) {}
+  ~ScratchFile() { std::filesystem::remove(Path); }
+  ScratchFile(const ScratchFile&) = delete;
+  ScratchFile& operator=(const ScratchFile&) = delete;
+
+  const std::string Path;
+};
+
+void Read(benchmark::State& state) {
+  Prepare(state);
+  const ScratchFile file;
+  SaveModelFile(file.Path);
+  for (auto step : state) benchmark::DoNotOptimize(LoadModelFile(file.Path));
+}
+
+void Write(benchmark::State& state) {
+  Prepare(state);
+  const ScratchFile file;
+  for (auto step : state) SaveModelFile(file.Path);
+}
+
+void RebuildFromGrids(benchmark::State& state) {
+  Prepare(state);
+  for (auto step : state) RebuildModelFromGrids();
+}
+
+void Assembly(benchmark::State& state) {
+  Prepare(state);
+  AllocateAnalysisArrays();
+  for (auto step : state) AssembleGlobalStiffness(GlobalStiffness);
+}
+
+void Solve(benchmark::State& state) {
+  Prepare(state);
+  AllocateAnalysisArrays();
+  AssembleGlobalStiffness(GlobalStiffness);
+  BuildLoadVector(LoadVector);
+  ApplySupports(GlobalStiffness, LoadVector, Reactions, FixedDof);
+  for (auto step : state) {
+    state.PauseTiming();
+    Matrix K = GlobalStiffness;
+    state.ResumeTiming();
+    std::int16_t ok = FlagTrue;
+    SolveEquations(K, Displacements, LoadVector, DofCount, ok);
+    if (ok == FlagFalse) state.SkipWithError("the truss should be stable");
+  }
+}
+
+void WholeAnalysis(benchmark::State& state) {
+  Prepare(state);
+  for (auto step : state) {
+    std::int16_t ok = FlagTrue;
+    AnalyseTruss(ok);
+    if (ok == FlagFalse) state.SkipWithError("the truss should be stable");
+  }
+}
+
+void Sizes(benchmark::internal::Benchmark* each) {
+  each->Arg(10)->Arg(100)->Arg(1000)->ArgName("nodes")->Unit(benchmark::kMicrosecond);
+}
+
+BENCHMARK(Read)->Apply(Sizes);
+BENCHMARK(Write)->Apply(Sizes);
+BENCHMARK(RebuildFromGrids)->Apply(Sizes);
+BENCHMARK(Assembly)->Apply(Sizes);
+BENCHMARK(Solve)->Apply(Sizes);
+BENCHMARK(WholeAnalysis)->Apply(Sizes);
+
+} // namespace
+} // namespace strutwright
+
+BENCHMARK_MAIN();
