@@ -51,24 +51,24 @@ void Read(benchmark::State& state) {
   Prepare(state);
   const ScratchFile file;
   SaveModelFile(file.Path);
-  for (auto step : state) benchmark::DoNotOptimize(LoadModelFile(file.Path));
+  for ([[maybe_unused]] auto step : state) benchmark::DoNotOptimize(LoadModelFile(file.Path));
 }
 
 void Write(benchmark::State& state) {
   Prepare(state);
   const ScratchFile file;
-  for (auto step : state) SaveModelFile(file.Path);
+  for ([[maybe_unused]] auto step : state) SaveModelFile(file.Path);
 }
 
 void RebuildFromGrids(benchmark::State& state) {
   Prepare(state);
-  for (auto step : state) RebuildModelFromGrids();
+  for ([[maybe_unused]] auto step : state) RebuildModelFromGrids();
 }
 
 void Assembly(benchmark::State& state) {
   Prepare(state);
   AllocateAnalysisArrays();
-  for (auto step : state) AssembleGlobalStiffness(GlobalStiffness);
+  for ([[maybe_unused]] auto step : state) AssembleGlobalStiffness(GlobalStiffness);
 }
 
 void Solve(benchmark::State& state) {
@@ -77,7 +77,7 @@ void Solve(benchmark::State& state) {
   AssembleGlobalStiffness(GlobalStiffness);
   BuildLoadVector(LoadVector);
   ApplySupports(GlobalStiffness, LoadVector, Reactions, FixedDof);
-  for (auto step : state) {
+  for ([[maybe_unused]] auto step : state) {
     state.PauseTiming();
     Matrix K = GlobalStiffness;
     state.ResumeTiming();
@@ -89,7 +89,7 @@ void Solve(benchmark::State& state) {
 
 void WholeAnalysis(benchmark::State& state) {
   Prepare(state);
-  for (auto step : state) {
+  for ([[maybe_unused]] auto step : state) {
     std::int16_t ok = FlagTrue;
     AnalyseTruss(ok);
     if (ok == FlagFalse) state.SkipWithError("the truss should be stable");

@@ -14,15 +14,15 @@ inline constexpr std::int16_t FlagFalse = 0;
 
 /// The working arrays and results of the analysis.  Freedom 2n-1 is x and 2n is y of node n; entry 0 is not used.
 struct AnalysisState {
-  std::int16_t DofCount = 0;              ///< 2 * NodeCount
-  Matrix GlobalStiffness;                 ///< (0..DofCount, 0..DofCount + 1), kN/mm; last column: right-hand side
-  Matrix MemberStiffnessBuffer{4, 4};     ///< one member's matrix in global axes, kN/mm; indices 1..4 are used
-  std::vector<float> LoadVector;          ///< (0..DofCount), kN
-  std::vector<std::int16_t> FixedDof;     ///< (0..DofCount), 1 marks a restrained freedom
-  std::vector<float> Displacements;       ///< (0..DofCount), mm
-  std::vector<float> Reactions;           ///< (0..DofCount), kN, meaningful at restrained freedoms
-  std::int16_t AnalysisDone = FlagFalse;  ///< the results above are valid and may be shown
-  std::optional<int> FailedCheck;         ///< code of the last reported failure; empty since an analysis began
+  std::int16_t DofCount = 0;             ///< 2 * NodeCount
+  Matrix GlobalStiffness;                ///< (0..DofCount, 0..DofCount + 1), kN/mm; last column: right-hand side
+  Matrix MemberStiffnessBuffer{4, 4};    ///< one member's matrix in global axes, kN/mm; indices 1..4 are used
+  std::vector<float> LoadVector;         ///< (0..DofCount), kN
+  std::vector<std::int16_t> FixedDof;    ///< (0..DofCount), 1 marks a restrained freedom
+  std::vector<float> Displacements;      ///< (0..DofCount), mm
+  std::vector<float> Reactions;          ///< (0..DofCount), kN, meaningful at restrained freedoms
+  std::int16_t AnalysisDone = FlagFalse; ///< the results above are valid and may be shown
+  std::optional<int> FailedCheck;        ///< code of the last reported failure; empty since an analysis began
 };
 
 inline AnalysisState TheAnalysis;

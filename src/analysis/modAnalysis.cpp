@@ -33,7 +33,8 @@ void LeaveAnalysis() {
 bool CheckNodeCount() {
   if (NodeCount <= MostAnalysedNodes) return true;
   ShowMessage(MessageIcon::Critical, "The model has " + std::to_string(NodeCount) + " nodes, but at most " +
-                                         std::to_string(MostAnalysedNodes) + " can be analysed.\n"
+                                         std::to_string(MostAnalysedNodes) +
+                                         " can be analysed.\n"
                                          "Remove nodes and run the analysis again.");
   LeaveAnalysis();
   return false;
@@ -175,8 +176,7 @@ void ComputeReactions() {
 
 void ReportAnalysisFailure(int code) {
   FailedCheck = code;
-  ShowMessage(MessageIcon::Critical,
-              "Structure is unstable - Aborting analysis\nFailed Check " + std::to_string(code));
+  ShowMessage(MessageIcon::Critical, "Structure is unstable - Aborting analysis\nFailed Check " + std::to_string(code));
   LeaveAnalysis();
 }
 

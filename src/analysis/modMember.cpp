@@ -12,7 +12,7 @@ namespace strutwright {
 
 namespace {
 
-constexpr double Thousand = 1000.0; // m to mm, kN/mm2 to N/mm2
+constexpr double Thousand = 1000.0;     // m to mm, kN/mm2 to N/mm2
 constexpr float ZeroBarLimit = 0.0001F; // kN
 
 struct MemberEnds {

@@ -6,8 +6,9 @@
 
 namespace strutwright {
 
-// One member m, 1..MemberCount (16-bit), from node i to node j.  Its nodes must lie in 0..NodeCount, otherwise the table
-// access throws std::out_of_range; AnalyseTruss checks that first.  What a user can cause is shown in a message box.
+// One member m, 1..MemberCount (16-bit), from node i to node j.  Its nodes must lie in 0..NodeCount, otherwise the
+// table access throws std::out_of_range; AnalyseTruss checks that first.  What a user can cause is shown in a message
+// box.
 
 /// Distance of the member's nodes, in m.  Source: docs/method.md, 1.
 float MemberLength(int m);

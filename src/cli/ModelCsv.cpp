@@ -105,8 +105,8 @@ float ReadValue(const Record& record, std::size_t column, const Table& table) {
   const bool mayBeEmpty = column > 1;
   if (mayBeEmpty && text.find_first_not_of(" \t") == std::string::npos) return 0.0F;
   if (const auto value = NumericValue(text)) return *value;
-  throw CsvError(record.line, Quoted(text) + " in column " + Quoted(table.columns[column].heading) +
-                                  " is not a number");
+  throw CsvError(record.line,
+                 Quoted(text) + " in column " + Quoted(table.columns[column].heading) + " is not a number");
 }
 
 void CheckRowNumber(const Record& record, const Table& table) {
@@ -172,8 +172,7 @@ StoredModel ModelOf(const Table& nodes, const Table& members) {
   CopyRows(members, model.members);
   model.nodeCount = static_cast<std::int16_t>(model.nodes.Count());
   model.memberCount = static_cast<std::int16_t>(model.members.Count());
-  model.capacity =
-      static_cast<std::int16_t>(std::max({LeastCapacity, model.nodes.Count(), model.members.Count()}));
+  model.capacity = static_cast<std::int16_t>(std::max({LeastCapacity, model.nodes.Count(), model.members.Count()}));
   return model;
 }
 

@@ -26,7 +26,8 @@ void AppendLittleEndian(std::string& bytes, std::unsigned_integral auto value) {
   }
 }
 
-template <std::unsigned_integral Value> Value LittleEndianAt(const std::string& bytes, std::size_t offset) {
+template <std::unsigned_integral Value>
+Value LittleEndianAt(const std::string& bytes, std::size_t offset) {
   Value value = 0;
   for (std::size_t i = sizeof(Value); i-- > 0;) {
     value = static_cast<Value>((value << 8) | static_cast<unsigned char>(bytes[offset + i]));

@@ -18,26 +18,26 @@ enum NodeField : int {
 
 /// Fields of MemberTable; the first five are columns of GrMembers, the others are written by the analysis.
 enum MemberField : int {
-  MemberNodeI = 1,    ///< start node number, kept as a float
-  MemberNodeJ,        ///< end node number, kept as a float
-  MemberE,            ///< elastic modulus, kN/mm2
-  MemberA,            ///< cross-section area, mm2
-  MemberPS,           ///< prestress force, kN, tension positive
-  MemberFieldLength,  ///< mm
-  MemberFieldCos,     ///< cosine of the direction from node i to node j
-  MemberFieldSin,     ///< sine of that direction
-  MemberFieldForce,   ///< axial force, kN, tension positive
+  MemberNodeI = 1,   ///< start node number, kept as a float
+  MemberNodeJ,       ///< end node number, kept as a float
+  MemberE,           ///< elastic modulus, kN/mm2
+  MemberA,           ///< cross-section area, mm2
+  MemberPS,          ///< prestress force, kN, tension positive
+  MemberFieldLength, ///< mm
+  MemberFieldCos,    ///< cosine of the direction from node i to node j
+  MemberFieldSin,    ///< sine of that direction
+  MemberFieldForce,  ///< axial force, kN, tension positive
 };
 
 /// The model, and the grids that a user edits it in.
 struct ModelState {
-  FieldTable NodeTable{6};       ///< (node 0..NodeCount, field 0..5); record 0 is not used
-  FieldTable MemberTable{10};    ///< (member 0..MemberCount, field 0..9); record 0 is not used
-  std::int16_t NodeCount = 0;    ///< nodes are numbered 1..NodeCount
-  std::int16_t MemberCount = 0;  ///< members are numbered 1..MemberCount
+  FieldTable NodeTable{6};        ///< (node 0..NodeCount, field 0..5); record 0 is not used
+  FieldTable MemberTable{10};     ///< (member 0..MemberCount, field 0..9); record 0 is not used
+  std::int16_t NodeCount = 0;     ///< nodes are numbered 1..NodeCount
+  std::int16_t MemberCount = 0;   ///< members are numbered 1..MemberCount
   std::int16_t GridCapacity = 20; ///< "Maximum No. of Nodes or Members": data rows of the data grids
-  Grid GrJoints;                 ///< node data as texts, columns as in JointColumns
-  Grid GrMembers;                ///< member data as texts, columns as in MemberColumns
+  Grid GrJoints;                  ///< node data as texts, columns as in JointColumns
+  Grid GrMembers;                 ///< member data as texts, columns as in MemberColumns
 };
 
 inline ModelState TheModel;

@@ -47,17 +47,17 @@ constexpr float StretchOfMember2 = -0x1.844444p-3F;
 TEST_F(AnalyseTest, PrintsTheResultsTablesAsText) {
   EXPECT_EQ(Run({"analyse", Reference("triangle")}), 0);
   EXPECT_EQ(out, Reference("triangle") + ": ok\n"
-                 "\n"
-                 "JOINTS  Def x (mm)  Def y (mm)  ForceX (kN)  ForceY (kN)\n"
-                 "1              0.0         0.0          -5.          1.3\n"
-                 "2             0.12         0.0            .          8.8\n"
-                 "3              0.2       -0.17            .            .\n"
-                 "\n"
-                 "MEMBERS  Force (kN)  T or C  s (N/mm2)  dL (mm)\n"
-                 "1              5.83       T      5.833    0.117\n"
-                 "2            -10.52       C    -10.516    -0.19\n"
-                 "3              -1.5       C     -1.502   -0.027\n"
-                 "\n");
+                                         "\n"
+                                         "JOINTS  Def x (mm)  Def y (mm)  ForceX (kN)  ForceY (kN)\n"
+                                         "1              0.0         0.0          -5.          1.3\n"
+                                         "2             0.12         0.0            .          8.8\n"
+                                         "3              0.2       -0.17            .            .\n"
+                                         "\n"
+                                         "MEMBERS  Force (kN)  T or C  s (N/mm2)  dL (mm)\n"
+                                         "1              5.83       T      5.833    0.117\n"
+                                         "2            -10.52       C    -10.516    -0.19\n"
+                                         "3              -1.5       C     -1.502   -0.027\n"
+                                         "\n");
   EXPECT_EQ(err, "");
 }
 
@@ -123,11 +123,9 @@ TEST_F(AnalyseTest, TellsAnUnstableModelByStatusResultAndMessage) {
   EXPECT_EQ(model["result"], "unstable");
   EXPECT_EQ(model["nodes"], json::array());
   EXPECT_EQ(model["members"], json::array());
-  EXPECT_EQ(model["messages"],
-            json::parse(R"([{"icon": "critical", "title": "Strutwright",
+  EXPECT_EQ(model["messages"], json::parse(R"([{"icon": "critical", "title": "Strutwright",
                              "text": "Structure is unstable - Aborting analysis\nFailed Check 2"}])"));
-  EXPECT_EQ(err, Reference("mechanism_square") +
-                     ": Structure is unstable - Aborting analysis; Failed Check 2\n");
+  EXPECT_EQ(err, Reference("mechanism_square") + ": Structure is unstable - Aborting analysis; Failed Check 2\n");
 }
 
 TEST_F(AnalyseTest, CallsAnEmptyModelFailed) {

@@ -38,9 +38,15 @@ TEST_F(CommandLineTest, GivesHelpForACommand) {
 }
 
 TEST_F(CommandLineTest, RefusesWrongUsage) {
-  const std::vector<std::vector<std::string>> wrong{
-      {}, {"frobnicate"}, {"analyse"}, {"analyse", "m.stw", "--format", "xml"}, {"analyse", "m.stw", "--unknown"},
-      {"show"}, {"show", "a.stw", "b.stw"}, {"make", "a.csv"}, {"make", "a.csv", "b.stw", "c"}};
+  const std::vector<std::vector<std::string>> wrong{{},
+                                                    {"frobnicate"},
+                                                    {"analyse"},
+                                                    {"analyse", "m.stw", "--format", "xml"},
+                                                    {"analyse", "m.stw", "--unknown"},
+                                                    {"show"},
+                                                    {"show", "a.stw", "b.stw"},
+                                                    {"make", "a.csv"},
+                                                    {"make", "a.csv", "b.stw", "c"}};
   for (const auto& arguments : wrong) {
     EXPECT_EQ(Run(arguments), 2) << testing::PrintToString(arguments);
     EXPECT_EQ(out, "");

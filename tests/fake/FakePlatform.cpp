@@ -5,9 +5,7 @@
 
 namespace strutwright {
 
-void FakeHost::EndAnalysis(bool redraw) {
-  asked.emplace_back(redraw ? "EndAnalysis(true)" : "EndAnalysis(false)");
-}
+void FakeHost::EndAnalysis(bool redraw) { asked.emplace_back(redraw ? "EndAnalysis(true)" : "EndAnalysis(false)"); }
 
 PlatformTest::PlatformTest() {
   ThePlatform().messages = &messages;

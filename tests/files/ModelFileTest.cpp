@@ -59,10 +59,10 @@ TEST_F(ModelFileTest, HoldsTheTablesFieldByField) {
   SetTables(ThreeNodes());
   const std::string bytes = WriteModel();
   ASSERT_EQ(bytes.size(), 222U);
-  EXPECT_EQ(FloatAt(bytes, 30), 4.0F);                                 // x of node 2: 6 + 4 * (1 * 4 + 2)
-  EXPECT_EQ(FloatAt(bytes, 6 + 4 * (4 * 4 + 3)), -10.0F);              // ForceY of node 3
-  EXPECT_EQ(FloatAt(bytes, 6 + 96 + 4 * (5 * 3 + 2)), 2.5F);           // PS of member 2
-  EXPECT_EQ(bytes.substr(30, 4), Bytes({0x00, 0x00, 0x80, 0x40}));     // 4 as a 32-bit float
+  EXPECT_EQ(FloatAt(bytes, 30), 4.0F);                             // x of node 2: 6 + 4 * (1 * 4 + 2)
+  EXPECT_EQ(FloatAt(bytes, 6 + 4 * (4 * 4 + 3)), -10.0F);          // ForceY of node 3
+  EXPECT_EQ(FloatAt(bytes, 6 + 96 + 4 * (5 * 3 + 2)), 2.5F);       // PS of member 2
+  EXPECT_EQ(bytes.substr(30, 4), Bytes({0x00, 0x00, 0x80, 0x40})); // 4 as a 32-bit float
 }
 
 TEST_F(ModelFileTest, CarriesEveryFieldEvenThoseThatNobodyUses) {
@@ -131,8 +131,8 @@ struct Counts {
 };
 
 std::string WithCounts(Counts counts) {
-  return Bytes({20, 0, counts.nodes & 0xFF, (counts.nodes >> 8) & 0xFF, counts.members & 0xFF,
-                (counts.members >> 8) & 0xFF});
+  return Bytes(
+      {20, 0, counts.nodes & 0xFF, (counts.nodes >> 8) & 0xFF, counts.members & 0xFF, (counts.members >> 8) & 0xFF});
 }
 
 TEST_F(ModelFileTest, WithANegativeCountIsRefused) {

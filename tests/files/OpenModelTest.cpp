@@ -88,10 +88,10 @@ TEST_F(OpenModelTest, TellsHowMuchOfAShortFileWasThere) {
   SavedTriangle();
   PutFile(path, FileBytes(path).substr(0, 6 + 4 * 10 + 3));
   ASSERT_TRUE(openModel(path));
-  EXPECT_THAT(TakeMessages(),
-              ElementsAre(Box(MessageIcon::Information,
-                              "The file " + path + " is damaged.\n"
-                              "Only 10 of its 64 values are there; the others are read as zero.")));
+  EXPECT_THAT(TakeMessages(), ElementsAre(Box(MessageIcon::Information,
+                                              "The file " + path +
+                                                  " is damaged.\n"
+                                                  "Only 10 of its 64 values are there; the others are read as zero.")));
   EXPECT_EQ(NodeCount, 3);
 }
 
@@ -102,11 +102,11 @@ TEST_F(OpenModelTest, CountsValuesThatAreNotFiniteInTheSameBox) {
   for (std::size_t i = 0; i < 4; ++i) bytes[30 + i] = static_cast<char>((infinity >> (8 * i)) & 0xFFU);
   PutFile(path, bytes);
   ASSERT_TRUE(openModel(path));
-  EXPECT_THAT(TakeMessages(),
-              ElementsAre(Box(MessageIcon::Information,
-                              "The file " + path + " is damaged.\n"
-                              "Only 10 of its 64 values are there; the others are read as zero.\n"
-                              "Not finite numbers and read as zero: 1 of its 64 values.")));
+  EXPECT_THAT(TakeMessages(), ElementsAre(Box(MessageIcon::Information,
+                                              "The file " + path +
+                                                  " is damaged.\n"
+                                                  "Only 10 of its 64 values are there; the others are read as zero.\n"
+                                                  "Not finite numbers and read as zero: 1 of its 64 values.")));
   EXPECT_EQ(GrJoints.Text(2, 1), "0");
 }
 

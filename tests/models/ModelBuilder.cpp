@@ -64,9 +64,7 @@ ModelData PrattTruss(int nodes) {
   return model;
 }
 
-ModelData Triangle() {
-  return {{{0, 0, 0, 0, 3}, {4, 0, 0, 0, 1}, {4, 3, 5, -10, 0}}, {{1, 2}, {2, 3}, {3, 1}}};
-}
+ModelData Triangle() { return {{{0, 0, 0, 0, 3}, {4, 0, 0, 0, 1}, {4, 3, 5, -10, 0}}, {{1, 2}, {2, 3}, {3, 1}}}; }
 
 ModelData Square() {
   return {{{0, 0, 0, 0, 3}, {4, 0, 0, 0, 1}, {4, 3, 5, 0, 0}, {0, 3, 0, 0, 0}}, {{1, 2}, {2, 3}, {3, 4}, {4, 1}}};

@@ -5,8 +5,8 @@
 namespace strutwright {
 
 struct NodeData {
-  float x = 0; ///< m
-  float y = 0; ///< m
+  float x = 0;      ///< m
+  float y = 0;      ///< m
   float forceX = 0; ///< kN
   float forceY = 0; ///< kN
   float support = 0;
@@ -15,9 +15,9 @@ struct NodeData {
 struct MemberData {
   float i = 0;
   float j = 0;
-  float E = 200;   ///< kN/mm2
-  float A = 1000;  ///< mm2
-  float PS = 0;    ///< kN
+  float E = 200;  ///< kN/mm2
+  float A = 1000; ///< mm2
+  float PS = 0;   ///< kN
 };
 
 struct ModelData {

@@ -1,5 +1,5 @@
-#include "AsUser.h"
 #include "NativeFileSystem.h"
+#include "AsUser.h"
 #include "ScratchFolder.h"
 
 #include <filesystem>

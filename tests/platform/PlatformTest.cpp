@@ -1,6 +1,6 @@
+#include "Platform.h"
 #include "Ensure.h"
 #include "FakePlatform.h"
-#include "Platform.h"
 
 #include <gtest/gtest.h>
 

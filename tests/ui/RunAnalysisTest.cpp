@@ -56,8 +56,8 @@ TEST_F(RunAnalysisTest, LeavesTheAnalysisStateWhenTheStructureIsUnstable) {
 
   EXPECT_FALSE(runAnalysis());
 
-  EXPECT_THAT(TakeMessages(), ElementsAre(Box(MessageIcon::Critical,
-                                              "Structure is unstable - Aborting analysis\nFailed Check 2")));
+  EXPECT_THAT(TakeMessages(),
+              ElementsAre(Box(MessageIcon::Critical, "Structure is unstable - Aborting analysis\nFailed Check 2")));
   EXPECT_EQ(AnalysisDone, FlagFalse);
   EXPECT_THAT(host.asked, ElementsAre("RefreshStatusTexts", "RefreshStatusTexts", "EndAnalysis(true)"));
 }
@@ -65,8 +65,8 @@ TEST_F(RunAnalysisTest, LeavesTheAnalysisStateWhenTheStructureIsUnstable) {
 TEST_F(RunAnalysisTest, ShowsAnEmptyModelOneMessageOnly) {
   EXPECT_FALSE(runAnalysis());
 
-  EXPECT_THAT(TakeMessages(), ElementsAre(Box(MessageIcon::Critical,
-                                              "Structure is unstable - Aborting analysis\nFailed Check 0")));
+  EXPECT_THAT(TakeMessages(),
+              ElementsAre(Box(MessageIcon::Critical, "Structure is unstable - Aborting analysis\nFailed Check 0")));
   EXPECT_EQ(AnalysisDone, FlagFalse);
 }
 

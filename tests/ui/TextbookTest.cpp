@@ -62,9 +62,9 @@ class TextbookTest : public PlatformTest {
   /// Axial forces of all members, in kN.
   static void ExpectForces(const std::vector<double>& expected) {
     ASSERT_EQ(MemberCount, static_cast<int>(expected.size()));
-    const double margin = Tolerance * std::abs(*std::max_element(expected.begin(), expected.end(), [](double a, double b) {
-      return std::abs(a) < std::abs(b);
-    }));
+    const double margin =
+        Tolerance * std::abs(*std::max_element(expected.begin(), expected.end(),
+                                               [](double a, double b) { return std::abs(a) < std::abs(b); }));
     for (int m = 1; m <= MemberCount; ++m) {
       EXPECT_NEAR(MemberForce(m), expected[static_cast<std::size_t>(m - 1)], margin) << "member " << m;
     }

@@ -94,7 +94,7 @@ std::string NativeFileSystem::CreateBeside(const std::string& path) {
   for (int attempt = 0;; ++attempt) {
     // The name is short whatever the target's name is, so that it never exceeds what the folder allows.
     const std::string name = ".strutwright-" + std::to_string(getpid()) + "-" + std::to_string(attempt) + ".tmp";
-    const std::string candidate = (folder / name).string();
+    std::string candidate = (folder / name).string();
     try {
       const Descriptor file(candidate, O_WRONLY | O_CREAT | O_EXCL);
       return candidate;
