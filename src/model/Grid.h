@@ -47,7 +47,8 @@ class Grid {
   /// Most data rows a grid can have: row numbers and counts are 16-bit.
   static constexpr int MostDataRows = 32767;
 
-  explicit Grid(int rows = 1, int columns = 1);
+  Grid() : Grid(1, 1) {}
+  Grid(int rows, int columns);
 
   int RowCount() const { return Rows; }
   int ColumnCount() const { return Columns; }
