@@ -85,8 +85,8 @@ TEST_F(AnalyseTest, TakesNoLoadFromAPrestressedMemberAtNodeZero) {
 using EmptyModelTest = AnalyseTest;
 
 TEST_F(EmptyModelTest, IsReportedWithCodeZeroAndNothingElse) {
-  EXPECT_THAT(Analyse({}), ElementsAre(Box(MessageIcon::Critical,
-                                           "Structure is unstable - Aborting analysis\nFailed Check 0")));
+  EXPECT_THAT(Analyse({}),
+              ElementsAre(Box(MessageIcon::Critical, "Structure is unstable - Aborting analysis\nFailed Check 0")));
   EXPECT_EQ(FailedCheck, 0);
   EXPECT_EQ(ok, FlagFalse);
 }
@@ -200,9 +200,9 @@ class TooManyNodesTest : public AnalyseTest {
 
 TEST_F(TooManyNodesTest, AreReportedBeforeAnyArrayIsCreated) {
   const auto shown = Analyse(Nodes(16384));
-  EXPECT_THAT(shown, ElementsAre(Box(MessageIcon::Critical,
-                                     "The model has 16384 nodes, but at most 16383 can be analysed.\n"
-                                     "Remove nodes and run the analysis again.")));
+  EXPECT_THAT(shown,
+              ElementsAre(Box(MessageIcon::Critical, "The model has 16384 nodes, but at most 16383 can be analysed.\n"
+                                                     "Remove nodes and run the analysis again.")));
   EXPECT_EQ(GlobalStiffness, Matrix());
   EXPECT_TRUE(Displacements.empty());
 }

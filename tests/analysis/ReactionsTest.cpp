@@ -130,8 +130,8 @@ class FailureReportTest : public AnalysisFixture {
 
 TEST_F(FailureReportTest, NamesTheCodeInDecimal) {
   ReportAnalysisFailure(12);
-  EXPECT_THAT(TakeMessages(), ElementsAre(Box(MessageIcon::Critical,
-                                              "Structure is unstable - Aborting analysis\nFailed Check 12")));
+  EXPECT_THAT(TakeMessages(),
+              ElementsAre(Box(MessageIcon::Critical, "Structure is unstable - Aborting analysis\nFailed Check 12")));
 }
 
 TEST_F(FailureReportTest, BearsTheProgramsTitle) {
