@@ -2,7 +2,6 @@
 
 #include "AnalysisFixture.h"
 
-#include <limits>
 #include <stdexcept>
 
 #include <gmock/gmock.h>
@@ -258,82 +257,6 @@ TEST_F(StiffnessTest, NamesTheMemberInItsReport) {
   MemberStiffness(k, 12);
   EXPECT_THAT(TakeMessages(), ElementsAre(IgnoredBox(12, "E-value")));
 }
-
-class AddMemberTest : public AnalysisFixture {
- protected:
-  /// k(p, q) = 10 p + q, so that each entry is known again in K.
-  AddMemberTest() {
-    for (int p = 1; p <= 4; ++p) {
-      for (int q = 1; q <= 4; ++q) k(p, q) = static_cast<float>(10 * p + q);
-    }
-  }
-
-  void Add(float i, float j) {
-    SetTables({{{0, 0}, {1, 0}, {2, 0}}, {{i, j}}});
-    AddMemberToGlobal(1, k, K);
-  }
-
-  void ExpectIgnored(float i, float j) {
-    Add(i, j);
-    EXPECT_THAT(TakeMessages(),
-                ElementsAre(Box(MessageIcon::Critical, "Error: member index 1 node numbers\nMember ignored")));
-    EXPECT_EQ(K, Matrix(6, 7));
-  }
-
-  Matrix k{4, 4};
-  Matrix K{6, 7};
-};
-
-TEST_F(AddMemberTest, PutsItsBlocksAtTheNodesFreedoms) {
-  Add(1, 3);
-  EXPECT_EQ(K, (MatrixOf<6, 7>({{{11, 12, 0, 0, 13, 14, 0},
-                                 {21, 22, 0, 0, 23, 24, 0},
-                                 {0, 0, 0, 0, 0, 0, 0},
-                                 {0, 0, 0, 0, 0, 0, 0},
-                                 {31, 32, 0, 0, 33, 34, 0},
-                                 {41, 42, 0, 0, 43, 44, 0}}})));
-}
-
-TEST_F(AddMemberTest, PutsTheFirstBlockAtNodeI) {
-  Add(3, 2);
-  EXPECT_EQ(K(5, 5), 11.0F);
-  EXPECT_EQ(K(5, 4), 14.0F);
-  EXPECT_EQ(K(4, 5), 41.0F);
-  EXPECT_EQ(K(4, 4), 44.0F);
-}
-
-TEST_F(AddMemberTest, AddsToWhatIsThere) {
-  Add(1, 2);
-  Add(2, 3);
-  EXPECT_EQ(K(3, 3), 33.0F + 11.0F);
-  EXPECT_EQ(K(4, 3), 43.0F + 21.0F);
-}
-
-TEST_F(AddMemberTest, AddsAllFourBlocksAtOneNodeWhenBothEndsAreThere) {
-  Add(2, 2);
-  EXPECT_EQ(K(3, 3), 11.0F + 13.0F + 31.0F + 33.0F);
-  EXPECT_EQ(K(4, 4), 22.0F + 24.0F + 42.0F + 44.0F);
-}
-
-TEST_F(AddMemberTest, RoundsNodeNumbersToEven) {
-  Add(0.6F, 2.5F);
-  EXPECT_EQ(K(1, 1), 11.0F);
-  EXPECT_EQ(K(4, 4), 44.0F);
-}
-
-TEST_F(AddMemberTest, IgnoresNodeZero) {
-  ExpectIgnored(0, 2);
-  ExpectIgnored(2, 0);
-}
-
-TEST_F(AddMemberTest, IgnoresNegativeNodes) {
-  ExpectIgnored(-1, 2);
-  ExpectIgnored(2, -1);
-}
-
-TEST_F(AddMemberTest, ReportsTwoMissingNodesOnce) { ExpectIgnored(0, 0); }
-
-TEST_F(AddMemberTest, IgnoresWhatRoundsToNodeZero) { ExpectIgnored(0.5F, 2); }
 
 } // namespace
 } // namespace strutwright
