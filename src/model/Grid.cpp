@@ -16,7 +16,7 @@ Grid::Grid(int rows, int columns) {
 }
 
 void Grid::SetRowCount(int rows) {
-  if (rows - 1 > MostDataRows) throw std::length_error("A grid has at most 32767 data rows");
+  if (rows > 1 + MostDataRows) throw std::length_error("A grid has at most 32767 data rows");
   Rows = std::max(rows, 1);
   Cells.resize(static_cast<std::size_t>(Rows), std::vector<std::string>(static_cast<std::size_t>(Columns)));
   KeepCurrentInside();

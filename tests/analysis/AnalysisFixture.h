@@ -1,0 +1,63 @@
+#pragma once
+
+#include "AnalysisState.h"
+#include "FakePlatform.h"
+#include "ModelBuilder.h"
+#include "modModelStore.h"
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace strutwright {
+
+/// The state of a program that has just started, and short ways to set tables and read matrices.
+class AnalysisFixture : public PlatformTest {
+ protected:
+  AnalysisFixture() {
+    ResetModel();
+    TheAnalysis = AnalysisState{};
+  }
+
+  /// Two nodes and one member 1 from the first to the second, E 200 and A 1000.
+  static void SetBar(float dx, float dy, float PS = 0) { SetTables({{{0, 0}, {dx, dy}}, {{1, 2, 200, 1000, PS}}}); }
+
+  /// Zeroed displacements for every freedom of the model.
+  static void ClearDisplacements() { Displacements.assign(2 * static_cast<std::size_t>(NodeCount) + 1, 0.0F); }
+
+  /// Entries 1.. of a vector that is used from 1 on.
+  template <typename Number>
+  static std::vector<Number> Used(const std::vector<Number>& values) {
+    return {values.begin() + 1, values.end()};
+  }
+
+  /// Entries (1..4, 1..4), row after row.
+  static std::vector<float> Used4(const Matrix& k) {
+    std::vector<float> entries;
+    for (int row = 1; row <= 4; ++row) {
+      for (int column = 1; column <= 4; ++column) entries.push_back(k(row, column));
+    }
+    return entries;
+  }
+};
+
+/// A matrix from its used rows; row and column 0 are zero.
+template <std::size_t Rows, std::size_t Columns>
+Matrix MatrixOf(const std::array<std::array<float, Columns>, Rows>& rows) {
+  Matrix matrix(static_cast<int>(Rows), static_cast<int>(Columns));
+  for (std::size_t r = 0; r < Rows; ++r) {
+    for (std::size_t c = 0; c < Columns; ++c) matrix(static_cast<int>(r) + 1, static_cast<int>(c) + 1) = rows[r][c];
+  }
+  return matrix;
+}
+
+inline Message IgnoredBox(int m, const std::string& what) {
+  return Box(MessageIcon::Critical, "Error: member index " + std::to_string(m) + " " + what + "\nMember ignored");
+}
+
+inline Message FailureBox(int code) {
+  return Box(MessageIcon::Critical, "Structure is unstable - Aborting analysis\nFailed Check " + std::to_string(code));
+}
+
+} // namespace strutwright
