@@ -1,3 +1,9 @@
+# GoogleTest and GoogleMock take longer to read than our tests: compiled once for all test programs.
+add_library(strutwright_test_headers OBJECT ${PROJECT_SOURCE_DIR}/tests/fake/TestHeaders.cpp)
+target_link_libraries(strutwright_test_headers PRIVATE strutwright_compiler GTest::gmock)
+target_precompile_headers(strutwright_test_headers PRIVATE <gmock/gmock.h> <gtest/gtest.h> <filesystem> <fstream>
+                          <functional> <regex> <sstream> <string> <vector>)
+
 # strutwright_test(NAME SOURCES ... USES ...)
 #
 # The test program of one layer: it links that layer, what lies below it and the stand-ins, and nothing above.
@@ -5,6 +11,7 @@
 function(strutwright_test NAME)
   cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
   add_executable(test_${NAME} ${ARG_SOURCES})
+  target_precompile_headers(test_${NAME} REUSE_FROM strutwright_test_headers)
   target_link_libraries(test_${NAME} PRIVATE strutwright_compiler ${ARG_USES} GTest::gmock GTest::gtest_main)
   add_test(NAME ${NAME} COMMAND test_${NAME} --gtest_shuffle --gtest_brief=1)
   set_tests_properties(${NAME} PROPERTIES TIMEOUT 600)
