@@ -83,6 +83,9 @@ TEST_F(LoadVectorTest, RoundsNodeNumbersToEven) {
 // 0.8 as a float is above 0.8, so that 0.8 * 1.25 is above 1, but is 1 as a float.  2^24 + 1 falls back to 2^24;
 // anything more would give 2^24 + 2.
 TEST_F(LoadVectorTest, RoundsThePrestressComponentsToFloats) {
+  SetBar(4, 3, 1.25F);
+  NodeTable(1, NodeForceX) = 16777216.0F;
+  EXPECT_EQ(Loads()[0], 16777216.0F);
   SetBar(3, 4, 1.25F);
   NodeTable(1, NodeForceY) = 16777216.0F;
   EXPECT_EQ(Loads()[1], 16777216.0F);
