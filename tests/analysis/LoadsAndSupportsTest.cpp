@@ -75,6 +75,11 @@ TEST_F(LoadVectorTest, LeavesOutThePrestressOfAMemberAtNodeZero) {
   EXPECT_THAT(Loads(), ElementsAre(0, 0, 0, 0));
 }
 
+TEST_F(LoadVectorTest, LeavesOutThePrestressOfAMemberWithoutLength) {
+  SetTables({{{1, 2, 3, 4}, {1, 2}}, {{1, 2, 200, 1000, 10}, {1, 1, 200, 1000, 10}}});
+  EXPECT_THAT(Loads(), ElementsAre(3, 4, 0, 0));
+}
+
 TEST_F(LoadVectorTest, RoundsNodeNumbersToEven) {
   SetTables({{{0, 0}, {3, 4}}, {{0.6F, 2.5F, 200, 1000, 10}}});
   EXPECT_THAT(Loads(), ElementsAre(6, 8, -6, -8));
