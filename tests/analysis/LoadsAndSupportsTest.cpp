@@ -75,6 +75,11 @@ TEST_F(LoadVectorTest, LeavesOutThePrestressOfAMemberAtNodeZero) {
   EXPECT_THAT(Loads(), ElementsAre(0, 0, 0, 0));
 }
 
+TEST_F(LoadVectorTest, LeavesOutThePrestressOfAMemberWithoutLength) {
+  SetTables({{{1, 2, 3, 4}, {1, 2}}, {{1, 2, 200, 1000, 10}, {1, 1, 200, 1000, 10}}});
+  EXPECT_THAT(Loads(), ElementsAre(3, 4, 0, 0));
+}
+
 TEST_F(LoadVectorTest, RoundsNodeNumbersToEven) {
   SetTables({{{0, 0}, {3, 4}}, {{0.6F, 2.5F, 200, 1000, 10}}});
   EXPECT_THAT(Loads(), ElementsAre(6, 8, -6, -8));
@@ -83,6 +88,9 @@ TEST_F(LoadVectorTest, RoundsNodeNumbersToEven) {
 // 0.8 as a float is above 0.8, so that 0.8 * 1.25 is above 1, but is 1 as a float.  2^24 + 1 falls back to 2^24;
 // anything more would give 2^24 + 2.
 TEST_F(LoadVectorTest, RoundsThePrestressComponentsToFloats) {
+  SetBar(4, 3, 1.25F);
+  NodeTable(1, NodeForceX) = 16777216.0F;
+  EXPECT_EQ(Loads()[0], 16777216.0F);
   SetBar(3, 4, 1.25F);
   NodeTable(1, NodeForceY) = 16777216.0F;
   EXPECT_EQ(Loads()[1], 16777216.0F);
