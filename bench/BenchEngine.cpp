@@ -4,6 +4,7 @@
 #include "ModelBuilder.h"
 #include "NativeFileSystem.h"
 #include "Platform.h"
+#include "WindowlessHost.h"
 #include "modAnalysis.h"
 #include "modModelFile.h"
 #include "modModelStore.h"
@@ -21,18 +22,16 @@ namespace strutwright {
 namespace {
 
 /// Shows nothing: a benchmark's models are sound.
-class SilentDesktop : public MessageBoxes, public Host {
+class SilentDesktop : public MessageBoxes, public WindowlessHost {
  public:
   void Show(const Message& message) override { throw std::runtime_error(message.text); }
-  void EndAnalysis(bool /*redraw*/) override {}
-  void RefreshStatusTexts() override {}
 };
 
 /// Sets the process up with a Pratt truss of so many nodes, in the tables and in the grids.
 void Prepare(const benchmark::State& state) {
   static SilentDesktop desktop;
   static NativeFileSystem disk;
-  ThePlatform() = {&desktop, &desktop, &disk};
+  ThePlatform() = {&desktop, &desktop, &disk, nullptr};
   SetModel(PrattTruss(static_cast<int>(state.range(0))));
   DofCount = static_cast<std::int16_t>(2 * NodeCount);
 }

@@ -31,7 +31,7 @@ std::string OnOneLine(const std::string& text) {
 
 ModelSession::ModelSession(std::string file, std::ostream& err) : FileName(std::move(file)), Err(err) {
   Ensure(ThePlatform().host == nullptr, "one model is open at a time");
-  ThePlatform() = {this, this, &Disk};
+  ThePlatform() = {this, this, &Disk, nullptr};
   TheModel = ModelState{};
   TheAnalysis = AnalysisState{};
   TheFiles = FileState{};
@@ -58,9 +58,5 @@ void ModelSession::Show(const Message& message) {
   Messages.push_back(message);
   Tell(message.text);
 }
-
-void ModelSession::EndAnalysis(bool /*redraw*/) { AnalysisDone = FlagFalse; }
-
-void ModelSession::RefreshStatusTexts() {} // there is no status bar
 
 } // namespace strutwright

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "Host.h"
 #include "MessageBoxes.h"
 #include "NativeFileSystem.h"
+#include "WindowlessHost.h"
 
 #include <iosfwd>
 #include <string>
@@ -13,7 +13,7 @@ namespace strutwright {
 /// One model in an otherwise fresh program, without a window: what would be shown in a box is kept, and printed to
 /// `err` as a line that begins with the file's name.
 /// Only one session can exist at a time, because the model and its results are process-wide.
-class ModelSession : private MessageBoxes, private Host {
+class ModelSession : private MessageBoxes, private WindowlessHost {
  public:
   ModelSession(std::string file, std::ostream& err);
   ~ModelSession() override;
@@ -36,8 +36,6 @@ class ModelSession : private MessageBoxes, private Host {
 
  private:
   void Show(const Message& message) override;
-  void EndAnalysis(bool redraw) override;
-  void RefreshStatusTexts() override;
 
   std::string FileName;
   std::ostream& Err;

@@ -1,6 +1,17 @@
 #pragma once
 
+#include <string>
+
 namespace strutwright {
+
+/// Which layers of the model the user wants to see.
+struct ModelLayers {
+  bool supports = true;
+  bool loads = true;
+  bool grid = true;
+  bool memberNumbers = true;
+  bool nodeNumbers = true;
+};
 
 /// What the lower floors ask of the main window.
 class Host {
@@ -13,6 +24,27 @@ class Host {
 
   /// Writes the status texts ("Analysis Done", "No Analysis") that fit the state as it is now.
   virtual void RefreshStatusTexts() = 0;
+
+  /// Draws the truss again.  zoomToExtents: frame the whole model first.
+  virtual void Redraw(bool zoomToExtents) = 0;
+
+  /// Empties the drawing without drawing anew.
+  virtual void ClearSurface() = 0;
+
+  /// The state of the five plain display switches, read at each drawing.
+  virtual ModelLayers Layers() = 0;
+
+  /// DeflectionScale 100 and LoadsScale 10, shown in their labels.
+  virtual void ResetScales() = 0;
+
+  /// Shows this text in the title bar.
+  virtual void SetCaption(const std::string& caption) = 0;
+
+  /// Empties the four grids and gives each GridCapacity data rows.
+  virtual void ClearGrids() = 0;
+
+  /// Empties the numbers of the equations view.
+  virtual void ResetEquations() = 0;
 };
 
 } // namespace strutwright

@@ -35,6 +35,11 @@ FileSystem& Files() {
   return *ThePlatform().files;
 }
 
+FileDialog& TheFileDialog() {
+  Ensure(ThePlatform().dialog != nullptr, "the file dialog is set up before it is shown");
+  return *ThePlatform().dialog;
+}
+
 void ShowMessage(MessageIcon icon, const std::string& text) { Messages().Show({icon, ProgramTitle, text}); }
 
 } // namespace strutwright

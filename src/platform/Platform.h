@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FileDialog.h"
 #include "FileSystem.h"
 #include "Host.h"
 #include "MessageBoxes.h"
@@ -13,6 +14,7 @@ struct Platform {
   MessageBoxes* messages = nullptr;
   Host* host = nullptr;
   FileSystem* files = nullptr;
+  FileDialog* dialog = nullptr;
 };
 
 /// The one platform of the process, filled before the first call into any floor above.
@@ -21,6 +23,7 @@ Platform& ThePlatform();
 MessageBoxes& Messages();
 Host& TheHost();
 FileSystem& Files();
+FileDialog& TheFileDialog();
 
 /// Shows a box with an OK button under the program's title.
 void ShowMessage(MessageIcon icon, const std::string& text);

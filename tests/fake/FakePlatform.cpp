@@ -7,6 +7,8 @@ namespace strutwright {
 
 void FakeHost::EndAnalysis(bool redraw) { asked.emplace_back(redraw ? "EndAnalysis(true)" : "EndAnalysis(false)"); }
 
+void FakeHost::Redraw(bool zoomToExtents) { asked.emplace_back(zoomToExtents ? "Redraw(true)" : "Redraw(false)"); }
+
 PlatformTest::PlatformTest() {
   ThePlatform().messages = &messages;
   ThePlatform().host = &host;

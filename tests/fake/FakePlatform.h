@@ -19,13 +19,21 @@ class FakeMessageBoxes : public MessageBoxes {
   std::vector<Message> shown;
 };
 
-/// Keeps what the host was asked, a line each: "EndAnalysis(true)", "RefreshStatusTexts".
+/// Keeps what the host was asked, a line each: "EndAnalysis(true)", "RefreshStatusTexts", "SetCaption(bridge.stw)".
 class FakeHost : public Host {
  public:
   void EndAnalysis(bool redraw) override;
   void RefreshStatusTexts() override { asked.emplace_back("RefreshStatusTexts"); }
+  void Redraw(bool zoomToExtents) override;
+  void ClearSurface() override { asked.emplace_back("ClearSurface"); }
+  ModelLayers Layers() override { return layers; }
+  void ResetScales() override { asked.emplace_back("ResetScales"); }
+  void SetCaption(const std::string& caption) override { asked.push_back("SetCaption(" + caption + ")"); }
+  void ClearGrids() override { asked.emplace_back("ClearGrids"); }
+  void ResetEquations() override { asked.emplace_back("ResetEquations"); }
 
   std::vector<std::string> asked;
+  ModelLayers layers;
 };
 
 /// A platform of stand-ins for one test.  When the test ends, boxes that it did not take with TakeMessages fail it.

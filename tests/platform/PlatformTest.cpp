@@ -21,6 +21,7 @@ TEST(PlatformWithoutPartsTest, IsABugToUse) {
   EXPECT_THROW(Messages(), EnsureFailed);
   EXPECT_THROW(TheHost(), EnsureFailed);
   EXPECT_THROW(Files(), EnsureFailed);
+  EXPECT_THROW(TheFileDialog(), EnsureFailed);
 }
 
 TEST(MessageIconTest, HasANameForScripts) {

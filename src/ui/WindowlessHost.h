@@ -1,0 +1,21 @@
+#pragma once
+
+#include "Host.h"
+
+namespace strutwright {
+
+/// The host of a program without a window: keeps the state that a window would show, and shows nothing.
+class WindowlessHost : public Host {
+ public:
+  void EndAnalysis(bool redraw) override;
+  void RefreshStatusTexts() override {}
+  void Redraw(bool /*zoomToExtents*/) override {}
+  void ClearSurface() override {}
+  ModelLayers Layers() override { return {}; }
+  void ResetScales() override {}
+  void SetCaption(const std::string& /*caption*/) override {}
+  void ClearGrids() override;
+  void ResetEquations() override {}
+};
+
+} // namespace strutwright
