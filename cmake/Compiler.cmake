@@ -23,6 +23,8 @@ endif()
 
 if(STRUTWRIGHT_SANITIZE)
   target_compile_options(strutwright_compiler INTERFACE -fsanitize=${STRUTWRIGHT_SANITIZE} -fno-sanitize-recover=all
-                                                        -fno-omit-frame-pointer)
+                                                        -fno-omit-frame-pointer
+                                                        # The sanitizers' own code misleads GCC here.
+                                                        $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
   target_link_options(strutwright_compiler INTERFACE -fsanitize=${STRUTWRIGHT_SANITIZE})
 endif()

@@ -22,7 +22,7 @@ constexpr int MostFreedoms = 32767;
 
 void AppendLittleEndian(std::string& bytes, std::unsigned_integral auto value) {
   for (std::size_t i = 0; i < sizeof(value); ++i) {
-    bytes.push_back(static_cast<char>(static_cast<unsigned char>((value >> (8 * i)) & 0xFFU)));
+    bytes.push_back(static_cast<char>(static_cast<unsigned char>(std::uint64_t{value} >> (8 * i))));
   }
 }
 
