@@ -16,6 +16,8 @@
 #include <stdexcept>
 #include <string>
 
+#include <unistd.h>
+
 #include <benchmark/benchmark.h>
 
 namespace strutwright {
@@ -38,7 +40,8 @@ void Prepare(const benchmark::State& state) {
 
 class ScratchFile {
  public:
-  ScratchFile() : Path((std::filesystem::temp_directory_path() / "strutwright-bench.stw").string()) {}
+  ScratchFile()
+      : Path((std::filesystem::temp_directory_path() / ("strutwright-bench-" + std::to_string(getpid()))).string()) {}
   ~ScratchFile() { std::filesystem::remove(Path); }
   ScratchFile(const ScratchFile&) = delete;
   ScratchFile& operator=(const ScratchFile&) = delete;

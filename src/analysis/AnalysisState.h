@@ -2,6 +2,7 @@
 
 #include "Matrix.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -11,6 +12,14 @@ namespace strutwright {
 /// True and false of the 16-bit flags.
 inline constexpr std::int16_t FlagTrue = -1;
 inline constexpr std::int16_t FlagFalse = 0;
+
+/// Codes of ReportAnalysisFailure.
+inline constexpr int EmptyModelCheck = 0;
+inline constexpr int UnstableCheck = 2;
+
+/// The freedoms of node n, as indices of the arrays below.
+constexpr std::size_t XFreedom(int n) { return static_cast<std::size_t>(2 * n - 1); }
+constexpr std::size_t YFreedom(int n) { return static_cast<std::size_t>(2 * n); }
 
 /// The working arrays and results of the analysis.  Freedom 2n-1 is x and 2n is y of node n; entry 0 is not used.
 struct AnalysisState {

@@ -15,13 +15,8 @@ namespace strutwright {
 
 namespace {
 
-constexpr int EmptyModelCheck = 0;
 constexpr float RestrainedInY = 1.0F;
 constexpr float RestrainedInX = 2.0F;
-
-/// Index of a freedom in the vectors.
-std::size_t XFreedom(int node) { return static_cast<std::size_t>(2 * node - 1); }
-std::size_t YFreedom(int node) { return static_cast<std::size_t>(2 * node); }
 
 void AddTo(float& sum, double addend) { sum = static_cast<float>(static_cast<double>(sum) + addend); }
 
@@ -60,12 +55,22 @@ bool CheckMemberNodes() {
   return true;
 }
 
+/// Sets DofCount, and reports what keeps the model from being analysed at all.
+bool CheckModel() {
+  if (!CheckNodeCount()) return false;
+  DofCount = static_cast<std::int16_t>(2 * NodeCount);
+  if (DofCount > 0) return CheckMemberNodes();
+  ReportAnalysisFailure(EmptyModelCheck);
+  return false;
+}
+
 void Restrain(std::size_t freedom, std::vector<float>& P, std::vector<float>& R, std::vector<std::int16_t>& fixed) {
   R.at(freedom) = -P.at(freedom);
   P.at(freedom) = 0.0F;
   fixed.at(freedom) = 1;
 }
 
+// P(i) += PS (c, s), P(j) -= PS (c, s).   Checked: a bar between fixed ends bears PS and moves nothing.
 void AddPrestress(int m, std::vector<float>& P) {
   const double PS = MemberTable(m, MemberPS);
   const int i = RoundNodeNumber(MemberTable(m, MemberNodeI));
@@ -80,7 +85,7 @@ void AddPrestress(int m, std::vector<float>& P) {
   AddTo(P.at(YFreedom(i)), Py);
 }
 
-/// What the member's force adds to the reactions at one supported node.
+// R += +-(F - PS) (c, s), minus where the member starts.   Checked: reactions balance the loads.
 void AddMemberReaction(int node, int m) {
   const auto number = static_cast<float>(node);
   double sign = 0.0;
@@ -96,17 +101,7 @@ void AddMemberReaction(int node, int m) {
 
 void AnalyseTruss(std::int16_t& ok) {
   FailedCheck.reset();
-  if (!CheckNodeCount()) {
-    ok = FlagFalse;
-    return;
-  }
-  DofCount = static_cast<std::int16_t>(2 * NodeCount);
-  if (DofCount <= 0) {
-    ReportAnalysisFailure(EmptyModelCheck);
-    ok = FlagFalse;
-    return;
-  }
-  if (!CheckMemberNodes()) {
+  if (!CheckModel()) {
     ok = FlagFalse;
     return;
   }
@@ -157,6 +152,7 @@ void ApplySupports(Matrix& K, std::vector<float>& P, std::vector<float>& R, std:
     if (code != RestrainedInX) Restrain(YFreedom(i), P, R, fixed);
     if (code != RestrainedInY) Restrain(XFreedom(i), P, R, fixed);
   }
+  // K(d, c) = K(c, d) = 0, K(d, d) = 1: the equation of a restrained freedom reads D(d) = 0.
   for (int d = 1; d <= DofCount; ++d) {
     if (fixed.at(static_cast<std::size_t>(d)) != 1) continue;
     for (int c = 1; c <= DofCount; ++c) {
@@ -180,7 +176,7 @@ void ReportAnalysisFailure(int code) {
   LeaveAnalysis();
 }
 
-float NodeDisplacement(std::int16_t n, std::string_view direction) {
+float NodeDisplacement(int n, std::string_view direction) {
   return Displacements.at(direction == "x" ? XFreedom(n) : YFreedom(n));
 }
 

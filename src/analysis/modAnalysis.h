@@ -40,6 +40,6 @@ void ComputeReactions();
 void ReportAnalysisFailure(int code);
 
 /// Displacement of node n in mm: in x when direction is "x", otherwise in y.
-float NodeDisplacement(std::int16_t n, std::string_view direction);
+float NodeDisplacement(int n, std::string_view direction);
 
 } // namespace strutwright

@@ -87,12 +87,10 @@ std::array<int, 5> FreedomsOf(const MemberEnds& ends) {
   return {0, 2 * ends.i - 1, 2 * ends.i, 2 * ends.j - 1, 2 * ends.j};
 }
 
-/// Displacement of node j less that of node i in one direction, in mm.
-float EndMovement(const MemberEnds& ends, int xFreedomOffset) {
-  const auto displacement = [&](int node) {
-    return static_cast<double>(Displacements.at(static_cast<std::size_t>(2 * node - xFreedomOffset)));
-  };
-  return static_cast<float>(displacement(ends.j) - displacement(ends.i));
+/// Displacement of node j less that of node i, each named by its freedom, in mm.
+float EndMovement(std::size_t freedomAtJ, std::size_t freedomAtI) {
+  return static_cast<float>(static_cast<double>(Displacements.at(freedomAtJ)) -
+                            static_cast<double>(Displacements.at(freedomAtI)));
 }
 
 } // namespace
@@ -140,8 +138,8 @@ void ComputeMemberForce(int m) {
   float du = 0.0F;
   float dv = 0.0F;
   if (ends.i > 0 && ends.j > 0) {
-    du = EndMovement(ends, 1);
-    dv = EndMovement(ends, 0);
+    du = EndMovement(XFreedom(ends.j), XFreedom(ends.i));
+    dv = EndMovement(YFreedom(ends.j), YFreedom(ends.i));
   }
   const double E = MemberTable(m, MemberE);
   const double A = MemberTable(m, MemberA);

@@ -13,7 +13,6 @@ namespace strutwright {
 namespace {
 
 constexpr float PivotTolerance = 0.0001F; // kN/mm
-constexpr int UnstableCheck = 2;
 
 /// The row from p on with the largest entry of column p; of equal ones the upper.
 int FindPivotRow(const Matrix& K, int p, int n) {
@@ -59,6 +58,7 @@ void EliminateColumn(Matrix& K, std::int16_t p, std::int16_t n) {
   const float* pivotRow = K.Row(p);
   const float pivot = pivotRow[p];
   if (pivot == 0.0F) return;
+  // K(r, c) -= K(p, c) f, f = K(r, p) / K(p, p), rounded to a float each time.   Checked: two equations by hand.
   for (int r = p + 1; r <= n; ++r) {
     float* row = K.Row(r);
     const double factor = static_cast<double>(row[p]) / static_cast<double>(pivot);
@@ -77,6 +77,7 @@ bool IsStable(const Matrix& K, std::int16_t n) {
 
 void BackSubstitute(Matrix& K, std::int16_t n) {
   K(n, n + 1) = static_cast<float>(static_cast<double>(K(n, n + 1)) / static_cast<double>(K(n, n)));
+  // D(r) = (P(r) - sum of K(r, c) D(c) over c > r) / K(r, r).
   for (int r = n - 1; r >= 1; --r) {
     const float* row = K.Row(r);
     double sum = 0.0;

@@ -3,6 +3,7 @@
 #include "Commands.h"
 #include "ModelSession.h"
 #include "UiState.h"
+#include "modAnalysis.h"
 #include "modGrids.h"
 #include "modMember.h"
 #include "modModelStore.h"
@@ -10,7 +11,6 @@
 #include "modRunAnalysis.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <exception>
 #include <ostream>
 
@@ -19,8 +19,6 @@ namespace strutwright {
 namespace {
 
 enum class Result { Ok, Unstable, Failed, Unreadable };
-
-constexpr int UnstableCheck = 2;
 
 std::string ResultName(Result result) {
   if (result == Result::Ok) return "ok";
@@ -43,18 +41,6 @@ Result OpenAndAnalyse(ModelSession& session) {
   }
 }
 
-/// The results of one node or member, for the formats that give every digit.
-struct NodeResult {
-  explicit NodeResult(int n)
-      : node(n), dx(Displacements.at(X(n))), dy(Displacements.at(X(n) + 1)), rx(Reactions.at(X(n))),
-        ry(Reactions.at(X(n) + 1)) {}
-  static std::size_t X(int n) { return static_cast<std::size_t>(2 * n - 1); }
-
-  int node;
-  float dx, dy; ///< mm
-  float rx, ry; ///< kN
-};
-
 /// Elongation in mm as it was listed; the message about a member that can't stretch has been shown by then.
 float ListedStretch(int m) { return MemberCanStretch(m) ? MemberStretch(m) : 0.0F; }
 
@@ -65,12 +51,11 @@ std::vector<std::string> HeadingsOf(const Grid& grid) {
 }
 
 void PrintCsv(const ModelSession& session, Result result, bool nameFile, std::ostream& out) {
-  if (nameFile) out << CsvRecord({"FILE", session.File(), ResultName(result), "", ""});
+  if (nameFile) out << CsvRecord({"FILE", ValidText(session.File()), ResultName(result), "", ""});
   out << CsvRecord(HeadingsOf(jResGr));
   for (int n = 1; result == Result::Ok && n <= NodeCount; ++n) {
-    const NodeResult node(n);
-    out << CsvRecord({std::to_string(n), ShortestText(node.dx), ShortestText(node.dy), ShortestText(node.rx),
-                      ShortestText(node.ry)});
+    out << CsvRecord({std::to_string(n), ShortestText(NodeDisplacement(n, "x")), ShortestText(NodeDisplacement(n, "y")),
+                      ShortestText(Reactions.at(XFreedom(n))), ShortestText(Reactions.at(YFreedom(n)))});
   }
   out << CsvRecord(HeadingsOf(mResGr));
   for (int m = 1; result == Result::Ok && m <= MemberCount; ++m) {
@@ -80,14 +65,13 @@ void PrintCsv(const ModelSession& session, Result result, bool nameFile, std::os
 }
 
 std::string JsonNode(int n) {
-  const NodeResult node(n);
   return JsonObject({{"node", std::to_string(n)},
                      {"x", JsonNumber(NodeTable(n, NodeX))},
                      {"y", JsonNumber(NodeTable(n, NodeY))},
-                     {"dx", JsonNumber(node.dx)},
-                     {"dy", JsonNumber(node.dy)},
-                     {"rx", JsonNumber(node.rx)},
-                     {"ry", JsonNumber(node.ry)},
+                     {"dx", JsonNumber(NodeDisplacement(n, "x"))},
+                     {"dy", JsonNumber(NodeDisplacement(n, "y"))},
+                     {"rx", JsonNumber(Reactions.at(XFreedom(n)))},
+                     {"ry", JsonNumber(Reactions.at(YFreedom(n)))},
                      {"support", JsonNumber(NodeTable(n, NodeSupport))}});
 }
 
@@ -126,7 +110,7 @@ void PrintJson(const ModelSession& session, Result result, std::ostream& out) {
 }
 
 void PrintText(const ModelSession& session, Result result, std::ostream& out) {
-  out << session.File() << ": " << ResultName(result) << "\n\n";
+  out << ValidText(session.File()) << ": " << ResultName(result) << "\n\n";
   if (result != Result::Ok) return;
   PrintTable(jResGr, out);
   out << '\n';

@@ -8,6 +8,7 @@
 #include <exception>
 #include <functional>
 #include <iostream>
+#include <optional>
 
 namespace strutwright {
 
@@ -70,18 +71,9 @@ void AddMake(CLI::App& program, Request& request) {
   });
 }
 
-int CarryOut(const Request& request, std::ostream& out, std::ostream& err) {
-  const int status = request.command(out, err);
-  out.flush();
-  if (out) return status;
-  err << "strutwright-cli: the output could not be written\n";
-  return ExitUsage;
-}
-
-} // namespace
-
-int RunCommandLine(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {
-  Request request;
+/// Fills the request from the arguments; gives the exit status where they ask for nothing more, as --help does.
+std::optional<int> Parse(const std::vector<std::string>& arguments, Request& request, std::ostream& out,
+                         std::ostream& err) {
   CLI::App program("Analyses plane pin-jointed trusses by the direct stiffness method.\n"
                    "Units: m, kN, kN/mm2, mm2; displacements in mm, stresses in N/mm2; tension is positive.",
                    "strutwright-cli");
@@ -95,10 +87,32 @@ int RunCommandLine(const std::vector<std::string>& arguments, std::ostream& out,
   try {
     // The parser takes the arguments last one first.
     program.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+    return std::nullopt;
   } catch (const CLI::ParseError& error) {
     return program.exit(error, out, err) == 0 ? ExitOk : ExitUsage;
   }
-  return CarryOut(request, out, err);
+}
+
+/// Nothing ends the program but itself: what nobody caught is told in a line.
+int CarryOut(const Request& request, std::ostream& out, std::ostream& err) {
+  try {
+    return request.command(out, err);
+  } catch (const std::exception& failure) {
+    err << "strutwright-cli: " << failure.what() << '\n';
+    return ExitUsage;
+  }
+}
+
+} // namespace
+
+int RunCommandLine(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {
+  Request request;
+  const std::optional<int> parsed = Parse(arguments, request, out, err);
+  const int status = parsed ? *parsed : CarryOut(request, out, err);
+  out.flush();
+  if (out) return status;
+  err << "strutwright-cli: the output could not be written\n";
+  return ExitUsage;
 }
 
 } // namespace strutwright

@@ -6,7 +6,7 @@
 #include "Platform.h"
 #include "modModelFile.h"
 
-#include <limits>
+#include <cstddef>
 #include <optional>
 #include <ostream>
 
@@ -14,11 +14,16 @@ namespace strutwright {
 
 namespace {
 
+/// More than any model needs, and little enough to be read at once.
+constexpr std::size_t MostInputBytes = std::size_t{64} << 20;
+
 /// The text of the input file; nothing when it can't be read, which has been told by then.
 std::optional<std::string> ReadInput(const std::string& input, std::ostream& err) {
   ModelSession session(input, err);
   try {
-    return Files().Read(input, 0, std::numeric_limits<std::size_t>::max());
+    std::string text = Files().Read(input, 0, MostInputBytes + 1);
+    if (text.size() > MostInputBytes) throw FileError("The file is larger than any model");
+    return text;
   } catch (const FileError& error) {
     session.Tell(error.what());
     return std::nullopt;

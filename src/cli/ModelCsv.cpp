@@ -21,6 +21,12 @@ constexpr int LeastCapacity = 20;
 constexpr int MostMembers = 32767;
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 
+std::string_view TrimBlanks(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(" \t");
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+}
+
 struct Record {
   int line = 0; ///< where it begins
   std::vector<std::string> fields;
@@ -76,12 +82,10 @@ class CsvReader {
   }
 
   void TakeLineEnd() {
+    const bool inside = !Rest.empty() && Rest.front() != '\r' && Rest.front() != '\n';
+    if (inside) throw CsvError(Line, "a closing quotation mark is not followed by a comma");
     if (Rest.starts_with('\r')) Rest.remove_prefix(1);
-    if (Rest.starts_with('\n')) {
-      Rest.remove_prefix(1);
-    } else if (!Rest.empty() && Rest.front() != '\r') {
-      throw CsvError(Line, "a closing quotation mark is not followed by a comma");
-    }
+    if (Rest.starts_with('\n')) Rest.remove_prefix(1);
     ++Line;
   }
 
@@ -103,7 +107,7 @@ std::string Quoted(std::string_view text) { return "\"" + std::string(text) + "\
 float ReadValue(const Record& record, std::size_t column, const Table& table) {
   const std::string& text = record.fields[column];
   const bool mayBeEmpty = column > 1;
-  if (mayBeEmpty && text.find_first_not_of(" \t") == std::string::npos) return 0.0F;
+  if (mayBeEmpty && TrimBlanks(text).empty()) return 0.0F;
   if (const auto value = NumericValue(text)) return *value;
   throw CsvError(record.line,
                  Quoted(text) + " in column " + Quoted(table.columns[column].heading) + " is not a number");
@@ -131,8 +135,9 @@ void ReadRow(const Record& record, Table& table) {
 
 /// The record without what spreadsheets put behind the last column; no fields at all for a blank line.
 Record WithoutEmptyTail(Record record) {
-  while (record.fields.size() > ColumnCount && record.fields.back().empty()) record.fields.pop_back();
-  const bool blank = std::all_of(record.fields.begin(), record.fields.end(), [](const auto& f) { return f.empty(); });
+  const auto isBlank = [](const std::string& field) { return TrimBlanks(field).empty(); };
+  while (record.fields.size() > ColumnCount && isBlank(record.fields.back())) record.fields.pop_back();
+  const bool blank = std::all_of(record.fields.begin(), record.fields.end(), isBlank);
   if (blank) record.fields.clear();
   if (record.fields.size() > ColumnCount) {
     throw CsvError(record.line, "the line has " + std::to_string(record.fields.size()) + " values instead of 6");
@@ -140,9 +145,20 @@ Record WithoutEmptyTail(Record record) {
   return record;
 }
 
+/// A table whose columns were exchanged would be a wrong model that looks like a right one.
+void CheckHeadings(const Record& record, const Table& table) {
+  for (std::size_t column = 0; column < ColumnCount; ++column) {
+    const std::string_view heading = column < record.fields.size() ? TrimBlanks(record.fields[column]) : "";
+    if (heading == table.columns[column].heading) continue;
+    throw CsvError(record.line, "the heading " + Quoted(heading) + " stands where " +
+                                    Quoted(table.columns[column].heading) + " is expected");
+  }
+}
+
 /// Begins a table where the record is its headings.
 bool BeginTable(const Record& record, Table& table) {
-  if (record.fields[0] != table.columns[0].heading) return false;
+  if (TrimBlanks(record.fields[0]) != table.columns[0].heading) return false;
+  CheckHeadings(record, table);
   if (table.begun) throw CsvError(record.line, "the table " + Quoted(table.columns[0].heading) + " begins again");
   table.begun = true;
   return true;

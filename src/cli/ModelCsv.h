@@ -19,7 +19,7 @@ class CsvError : public std::runtime_error {
 /// its own.  Every number is the shortest text that reads back to the same float.
 std::string ModelToCsv();
 
-/// Reads the form that ModelToCsv writes, as a spreadsheet may hand it back: line ends CRLF or LF, blank lines and
+/// Reads the form that ModelToCsv writes, as a spreadsheet may hand it back: line ends CRLF, LF or CR, blank lines and
 /// empty columns behind the last are ignored, an empty value is 0 except in the first data column.
 /// The capacity becomes 20, or as many as the model has nodes or members where that is more.
 /// Throws CsvError for the first line that is wrong.

@@ -3,6 +3,7 @@
 #include "AnalysisState.h"
 #include "Ensure.h"
 #include "FileState.h"
+#include "Output.h"
 #include "Platform.h"
 #include "UiState.h"
 #include "modFileCommands.h"
@@ -48,7 +49,9 @@ bool ModelSession::Open() {
   return false;
 }
 
-void ModelSession::Tell(const std::string& text) { Err << FileName << ": " << OnOneLine(text) << '\n'; }
+void ModelSession::Tell(const std::string& text) {
+  Err << OnOneLine(ValidText(FileName)) << ": " << OnOneLine(ValidText(text)) << '\n';
+}
 
 void ModelSession::ShowUncaught(const std::string& description) {
   Show({MessageIcon::Critical, ProgramTitle, description});

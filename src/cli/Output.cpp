@@ -61,6 +61,8 @@ std::string JsonText(const std::string& text) {
   return nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
 }
 
+std::string ValidText(const std::string& text) { return nlohmann::json::parse(JsonText(text)); }
+
 std::string JsonNumber(float value) { return std::isfinite(value) ? ShortestText(value) : "null"; }
 
 std::string JsonObject(const std::vector<std::pair<std::string_view, std::string>>& values) {

@@ -18,6 +18,9 @@ void PrintTable(const Grid& grid, std::ostream& out);
 /// One record of comma-separated values (RFC 4180), line end included.
 std::string CsvRecord(const std::vector<std::string>& fields);
 
+/// The text with the replacement character for what is not valid UTF-8.
+std::string ValidText(const std::string& text);
+
 /// A JSON string literal; what is not valid UTF-8 becomes the replacement character.
 std::string JsonText(const std::string& text);
 

@@ -22,11 +22,11 @@ struct DisplayState {
   float DeflectionScale = 100; ///< mm drawn per mm of displacement
   float LoadsScale = 10;       ///< kN per m of arrow
 
-  float GridSpacingX = 1;          ///< m
-  float GridSpacingY = 1;          ///< m
-  float PickRadius = 0.1F;         ///< m, for picking nodes and snapping to grid points
+  float GridSpacingX = 1;           ///< m
+  float GridSpacingY = 1;           ///< m
+  float PickRadius = 0.1F;          ///< m, for picking nodes and snapping to grid points
   std::int16_t StartNodeNumber = 1; ///< kept and shown; nodes are numbered by their rows
-  std::int16_t GridLineStyle = 1;  ///< 0 solid, 1 dashed
+  std::int16_t GridLineStyle = 1;   ///< 0 solid, 1 dashed
 
   bool DrawNodeMode = false;   ///< a click adds a node at the nearest grid point
   bool DrawMemberMode = false; ///< two clicks on nodes add a member

@@ -2,6 +2,9 @@
 
 #include "Platform.h"
 
+#include <algorithm>
+#include <cstddef>
+#include <initializer_list>
 #include <limits>
 #include <system_error>
 
@@ -18,21 +21,15 @@ void Discard(const std::string& path) {
   }
 }
 
-void ReplaceByNewFile(const std::string& fresh, const std::string& target, const std::string& content, bool existed) {
-  try {
-    Files().Write(fresh, content);
-    if (existed) Files().CopyMode(target, fresh);
-    Files().Flush(fresh);
-    Files().Replace(fresh, target);
-  } catch (...) {
-    Discard(fresh);
-    throw;
-  }
+bool IsAnyOf(const FileError& error, std::initializer_list<std::errc> reasons) {
+  return std::any_of(reasons.begin(), reasons.end(), [&error](std::errc reason) { return error.code == reason; });
 }
 
-bool FolderTakesNoFile(const FileError& error) {
-  return error.code == std::errc::permission_denied || error.code == std::errc::operation_not_permitted ||
-         error.code == std::errc::read_only_file_system;
+/// The folder can't take a second file, or won't let it take the place of the first.
+bool IsRefusedByFolder(const FileError& error) {
+  return IsAnyOf(error,
+                 {std::errc::permission_denied, std::errc::operation_not_permitted, std::errc::read_only_file_system,
+                  std::errc::device_or_resource_busy, std::errc::cross_device_link});
 }
 
 void WriteInPlace(const std::string& target, const std::string& content) {
@@ -40,36 +37,49 @@ void WriteInPlace(const std::string& target, const std::string& content) {
   Files().Flush(target);
 }
 
-/// The path of an empty file beside the target; empty where the folder can't take a second file.
-std::string FreshFile(const std::string& target) {
+/// Gives the new file its content.  The mode comes first: nobody shall read for a moment what is not theirs.
+void FillNewFile(const std::string& fresh, const std::string& target, const std::string& content, bool existed) {
+  if (existed) Files().CopyMode(target, fresh);
+  Files().Write(fresh, content);
+  Files().Flush(fresh);
+}
+
+void ReplaceByNewFile(const std::string& target, const std::string& content, bool existed) {
+  const std::string fresh = Files().CreateBeside(target);
   try {
-    return Files().CreateBeside(target);
-  } catch (const FileError& error) {
-    if (FolderTakesNoFile(error)) return {};
+    FillNewFile(fresh, target, content, existed);
+    Files().Replace(fresh, target);
+  } catch (...) {
+    Discard(fresh);
     throw;
   }
 }
 
+/// What the old file holds behind the first `length` bytes.
+std::string TailOf(const std::string& target, std::size_t length) {
+  return Files().Read(target, length, std::numeric_limits<std::size_t>::max());
+}
+
 void SaveOverFile(const std::string& target, const std::string& bytes) {
   Files().CheckWritable(target);
-  const std::string content = bytes + Files().Read(target, bytes.size(), std::numeric_limits<std::size_t>::max());
-  const std::string fresh = FreshFile(target);
-  if (fresh.empty()) {
-    WriteInPlace(target, content);
-  } else {
-    ReplaceByNewFile(fresh, target, content, true);
+  try {
+    ReplaceByNewFile(target, bytes + TailOf(target, bytes.size()), true);
+  } catch (const FileError& error) {
+    // Without truncation the tail stays where it is, even one that may not be read.
+    if (!IsRefusedByFolder(error)) throw;
+    WriteInPlace(target, bytes);
   }
 }
 
 } // namespace
 
 void SaveBytes(const std::string& path, const std::string& bytes) {
+  if (Files().Kind(path) == FileKind::Special) return WriteInPlace(path, bytes);
   const std::string target = Files().FollowLinks(path);
   switch (Files().Kind(target)) {
   case FileKind::Folder: throw FileError(std::make_error_code(std::errc::is_a_directory));
-  case FileKind::Special: return WriteInPlace(target, bytes);
-  case FileKind::File: return SaveOverFile(target, bytes);
-  case FileKind::Missing: return ReplaceByNewFile(Files().CreateBeside(target), target, bytes, false);
+  case FileKind::Missing: return ReplaceByNewFile(target, bytes, false);
+  default: return SaveOverFile(target, bytes);
   }
 }
 

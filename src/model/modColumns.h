@@ -7,10 +7,10 @@
 
 namespace strutwright {
 
-/// One column of a grid: its heading, which names the unit, and its short name in scripts.
+/// One column of a grid: its heading, which names the unit, and where scripts see it, its short name there.
 struct GridColumn {
   std::string_view heading;
-  std::string_view key;
+  std::string_view key{};
 };
 
 /// Node data, heading by heading; column c of the grid is field c of NodeTable.

@@ -2,11 +2,11 @@
 
 #include "AnalysisState.h"
 #include "UiState.h"
+#include "modAnalysis.h"
 #include "modMember.h"
 #include "modModelStore.h"
 #include "modNumberText.h"
 
-#include <cstddef>
 #include <string>
 
 namespace strutwright {
@@ -19,14 +19,18 @@ void NumberRows(Grid& grid) {
   for (int row = 1; row < grid.RowCount(); ++row) grid.SetText(row, 0, std::to_string(row));
 }
 
+/// Leaves one empty row, which names no node or member.
+void ClearResultGrid(Grid& grid) {
+  ClearGrid(grid, ResultRowsAtStart);
+  grid.SetText(1, 0, "");
+}
+
 void ListNode(int node) {
-  const auto x = static_cast<std::size_t>(2 * node - 1);
-  const auto y = static_cast<std::size_t>(2 * node);
   jResGr.SetText(node, 0, std::to_string(node));
-  jResGr.SetText(node, 1, FormatNumber(Displacements.at(x), "#0.0#"));
-  jResGr.SetText(node, 2, FormatNumber(Displacements.at(y), "#0.0#"));
-  jResGr.SetText(node, 3, FormatNumber(Reactions.at(x), "#.#"));
-  jResGr.SetText(node, 4, FormatNumber(Reactions.at(y), "#.#"));
+  jResGr.SetText(node, 1, FormatNumber(NodeDisplacement(node, "x"), "#0.0#"));
+  jResGr.SetText(node, 2, FormatNumber(NodeDisplacement(node, "y"), "#0.0#"));
+  jResGr.SetText(node, 3, FormatNumber(Reactions.at(XFreedom(node)), "#.#"));
+  jResGr.SetText(node, 4, FormatNumber(Reactions.at(YFreedom(node)), "#.#"));
 }
 
 void ListMember(int member) {
@@ -46,9 +50,9 @@ void initGrids() {
   ClearGrid(GrMembers, GridCapacity);
   WriteHeadings(GrMembers, MemberColumns);
   NumberRows(GrMembers);
-  ClearGrid(jResGr, ResultRowsAtStart);
+  ClearResultGrid(jResGr);
   WriteHeadings(jResGr, JointResultColumns);
-  ClearGrid(mResGr, ResultRowsAtStart);
+  ClearResultGrid(mResGr);
   WriteHeadings(mResGr, MemberResultColumns);
 }
 

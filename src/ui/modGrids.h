@@ -10,20 +10,20 @@ namespace strutwright {
 
 /// Joint results, heading by heading: displacements, then reactions.
 inline constexpr std::array<GridColumn, 5> JointResultColumns{{
-    {"JOINTS", "node"},
-    {"Def x (mm)", "dx"},
-    {"Def y (mm)", "dy"},
-    {"ForceX (kN)", "rx"},
-    {"ForceY (kN)", "ry"},
+    {"JOINTS"},
+    {"Def x (mm)"},
+    {"Def y (mm)"},
+    {"ForceX (kN)"},
+    {"ForceY (kN)"},
 }};
 
 /// Member results, heading by heading.
 inline constexpr std::array<GridColumn, 5> MemberResultColumns{{
-    {"MEMBERS", "member"},
-    {"Force (kN)", "force"},
-    {"T or C", "state"},
-    {"s (N/mm2)", "stress"},
-    {"dL (mm)", "stretch"},
+    {"MEMBERS"},
+    {"Force (kN)"},
+    {"T or C"},
+    {"s (N/mm2)"},
+    {"dL (mm)"},
 }};
 
 /// Clears all four grids and lays them out: headings, GridCapacity numbered rows in the data grids, one empty row in

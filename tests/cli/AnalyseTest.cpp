@@ -210,6 +210,13 @@ TEST_F(AnalyseTest, SurvivesEveryLengthOfASmallModel) {
   }
 }
 
+TEST_F(AnalyseTest, KeepsToALineAMessageWhateverTheFilesName) {
+  const std::string odd = folder.Path("no\nsuch\xFF");
+  EXPECT_EQ(Run({"analyse", "--format", "json", odd}), 2);
+  EXPECT_EQ(Lines(err, "\n").size(), 2U);
+  EXPECT_THAT(err, HasSubstr("no; such\xEF\xBF\xBD: No such file or directory\n"));
+}
+
 TEST_F(AnalyseTest, SurvivesAFolderAndADevice) {
   EXPECT_EQ(Run({"analyse", folder.Root().string()}), 2);
   EXPECT_THAT(err, HasSubstr(": Is a directory\n"));
@@ -218,8 +225,8 @@ TEST_F(AnalyseTest, SurvivesAFolderAndADevice) {
 
 TEST_F(AnalyseTest, GivesNullForAResultThatIsNoNumber) {
   // So stiff that the member's matrix is beyond a 32-bit float.
-  PutFile(folder.Path("in.csv"), "JOINTS,x,y,fx,fy,s\n1,0,0,0,0,3\n2,1,1,5,0,0\n"
-                                 "MEMBERS,i,j,E,A,PS\n1,1,2,3e38,3e38,0\n");
+  PutFile(folder.Path("in.csv"), "JOINTS,x(m),y(m),ForceX (kN),ForceY (kN),Support\n1,0,0,0,0,3\n2,1,1,5,0,0\n"
+                                 "MEMBERS,Node i,Node j,E (kN/mm2),A (mm2),PS (kN)\n1,1,2,3e38,3e38,0\n");
   ASSERT_EQ(Run({"make", folder.Path("in.csv"), folder.Path("m.stw")}), 0);
   Run({"analyse", "--format", "json", folder.Path("m.stw")});
   EXPECT_TRUE(json::parse(out)["nodes"][1]["dx"].is_null());

@@ -59,6 +59,8 @@ TEST_F(CommandLineTest, TellsWhenItsOutputIsLost) {
   std::ostringstream errStream;
   EXPECT_EQ(RunCommandLine({"analyse", Reference("triangle")}, full, errStream), 2);
   EXPECT_THAT(errStream.str(), HasSubstr("could not be written"));
+  std::ofstream alsoFull("/dev/full");
+  EXPECT_EQ(RunCommandLine({"--help"}, alsoFull, errStream), 2);
 }
 
 int StatusOfProgram(const std::string& arguments) {

@@ -1,6 +1,7 @@
 #include "AsUser.h"
 #include "CliTest.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <string>
 
@@ -15,11 +16,10 @@ namespace {
 namespace fs = std::filesystem;
 using testing::HasSubstr;
 
-const std::string Nodes = "JOINTS,x(m),y(m),ForceX (kN),ForceY (kN),Support\r\n"
-                          "1,0,0,0,0,3\r\n"
-                          "2,4,0,0,0,1\r\n";
-const std::string Members = "MEMBERS,Node i,Node j,E (kN/mm2),A (mm2),PS (kN)\r\n"
-                            "1,1,2,200,1000,0\r\n";
+const std::string JointHeadings = "JOINTS,x(m),y(m),ForceX (kN),ForceY (kN),Support\r\n";
+const std::string MemberHeadings = "MEMBERS,Node i,Node j,E (kN/mm2),A (mm2),PS (kN)\r\n";
+const std::string Nodes = JointHeadings + "1,0,0,0,0,3\r\n2,4,0,0,0,1\r\n";
+const std::string Members = MemberHeadings + "1,1,2,200,1000,0\r\n";
 
 class MakeTest : public CliTest {
  protected:
@@ -73,7 +73,7 @@ TEST_F(MakeTest, TakesWhatSpreadsheetsHandBack) {
                  "\"1\", 0 ,\"0\",,,3,,\n"
                  "2,4.5E+00,-.5,,1e1,1,,\n"
                  ",,,,,,,\n"
-                 "MEMBERS,\"Node i\",Node j,E,A,PS\n"
+                 "MEMBERS,\"Node i\",Node j, E (kN/mm2) ,A (mm2),PS (kN)\n"
                  "1,1,2,200,1000,"),
             0)
       << err;
@@ -85,14 +85,14 @@ TEST_F(MakeTest, TakesWhatSpreadsheetsHandBack) {
 }
 
 TEST_F(MakeTest, BuildsAnEmptyModel) {
-  EXPECT_EQ(Make("JOINTS\r\nMEMBERS\r\n"), 0);
+  EXPECT_EQ(Make(JointHeadings + MemberHeadings), 0);
   EXPECT_EQ(fs::file_size(output), 70U);
 }
 
 TEST_F(MakeTest, GivesALargeModelRoom) {
-  std::string csv = "JOINTS\n";
+  std::string csv = JointHeadings;
   for (int n = 1; n <= 25; ++n) csv += std::to_string(n) + ",0,0,0,0,0\n";
-  EXPECT_EQ(Make(csv + "MEMBERS\n"), 0);
+  EXPECT_EQ(Make(csv + MemberHeadings), 0);
   EXPECT_EQ(Shown()["capacity"], 25);
 }
 
@@ -134,11 +134,37 @@ TEST_F(MakeTest, NamesTheLineOfAnOpenQuotationMark) {
 }
 
 TEST_F(MakeTest, CountsLinesInsideQuotationMarks) {
-  ExpectBadLine("JOINTS,\"x\r\n(m)\",y\r\n1,0,zero,0,0,0\r\n", 3, "\"zero\" in column \"y(m)\" is not a number");
+  ExpectBadLine(JointHeadings + "1,\"0\r\n\r\n\",0,0,0,0\r\n", 2, "\"0\r\n\r\n\" in column \"x(m)\" is not a number");
+  ExpectBadLine(JointHeadings + "1,0,0,\"\",\"0\",\"\"\r\n\"2\",\"0\",no,0,0,0\r\n", 3,
+                "\"no\" in column \"y(m)\" is not a number");
+}
+
+TEST_F(MakeTest, NamesAHeadingThatIsNotItsColumns) {
+  ExpectBadLine("JOINTS,y(m),x(m),ForceX (kN),ForceY (kN),Support\n", 1,
+                "the heading \"y(m)\" stands where \"x(m)\" is expected");
+  ExpectBadLine(Nodes + "MEMBERS,Node i,Node j\r\n", 4, "the heading \"\" stands where \"E (kN/mm2)\" is expected");
+}
+
+TEST_F(MakeTest, TakesLoneCarriageReturnsAndBlankLines) {
+  std::string csv = Nodes + "  \r\n" + Members;
+  csv.erase(std::remove(csv.begin(), csv.end(), '\n'), csv.end());
+  EXPECT_EQ(Make(csv), 0) << err;
+  EXPECT_EQ(Shown()["nodes"].size(), 2U);
+}
+
+TEST_F(MakeTest, RefusesAnInputWithoutEnd) {
+  EXPECT_EQ(Run({"make", "/dev/zero", output}), 2);
+  EXPECT_EQ(err, "/dev/zero: The file is larger than any model\n");
+}
+
+TEST_F(MakeTest, NamesTheFirstMemberTooMany) {
+  std::string csv = Nodes + MemberHeadings;
+  for (int m = 1; m <= 32768; ++m) csv += std::to_string(m) + ",1,2,0,0,0\n";
+  ExpectBadLine(csv, 32772, "a model has at most 32767 members");
 }
 
 TEST_F(MakeTest, NamesTheFirstNodeTooMany) {
-  std::string csv = "JOINTS\n";
+  std::string csv = JointHeadings;
   for (int n = 1; n <= 16384; ++n) csv += std::to_string(n) + ",0,0,0,0,0\n";
   ExpectBadLine(csv, 16385, "a model has at most 16383 nodes");
 }

@@ -25,6 +25,11 @@ TEST(JsonTest, EscapesTexts) {
 
 TEST(JsonTest, ShowsTheReplacementCharacterForWhatIsNotUtf8) { EXPECT_EQ(JsonText("a\xFF"), "\"a\xEF\xBF\xBD\""); }
 
+TEST(ValidTextTest, KeepsWhatIsValidAndMarksTheRest) {
+  EXPECT_EQ(ValidText("br\xC3\xBC\x63ke \"1\".stw"), "br\xC3\xBC\x63ke \"1\".stw");
+  EXPECT_EQ(ValidText("a\xFF.stw"), "a\xEF\xBF\xBD.stw");
+}
+
 TEST(JsonTest, GivesTheShortestNumber) {
   EXPECT_EQ(JsonNumber(3), "3");
   EXPECT_EQ(JsonNumber(0.1F), "0.1");

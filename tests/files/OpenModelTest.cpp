@@ -4,6 +4,7 @@
 #include "ModelBuilder.h"
 #include "NativeFileSystem.h"
 #include "ScratchFolder.h"
+#include "modColumns.h"
 #include "modFileCommands.h"
 #include "modModelFile.h"
 #include "modModelStore.h"
@@ -137,6 +138,16 @@ TEST_F(OpenModelTest, RefusesGarbageOrShowsThatItIsDamaged) {
   PutFile(path, "This is no model, but a letter to a friend.\n");
   // "This is" as counts: 26708 nodes would be too many.
   ExpectRefused(path);
+}
+
+TEST_F(OpenModelTest, OpensTheLargestModelWhole) {
+  std::string bytes("\x14\0\xFF\x3F\xFF\x7F", 6);
+  bytes.resize(6 + std::size_t{24} * 16384 + std::size_t{40} * 32768);
+  PutFile(path, bytes);
+  WriteHeadings(GrJoints, JointColumns);
+  WriteHeadings(GrMembers, MemberColumns);
+  EXPECT_TRUE(openModel(path)); // and no box says that values are missing
+  EXPECT_EQ(MemberCount, 32767);
 }
 
 TEST_F(OpenModelTest, GivesTheReasonToWhoAsks) {

@@ -9,6 +9,7 @@
 #include "modSafeSave.h"
 
 #include <csignal>
+#include <cstdio>
 #include <filesystem>
 #include <string>
 
@@ -73,8 +74,8 @@ TEST_F(SafeSaveTest, OfASmallerModelLeavesTheLengthAndReopensAsTheSmallerModel) 
 
 TEST_F(SafeSaveTest, FlushesTheNewContentBeforeItTakesTheOldPlace) {
   SaveBytes(ExistingFile("old"), "new");
-  EXPECT_THAT(files.steps, ElementsAre("FollowLinks", "Kind", "CheckWritable", "Read", "CreateBeside", "Write",
-                                       "CopyMode", "Flush", "Replace"));
+  EXPECT_THAT(files.steps, ElementsAre("Kind", "FollowLinks", "Kind", "CheckWritable", "Read", "CreateBeside",
+                                       "CopyMode", "Write", "Flush", "Replace"));
 }
 
 TEST_F(SafeSaveTest, KeepsTheMode) {
@@ -213,8 +214,62 @@ TEST_F(SafeSaveTest, LeavesTheOldFileWholeOnAFullDisk) {
 
   EXPECT_THROW(SaveBytes(file, std::string(50000, 'n')), FileError);
 
-  EXPECT_EQ(FileBytes(file), old);
+  const std::string kept = FileBytes(file);
   umount(disk64k.c_str());
+  EXPECT_EQ(kept, old);
+}
+
+TEST_F(SafeSaveTest, WritesInPlaceWhereTheFolderLetsNoFileBeReplaced) {
+  for (const std::errc reason : {std::errc::operation_not_permitted, std::errc::permission_denied,
+                                 std::errc::device_or_resource_busy, std::errc::cross_device_link}) {
+    ExistingFile("the old model");
+    files.before = [reason](const std::string& step, int) {
+      if (step == "Replace") throw FileError(std::make_error_code(reason));
+    };
+    SaveBytes(path, "new");
+    EXPECT_EQ(FileBytes(path), "new old model");
+    EXPECT_EQ(folder.EntryCount(), 1);
+  }
+}
+
+TEST_F(SafeSaveTest, WritesInPlaceOnAReadOnlyFolderWithAWritableFile) {
+  ExistingFile("the old model");
+  files.before = [](const std::string& step, int) {
+    if (step == "CreateBeside") throw FileError(std::make_error_code(std::errc::read_only_file_system));
+  };
+  SaveBytes(path, "new");
+  EXPECT_EQ(FileBytes(path), "new old model");
+}
+
+TEST_F(SafeSaveTest, WritesAFileThatMayNotBeRead) {
+  ExistingFile("the old model");
+  fs::permissions(path, fs::perms(0222));
+  EXPECT_EQ(SaveAsUser(path), 0);
+  fs::permissions(path, fs::perms(0644));
+  EXPECT_EQ(FileBytes(path), "new old model");
+}
+
+TEST_F(SafeSaveTest, NeverShowsOthersAPrivateModel) {
+  ExistingFile("old");
+  fs::permissions(path, fs::perms(0600));
+  files.before = [this](const std::string& step, int) {
+    if (step != "Write") return;
+    for (const auto& entry : fs::directory_iterator(folder.Root())) {
+      EXPECT_EQ(entry.status().permissions(), fs::perms(0600)) << entry;
+    }
+  };
+  SaveBytes(path, "new");
+  EXPECT_EQ(FileBytes(path), "new");
+}
+
+TEST_F(SafeSaveTest, WritesAPipeBehindALink) {
+  const std::string printed = folder.Path("printed");
+  InChildProcess([&] {
+    std::FILE* pipe = popen(("cat > " + printed).c_str(), "w"); // NOLINT: a fixed command
+    SaveBytes("/proc/self/fd/" + std::to_string(fileno(pipe)), "model");
+    pclose(pipe);
+  });
+  EXPECT_EQ(FileBytes(printed), "model");
 }
 
 } // namespace

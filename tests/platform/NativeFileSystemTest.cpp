@@ -7,6 +7,7 @@
 #include <string>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <gtest/gtest.h>
 
@@ -116,14 +117,45 @@ TEST_F(NativeFileSystemTest, ReportsAFullDevice) {
   }
 }
 
-TEST_F(NativeFileSystemTest, CopiesTheModeAndTheOwner) {
+struct stat StatusOf(const std::string& path) {
+  struct stat status = {};
+  EXPECT_EQ(stat(path.c_str(), &status), 0);
+  return status;
+}
+
+TEST_F(NativeFileSystemTest, CopiesTheMode) {
   const std::string model = Made("model", "x");
   fs::permissions(model, fs::perms(0640));
   const std::string fresh = Made("fresh", "y");
   disk.CopyMode(model, fresh);
-  struct stat of = {};
-  ASSERT_EQ(stat(fresh.c_str(), &of), 0);
-  EXPECT_EQ(of.st_mode & 07777U, 0640U);
+  EXPECT_EQ(StatusOf(fresh).st_mode & 07777U, 0640U);
+}
+
+TEST_F(NativeFileSystemTest, CopiesOwnerGroupAndEveryBitWhereThatIsAllowed) {
+  if (geteuid() != 0) GTEST_SKIP() << "only root may give a file away";
+  const std::string model = Made("model", "x");
+  ASSERT_EQ(chown(model.c_str(), 12345, 54321), 0);
+  ASSERT_EQ(chmod(model.c_str(), 06755), 0);
+  const std::string fresh = Made("fresh", "y");
+  disk.CopyMode(model, fresh);
+  EXPECT_EQ(StatusOf(fresh).st_uid, 12345U);
+  EXPECT_EQ(StatusOf(fresh).st_gid, 54321U);
+  EXPECT_EQ(StatusOf(fresh).st_mode & 07777U, 06755U);
+}
+
+TEST_F(NativeFileSystemTest, GivesAnotherGroupNoMoreThanEverybodyHas) {
+  if (geteuid() != 0) GTEST_SKIP() << "only root can make a file of another group";
+  const std::string model = Made("model", "x");
+  ASSERT_EQ(chown(model.c_str(), 0, 54321), 0);
+  ASSERT_EQ(chmod(model.c_str(), 06664), 0);
+  const std::string fresh = folder.Path("fresh");
+  EXPECT_EQ(AsUnprivilegedUser([&] {
+              PutFile(fresh, "y");
+              NativeFileSystem().CopyMode(model, fresh);
+              return 0;
+            }),
+            0);
+  EXPECT_EQ(StatusOf(fresh).st_mode & 07777U, 0644U);
 }
 
 TEST_F(NativeFileSystemTest, ReplacesAFileInOneStep) {

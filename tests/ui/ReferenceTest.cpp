@@ -40,13 +40,22 @@ MessageIcon IconNamed(const std::string& name) {
   return name == "critical" ? MessageIcon::Critical : MessageIcon::Information;
 }
 
-Message ReadMessage(std::string text) {
+/// A text with its "\\n" turned into line breaks.
+std::string WithLineBreaks(const std::string& text) {
+  std::string lines;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const bool lineBreak = text.compare(at, 2, "\\n") == 0;
+    lines.push_back(lineBreak ? '\n' : text[at]);
+    if (lineBreak) ++at;
+  }
+  return lines;
+}
+
+Message ReadMessage(const std::string& text) {
   const std::size_t iconEnd = text.find('|');
   const std::size_t titleEnd = text.find('|', iconEnd + 1);
-  Message message{IconNamed(text.substr(0, iconEnd)), text.substr(iconEnd + 1, titleEnd - iconEnd - 1),
-                  text.substr(titleEnd + 1)};
-  for (std::size_t at = 0; (at = message.text.find("\\n", at)) != std::string::npos;) message.text.replace(at, 2, "\n");
-  return message;
+  return {IconNamed(text.substr(0, iconEnd)), text.substr(iconEnd + 1, titleEnd - iconEnd - 1),
+          WithLineBreaks(text.substr(titleEnd + 1))};
 }
 
 Answer ReadAnswer(const std::string& path) {

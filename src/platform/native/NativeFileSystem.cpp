@@ -40,6 +40,23 @@ std::size_t ReadSome(const Descriptor& file, char* buffer, std::size_t size) {
   return static_cast<std::size_t>(count);
 }
 
+enum class OwnerKept { Both, GroupOnly, Neither };
+
+/// Only root may give a file away; for everybody else the saver becomes the owner, which is no failure.
+OwnerKept CopyOwner(const struct stat& model, const std::string& path) {
+  if (chown(path.c_str(), model.st_uid, model.st_gid) == 0) return OwnerKept::Both;
+  constexpr auto SameOwner = static_cast<uid_t>(-1);
+  return chown(path.c_str(), SameOwner, model.st_gid) == 0 ? OwnerKept::GroupOnly : OwnerKept::Neither;
+}
+
+/// The mode that gives nobody more than the old file did: another owner is lent no identity, and another group gets
+/// what everybody has.
+mode_t ModeUnder(OwnerKept kept, mode_t mode) {
+  if (kept == OwnerKept::Both) return mode & 07777;
+  if (kept == OwnerKept::GroupOnly) return mode & 0777;
+  return (mode & 0707) | ((mode & 0007) << 3);
+}
+
 fs::path FolderOf(const std::string& path) {
   const fs::path folder = fs::path(path).parent_path();
   return folder.empty() ? fs::path(".") : folder;
@@ -118,11 +135,12 @@ void NativeFileSystem::Write(const std::string& path, const std::string& bytes) 
 void NativeFileSystem::CopyMode(const std::string& model, const std::string& path) {
   struct stat status = {};
   if (stat(model.c_str(), &status) != 0) ThrowSystemError();
-  // Only root may give a file away; for everybody else the saver becomes the owner, which is no failure.
   // The mode comes second, because a change of owner clears bits of it.
-  const bool ownerKept = chown(path.c_str(), status.st_uid, status.st_gid) == 0;
-  const mode_t allowed = ownerKept ? 07777 : 0777;
-  if (chmod(path.c_str(), status.st_mode & allowed) != 0) ThrowSystemError();
+  const mode_t mode = ModeUnder(CopyOwner(status, path), status.st_mode);
+  struct stat now = {};
+  if (stat(path.c_str(), &now) != 0) ThrowSystemError();
+  // Some file systems know one mode only and refuse every change, even one to what is so already.
+  if ((now.st_mode & 07777) != mode && chmod(path.c_str(), mode) != 0) ThrowSystemError();
 }
 
 void NativeFileSystem::Flush(const std::string& path) {
