@@ -56,6 +56,15 @@ TEST_F(MemberForceTest, AddsThePrestress) {
   EXPECT_FLOAT_EQ(ComputedForce(), 100.0F);
 }
 
+// The movement is multiplied by E, then by A, then divided by L: here another order would give another float.
+TEST_F(MemberForceTest, KeepsTheOrderOfItsProducts) {
+  SetTables({{{0, 0}, {8.96F, 0.83F}}, {{1, 2, 88, 799, 2.5F}}});
+  Matrix k(4, 4);
+  MemberStiffness(k, 1);
+  Displacements = {0, 0, 0, -0.348F, 0.288F};
+  EXPECT_EQ(ComputedForce(), -0x1.f497ecp-15F);
+}
+
 TEST_F(MemberForceTest, IsThePrestressWhenBothEndsMoveAlike) {
   MemberTable(1, MemberPS) = -7.5F;
   Displacements = {0, 3.3F, -1.7F, 3.3F, -1.7F};
