@@ -33,7 +33,7 @@ int StatusOf(Result result) {
 Result OpenAndAnalyse(ModelSession& session) {
   try {
     if (!session.Open()) return Result::Unreadable;
-    if (runAnalysis()) return Result::Ok;
+    if (runAnalysis(ScratchCopy::None)) return Result::Ok;
     return FailedCheck == UnstableCheck ? Result::Unstable : Result::Failed;
   } catch (const std::exception& failure) {
     session.ShowUncaught(failure.what());

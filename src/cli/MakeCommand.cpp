@@ -4,6 +4,7 @@
 #include "ModelCsv.h"
 #include "ModelSession.h"
 #include "Platform.h"
+#include "modFileCommands.h"
 #include "modModelFile.h"
 
 #include <cstddef>
@@ -45,7 +46,7 @@ int MakeModel(const std::string& input, const std::string& output, std::ostream&
   try {
     SaveModelFile(output);
   } catch (const FileError& error) {
-    ShowMessage(MessageIcon::None, "Error while saving file " + output + "\n" + error.what());
+    ReportSaveFailure(output, error.what());
     return ExitUsage;
   }
   return ExitOk;

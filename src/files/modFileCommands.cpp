@@ -2,14 +2,58 @@
 
 #include "FileState.h"
 #include "Platform.h"
+#include "modKeepResults.h"
 #include "modModelFile.h"
 #include "modModelStore.h"
+#include "modPlaces.h"
 
+#include <exception>
+#include <functional>
 #include <utility>
 
 namespace strutwright {
 
 namespace {
+
+constexpr const char* ModelFilter = "Strutwright files|*.stw|All files|*.*";
+constexpr const char* PictureFilter = "Bitmap files|*.bmp|All files|*.*";
+
+/// The properties of the one dialog; its file name stays what it was at its last use.
+void SetDialog(const char* title, FileDialogFlag flags, const char* filter) {
+  FileDialog& dialog = TheFileDialog();
+  dialog.title = title;
+  dialog.flags = flags;
+  dialog.defaultExtension = "feb";
+  dialog.initialFolder = "C:\\windows\\desktop\\STW";
+  dialog.filter = filter;
+}
+
+/// Shows the save dialog; false when the user cancelled.  Without a name, `again` starts the whole command anew, and
+/// the command then goes on with the name that the dialog holds, whatever came of it.
+bool AskNameToSave(const std::function<void()>& again) {
+  if (!TheFileDialog().ShowSave()) return false;
+  if (TheFileDialog().fileName.empty()) {
+    ShowMessage(MessageIcon::Information, "Please Name a File");
+    again();
+  }
+  return true;
+}
+
+bool TakeNameToSave() {
+  SetDialog("Save As", OverwritePrompt, ModelFilter);
+  if (!AskNameToSave([] { saveModel(false); })) return false;
+  CurrentFileName = TheFileDialog().fileName;
+  return true;
+}
+
+bool TakeNameToOpen() {
+  SetDialog("Open", FileMustExist, ModelFilter);
+  if (!TheFileDialog().ShowOpen()) return false;
+  CurrentFileName = TheFileDialog().fileName;
+  return true;
+}
+
+void ShowFileNameInCaption() { TheHost().SetCaption(LastComponent(CurrentFileName)); }
 
 std::string Number(std::size_t count) { return std::to_string(count); }
 
@@ -27,25 +71,121 @@ std::string Shortcomings(const StoredModel& model) {
   return text;
 }
 
+/// Shows a model that has been opened as if the program had started with it.
+void ShowOpenedModel() {
+  CopyModelToGrids();
+  TheHost().ResetEquations();
+  ShowFileNameInCaption();
+  TheHost().ClearSurface();
+  TheHost().ResetScales();
+  TheHost().Redraw(true);
+}
+
+void OpenCurrentFile() {
+  StoredModel model = LoadModelFile(CurrentFileName);
+  const std::string shortcomings = Shortcomings(model);
+  TheHost().EndAnalysis(false); // or its results would be drawn on the new model
+  TakeModel(std::move(model));
+  ShowOpenedModel();
+  if (!shortcomings.empty()) {
+    ShowMessage(MessageIcon::Information, "The file " + CurrentFileName + " is damaged." + shortcomings);
+  }
+}
+
+/// Reads back what was just written.
+StoredModel ReadScratchCopy(const std::string& path) {
+  StoredModel model = LoadModelFile(path);
+  if (model.presentValues < model.promisedValues) throw FileError("The file is shorter than what was written");
+  return model;
+}
+
 } // namespace
+
+void saveModel(bool asSave) {
+  if (asSave && CurrentFileName.empty()) return saveModel(!asSave);
+  try {
+    if (!asSave && !TakeNameToSave()) return;
+    const KeptResults results;
+    SaveModelFile(CurrentFileName);
+    ShowFileNameInCaption();
+  } catch (const std::exception& failure) {
+    ReportSaveFailure(CurrentFileName, failure.what());
+  }
+}
 
 bool openModel(const std::string& fileName, std::string* reason) {
   try {
-    StoredModel model = LoadModelFile(fileName);
-    const std::string shortcomings = Shortcomings(model);
-    TakeModel(std::move(model));
-    CurrentFileName = fileName;
-    CopyModelToGrids();
-    if (!shortcomings.empty()) {
-      ShowMessage(MessageIcon::Information, "The file " + fileName + " is damaged." + shortcomings);
-    }
+    if (fileName.empty() && !TakeNameToOpen()) return false;
+    if (!fileName.empty()) CurrentFileName = fileName;
+    OpenCurrentFile();
     return true;
-  } catch (const FileError& error) {
-    ShowMessage(MessageIcon::None, "Unkown error while opening file " + fileName);
+  } catch (const std::exception& failure) {
+    ShowMessage(MessageIcon::None, "Unkown error while opening file " + CurrentFileName);
     CurrentFileName.clear();
-    if (reason != nullptr) *reason = error.what();
+    if (reason != nullptr) *reason = failure.what();
     return false;
   }
+}
+
+void newModel() {
+  const std::string fileName = OwnFile("newTruss.stw");
+  TheHost().EndAnalysis(false);
+  NodeCount = 0;
+  MemberCount = 0;
+  NodeTable.Recreate(NodeCount);
+  MemberTable.Recreate(MemberCount);
+  TheHost().ClearSurface();
+  CurrentFileName = fileName;
+  TheHost().ClearGrids();
+  ShowFileNameInCaption();
+  TheHost().ResetEquations();
+  TheHost().Redraw(true);
+}
+
+void savePicture() {
+  try {
+    SetDialog("Save Truss Display As", OverwritePrompt, PictureFilter);
+    if (!AskNameToSave(savePicture)) return;
+    TheHost().SavePicture(TheFileDialog().fileName);
+  } catch (const std::exception& failure) {
+    ReportSaveFailure(TheFileDialog().fileName, failure.what());
+  }
+}
+
+void writeScratchCopy() {
+  const std::string path = OwnFile("temp_truss.stw");
+  try {
+    // Written in place: the lock belongs to this very file, and a half written copy does no harm.
+    const auto lock = Files().Lock(path);
+    Files().Write(path, WriteModel());
+    TakeModel(ReadScratchCopy(path));
+  } catch (const FileError& error) {
+    throw FileError(path + ": " + error.what());
+  }
+}
+
+void SaveFromMenu() {
+  RebuildKeepingResults();
+  saveModel(true);
+}
+
+void SaveAsFromMenu() {
+  RebuildKeepingResults();
+  saveModel(false);
+}
+
+void OpenFromMenu() {
+  GridCapacity = 0;
+  openModel("");
+}
+
+void NewFromMenu() {
+  GridCapacity = 0;
+  newModel();
+}
+
+void ReportSaveFailure(const std::string& fileName, const std::string& reason) {
+  ShowMessage(MessageIcon::None, "Error while saving file " + fileName + "\n" + reason);
 }
 
 } // namespace strutwright

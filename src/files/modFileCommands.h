@@ -4,11 +4,49 @@
 
 namespace strutwright {
 
-/// Opens a model file: its model becomes the open one and stands in the data grids.
+// The commands of the File menu and the picture export, as the menus, the toolbar and the analysis call them.
+// The commands ask, tell and report failures themselves; only newModel and writeScratchCopy throw.
+
+/// Save (asSave) or Save As (not asSave) of the model as the grids hold it; Save without a CurrentFileName is Save As.
+/// A dialog closed without a name says "Please Name a File" and asks again, and what that wrote is written once more;
+/// where the second dialog is cancelled, saving to no name fails.  A dialog cancelled at once changes nothing.
+/// Results of a current analysis stay, but the file gets zeros in member fields 6 to 9.
+/// A failure shows "Error while saving file ", the name and the reason.
+void saveModel(bool asSave);
+
+/// Opens a model file: its model becomes the open one and stands in the data grids, and the window starts afresh.
+/// fileName: empty asks the user, who may cancel; nothing has changed then.
 /// Values that the file does not hold, or that are not finite, are read as zero and told to the user.
 /// A file that can't be read shows "Unkown error while opening file " and its name; the open model then stays,
 /// and CurrentFileName is emptied.
-/// Returns whether the model was opened; `reason`, where given, takes the description of the failure.
+/// Returns whether a model was opened; `reason`, where given, takes the description of a failure.
 bool openModel(const std::string& fileName, std::string* reason = nullptr);
+
+/// Empties the model and the grids, which get GridCapacity rows.  Save then writes to newTruss.stw among the
+/// program's own files without asking, on purpose: a new model can be kept without thinking of a name.
+/// Throws FileError when there is no place for the program's own files; nothing has changed then.
+void newModel();
+
+/// Saves the drawing under a name that the user is asked for, with the same second chance as saveModel.
+/// A failure shows "Error while saving file ", the name and the reason.
+void savePicture();
+
+/// Writes the model to temp_truss.stw among the program's own files and reads it back, which also sizes the tables to
+/// the counts.  Another running copy of the program waits meanwhile, so that neither reads the other's model.
+/// Throws FileError, whose text begins with the file's path; the tables are then as they were.
+void writeScratchCopy();
+
+/// The menus' and the toolbar's Save and Save As: the grids are taken in before anything else.
+void SaveFromMenu();
+void SaveAsFromMenu();
+
+/// The menus' Open.  The capacity comes from the file; where the user cancels, it stays 0.
+void OpenFromMenu();
+
+/// The display's New: the grids keep their header rows alone and grow with the model.
+void NewFromMenu();
+
+/// Shows "Error while saving file ", the file's name and the reason.
+void ReportSaveFailure(const std::string& fileName, const std::string& reason);
 
 } // namespace strutwright

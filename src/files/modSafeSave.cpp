@@ -74,6 +74,7 @@ void SaveOverFile(const std::string& target, const std::string& bytes) {
 } // namespace
 
 void SaveBytes(const std::string& path, const std::string& bytes) {
+  if (path.empty()) throw FileError(std::make_error_code(std::errc::no_such_file_or_directory));
   if (Files().Kind(path) == FileKind::Special) return WriteInPlace(path, bytes);
   const std::string target = Files().FollowLinks(path);
   switch (Files().Kind(target)) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <system_error>
@@ -19,6 +20,15 @@ class FileError : public std::runtime_error {
 
 /// What a path names, symbolic links followed.  Special: a device, a pipe.
 enum class FileKind { Missing, File, Folder, Special };
+
+/// Keeps other processes from a file until it is destroyed.
+class FileLock {
+ public:
+  FileLock() = default;
+  FileLock(const FileLock&) = delete;
+  FileLock& operator=(const FileLock&) = delete;
+  virtual ~FileLock() = default;
+};
 
 /// The single steps of reading and of safely saving a file.  Paths are UTF-8.  Every step throws FileError.
 /// Each is one thing that can fail, or the last one before a kill; SaveBytes puts them in order.
@@ -55,6 +65,16 @@ class FileSystem {
 
   /// Removes a file.
   virtual void Remove(const std::string& path) = 0;
+
+  /// Opens the file, or creates it empty, and waits until no other process holds its lock.
+  /// The lock belongs to the file, not to its name: who replaces the file leaves the lock behind.
+  virtual std::unique_ptr<FileLock> Lock(const std::string& path) = 0;
+
+  /// Whether files may be created in the folder; false where it does not exist.
+  virtual bool TakesFiles(const std::string& folder) = 0;
+
+  /// Creates a folder and those above it, as far as they do not exist.
+  virtual void CreateFolder(const std::string& path) = 0;
 };
 
 } // namespace strutwright

@@ -45,6 +45,9 @@ class Host {
 
   /// Empties the numbers of the equations view.
   virtual void ResetEquations() = 0;
+
+  /// Saves the drawing as DrawingSurface::SavePicture does.  Throws FileError.
+  virtual void SavePicture(const std::string& path) = 0;
 };
 
 } // namespace strutwright

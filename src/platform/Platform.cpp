@@ -40,6 +40,16 @@ FileDialog& TheFileDialog() {
   return *ThePlatform().dialog;
 }
 
+const std::string& ProgramFolder() {
+  Ensure(!ThePlatform().programFolder.empty(), "the program's folder is known before it is used");
+  return ThePlatform().programFolder;
+}
+
+const std::string& DataFolder() {
+  Ensure(!ThePlatform().dataFolder.empty(), "the user's data folder is known before it is used");
+  return ThePlatform().dataFolder;
+}
+
 void ShowMessage(MessageIcon icon, const std::string& text) { Messages().Show({icon, ProgramTitle, text}); }
 
 } // namespace strutwright

@@ -15,6 +15,8 @@ struct Platform {
   Host* host = nullptr;
   FileSystem* files = nullptr;
   FileDialog* dialog = nullptr;
+  std::string programFolder = {}; ///< where the executable lies; empty in a program that keeps no files of its own
+  std::string dataFolder = {};    ///< where the user's programs keep files; need not exist
 };
 
 /// The one platform of the process, filled before the first call into any floor above.
@@ -24,6 +26,8 @@ MessageBoxes& Messages();
 Host& TheHost();
 FileSystem& Files();
 FileDialog& TheFileDialog();
+const std::string& ProgramFolder();
+const std::string& DataFolder();
 
 /// Shows a box with an OK button under the program's title.
 void ShowMessage(MessageIcon icon, const std::string& text);

@@ -1,6 +1,7 @@
 #include "WindowlessHost.h"
 
 #include "AnalysisState.h"
+#include "FileSystem.h"
 #include "UiState.h"
 #include "modGrids.h"
 #include "modModelStore.h"
@@ -12,5 +13,7 @@ void WindowlessHost::EndAnalysis(bool /*redraw*/) { AnalysisDone = FlagFalse; }
 void WindowlessHost::ClearGrids() {
   for (Grid* grid : {&GrJoints, &GrMembers, &jResGr, &mResGr}) ClearGrid(*grid, GridCapacity);
 }
+
+void WindowlessHost::SavePicture(const std::string& /*path*/) { throw FileError("There is no drawing to save"); }
 
 } // namespace strutwright

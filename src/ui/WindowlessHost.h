@@ -16,6 +16,7 @@ class WindowlessHost : public Host {
   void SetCaption(const std::string& /*caption*/) override {}
   void ClearGrids() override;
   void ResetEquations() override {}
+  [[noreturn]] void SavePicture(const std::string& path) override;
 };
 
 } // namespace strutwright

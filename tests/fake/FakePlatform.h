@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FakeFileDialog.h"
 #include "Host.h"
 #include "MessageBoxes.h"
 #include "Platform.h"
@@ -31,12 +32,15 @@ class FakeHost : public Host {
   void SetCaption(const std::string& caption) override { asked.push_back("SetCaption(" + caption + ")"); }
   void ClearGrids() override { asked.emplace_back("ClearGrids"); }
   void ResetEquations() override { asked.emplace_back("ResetEquations"); }
+  void SavePicture(const std::string& path) override;
 
   std::vector<std::string> asked;
   ModelLayers layers;
+  std::string pictureFailure; ///< reason why no picture can be saved; empty when one can
 };
 
-/// A platform of stand-ins for one test.  When the test ends, boxes that it did not take with TakeMessages fail it.
+/// A platform of stand-ins for one test.  When the test ends, boxes that it did not take with TakeMessages and answers
+/// for the file dialog that nothing asked for fail it.
 class PlatformTest : public testing::Test {
  protected:
   PlatformTest();
@@ -50,6 +54,7 @@ class PlatformTest : public testing::Test {
 
   FakeMessageBoxes messages;
   FakeHost host;
+  FakeFileDialog dialog;
 };
 
 /// A box under the program's title, to compare with.

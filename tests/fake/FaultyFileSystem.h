@@ -3,6 +3,7 @@
 #include "FileSystem.h"
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -33,6 +34,9 @@ class FaultyFileSystem : public FileSystem {
   void Flush(const std::string& path) override { Step("Flush"), Real.Flush(path); }
   void Replace(const std::string& from, const std::string& to) override { Step("Replace"), Real.Replace(from, to); }
   void Remove(const std::string& path) override { Step("Remove"), Real.Remove(path); }
+  std::unique_ptr<FileLock> Lock(const std::string& path) override { return Step("Lock"), Real.Lock(path); }
+  bool TakesFiles(const std::string& path) override { return Step("TakesFiles"), Real.TakesFiles(path); }
+  void CreateFolder(const std::string& path) override { Step("CreateFolder"), Real.CreateFolder(path); }
 
  private:
   void Step(const std::string& name) {

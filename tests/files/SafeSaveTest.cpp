@@ -153,6 +153,11 @@ TEST_F(SafeSaveTest, SavesAgainAfterAKill) {
 
 TEST_F(SafeSaveTest, RefusesAFolder) { EXPECT_THROW(SaveBytes(folder.Root(), "new"), FileError); }
 
+TEST_F(SafeSaveTest, RefusesAnEmptyPathBeforeItTouchesAnyFolder) {
+  EXPECT_THROW(SaveBytes("", "new"), FileError);
+  EXPECT_TRUE(files.steps.empty());
+}
+
 TEST_F(SafeSaveTest, RefusesAMissingFolder) {
   EXPECT_THROW(SaveBytes(folder.Path("missing/model.stw"), "new"), FileError);
 }

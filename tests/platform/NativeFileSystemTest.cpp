@@ -6,6 +6,8 @@
 #include <limits>
 #include <string>
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -172,6 +174,58 @@ TEST_F(NativeFileSystemTest, Removes) {
   disk.Remove(path);
   EXPECT_FALSE(fs::exists(path));
   EXPECT_THROW(disk.Remove(path), FileError);
+}
+
+TEST_F(NativeFileSystemTest, LocksAFileThatItCreatesWhereThereIsNone) {
+  const auto lock = disk.Lock(folder.Path("fresh"));
+  EXPECT_EQ(FileBytes(folder.Path("fresh")), "");
+}
+
+TEST_F(NativeFileSystemTest, LocksAFileWithoutChangingIt) {
+  const std::string path = Made("file", "x");
+  disk.Lock(path);
+  EXPECT_EQ(FileBytes(path), "x");
+}
+
+/// Whether another descriptor could lock the file now.
+bool IsFree(const std::string& path) {
+  const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  const bool isFree = flock(file, LOCK_EX | LOCK_NB) == 0;
+  close(file);
+  return isFree;
+}
+
+TEST_F(NativeFileSystemTest, HoldsALockAsLongAsItLives) {
+  const std::string path = Made("file", "x");
+  auto lock = disk.Lock(path);
+  EXPECT_FALSE(IsFree(path));
+  lock.reset();
+  EXPECT_TRUE(IsFree(path));
+}
+
+TEST_F(NativeFileSystemTest, CannotLockInAMissingFolder) {
+  EXPECT_THROW(disk.Lock(folder.Path("missing/file")), FileError);
+}
+
+TEST_F(NativeFileSystemTest, TellsFoldersThatTakeFiles) {
+  EXPECT_TRUE(disk.TakesFiles(folder.Root()));
+  EXPECT_FALSE(disk.TakesFiles(folder.Path("missing")));
+  EXPECT_FALSE(disk.TakesFiles(Made("file", "x")));
+}
+
+TEST_F(NativeFileSystemTest, TellsFoldersThatTakeNoFilesOfThisUser) {
+  fs::permissions(folder.Root(), fs::perms(0555));
+  EXPECT_EQ(AsUnprivilegedUser([&] { return disk.TakesFiles(folder.Root()) ? 1 : 0; }), 0);
+}
+
+TEST_F(NativeFileSystemTest, CreatesAFolderWithThoseAboveIt) {
+  disk.CreateFolder(folder.Path("a/b"));
+  disk.CreateFolder(folder.Path("a/b"));
+  EXPECT_EQ(disk.Kind(folder.Path("a/b")), FileKind::Folder);
+}
+
+TEST_F(NativeFileSystemTest, CannotCreateAFolderBelowAFile) {
+  EXPECT_THROW(disk.CreateFolder(Made("file", "x") + "/a"), FileError);
 }
 
 TEST_F(NativeFileSystemTest, KnowsWhatAUserMayNotWrite) {

@@ -22,6 +22,8 @@ TEST(PlatformWithoutPartsTest, IsABugToUse) {
   EXPECT_THROW(TheHost(), EnsureFailed);
   EXPECT_THROW(Files(), EnsureFailed);
   EXPECT_THROW(TheFileDialog(), EnsureFailed);
+  EXPECT_THROW(ProgramFolder(), EnsureFailed);
+  EXPECT_THROW(DataFolder(), EnsureFailed);
 }
 
 TEST(MessageIconTest, HasANameForScripts) {

@@ -65,7 +65,7 @@ TEST_F(GridsTest, KeepTheirHeaderRowAtANegativeCapacity) {
 
 TEST_F(GridsTest, AreEmptyAfterTheyWereLaidOutAgain) {
   SetModel(Triangle());
-  runAnalysis();
+  runAnalysis(ScratchCopy::None);
 
   initGrids();
 
@@ -127,7 +127,7 @@ TEST_F(ResultGridsTest, LeaveTheStateEmptyAtExactlyTheLimit) {
 
 TEST_F(ResultGridsTest, HaveARowForEachNodeAndMember) {
   SetModel(PrattTruss(4));
-  ASSERT_TRUE(runAnalysis());
+  ASSERT_TRUE(runAnalysis(ScratchCopy::None));
   EXPECT_EQ(jResGr.RowCount(), 5);
   EXPECT_EQ(jResGr.Text(4, 0), "4");
   EXPECT_EQ(mResGr.RowCount(), MemberCount + 1);

@@ -147,7 +147,7 @@ TEST_P(ReferenceTest, AgreesToTheBit) {
   const Answer answer = ReadAnswer(path + ".txt");
 
   ASSERT_TRUE(openModel(path + ".stw"));
-  const bool ok = runAnalysis();
+  const bool ok = runAnalysis(ScratchCopy::None);
 
   EXPECT_EQ(GridCapacity, answer.capacity);
   EXPECT_EQ(NodeCount, answer.nodes);

@@ -1,10 +1,16 @@
 #include "AnalysisState.h"
 #include "FakePlatform.h"
 #include "ModelBuilder.h"
+#include "NativeFileSystem.h"
+#include "ScratchFolder.h"
 #include "UiState.h"
 #include "modGrids.h"
+#include "modModelFile.h"
 #include "modModelStore.h"
 #include "modRunAnalysis.h"
+
+#include <filesystem>
+#include <string>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -20,8 +26,15 @@ class RunAnalysisTest : public PlatformTest {
     ResetModel();
     TheAnalysis = AnalysisState{};
     TheUi = UiState{};
+    ThePlatform().files = &disk;
+    ThePlatform().programFolder = folder.Root();
+    ThePlatform().dataFolder = folder.Path("data");
     initGrids();
   }
+
+  ScratchFolder folder;
+  NativeFileSystem disk;
+  std::string scratch = folder.Path("temp_truss.stw");
 };
 
 TEST_F(RunAnalysisTest, TakesTheModelFromTheGrids) {
@@ -60,6 +73,60 @@ TEST_F(RunAnalysisTest, LeavesTheAnalysisStateWhenTheStructureIsUnstable) {
               ElementsAre(Box(MessageIcon::Critical, "Structure is unstable - Aborting analysis\nFailed Check 2")));
   EXPECT_EQ(AnalysisDone, FlagFalse);
   EXPECT_THAT(host.asked, ElementsAre("RefreshStatusTexts", "RefreshStatusTexts", "EndAnalysis(true)"));
+}
+
+TEST_F(RunAnalysisTest, LeavesAScratchCopyOfTheModelItBeginsWith) {
+  SetModel(Triangle());
+
+  ASSERT_TRUE(runAnalysis());
+
+  EXPECT_EQ(LoadModelFile(scratch).nodes, NodeTable);
+  EXPECT_EQ(LoadModelFile(scratch).members(1, MemberFieldLength), 0.0F);
+}
+
+TEST_F(RunAnalysisTest, LeavesNoScratchCopyWhereNoneIsWanted) {
+  SetModel(Triangle());
+
+  ASSERT_TRUE(runAnalysis(ScratchCopy::None));
+
+  EXPECT_EQ(folder.EntryCount(), 0);
+}
+
+TEST_F(RunAnalysisTest, StopsWhereTheScratchCopyCannotBeWritten) {
+  SetModel(Triangle());
+  std::filesystem::create_symlink("/dev/full", scratch);
+
+  EXPECT_FALSE(runAnalysis());
+
+  EXPECT_THAT(TakeMessages(),
+              ElementsAre(Box(MessageIcon::Critical,
+                              "The scratch copy of the model can't be written or read back - Aborting analysis\n" +
+                                  scratch + ": No space left on device")));
+  EXPECT_THAT(host.asked, ElementsAre("RefreshStatusTexts", "EndAnalysis(true)"));
+  EXPECT_TRUE(Displacements.empty());
+  EXPECT_EQ(jResGr.RowCount(), 2);
+}
+
+TEST_F(RunAnalysisTest, StopsWhereTheScratchCopyCannotBeReadBack) {
+  SetModel(Triangle());
+  std::filesystem::create_symlink("/dev/null", scratch);
+
+  EXPECT_FALSE(runAnalysis());
+
+  EXPECT_EQ(TakeMessages().size(), 1U);
+  EXPECT_TRUE(Displacements.empty());
+}
+
+TEST_F(RunAnalysisTest, SaysThatAModelIsTooLargeBeforeAnyScratchCopy) {
+  GrJoints.SetRowCount(16385);
+  for (int row = 1; row <= 16384; ++row) GrJoints.SetText(row, NodeX, "0");
+
+  EXPECT_FALSE(runAnalysis());
+
+  const auto shown = TakeMessages();
+  ASSERT_EQ(shown.size(), 1U);
+  EXPECT_THAT(shown[0].text, testing::StartsWith("The model has 16384 nodes"));
+  EXPECT_EQ(folder.EntryCount(), 0);
 }
 
 TEST_F(RunAnalysisTest, ShowsAnEmptyModelOneMessageOnly) {

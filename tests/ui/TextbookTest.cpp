@@ -41,7 +41,7 @@ class TextbookTest : public PlatformTest {
 
   static bool OpenAndAnalyse(const std::string& example) {
     EXPECT_TRUE(openModel(std::string(EXAMPLES_DIR) + "/" + example + ".stw"));
-    return runAnalysis();
+    return runAnalysis(ScratchCopy::None);
   }
 
   static double Largest(const std::vector<float>& values) {

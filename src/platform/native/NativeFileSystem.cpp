@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -56,6 +57,19 @@ mode_t ModeUnder(OwnerKept kept, mode_t mode) {
   if (kept == OwnerKept::GroupOnly) return mode & 0777;
   return (mode & 0707) | ((mode & 0007) << 3);
 }
+
+/// Holds the lock of a file as long as its descriptor is open.
+class NativeFileLock : public FileLock {
+ public:
+  explicit NativeFileLock(const std::string& path) : File(path, O_RDWR | O_CREAT) {
+    while (flock(File.Number, LOCK_EX) != 0) {
+      if (errno != EINTR) ThrowSystemError();
+    }
+  }
+
+ private:
+  Descriptor File;
+};
 
 fs::path FolderOf(const std::string& path) {
   const fs::path folder = fs::path(path).parent_path();
@@ -160,6 +174,20 @@ void NativeFileSystem::Replace(const std::string& from, const std::string& to) {
 
 void NativeFileSystem::Remove(const std::string& path) {
   if (unlink(path.c_str()) != 0) ThrowSystemError();
+}
+
+std::unique_ptr<FileLock> NativeFileSystem::Lock(const std::string& path) {
+  return std::make_unique<NativeFileLock>(path);
+}
+
+bool NativeFileSystem::TakesFiles(const std::string& folder) {
+  return Kind(folder) == FileKind::Folder && access(folder.c_str(), W_OK | X_OK) == 0;
+}
+
+void NativeFileSystem::CreateFolder(const std::string& path) {
+  std::error_code error;
+  fs::create_directories(path, error);
+  if (error) throw FileError(error);
 }
 
 } // namespace strutwright

@@ -17,6 +17,9 @@ class NativeFileSystem : public FileSystem {
   void Flush(const std::string& path) override;
   void Replace(const std::string& from, const std::string& to) override;
   void Remove(const std::string& path) override;
+  std::unique_ptr<FileLock> Lock(const std::string& path) override;
+  bool TakesFiles(const std::string& folder) override;
+  void CreateFolder(const std::string& path) override;
 };
 
 } // namespace strutwright

@@ -1,0 +1,48 @@
+#include "FakePlatform.h"
+#include "NativeFileSystem.h"
+#include "ScratchFolder.h"
+#include "modPlaces.h"
+
+#include <gtest/gtest.h>
+
+namespace strutwright {
+namespace {
+
+TEST(LastComponentTest, StandsAfterTheLastSeparatorOfEitherKind) {
+  EXPECT_EQ(LastComponent("C:\\models\\bridge.stw"), "bridge.stw");
+  EXPECT_EQ(LastComponent("/home/ada/bridge.stw"), "bridge.stw");
+  EXPECT_EQ(LastComponent("C:\\models/roofs\\bridge.stw"), "bridge.stw");
+  EXPECT_EQ(LastComponent("C:\\models\\roofs/bridge.stw"), "bridge.stw");
+}
+
+TEST(LastComponentTest, MayBeAllOrNothing) {
+  EXPECT_EQ(LastComponent("bridge.stw"), "bridge.stw");
+  EXPECT_EQ(LastComponent("/home/ada/"), "");
+  EXPECT_EQ(LastComponent(""), "");
+}
+
+class OwnFileTest : public PlatformTest {
+ protected:
+  OwnFileTest() {
+    ThePlatform().files = &disk;
+    ThePlatform().dataFolder = folder.Path("share/strutwright");
+  }
+
+  ScratchFolder folder;
+  NativeFileSystem disk;
+};
+
+TEST_F(OwnFileTest, LiesInTheProgramsFolder) {
+  ThePlatform().programFolder = folder.Root();
+  EXPECT_EQ(OwnFile("newTruss.stw"), folder.Path("newTruss.stw"));
+  EXPECT_EQ(folder.EntryCount(), 0);
+}
+
+TEST_F(OwnFileTest, LiesInTheDataFolderWhereTheProgramsTakesNone) {
+  ThePlatform().programFolder = folder.Path("missing");
+  EXPECT_EQ(OwnFile("newTruss.stw"), folder.Path("share/strutwright/newTruss.stw"));
+  EXPECT_TRUE(std::filesystem::is_directory(folder.Path("share/strutwright")));
+}
+
+} // namespace
+} // namespace strutwright

@@ -1,0 +1,60 @@
+#include "NativePlaces.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include <gtest/gtest.h>
+
+namespace strutwright {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// An environment variable with another value, or none, for one test.
+class Variable {
+ public:
+  Variable(const char* name, const char* value) : Name(name) {
+    if (const char* old = std::getenv(name)) Old = old;
+    Set(value);
+  }
+  Variable(const Variable&) = delete;
+  Variable& operator=(const Variable&) = delete;
+  ~Variable() { Set(Old ? Old->c_str() : nullptr); }
+
+ private:
+  void Set(const char* value) const {
+    if (value == nullptr) unsetenv(Name);
+    if (value != nullptr) setenv(Name, value, 1);
+  }
+
+  const char* Name;
+  std::optional<std::string> Old;
+};
+
+TEST(ExecutableFolderTest, HoldsThisProgram) {
+  EXPECT_TRUE(fs::exists(fs::path(ExecutableFolder()) / "test_platform"));
+}
+
+TEST(UserDataFolderTest, IsWhereTheUserWantsData) {
+  const Variable data("XDG_DATA_HOME", "/data/ada");
+  EXPECT_EQ(UserDataFolder(), "/data/ada/strutwright");
+}
+
+TEST(UserDataFolderTest, IsInTheHomeFolderOtherwise) {
+  const Variable home("HOME", "/home/ada");
+  for (const char* useless : {static_cast<const char*>(nullptr), "", "relative"}) {
+    const Variable data("XDG_DATA_HOME", useless);
+    EXPECT_EQ(UserDataFolder(), "/home/ada/.local/share/strutwright");
+  }
+}
+
+TEST(UserDataFolderTest, IsAnAbsolutePathWithoutALoginToo) {
+  const Variable home("HOME", nullptr);
+  const Variable data("XDG_DATA_HOME", nullptr);
+  EXPECT_TRUE(fs::path(UserDataFolder()).is_absolute());
+}
+
+} // namespace
+} // namespace strutwright
