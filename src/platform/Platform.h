@@ -28,4 +28,7 @@ FileDialog& TheFileDialog();
 /// Shows a box with an OK button under the program's title.
 void ShowMessage(MessageIcon icon, const std::string& text);
 
+/// True while ShowMessage shows a box: what is drawn meanwhile, under it, must not show another one.
+bool MessageIsOpen();
+
 } // namespace strutwright

@@ -120,7 +120,7 @@ TEST(LayerTest, LetsNoFloorUseAHigherOne) {
   const auto heightOf = [&floors](const std::string& name) {
     return std::find(floors.begin(), floors.end(), name) - floors.begin();
   };
-  for (const char* floor : {"model", "analysis", "files", "ui", "cli"}) {
+  for (const char* floor : {"model", "analysis", "files", "display", "ui", "cli"}) {
     const auto used = UsedLayers(std::string("src/") + floor);
     EXPECT_FALSE(used.empty()) << floor;
     for (const std::string& layer : used) EXPECT_LT(heightOf(layer), heightOf(floor)) << floor << " uses " << layer;
