@@ -33,10 +33,11 @@ std::vector<std::string> ReferenceNames() {
   return names;
 }
 
+/// Record 0 of the table can be drawn as a node, but it has no displacement.
 bool NamesAMissingNode(int m) {
   const int i = RoundNodeNumber(MemberTable(m, MemberNodeI));
   const int j = RoundNodeNumber(MemberTable(m, MemberNodeJ));
-  return std::min(i, j) < 0 || std::max(i, j) > NodeCount;
+  return std::min(i, j) < 1 || std::max(i, j) > NodeCount;
 }
 
 bool AnyMemberNamesAMissingNode() {
