@@ -1,7 +1,9 @@
 #include "AnalysisState.h"
 #include "CommandLine.h"
 #include "Commands.h"
+#include "FileSystem.h"
 #include "ModelSession.h"
+#include "Picture.h"
 #include "UiState.h"
 #include "modAnalysis.h"
 #include "modGrids.h"
@@ -126,16 +128,31 @@ void Print(const ModelSession& session, Result result, OutputFormat format, bool
   }
 }
 
+/// The status of making the picture, if there is something to make it of.  A failure has been told.
+int Depict(ModelSession& session, Result result, const PictureRequest& picture, bool several) {
+  if (picture.file.empty() || result == Result::Unreadable) return ExitOk;
+  const std::string file = PictureFileFor(picture, session.File(), several);
+  session.SetLayers(picture.layers);
+  try {
+    MakePicture(picture, file, result == Result::Ok);
+  } catch (const FileError& error) {
+    session.Tell("Error while saving file " + file + "\n" + error.what());
+    return ExitUsage;
+  }
+  return ExitOk;
+}
+
 } // namespace
 
-int AnalyseModels(const std::vector<std::string>& files, OutputFormat format, std::ostream& out, std::ostream& err) {
+int AnalyseModels(const std::vector<std::string>& files, OutputFormat format, const PictureRequest& picture,
+                  std::ostream& out, std::ostream& err) {
   int status = ExitOk;
   for (const std::string& file : files) {
     ModelSession session(file, err);
     const Result result = OpenAndAnalyse(session);
     Print(session, result, format, files.size() > 1, out);
     out.flush();
-    status = std::max(status, StatusOf(result));
+    status = std::max({status, StatusOf(result), Depict(session, result, picture, files.size() > 1)});
   }
   return status;
 }

@@ -1,6 +1,7 @@
 #include "CommandLine.h"
 
 #include "Commands.h"
+#include "Picture.h"
 
 #include <CLI/CLI.hpp>
 
@@ -23,6 +24,7 @@ struct Request {
   std::string input;
   std::string output;
   std::string format = "text";
+  PictureRequest picture;
   std::function<int(std::ostream&, std::ostream&)> command;
 };
 
@@ -37,14 +39,47 @@ void AddFormat(CLI::App& command, Request& request) {
       ->capture_default_str();
 }
 
+std::string SizeFault(PictureRequest& picture, const std::string& text) {
+  return ChooseSize(picture, text) ? ""
+                                   : "\"" + text + "\" is not a width and a height of 16 to 8192, such as 1024x768";
+}
+
+std::string LayersFault(PictureRequest& picture, const std::string& names) {
+  const std::optional<std::string> unknown = ChooseLayers(picture, names);
+  return unknown ? "\"" + *unknown + "\" is none of " + PictureLayers : "";
+}
+
+/// The options that take part in a picture.  They are read where they are checked.
+void AddPicture(CLI::App& command, PictureRequest& picture) {
+  CLI::Option* file = command.add_option("--picture", picture.file,
+                                         "Also draw each model with its results: .png, .svg, otherwise a bitmap");
+  file->check([](const std::string& name) { return name.empty() ? "a file name is expected" : ""; });
+  const auto add = [&](const char* name, const char* help, const char* kind, auto fault) {
+    const auto check = [&picture, fault](const std::string& text) { return fault(picture, text); };
+    command
+        .add_option_function<std::string>(
+            name, [](const std::string&) {}, help)
+        ->check(check)
+        ->type_name(kind)
+        ->needs(file);
+  };
+  add("--size", "Of the picture in pixels; 1024x768 unless told", "WIDTHxHEIGHT", SizeFault);
+  add("--layers", "What the picture shows; everything unless told", PictureLayers, LayersFault);
+  command.add_option("--deflection-scale", picture.deflectionScale, "Of the deflected shape, in mm drawn per mm")
+      ->check(CLI::Range(1.0F, 5000.0F))
+      ->capture_default_str()
+      ->needs(file);
+}
+
 void AddAnalyse(CLI::App& program, Request& request) {
   CLI::App& command = *program.add_subcommand("analyse", "Analyse models and print displacements, reactions and "
                                                          "member forces");
   command.add_option("MODEL", request.models, "Model files (.stw)")->required();
   AddFormat(command, request);
+  AddPicture(command, request.picture);
   command.callback([&request] {
     request.command = [&request](std::ostream& out, std::ostream& err) {
-      return AnalyseModels(request.models, FormatNamed(request.format), out, err);
+      return AnalyseModels(request.models, FormatNamed(request.format), request.picture, out, err);
     };
   });
 }

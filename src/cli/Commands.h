@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Output.h"
+#include "Picture.h"
 
 #include <iosfwd>
 #include <string>
@@ -10,8 +11,9 @@ namespace strutwright {
 
 // The commands of strutwright-cli.  Each returns the exit status; results go to `out`, messages to `err`.
 
-/// For each file what Open and Run Analysis do in the window; prints the results.
-int AnalyseModels(const std::vector<std::string>& files, OutputFormat format, std::ostream& out, std::ostream& err);
+/// For each file what Open and Run Analysis do in the window; prints the results and makes the picture asked for.
+int AnalyseModels(const std::vector<std::string>& files, OutputFormat format, const PictureRequest& picture,
+                  std::ostream& out, std::ostream& err);
 
 /// Prints the input tables of a model.
 int ShowModel(const std::string& file, OutputFormat format, std::ostream& out, std::ostream& err);

@@ -1,6 +1,7 @@
 #include "ModelSession.h"
 
 #include "AnalysisState.h"
+#include "DisplayState.h"
 #include "Ensure.h"
 #include "FileState.h"
 #include "Output.h"
@@ -37,6 +38,7 @@ ModelSession::ModelSession(std::string file, std::ostream& err) : FileName(std::
   TheAnalysis = AnalysisState{};
   TheFiles = FileState{};
   TheUi = UiState{};
+  TheDisplay = DisplayState{};
   initGrids();
 }
 

@@ -3,6 +3,8 @@
 #include "DrawingSurface.h"
 
 #include <cstdint>
+#include <string>
+#include <vector>
 
 namespace strutwright {
 
@@ -30,6 +32,8 @@ struct DisplayState {
 
   bool DrawNodeMode = false;   ///< a click adds a node at the nearest grid point
   bool DrawMemberMode = false; ///< two clicks on nodes add a member
+
+  std::vector<std::string>* DrawingFailures = nullptr; ///< while set, failures are kept here and show no box
 };
 
 inline DisplayState TheDisplay;

@@ -50,6 +50,26 @@ const std::string& DataFolder() {
   return ThePlatform().dataFolder;
 }
 
-void ShowMessage(MessageIcon icon, const std::string& text) { Messages().Show({icon, ProgramTitle, text}); }
+namespace {
+
+int openMessages = 0;
+
+/// Counts an open box, also when showing it fails.
+class OpenMessage {
+ public:
+  OpenMessage() { ++openMessages; }
+  OpenMessage(const OpenMessage&) = delete;
+  OpenMessage& operator=(const OpenMessage&) = delete;
+  ~OpenMessage() { --openMessages; }
+};
+
+} // namespace
+
+void ShowMessage(MessageIcon icon, const std::string& text) {
+  const OpenMessage open;
+  Messages().Show({icon, ProgramTitle, text});
+}
+
+bool MessageIsOpen() { return openMessages > 0; }
 
 } // namespace strutwright

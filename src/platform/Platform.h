@@ -32,4 +32,7 @@ const std::string& DataFolder();
 /// Shows a box with an OK button under the program's title.
 void ShowMessage(MessageIcon icon, const std::string& text);
 
+/// True while ShowMessage shows a box: what is drawn meanwhile, under it, must not show another one.
+bool MessageIsOpen();
+
 } // namespace strutwright

@@ -1,0 +1,88 @@
+#include "Picture.h"
+
+#include "DisplayState.h"
+#include "QtDrawingSurface.h"
+#include "modRedraw.h"
+#include "modViewTransform.h"
+
+#include <filesystem>
+#include <map>
+#include <regex>
+#include <sstream>
+
+#include <QGuiApplication>
+
+namespace strutwright {
+
+namespace {
+
+constexpr int LeastSize = 16;
+constexpr int MostSize = 8192;
+
+/// Fonts need an application.  It is kept for the life of the process, as Qt allows only one.
+void EnsureApplication() {
+  if (QCoreApplication::instance() != nullptr) return;
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  static int count = 1;
+  static char name[] = "strutwright-cli";
+  static char* arguments[] = {name, nullptr};
+  static QGuiApplication* const application = new QGuiApplication(count, arguments);
+  static_cast<void>(application);
+}
+
+std::map<std::string, bool*> LayerSwitches(PictureRequest& request) {
+  return {{"supports", &request.layers.supports}, {"loads", &request.layers.loads},
+          {"grid", &request.layers.grid},         {"members", &request.layers.memberNumbers},
+          {"nodes", &request.layers.nodeNumbers}, {"reactions", &request.reactions},
+          {"forces", &request.memberForces},      {"deflected", &request.deflectedShape}};
+}
+
+} // namespace
+
+std::optional<std::string> ChooseLayers(PictureRequest& request, const std::string& names) {
+  PictureRequest chosen = request;
+  const auto switches = LayerSwitches(chosen);
+  for (const auto& [name, on] : switches) *on = false;
+  std::istringstream list(names);
+  for (std::string name; std::getline(list, name, ',');) {
+    const auto found = switches.find(name);
+    if (found == switches.end()) return name;
+    *found->second = true;
+  }
+  request = chosen;
+  return std::nullopt;
+}
+
+bool ChooseSize(PictureRequest& request, const std::string& text) {
+  std::smatch found;
+  if (!std::regex_match(text, found, std::regex("([0-9]{1,5})x([0-9]{1,5})"))) return false;
+  const int width = std::stoi(found[1]);
+  const int height = std::stoi(found[2]);
+  if (width < LeastSize || width > MostSize || height < LeastSize || height > MostSize) return false;
+  request.width = width;
+  request.height = height;
+  return true;
+}
+
+std::string PictureFileFor(const PictureRequest& request, const std::string& model, bool several) {
+  if (!several) return request.file;
+  std::filesystem::path path(request.file);
+  const std::string name = path.stem().string() + "-" + std::filesystem::path(model).stem().string();
+  return path.replace_filename(name + path.extension().string()).string();
+}
+
+void MakePicture(const PictureRequest& request, const std::string& file, bool analysed) {
+  EnsureApplication();
+  QtDrawingSurface surface(request.width, request.height);
+  SetViewWindow(surface, -1, 10, 0, 3);
+  DisplaySurface = &surface;
+  ShowReactions = analysed && request.reactions;
+  ShowMemberForces = analysed && request.memberForces;
+  ShowDeflectedShape = analysed && request.deflectedShape;
+  DeflectionScale = request.deflectionScale;
+  RedrawDisplay(&surface, true);
+  DisplaySurface = nullptr;
+  surface.SavePicture(file);
+}
+
+} // namespace strutwright

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "Host.h"
+
+#include <optional>
+#include <string>
+
+namespace strutwright {
+
+/// The picture that a command makes of each model.
+struct PictureRequest {
+  std::string file; ///< where to; no picture is made where it is empty
+  int width = 1024; ///< pixels
+  int height = 768; ///< pixels
+  ModelLayers layers;
+  bool reactions = true;
+  bool memberForces = true;
+  bool deflectedShape = true;
+  float deflectionScale = 100; ///< mm drawn per mm
+};
+
+/// The names of the layers, in the order of the drawing's switches.
+inline constexpr const char* PictureLayers = "supports,loads,grid,members,nodes,reactions,forces,deflected";
+
+/// Switches exactly the layers on that the comma-separated list names.
+/// Returns the first name that is no layer, and then changes nothing.
+std::optional<std::string> ChooseLayers(PictureRequest& request, const std::string& names);
+
+/// Takes "WIDTHxHEIGHT", both 16..8192.  Returns whether the text is that; otherwise nothing changes.
+bool ChooseSize(PictureRequest& request, const std::string& text);
+
+/// The picture's file for a model: the file that was asked for or, with several models, that with the model's base
+/// name inserted before its extension.
+std::string PictureFileFor(const PictureRequest& request, const std::string& model, bool several);
+
+/// Draws the model that is open, with its results where there are any, framed as after opening it, and writes the
+/// picture.  Needs no display server.  Throws FileError.
+void MakePicture(const PictureRequest& request, const std::string& file, bool analysed);
+
+} // namespace strutwright

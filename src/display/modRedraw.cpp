@@ -1,0 +1,43 @@
+#include "modRedraw.h"
+
+#include "AnalysisState.h"
+#include "DisplayState.h"
+#include "modDrawing.h"
+#include "modModelRendering.h"
+#include "modResultsRendering.h"
+
+#include <exception>
+
+namespace strutwright {
+
+namespace {
+
+void ClearDrawing(DrawingSurface& surface) {
+  try {
+    surface.Clear();
+  } catch (const std::exception& failure) {
+    ReportDrawingFailure("Drawing error: check the input data", failure);
+  }
+}
+
+} // namespace
+
+void RedrawDisplay(DrawingSurface* surface, bool zoomToExtents) {
+  if (DisplaySurface == nullptr || surface == nullptr) return;
+  KeepView = !zoomToExtents;
+  ClearDrawing(*surface);
+  DrawModel(*surface);
+  if (ShowDeflectedShape) DrawDeflectedShape(Displacements, *surface, DeflectionScale);
+  if (ShowMemberForces) DrawMemberForces(*surface);
+  if (ShowReactions) DrawReactions(*surface);
+}
+
+std::vector<std::string> RedrawQuietly(DrawingSurface* surface, bool zoomToExtents) {
+  std::vector<std::string> failures;
+  TheDisplay.DrawingFailures = &failures;
+  RedrawDisplay(surface, zoomToExtents);
+  TheDisplay.DrawingFailures = nullptr;
+  return failures;
+}
+
+} // namespace strutwright

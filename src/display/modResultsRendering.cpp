@@ -1,0 +1,150 @@
+#include "modResultsRendering.h"
+
+#include "AnalysisState.h"
+#include "modDrawing.h"
+#include "modMember.h"
+#include "modModelStore.h"
+#include "modNumberText.h"
+
+#include <cmath>
+#include <cstddef>
+#include <exception>
+#include <stdexcept>
+#include <string>
+
+namespace strutwright {
+
+namespace {
+
+constexpr float ZeroForce = 0.0001F; // kN
+constexpr double ForceHead = 0.07;   // of the member
+constexpr double ForceHeadRatio = 0.9;
+constexpr double LabelOff = 0.05; // m
+constexpr double LabelShift = 0.02 * 5;
+constexpr double DeflectedRadius = 0.1; // m
+
+float EntryOf(const std::vector<float>& results, int n, int direction) {
+  const auto dof = static_cast<std::ptrdiff_t>(2) * n - 1 + direction;
+  if (dof < 1 || dof >= static_cast<std::ptrdiff_t>(results.size())) {
+    throw std::out_of_range("node " + std::to_string(n) + " has no result");
+  }
+  return results[static_cast<std::size_t>(dof)];
+}
+
+/// A member as a drawn line: start, direction (not normalised) and length, in m, y upwards.
+struct MemberLine {
+  explicit MemberLine(int m) {
+    const int i = RoundNodeNumber(MemberTable(m, MemberNodeI));
+    const int j = RoundNodeNumber(MemberTable(m, MemberNodeJ));
+    x = NodeTable(i, NodeX);
+    y = NodeTable(i, NodeY);
+    dx = NodeTable(j, NodeX) - x;
+    dy = NodeTable(j, NodeY) - y;
+    L = std::sqrt(dx * dx + dy * dy);
+  }
+
+  double x, y, dx, dy, L;
+};
+
+/// An arrow on the member; both ends as fractions of it.
+void DrawForceArrow(DrawingSurface& surface, const MemberLine& line, double from, double to) {
+  DrawArrow(surface, ForceHead * line.L, line.x + from * line.dx, -(line.y + from * line.dy), line.x + to * line.dx,
+            -(line.y + to * line.dy), Blue, ForceHeadRatio);
+}
+
+/// The label stands off the line on its right-hand side, below a horizontal one, because a text hangs down from its
+/// starting point; a little farther to the right it is clear of the member's number, which starts on the line.
+void PrintForce(DrawingSurface& surface, const MemberLine& line, float F) {
+  double nx = 0;
+  double ny = -1;
+  if (line.dy != 0 && line.L > 0) {
+    nx = std::fabs(line.dy) / line.L;
+    ny = (line.dy > 0 ? -line.dx : line.dx) / line.L;
+  }
+  const double x = line.x + line.dx / 2 + LabelOff * nx + LabelShift;
+  const double y = line.y + line.dy / 2 + LabelOff * ny;
+  PrintText(surface, x, -y, FormatNumber(F, "#0.0"), Blue);
+}
+
+void DrawForce(DrawingSurface& surface, int m) {
+  const MemberLine line(m);
+  const float F = MemberForce(m);
+  surface.SetPenWidth(2);
+  if (F < -ZeroForce) {
+    DrawForceArrow(surface, line, 0.3, 0.1);
+    DrawForceArrow(surface, line, 0.7, 0.9);
+  } else if (F > ZeroForce) {
+    DrawForceArrow(surface, line, 0.1, 0.3);
+    DrawForceArrow(surface, line, 0.9, 0.7);
+  }
+  PrintForce(surface, line, F);
+}
+
+void DrawReaction(DrawingSurface& surface, int n) {
+  const float code = NodeTable(n, NodeSupport);
+  const double x = NodeTable(n, NodeX);
+  const double y = NodeTable(n, NodeY);
+  if (code == 1 || code == 3) DrawVerticalLoad(surface, EntryOf(Reactions, n, 1), x, y, Green);
+  if (code == 2 || code == 3) DrawHorizontalLoad(surface, EntryOf(Reactions, n, 0), x, y, Green);
+}
+
+struct Displaced {
+  float x = 0;
+  float y = 0;
+};
+
+// xd = x + D scale / 10^3, D in mm.   D scale is rounded to a float, the rest is not before the sum is.
+float Displace(float coordinate, float D, float scale) {
+  const float product = D * scale;
+  return static_cast<float>(coordinate + product / std::pow(10.0, 3));
+}
+
+Displaced DisplacedNode(const std::vector<float>& displacements, int n, float scale) {
+  return {Displace(NodeTable(n, NodeX), EntryOf(displacements, n, 0), scale),
+          Displace(NodeTable(n, NodeY), EntryOf(displacements, n, 1), scale)};
+}
+
+/// One pixel wide: the shape often lies close to the model, which must stay visible under it.
+void DrawDeflectedLayer(const std::vector<float>& displacements, DrawingSurface& surface, float scale) {
+  UsePen(surface, Red);
+  surface.SetPenWidth(1);
+  for (int n = 1; n <= NodeCount; ++n) {
+    const Displaced node = DisplacedNode(displacements, n, scale);
+    surface.DrawCircle(node.x, -node.y, DeflectedRadius);
+  }
+  surface.SetLineStyle(LineStyle::Dashed);
+  for (int m = 1; m <= MemberCount; ++m) {
+    const Displaced i = DisplacedNode(displacements, RoundNodeNumber(MemberTable(m, MemberNodeI)), scale);
+    const Displaced j = DisplacedNode(displacements, RoundNodeNumber(MemberTable(m, MemberNodeJ)), scale);
+    surface.DrawLine(i.x, -i.y, j.x, -j.y);
+  }
+  surface.SetLineStyle(LineStyle::Solid);
+}
+
+} // namespace
+
+void DrawReactions(DrawingSurface& surface) {
+  try {
+    for (int n = 1; n <= NodeCount; ++n) DrawReaction(surface, n);
+  } catch (const std::exception& failure) {
+    ReportDrawingFailure("Drawing error: check the input data", failure);
+  }
+}
+
+void DrawMemberForces(DrawingSurface& surface) {
+  try {
+    for (int m = 1; m <= MemberCount; ++m) DrawForce(surface, m);
+  } catch (const std::exception& failure) {
+    ReportDrawingFailure("Drawing error: check the input data", failure);
+  }
+}
+
+void DrawDeflectedShape(const std::vector<float>& displacements, DrawingSurface& surface, float scale) {
+  try {
+    DrawDeflectedLayer(displacements, surface, scale);
+  } catch (const std::exception& failure) {
+    ReportDrawingFailure("Drawing error: drawDSD function", failure);
+  }
+}
+
+} // namespace strutwright

@@ -1,0 +1,80 @@
+#include "modViewTransform.h"
+
+#include "DisplayState.h"
+#include "modModelStore.h"
+
+#include <cmath>
+
+namespace strutwright {
+
+namespace {
+
+constexpr double FramingMargin = 1.4;
+constexpr double ZoomStep = 1.25;
+
+void SetWindowIfFinite(DrawingSurface& surface, double left, double top, double width, double height) {
+  const ViewWindow window{static_cast<float>(left), static_cast<float>(top), static_cast<float>(width),
+                          static_cast<float>(height)};
+  if (!std::isfinite(window.left) || !std::isfinite(window.top)) return;
+  if (!std::isfinite(window.width) || !std::isfinite(window.height)) return;
+  surface.SetWindow(window);
+}
+
+/// World units a pixel, in the direction that needs more of them.
+double GoverningScale(const DrawingSurface& surface, double dx, double dy) {
+  const auto rx = static_cast<float>(std::fabs(dx / surface.PixelWidth()));
+  const auto ry = static_cast<float>(std::fabs(dy / surface.PixelHeight()));
+  return ry < rx ? rx : ry;
+}
+
+} // namespace
+
+void ComputeModelExtents() {
+  MaxX = MaxY = MinX = MinY = 0;
+  for (int n = 1; n <= NodeCount; ++n) {
+    const float x = NodeTable(n, NodeX);
+    const float y = NodeTable(n, NodeY);
+    if (x > MaxX) MaxX = x;
+    if (y > MaxY) MaxY = y;
+    if (x < MinX) MinX = x;
+    if (y < MinY) MinY = y;
+  }
+}
+
+void SetViewWindow(DrawingSurface& surface, float minX, float maxX, float minY, float maxY) {
+  if (minX == 0 && maxX == 0 && minY == 0 && maxY == 0) return;
+  const double dx = static_cast<double>(maxX) - minX;
+  const double dy = static_cast<double>(maxY) - minY;
+  const double s = GoverningScale(surface, dx, dy) * FramingMargin;
+  const double hw = surface.PixelWidth() * s / 2;
+  const double hh = surface.PixelHeight() * s / 2;
+  const double cx = (static_cast<double>(minX) + maxX) / 2;
+  const double cy = (static_cast<double>(minY) + maxY) / 2;
+  SetWindowIfFinite(surface, cx - hw, -cy - hh, 2 * hw, 2 * hh);
+}
+
+bool ZoomToRectangle(DrawingSurface& surface, double x1, double y1, double x2, double y2) {
+  const auto left = static_cast<float>(x1);
+  const auto right = static_cast<float>(x2);
+  const auto bottom = static_cast<float>(-y1);
+  const auto top = static_cast<float>(-y2);
+  if (left == right || bottom == top) return false;
+  SetViewWindow(surface, left, right, bottom, top);
+  return true;
+}
+
+void EnlargeWindow(DrawingSurface& surface) {
+  const ViewWindow window = surface.Window();
+  const double cx = window.left + static_cast<double>(window.width) / 2;
+  const double cy = window.top + static_cast<double>(window.height) / 2;
+  const double width = window.width * ZoomStep;
+  const double height = window.height * ZoomStep;
+  SetWindowIfFinite(surface, cx - width / 2, cy - height / 2, width, height);
+}
+
+void PanWindow(DrawingSurface& surface, double fromX, double fromY, double toX, double toY) {
+  const ViewWindow window = surface.Window();
+  SetWindowIfFinite(surface, window.left + (fromX - toX), window.top + (fromY - toY), window.width, window.height);
+}
+
+} // namespace strutwright

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "DrawingSurface.h"
+
+namespace strutwright {
+
+// The window of the world that a surface shows.  A window that a 32-bit float can't hold is never set: the surface
+// then keeps the one that it has.
+
+/// Sets MinX, MaxX, MinY and MaxY to the bounding box of the nodes and the origin, in m.
+/// The origin always belongs to it, on purpose: a model is seen where it stands, not only what it looks like.
+void ComputeModelExtents();
+
+/// Frames a world box, in m: centred, in the surface's proportions, the box filling 1/1.4 of the window in the
+/// direction that governs.  The order of two opposite sides does not matter.
+/// Four zeros leave the window alone; any other box that is a single point makes it collapse to that point.
+void SetViewWindow(DrawingSurface& surface, float minX, float maxX, float minY, float maxY);
+
+/// Frames the rectangle between two points of the surface, in surface coordinates.
+/// One that has no width or no height is ignored; returns whether the window was set.
+bool ZoomToRectangle(DrawingSurface& surface, double x1, double y1, double x2, double y2);
+
+/// Makes the window 1.25 times as wide and high about its centre.
+void EnlargeWindow(DrawingSurface& surface);
+
+/// Shifts the window so that what lies at the first point comes to lie where the second one is now.
+/// Both are surface coordinates in the window as it is before the shift.
+void PanWindow(DrawingSurface& surface, double fromX, double fromY, double toX, double toY);
+
+} // namespace strutwright

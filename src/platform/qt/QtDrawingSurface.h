@@ -1,0 +1,85 @@
+#pragma once
+
+#include "DrawingSurface.h"
+
+#include <functional>
+#include <vector>
+
+#include <QColor>
+#include <QImage>
+#include <QPointF>
+#include <QSize>
+
+class QPainter;
+class QPen;
+
+namespace strutwright {
+
+/// Draws antialiased on an image that it keeps, always on white.
+/// A text starts at the current point with its upper left corner; printing it needs a QGuiApplication.
+/// What no number can place is not drawn, and what lies outside is cut off before Qt sees it: its cost would grow
+/// with the zoom, without end for a dashed line.
+class QtDrawingSurface : public DrawingSurface {
+ public:
+  /// width, height: in logical pixels; ratio: device pixels a logical one.
+  QtDrawingSurface(int width, int height, double ratio = 1);
+
+  /// Empties the picture and keeps centre and scale of the window.
+  void Resize(int width, int height, double ratio = 1);
+
+  /// The picture, in device pixels.
+  const QImage& Image() const { return Picture; }
+
+  /// Between logical pixels, from the upper left corner, and surface coordinates.
+  QPointF ToPixel(double x, double y) const;
+  QPointF ToSurface(const QPointF& pixel) const;
+
+  ViewWindow Window() const override { return View; }
+  void SetWindow(const ViewWindow& window) override { View = window; }
+  float PixelWidth() const override { return static_cast<float>(Size.width()); }
+  float PixelHeight() const override { return static_cast<float>(Size.height()); }
+  void Clear() override;
+  void SetPenWidth(int pixels) override { PenWidth = pixels; }
+  void SetPenColour(Colour colour) override;
+  void SetPenMode(PenMode mode) override { Mode = mode; }
+  void SetLineStyle(LineStyle style) override { Style = style; }
+  void SetFillColour(Colour colour) override;
+  void SetFillStyle(FillStyle style) override { Fill = style; }
+  void SetTextColour(Colour colour) override;
+  void SetTextAttribute(bool on) override { TextAttribute = on; }
+  void MoveTo(double x, double y) override;
+  double CurrentX() const override { return X; }
+  double CurrentY() const override { return Y; }
+  void DrawLine(double x1, double y1, double x2, double y2) override;
+  void DrawBox(double x1, double y1, double x2, double y2) override;
+  void DrawCircle(double x, double y, double radius) override;
+  void DrawText(const std::string& text) override;
+  void SavePicture(const std::string& path) override;
+
+ private:
+  using Stroke = std::function<void(QPainter&)>;
+
+  void Paint(Stroke stroke);
+  QPen Pen() const;
+  void DrawPixelLine(QPointF from, QPointF to);
+  void DrawLargeCircle(const QPointF& centre, double radiusX, double radiusY);
+  double Sharp(double pixel) const;
+
+  QImage Picture;
+  QSize Size;
+  double Ratio = 1;
+  std::vector<Stroke> Strokes; ///< what was drawn since the picture was empty, without what was inverted
+  ViewWindow View;
+  int PenWidth = 1;
+  QColor PenColour = Qt::black;
+  QColor FillColour = Qt::black;
+  QColor TextColour = Qt::black;
+  PenMode Mode = PenMode::Copy;
+  LineStyle Style = LineStyle::Solid;
+  FillStyle Fill = FillStyle::Transparent;
+  bool TextAttribute = true;
+  double X = 0;
+  double Y = 0;
+};
+
+} // namespace strutwright

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "AnalysisState.h"
+#include "DisplayState.h"
+#include "FakePlatform.h"
+#include "ModelBuilder.h"
+#include "RecordingSurface.h"
+
+#include <string>
+#include <vector>
+
+namespace strutwright {
+
+using Lines = std::vector<std::string>;
+
+/// An empty model on a recording surface of 800 by 600 pixels; every layer of the model is off.
+class DisplayFixture : public PlatformTest {
+ protected:
+  DisplayFixture() {
+    ResetModel();
+    TheAnalysis = AnalysisState{};
+    TheDisplay = DisplayState{};
+    DisplaySurface = &surface;
+    host.layers = {false, false, false, false, false};
+  }
+  ~DisplayFixture() override { TheDisplay = DisplayState{}; }
+
+  static Message DrawingBox(const std::string& description) {
+    return Box(MessageIcon::Information, "Drawing error: check the input data\n" + description);
+  }
+
+  RecordingSurface surface;
+};
+
+} // namespace strutwright

@@ -1,0 +1,136 @@
+#include "DisplayFixture.h"
+#include "modModelStore.h"
+#include "modResultsRendering.h"
+
+#include <gmock/gmock.h>
+
+namespace strutwright {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class ResultsRenderingTest : public DisplayFixture {
+ protected:
+  /// What the forces layer draws for a member along x from 0 to 10 m.
+  Lines ForceOf(float F) { return ForceAlong(F, 10, 0); }
+
+  Lines ForceAlong(float F, float dx, float dy) {
+    SetTables({{{0, 0}, {dx, dy}}, {{1, 2}}});
+    MemberTable(1, MemberFieldForce) = F;
+    surface.Forget();
+    DrawMemberForces(surface);
+    return surface.ink;
+  }
+
+  /// What the reactions layer draws at a support of this code with reactions of 20 and 30 kN.
+  Lines ReactionsOf(float code) {
+    SetTables({{{1, 3, 0, 0, code}}, {}});
+    Reactions = {0, 20, 30};
+    surface.Forget();
+    DrawReactions(surface);
+    return surface.Ink("text", "green");
+  }
+};
+
+TEST_F(ResultsRenderingTest, PushesOnTheJointsInCompression) {
+  EXPECT_THAT(ForceOf(-5), ElementsAre("line 3 0 1 0 blue 2", "line 1 0 1.63 0.63 blue 2", "line 1 0 1.63 -0.63 blue 2",
+                                       "line 7 0 9 0 blue 2", "line 9 0 8.37 -0.63 blue 2", "line 9 0 8.37 0.63 blue 2",
+                                       "text 5.1 0.05 '-5.0' blue"));
+}
+
+TEST_F(ResultsRenderingTest, PullsOnTheJointsInTension) {
+  EXPECT_THAT(ForceOf(5), ElementsAre("line 1 0 3 0 blue 2", "line 3 0 2.37 -0.63 blue 2", "line 3 0 2.37 0.63 blue 2",
+                                      "line 9 0 7 0 blue 2", "line 7 0 7.63 0.63 blue 2", "line 7 0 7.63 -0.63 blue 2",
+                                      "text 5.1 0.05 '5.0' blue"));
+}
+
+TEST_F(ResultsRenderingTest, HasNoArrowsOnAZeroBar) {
+  EXPECT_THAT(ForceOf(0), ElementsAre("text 5.1 0.05 '0.0' blue"));
+  EXPECT_THAT(ForceOf(0.0001F), ElementsAre("text 5.1 0.05 '0.0' blue"));
+  EXPECT_THAT(ForceOf(-0.0001F), ElementsAre("text 5.1 0.05 '0.0' blue"));
+}
+
+TEST_F(ResultsRenderingTest, HasArrowsJustAboveZero) {
+  EXPECT_EQ(ForceOf(0.00011F).front(), "line 1 0 3 0 blue 2");
+  EXPECT_EQ(ForceOf(-0.00011F).front(), "line 3 0 1 0 blue 2");
+}
+
+TEST_F(ResultsRenderingTest, PrintsAForceOnTheRightOfItsMember) {
+  EXPECT_EQ(ForceAlong(0, 0, 4).back(), "text 0.15 -2 '0.0' blue");
+  EXPECT_EQ(ForceAlong(0, 0, -4).back(), "text 0.15 2 '0.0' blue");
+  EXPECT_EQ(ForceAlong(0, 4, 3).back(), "text 2.13 -1.46 '0.0' blue");
+  EXPECT_EQ(ForceAlong(0, -4, -3).back(), "text -1.87 1.54 '0.0' blue");
+  EXPECT_EQ(ForceAlong(0, 4, -3).back(), "text 2.13 1.46 '0.0' blue");
+  EXPECT_EQ(ForceAlong(0, -10, 0).back(), "text -4.9 0.05 '0.0' blue");
+}
+
+TEST_F(ResultsRenderingTest, SurvivesAMemberWithoutLength) {
+  EXPECT_EQ(ForceAlong(5, 0, 0).back(), "text 0.1 0.05 '5.0' blue");
+}
+
+TEST_F(ResultsRenderingTest, DrawsTheReactionsThatTheCodeRestrains) {
+  const std::string y = "text 1.1 -6 '30.0' green";
+  const std::string x = "text 1.1 -3.2 '20.0' green";
+  EXPECT_THAT(ReactionsOf(1), ElementsAre(y));
+  EXPECT_THAT(ReactionsOf(2), ElementsAre(x));
+  EXPECT_THAT(ReactionsOf(3), ElementsAre(y, x));
+}
+
+TEST_F(ResultsRenderingTest, DrawsNoReactionsOfOtherCodes) {
+  for (const float code : {0.0F, -1.0F, 1.5F, 4.0F}) EXPECT_THAT(ReactionsOf(code), IsEmpty()) << code;
+}
+
+TEST_F(ResultsRenderingTest, LeavesOutReactionsBelowAHundredth) {
+  SetTables({{{1, 3, 0, 0, 3}}, {}});
+  Reactions = {0, 0.009F, -0.01F};
+  DrawReactions(surface);
+  EXPECT_EQ(surface.Ink("text", "green"), (Lines{"text 1.1 -3.001 '0.0' green"}));
+}
+
+TEST_F(ResultsRenderingTest, DrawsReactionsAsTheArrowsOfLoads) {
+  SetTables({{{1, 3, 0, 0, 2}}, {}});
+  Reactions = {0, -20, 30};
+  DrawReactions(surface);
+  EXPECT_THAT(surface.ink, ElementsAre("line 3 -3 1 -3 green 2", "line 1 -3 1.5 -2.5 green 2",
+                                       "line 1 -3 1.5 -3.5 green 2", "text 2.6 -3.2 '-20.0' green"));
+}
+
+TEST_F(ResultsRenderingTest, DrawsTheDeflectedShapeDashedAndHollow) {
+  SetTables({{{0, 0}, {4, 3}}, {{1, 2}}});
+  DrawDeflectedShape({0, 0, 0, 2, -5}, surface, 100); // 0.2 m to the right and 0.5 m down
+  EXPECT_THAT(surface.ink,
+              ElementsAre("circle 0 0 0.1 red 1", "circle 4.2 -2.5 0.1 red 1", "line 0 0 4.2 -2.5 red 1 dashed"));
+}
+
+TEST_F(ResultsRenderingTest, RoundsADisplacedCoordinateToSinglePrecision) {
+  SetTables({{{16777216, 0}}, {}});
+  DrawDeflectedShape({0, 300, 0}, surface, 1); // 0.3 m more is lost to a float of this size
+  EXPECT_EQ(surface.CurrentX(), 16777216);
+}
+
+TEST_F(ResultsRenderingTest, StopsTheShapeWhereAResultIsMissing) {
+  SetTables({{{0, 0}, {4, 3}}, {{1, 2}}});
+  DrawDeflectedShape({0, 0, 0}, surface, 100);
+  EXPECT_EQ(surface.ink.size(), 1U);
+  EXPECT_THAT(TakeMessages(),
+              ElementsAre(Box(MessageIcon::Information, "Drawing error: drawDSD function\nnode 2 has no result")));
+}
+
+TEST_F(ResultsRenderingTest, TellsWhenTheSurfaceFailsUnderTheShape) {
+  SetTables({{{0, 0}}, {}});
+  surface.failAt = 7;
+  DrawDeflectedShape({0, 0, 0}, surface, 100);
+  EXPECT_THAT(TakeMessages(),
+              ElementsAre(Box(MessageIcon::Information, "Drawing error: drawDSD function\nthe surface is lost")));
+}
+
+TEST_F(ResultsRenderingTest, TellsWhenForcesOrReactionsCannotBeDrawn) {
+  SetTables({{{0, 0, 0, 0, 3}}, {{1, 2}}});
+  DrawMemberForces(surface);
+  DrawReactions(surface);
+  EXPECT_THAT(TakeMessages(), ElementsAre(DrawingBox("table index 2,1"), DrawingBox("node 1 has no result")));
+}
+
+} // namespace
+} // namespace strutwright
