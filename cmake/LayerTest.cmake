@@ -1,6 +1,8 @@
 # GoogleTest and GoogleMock take longer to read than our tests: compiled once for all test programs.
 add_library(strutwright_test_headers OBJECT ${PROJECT_SOURCE_DIR}/tests/fake/TestHeaders.cpp)
 target_link_libraries(strutwright_test_headers PRIVATE strutwright_compiler GTest::gmock)
+# Qt asks for position-independent code, and these headers are taken only where all programs are compiled alike.
+target_compile_options(strutwright_test_headers PRIVATE -fPIC)
 target_precompile_headers(strutwright_test_headers PRIVATE <gmock/gmock.h> <gtest/gtest.h> <filesystem> <fstream>
                           <functional> <regex> <sstream> <string> <vector>)
 
@@ -12,6 +14,7 @@ function(strutwright_test NAME)
   cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
   add_executable(test_${NAME} ${ARG_SOURCES})
   target_precompile_headers(test_${NAME} REUSE_FROM strutwright_test_headers)
+  target_compile_options(test_${NAME} PRIVATE -fPIC)
   target_link_libraries(test_${NAME} PRIVATE strutwright_compiler ${ARG_USES} GTest::gmock GTest::gtest_main)
   add_test(NAME ${NAME} COMMAND test_${NAME} --gtest_shuffle)
   set_tests_properties(${NAME} PROPERTIES TIMEOUT 600)

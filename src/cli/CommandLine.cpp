@@ -2,6 +2,7 @@
 
 #include "Commands.h"
 #include "Picture.h"
+#include "modNumberText.h"
 
 #include <CLI/CLI.hpp>
 
@@ -49,6 +50,13 @@ std::string LayersFault(PictureRequest& picture, const std::string& names) {
   return unknown ? "\"" + *unknown + "\" is none of " + PictureLayers : "";
 }
 
+std::string ScaleFault(PictureRequest& picture, const std::string& text) {
+  const std::optional<float> scale = NumericValue(text);
+  if (!scale || *scale < 1 || *scale > 5000) return "\"" + text + "\" is not a number from 1 to 5000";
+  picture.deflectionScale = *scale;
+  return "";
+}
+
 /// The options that take part in a picture.  They are read where they are checked.
 void AddPicture(CLI::App& command, PictureRequest& picture) {
   CLI::Option* file = command.add_option("--picture", picture.file,
@@ -65,10 +73,7 @@ void AddPicture(CLI::App& command, PictureRequest& picture) {
   };
   add("--size", "Of the picture in pixels; 1024x768 unless told", "WIDTHxHEIGHT", SizeFault);
   add("--layers", "What the picture shows; everything unless told", PictureLayers, LayersFault);
-  command.add_option("--deflection-scale", picture.deflectionScale, "Of the deflected shape, in mm drawn per mm")
-      ->check(CLI::Range(1.0F, 5000.0F))
-      ->capture_default_str()
-      ->needs(file);
+  add("--deflection-scale", "Of the deflected shape, in mm drawn per mm; 100 unless told", "NUMBER", ScaleFault);
 }
 
 void AddAnalyse(CLI::App& program, Request& request) {

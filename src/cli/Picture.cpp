@@ -19,9 +19,13 @@ namespace {
 constexpr int LeastSize = 16;
 constexpr int MostSize = 8192;
 
+/// Qt's remarks about a desktop that is not there; what fails is told by its own message.
+void DropMessage(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& /*text*/) {}
+
 /// Fonts need an application.  It is kept for the life of the process, as Qt allows only one.
 void EnsureApplication() {
   if (QCoreApplication::instance() != nullptr) return;
+  qInstallMessageHandler(DropMessage);
   qputenv("QT_QPA_PLATFORM", "offscreen");
   static int count = 1;
   static char name[] = "strutwright-cli";
