@@ -4,6 +4,8 @@ add_library(strutwright_compiler INTERFACE)
 target_compile_options(
   strutwright_compiler
   INTERFACE -ffp-contract=off
+            # Qt asks for it in what uses Qt, and the tests share one precompiled header.
+            -fPIC
             -Wall
             -Wextra
             -Wpedantic

@@ -41,13 +41,19 @@ bool runAnalysis(ScratchCopy scratch) {
   RebuildModelFromGrids();
   AnalysisDone = FlagTrue;
   TheHost().RefreshStatusTexts();
-  const bool ready = scratch == ScratchCopy::None || MakeScratchCopy();
-  if (!ready || !Analyse()) {
+  try {
+    const bool ready = scratch == ScratchCopy::None || MakeScratchCopy();
+    if (ready && Analyse()) {
+      resultGrids();
+      return true;
+    }
+  } catch (...) {
+    // Half-made arrays are no results, whoever tells the user why.
     TheHost().EndAnalysis(true);
-    return false;
+    throw;
   }
-  resultGrids();
-  return true;
+  TheHost().EndAnalysis(true);
+  return false;
 }
 
 } // namespace strutwright

@@ -7,6 +7,7 @@
 #include <iterator>
 #include <map>
 #include <regex>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -101,29 +102,66 @@ TEST(LayerTest, HasHeadersWithUniqueNames) {
   for (const auto& [name, times] : count) EXPECT_EQ(times, 1) << name;
 }
 
-/// A folder's library and what it says it uses, from its CMakeLists.txt.
-std::vector<std::string> UsedLayers(const std::string& folder) {
-  const std::string text = TextOf(fs::path(SOURCE_DIR) / folder / "CMakeLists.txt");
-  std::smatch found;
-  std::vector<std::string> layers;
-  if (!std::regex_search(text, found, std::regex(R"(USES ([a-z \n]*)\))"))) return layers;
-  const std::string names = found[1];
-  const std::regex word("[a-z]+");
-  for (auto each = std::sregex_iterator(names.begin(), names.end(), word); each != std::sregex_iterator(); ++each) {
-    layers.push_back(each->str());
+/// What each folder may use of the house.
+const std::map<std::string, std::set<std::string>> AllowedLayers{
+    {"platform", {}},
+    {"platform/native", {"platform"}},
+    {"platform/qt", {"platform"}},
+    {"model", {"platform"}},
+    {"analysis", {"platform", "model"}},
+    {"files", {"platform", "model", "analysis"}},
+    {"display", {"platform", "model", "analysis"}},
+    {"ui", {"platform", "model", "analysis", "files", "display"}},
+    {"cli", {"platform", "native", "qt", "model", "analysis", "files", "display", "ui"}},
+};
+
+/// The libraries of the house that a folder's CMakeLists.txt links, by either way of saying so.
+std::set<std::string> LinkedLayers(const std::string& text) {
+  std::set<std::string> layers;
+  const auto take = [&layers](const std::string& names, const std::regex& word) {
+    for (auto each = std::sregex_iterator(names.begin(), names.end(), word); each != std::sregex_iterator(); ++each) {
+      layers.insert((*each)[1]);
+    }
+  };
+  std::smatch uses;
+  if (std::regex_search(text, uses, std::regex(R"(USES ([a-z \n]*)\))"))) take(uses[1], std::regex("([a-z]+)"));
+  const std::regex link(R"(target_link_libraries\((?!strutwright-)\w+([^)]*)\))");
+  for (auto each = std::sregex_iterator(text.begin(), text.end(), link); each != std::sregex_iterator(); ++each) {
+    take((*each)[1], std::regex("strutwright_(\\w+)"));
   }
+  layers.erase("compiler");
   return layers;
 }
 
+std::vector<std::string> ForbiddenLayers(const std::string& folder, const std::string& cmake) {
+  std::vector<std::string> forbidden;
+  const std::set<std::string> linked = LinkedLayers(cmake);
+  const std::set<std::string>& allowed = AllowedLayers.at(folder);
+  std::set_difference(linked.begin(), linked.end(), allowed.begin(), allowed.end(), std::back_inserter(forbidden));
+  return forbidden;
+}
+
 TEST(LayerTest, LetsNoFloorUseAHigherOne) {
-  const std::vector<std::string> floors{"platform", "native", "qt", "model", "analysis", "files", "display", "ui", "cli"};
-  const auto heightOf = [&floors](const std::string& name) {
-    return std::find(floors.begin(), floors.end(), name) - floors.begin();
-  };
-  for (const char* floor : {"model", "analysis", "files", "display", "ui", "cli"}) {
-    const auto used = UsedLayers(std::string("src/") + floor);
-    EXPECT_FALSE(used.empty()) << floor;
-    for (const std::string& layer : used) EXPECT_LT(heightOf(layer), heightOf(floor)) << floor << " uses " << layer;
+  for (const auto& [folder, allowed] : AllowedLayers) {
+    const std::string cmake = TextOf(fs::path(SOURCE_DIR) / "src" / folder / "CMakeLists.txt");
+    EXPECT_FALSE(cmake.empty()) << folder;
+    EXPECT_EQ(LinkedLayers(cmake).empty(), allowed.empty()) << folder;
+    EXPECT_THAT(ForbiddenLayers(folder, cmake), IsEmpty()) << folder;
+  }
+}
+
+TEST(LayerTest, WouldFindAnUpwardLink) {
+  EXPECT_THAT(ForbiddenLayers("display", "strutwright_layer(display\n  USES files model platform)"),
+              ElementsAre("files"));
+  EXPECT_THAT(ForbiddenLayers("model", "target_link_libraries(strutwright_model PUBLIC strutwright_ui)"),
+              ElementsAre("ui"));
+}
+
+TEST(LayerTest, KnowsEveryFolderOfTheHouse) {
+  for (const auto& entry : fs::recursive_directory_iterator(fs::path(SOURCE_DIR) / "src")) {
+    if (entry.path().filename() != "CMakeLists.txt") continue;
+    const std::string folder = fs::relative(entry.path().parent_path(), fs::path(SOURCE_DIR) / "src").generic_string();
+    EXPECT_TRUE(AllowedLayers.contains(folder)) << folder;
   }
 }
 

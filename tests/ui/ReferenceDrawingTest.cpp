@@ -66,7 +66,7 @@ class ReferenceDrawingTest : public PlatformTest, public testing::WithParamInter
 
 TEST_P(ReferenceDrawingTest, IsDrawnWithoutABox) {
   ASSERT_TRUE(openModel(std::string(REFERENCE_DIR) + "/" + GetParam() + ".stw"));
-  ShowReactions = ShowMemberForces = ShowDeflectedShape = runAnalysis();
+  ShowReactions = ShowMemberForces = ShowDeflectedShape = runAnalysis(ScratchCopy::None);
   TakeMessages();
 
   RedrawDisplay(&surface, true);

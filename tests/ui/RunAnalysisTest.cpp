@@ -12,6 +12,8 @@
 #include <filesystem>
 #include <string>
 
+#include <new>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -148,6 +150,15 @@ TEST_F(RunAnalysisTest, KeepsTheListedResultsOfTheLastSuccessWhenItFails) {
   TakeMessages();
   EXPECT_EQ(jResGr.RowCount(), 4);
   EXPECT_EQ(jResGr.Text(3, 1), listed);
+}
+
+TEST_F(RunAnalysisTest, LeavesTheAnalysisStateWhenSomethingUnforeseenFails) {
+  SetModel(Triangle());
+  TheUi.mResGr.SetChangeNotice([](const GridChange&) { throw std::bad_alloc(); });
+
+  EXPECT_THROW(runAnalysis(ScratchCopy::None), std::bad_alloc);
+
+  EXPECT_EQ(host.asked.back(), "EndAnalysis(true)");
 }
 
 } // namespace
