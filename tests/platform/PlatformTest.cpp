@@ -2,6 +2,8 @@
 #include "Ensure.h"
 #include "FakePlatform.h"
 
+#include <stdexcept>
+
 #include <gtest/gtest.h>
 
 namespace strutwright {
@@ -43,6 +45,28 @@ TEST_F(ShowMessageTest, PutsTheProgramsNameIntoTheTitle) {
   EXPECT_EQ(shown[0].title, "Strutwright");
   EXPECT_EQ(shown[0].text, "Please Name a File");
   EXPECT_EQ(shown[0].icon, MessageIcon::Information);
+}
+
+/// Notes whether a box counts as open while it is shown, and may fail to show it.
+class WatchfulBoxes : public MessageBoxes {
+ public:
+  void Show(const Message& message) override {
+    wasOpen = MessageIsOpen();
+    if (message.text == "fail") throw std::runtime_error("no desktop");
+  }
+
+  bool wasOpen = false;
+};
+
+TEST_F(ShowMessageTest, CountsAsOpenUntilItReturns) {
+  WatchfulBoxes boxes;
+  ThePlatform().messages = &boxes;
+  EXPECT_FALSE(MessageIsOpen());
+  ShowMessage(MessageIcon::Information, "text");
+  EXPECT_TRUE(boxes.wasOpen);
+  EXPECT_FALSE(MessageIsOpen());
+  EXPECT_THROW(ShowMessage(MessageIcon::Information, "fail"), std::runtime_error);
+  EXPECT_FALSE(MessageIsOpen());
 }
 
 } // namespace
