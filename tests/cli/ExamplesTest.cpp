@@ -27,7 +27,7 @@ std::string Example(const std::string& name) { return std::string(EXAMPLES_DIR) 
 using ExamplesTest = CliTest;
 
 TEST_F(ExamplesTest, AreEachThereAsModelAndAsText) {
-  EXPECT_EQ(ExampleNames(".csv").size(), 14U);
+  EXPECT_EQ(ExampleNames(".csv").size(), 15U);
   EXPECT_EQ(ExampleNames(".csv"), ExampleNames(".stw"));
 }
 
