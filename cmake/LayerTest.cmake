@@ -17,5 +17,6 @@ function(strutwright_test NAME)
   target_compile_options(test_${NAME} PRIVATE -fPIC)
   target_link_libraries(test_${NAME} PRIVATE strutwright_compiler ${ARG_USES} GTest::gmock GTest::gtest_main)
   add_test(NAME ${NAME} COMMAND test_${NAME} --gtest_shuffle)
-  set_tests_properties(${NAME} PROPERTIES TIMEOUT 600)
+  set_tests_properties(${NAME} PROPERTIES TIMEOUT 600
+    ENVIRONMENT LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/leaks.supp:print_suppressions=0)
 endfunction()

@@ -91,7 +91,7 @@ void QtDrawingSurface::Resize(int width, int height, double ratio) {
   Picture = QImage(device, QImage::Format_RGB32);
   if (Picture.isNull()) throw std::runtime_error("There is no memory for the picture");
   Picture.setDevicePixelRatio(ratio);
-  Clear();
+  QtDrawingSurface::Clear();
   if (old.isEmpty()) return;
   const double newWidth = static_cast<double>(View.width) * Size.width() / old.width();
   const double newHeight = static_cast<double>(View.height) * Size.height() / old.height();
