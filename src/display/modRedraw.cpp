@@ -35,7 +35,12 @@ void RedrawDisplay(DrawingSurface* surface, bool zoomToExtents) {
 std::vector<std::string> RedrawQuietly(DrawingSurface* surface, bool zoomToExtents) {
   std::vector<std::string> failures;
   TheDisplay.DrawingFailures = &failures;
-  RedrawDisplay(surface, zoomToExtents);
+  try {
+    RedrawDisplay(surface, zoomToExtents);
+  } catch (...) {
+    TheDisplay.DrawingFailures = nullptr; // the list ends here
+    throw;
+  }
   TheDisplay.DrawingFailures = nullptr;
   return failures;
 }

@@ -5,6 +5,7 @@
 #include "FakePlatform.h"
 #include "NativeFileSystem.h"
 #include "RecordingSurface.h"
+#include "ReferenceModels.h"
 #include "UiState.h"
 #include "modFileCommands.h"
 #include "modGrids.h"
@@ -13,7 +14,6 @@
 #include "modRunAnalysis.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -21,17 +21,6 @@
 
 namespace strutwright {
 namespace {
-
-namespace fs = std::filesystem;
-
-std::vector<std::string> ReferenceNames() {
-  std::vector<std::string> names;
-  for (const auto& entry : fs::directory_iterator(REFERENCE_DIR)) {
-    if (entry.path().extension() == ".stw") names.push_back(entry.path().stem().string());
-  }
-  std::sort(names.begin(), names.end());
-  return names;
-}
 
 /// Record 0 of the table can be drawn as a node, but it has no displacement.
 bool NamesAMissingNode(int m) {

@@ -4,6 +4,7 @@
 #include "AnalysisState.h"
 #include "FakePlatform.h"
 #include "NativeFileSystem.h"
+#include "ReferenceModels.h"
 #include "UiState.h"
 #include "modFileCommands.h"
 #include "modGrids.h"
@@ -13,7 +14,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <string>
@@ -23,8 +23,6 @@
 
 namespace strutwright {
 namespace {
-
-namespace fs = std::filesystem;
 
 /// What an answer file says, apart from the D, R, F and M records, which are checked one by one.
 struct Answer {
@@ -118,15 +116,6 @@ void CheckRecord(const std::string& record) {
   int field = 0;
   words >> member >> field;
   EXPECT_EQ(MemberTable(member, field), NextFloat(words));
-}
-
-std::vector<std::string> ReferenceNames() {
-  std::vector<std::string> names;
-  for (const auto& entry : fs::directory_iterator(REFERENCE_DIR)) {
-    if (entry.path().extension() == ".stw") names.push_back(entry.path().stem().string());
-  }
-  std::sort(names.begin(), names.end());
-  return names;
 }
 
 class ReferenceTest : public PlatformTest, public testing::WithParamInterface<std::string> {
