@@ -27,6 +27,7 @@ namespace {
 class SilentDesktop : public MessageBoxes, public WindowlessHost {
  public:
   void Show(const Message& message) override { throw std::runtime_error(message.text); }
+  bool Ask(const Message& question) override { throw std::runtime_error(question.text); }
 };
 
 /// Sets the process up with a Pratt truss of so many nodes, in the tables and in the grids.

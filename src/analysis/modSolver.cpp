@@ -2,6 +2,7 @@
 
 #include "AnalysisState.h"
 #include "Ensure.h"
+#include "LongWork.h"
 #include "modAnalysis.h"
 
 #include <cmath>
@@ -35,11 +36,19 @@ void ExchangeRows(Matrix& K, int p, int other, int n) {
   for (int c = p; c <= n + 1; ++c) std::swap(upper[c], lower[c]);
 }
 
+/// Step p leaves (n - p)^2 entries to change, so that the work ahead goes with the cube.
+double ShareOfElimination(int p, int n) {
+  const double ahead = static_cast<double>(n - p) / n;
+  return 1 - ahead * ahead * ahead;
+}
+
 } // namespace
 
 void SolveEquations(Matrix& K, std::vector<float>& D, const std::vector<float>& P, std::int16_t n, std::int16_t& ok) {
   for (int i = 1; i <= n; ++i) K(i, n + 1) = P.at(static_cast<std::size_t>(i));
+  LongWork work("Solving the equations");
   for (std::int16_t p = 1; p < n; ++p) {
+    work.Done(ShareOfElimination(p, n));
     const int pivotRow = FindPivotRow(K, p, n);
     if (pivotRow != p) ExchangeRows(K, p, pivotRow, n);
     EliminateColumn(K, p, n);

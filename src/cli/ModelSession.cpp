@@ -44,6 +44,11 @@ ModelSession::ModelSession(std::string file, std::ostream& err) : FileName(std::
 
 ModelSession::~ModelSession() { ThePlatform() = {}; }
 
+bool ModelSession::Ask(const Message& question) {
+  Show(question);
+  return false;
+}
+
 bool ModelSession::Open() {
   std::string reason;
   if (openModel(FileName, &reason)) return true;

@@ -40,6 +40,7 @@ class ModelSession : private MessageBoxes, private WindowlessHost {
 
  private:
   void Show(const Message& message) override;
+  bool Ask(const Message& question) override;
   ModelLayers Layers() override { return Shows; }
 
   std::string FileName;

@@ -46,6 +46,19 @@ class Host {
   /// Empties the numbers of the equations view.
   virtual void ResetEquations() = 0;
 
+  /// The first node, in number order, that lies closer than PickRadius to a world point in m; 0 when there is none.
+  virtual int NodeAt(float x, float y) = 0;
+
+  /// Draws without the highlight of what was picked.
+  virtual void DropHighlight() = 0;
+
+  /// Says something in the status bar that needs no answer; it goes by itself.
+  virtual void ShowHint(const std::string& text) = 0;
+
+  /// Shows how far a long piece of work is, 0..1, with a way to cancel it; false once the user has cancelled.
+  virtual bool ShowProgress(const std::string& text, double fraction) = 0;
+  virtual void EndProgress() = 0;
+
   /// Saves the drawing as DrawingSurface::SavePicture does.  Throws FileError.
   virtual void SavePicture(const std::string& path) = 0;
 };

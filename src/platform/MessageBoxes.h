@@ -9,7 +9,7 @@ inline constexpr const char* ProgramTitle = "Strutwright";
 
 enum class MessageIcon { None, Information, Question, Exclamation, Critical };
 
-/// One modal box with an OK button.  Lines of `text` are separated by "\n".
+/// One modal box.  Lines of `text` are separated by "\n".
 struct Message {
   MessageIcon icon = MessageIcon::None;
   std::string title = ProgramTitle;
@@ -25,6 +25,9 @@ class MessageBoxes {
 
   /// Shows the box and returns when the user has closed it.
   virtual void Show(const Message& message) = 0;
+
+  /// Shows the box with the buttons Yes and No; true for Yes only.
+  virtual bool Ask(const Message& question) = 0;
 };
 
 /// The icon's name in lower case: "none", "information", "question", "exclamation", "critical".

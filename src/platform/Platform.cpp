@@ -40,6 +40,11 @@ FileDialog& TheFileDialog() {
   return *ThePlatform().dialog;
 }
 
+Clipboard& TheClipboard() {
+  Ensure(ThePlatform().clipboard != nullptr, "the clipboard is set up before it is used");
+  return *ThePlatform().clipboard;
+}
+
 const std::string& ProgramFolder() {
   Ensure(!ThePlatform().programFolder.empty(), "the program's folder is known before it is used");
   return ThePlatform().programFolder;
@@ -68,6 +73,11 @@ class OpenMessage {
 void ShowMessage(MessageIcon icon, const std::string& text) {
   const OpenMessage open;
   Messages().Show({icon, ProgramTitle, text});
+}
+
+bool AskQuestion(const std::string& text) {
+  const OpenMessage open;
+  return Messages().Ask({MessageIcon::Question, ProgramTitle, text});
 }
 
 bool MessageIsOpen() { return openMessages > 0; }

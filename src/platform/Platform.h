@@ -1,10 +1,12 @@
 #pragma once
 
+#include "Clipboard.h"
 #include "FileDialog.h"
 #include "FileSystem.h"
 #include "Host.h"
 #include "MessageBoxes.h"
 
+#include <chrono>
 #include <string>
 
 namespace strutwright {
@@ -17,6 +19,8 @@ struct Platform {
   FileDialog* dialog = nullptr;
   std::string programFolder = {}; ///< where the executable lies; empty in a program that keeps no files of its own
   std::string dataFolder = {};    ///< where the user's programs keep files; need not exist
+  Clipboard* clipboard = nullptr;
+  std::chrono::steady_clock::time_point (*now)() = &std::chrono::steady_clock::now;
 };
 
 /// The one platform of the process, filled before the first call into any floor above.
@@ -26,13 +30,17 @@ MessageBoxes& Messages();
 Host& TheHost();
 FileSystem& Files();
 FileDialog& TheFileDialog();
+Clipboard& TheClipboard();
 const std::string& ProgramFolder();
 const std::string& DataFolder();
 
 /// Shows a box with an OK button under the program's title.
 void ShowMessage(MessageIcon icon, const std::string& text);
 
-/// True while ShowMessage shows a box: what is drawn meanwhile, under it, must not show another one.
+/// Shows a question with the buttons Yes and No under the program's title; true for Yes.
+bool AskQuestion(const std::string& text);
+
+/// True while ShowMessage or AskQuestion shows a box: what is drawn meanwhile, under it, must not show another one.
 bool MessageIsOpen();
 
 } // namespace strutwright

@@ -16,6 +16,11 @@ class WindowlessHost : public Host {
   void SetCaption(const std::string& /*caption*/) override {}
   void ClearGrids() override;
   void ResetEquations() override {}
+  int NodeAt(float /*x*/, float /*y*/) override { return 0; }
+  void DropHighlight() override {}
+  void ShowHint(const std::string& /*text*/) override {}
+  bool ShowProgress(const std::string& /*text*/, double /*fraction*/) override { return true; }
+  void EndProgress() override {}
   [[noreturn]] void SavePicture(const std::string& path) override;
 };
 

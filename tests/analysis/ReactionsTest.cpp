@@ -155,6 +155,7 @@ TEST_F(FailureReportTest, LeavesTheAnalysisStateAndRefreshesTheDisplay) {
 /// Notes the flag at the moment a box is shown.
 class FlagAtBox : public MessageBoxes {
  public:
+  bool Ask(const Message& /*question*/) override { return false; }
   void Show(const Message&) override { flag = AnalysisDone; }
 
   std::int16_t flag = 99;

@@ -1,5 +1,6 @@
 #include "FakePlatform.h"
 
+#include <cmath>
 #include <ostream>
 #include <utility>
 
@@ -8,6 +9,25 @@ namespace strutwright {
 void FakeHost::EndAnalysis(bool redraw) { asked.emplace_back(redraw ? "EndAnalysis(true)" : "EndAnalysis(false)"); }
 
 void FakeHost::Redraw(bool zoomToExtents) { asked.emplace_back(zoomToExtents ? "Redraw(true)" : "Redraw(false)"); }
+
+bool FakeMessageBoxes::Ask(const Message& question) {
+  shown.push_back(question);
+  if (Script.empty()) {
+    ADD_FAILURE() << "a question that the test did not expect: " << testing::PrintToString(question);
+    return false;
+  }
+  const bool answer = Script.front();
+  Script.pop_front();
+  return answer;
+}
+
+int FakeHost::NodeAt(float x, float y) { return nodeAt ? nodeAt(x, y) : 0; }
+
+bool FakeHost::ShowProgress(const std::string& text, double fraction) {
+  asked.push_back("ShowProgress(" + text + ", " + std::to_string(std::lround(100 * fraction)) + " %)");
+  if (reportsUntilCancel < 0) return true;
+  return reportsUntilCancel-- > 0;
+}
 
 void FakeHost::SavePicture(const std::string& path) {
   asked.push_back("SavePicture(" + path + ")");
@@ -18,6 +38,7 @@ PlatformTest::PlatformTest() {
   ThePlatform().messages = &messages;
   ThePlatform().host = &host;
   ThePlatform().dialog = &dialog;
+  ThePlatform().clipboard = &clipboard;
 }
 
 PlatformTest::~PlatformTest() { ThePlatform() = {}; }
@@ -27,6 +48,7 @@ void PlatformTest::TearDown() {
     ADD_FAILURE() << "A box that the test did not expect: " << testing::PrintToString(message);
   }
   EXPECT_EQ(dialog.UnusedAnswers(), 0U) << "answers that the file dialog was not asked for";
+  EXPECT_EQ(messages.UnusedAnswers(), 0U) << "answers to questions that were not asked";
 }
 
 std::vector<Message> PlatformTest::TakeMessages() { return std::exchange(messages.shown, {}); }

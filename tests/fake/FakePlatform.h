@@ -1,10 +1,14 @@
 #pragma once
 
+#include "Clipboard.h"
 #include "FakeFileDialog.h"
 #include "Host.h"
 #include "MessageBoxes.h"
 #include "Platform.h"
 
+#include <cstddef>
+#include <deque>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -17,7 +21,29 @@ class FakeMessageBoxes : public MessageBoxes {
  public:
   void Show(const Message& message) override { shown.push_back(message); }
 
-  std::vector<Message> shown;
+  /// Answers from a script.  A question that nobody scripted fails the test and counts as No.
+  bool Ask(const Message& question) override;
+
+  void WillAnswer(bool yes) { Script.push_back(yes); }
+  std::size_t UnusedAnswers() const { return Script.size(); }
+
+  std::vector<Message> shown; ///< boxes and questions in their order
+
+ private:
+  std::deque<bool> Script;
+};
+
+/// A clipboard of its own.
+class FakeClipboard : public Clipboard {
+ public:
+  std::string Text() override { return text; }
+  void SetText(const std::string& plain, const std::string& table) override {
+    text = plain;
+    html = table;
+  }
+
+  std::string text;
+  std::string html;
 };
 
 /// Keeps what the host was asked, a line each: "EndAnalysis(true)", "RefreshStatusTexts", "SetCaption(bridge.stw)".
@@ -32,11 +58,18 @@ class FakeHost : public Host {
   void SetCaption(const std::string& caption) override { asked.push_back("SetCaption(" + caption + ")"); }
   void ClearGrids() override { asked.emplace_back("ClearGrids"); }
   void ResetEquations() override { asked.emplace_back("ResetEquations"); }
+  int NodeAt(float x, float y) override;
+  void DropHighlight() override { asked.emplace_back("DropHighlight"); }
+  void ShowHint(const std::string& text) override { asked.push_back("ShowHint(" + text + ")"); }
+  bool ShowProgress(const std::string& text, double fraction) override;
+  void EndProgress() override { asked.emplace_back("EndProgress"); }
   void SavePicture(const std::string& path) override;
 
   std::vector<std::string> asked;
   ModelLayers layers;
   std::string pictureFailure; ///< reason why no picture can be saved; empty when one can
+  std::function<int(float, float)> nodeAt; ///< answers NodeAt; without it there is no node
+  int reportsUntilCancel = -1;             ///< how many reports of progress go by before the user cancels; -1: never
 };
 
 /// A platform of stand-ins for one test.  When the test ends, boxes that it did not take with TakeMessages and answers
@@ -55,6 +88,7 @@ class PlatformTest : public testing::Test {
   FakeMessageBoxes messages;
   FakeHost host;
   FakeFileDialog dialog;
+  FakeClipboard clipboard;
 };
 
 /// A box under the program's title, to compare with.

@@ -24,6 +24,7 @@ TEST(PlatformWithoutPartsTest, IsABugToUse) {
   EXPECT_THROW(TheHost(), EnsureFailed);
   EXPECT_THROW(Files(), EnsureFailed);
   EXPECT_THROW(TheFileDialog(), EnsureFailed);
+  EXPECT_THROW(TheClipboard(), EnsureFailed);
   EXPECT_THROW(ProgramFolder(), EnsureFailed);
   EXPECT_THROW(DataFolder(), EnsureFailed);
 }
@@ -55,6 +56,11 @@ class WatchfulBoxes : public MessageBoxes {
     if (message.text == "fail") throw std::runtime_error("no desktop");
   }
 
+  bool Ask(const Message& question) override {
+    Show(question);
+    return true;
+  }
+
   bool wasOpen = false;
 };
 
@@ -67,6 +73,20 @@ TEST_F(ShowMessageTest, CountsAsOpenUntilItReturns) {
   EXPECT_FALSE(MessageIsOpen());
   EXPECT_THROW(ShowMessage(MessageIcon::Information, "fail"), std::runtime_error);
   EXPECT_FALSE(MessageIsOpen());
+}
+
+TEST_F(ShowMessageTest, CountsAQuestionAsOpenToo) {
+  WatchfulBoxes boxes;
+  ThePlatform().messages = &boxes;
+  EXPECT_TRUE(AskQuestion("text"));
+  EXPECT_TRUE(boxes.wasOpen);
+  EXPECT_FALSE(MessageIsOpen());
+}
+
+TEST_F(ShowMessageTest, AsksUnderTheProgramsNameWithTheQuestionIcon) {
+  messages.WillAnswer(false);
+  EXPECT_FALSE(AskQuestion("Proceed?"));
+  EXPECT_THAT(TakeMessages(), testing::ElementsAre(Box(MessageIcon::Question, "Proceed?")));
 }
 
 } // namespace

@@ -1,0 +1,30 @@
+#include "LongWork.h"
+
+#include "Platform.h"
+
+#include <utility>
+
+namespace strutwright {
+
+namespace {
+
+constexpr std::chrono::seconds QuietTime{1};
+constexpr std::chrono::milliseconds ReportInterval{100};
+
+} // namespace
+
+LongWork::LongWork(std::string text) : Text(std::move(text)), NextReport(ThePlatform().now() + QuietTime) {}
+
+LongWork::~LongWork() {
+  if (Shown) TheHost().EndProgress();
+}
+
+void LongWork::Done(double fraction) {
+  const auto now = ThePlatform().now();
+  if (now < NextReport) return;
+  NextReport = now + ReportInterval;
+  Shown = true;
+  if (!TheHost().ShowProgress(Text, fraction)) throw WorkCancelled();
+}
+
+} // namespace strutwright
