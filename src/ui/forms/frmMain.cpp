@@ -51,6 +51,7 @@ class BusyPointer {
 frmMain::~frmMain() {
   Ending = true;
   DisplaySurface = nullptr;
+  delete takeCentralWidget(); // while the frame that its parts report to is still whole
 }
 
 void frmMain::runAnalysis() {
