@@ -12,13 +12,9 @@ namespace {
 using testing::IsEmpty;
 
 /// A user without a plan.
-class MouseSequenceTest : public MouseFixture {
+class MouseSequenceTest : public MouseFixture, public testing::WithParamInterface<unsigned> {
  protected:
-  unsigned Seed() {
-    const unsigned seed = std::random_device{}();
-    Chance.seed(seed);
-    return seed;
-  }
+  MouseSequenceTest() : Chance(GetParam()), Trace(__FILE__, __LINE__, "seed " + std::to_string(GetParam())) {}
 
   int OneOf(int count) { return std::uniform_int_distribution<int>(0, count - 1)(Chance); }
   float Place() { return static_cast<float>(OneOf(33)) / 4 - 2; }
@@ -54,11 +50,13 @@ class MouseSequenceTest : public MouseFixture {
   }
 
   std::mt19937 Chance;
+
+ private:
+  testing::ScopedTrace Trace;
 };
 
-TEST_F(MouseSequenceTest, NeverLeavesTwoModesOn) {
-  SCOPED_TRACE(Seed());
-  for (int step = 0; step < 20000; ++step) {
+TEST_P(MouseSequenceTest, NeverLeavesTwoModesOn) {
+  for (int step = 0; step < 2000; ++step) {
     Obey(Step());
     ASSERT_LE(ModesOn(), 1);
     ASSERT_FALSE(TheMouse.Panning && TheMouse.ZoomDragging);
@@ -66,9 +64,8 @@ TEST_F(MouseSequenceTest, NeverLeavesTwoModesOn) {
   }
 }
 
-TEST_F(MouseSequenceTest, NeverLeavesAGhostBehind) {
-  SCOPED_TRACE(Seed());
-  for (int sequence = 0; sequence < 500; ++sequence) {
+TEST_P(MouseSequenceTest, NeverLeavesAGhostBehind) {
+  for (int sequence = 0; sequence < 50; ++sequence) {
     surface.Forget();
     for (int step = OneOf(40); step > 0; --step) Obey(Step());
     ClearModes();
@@ -76,15 +73,16 @@ TEST_F(MouseSequenceTest, NeverLeavesAGhostBehind) {
   }
 }
 
-TEST_F(MouseSequenceTest, NeverLosesTheView) {
-  SCOPED_TRACE(Seed());
-  for (int step = 0; step < 20000; ++step) {
+TEST_P(MouseSequenceTest, NeverLosesTheView) {
+  for (int step = 0; step < 2000; ++step) {
     Obey(Step());
     ASSERT_GT(surface.window.width, 0);
     ASSERT_GT(surface.window.height, 0);
     ASSERT_LE(surface.window.width, 1e9F);
   }
 }
+
+INSTANTIATE_TEST_SUITE_P(Seeds, MouseSequenceTest, testing::Range(1U, 9U));
 
 } // namespace
 } // namespace strutwright
