@@ -11,7 +11,7 @@
 #include "frmEquations.h"
 #include "frmGraph.h"
 #include "modAnimation.h"
-#include "modFileCommands.h"
+#include "modGenerators.h"
 #include "modGrids.h"
 #include "modModelStore.h"
 #include "modRedraw.h"
@@ -20,6 +20,7 @@
 #include "modViewTransform.h"
 
 #include <algorithm>
+#include <array>
 #include <string>
 #include <vector>
 
@@ -55,7 +56,7 @@ frmMain::~frmMain() {
 }
 
 void frmMain::runAnalysis() {
-  CBpic->grTxtBox->Commit();
+  CommitPendingEdit();
   {
     const BusyPointer busy;
     if (!strutwright::runAnalysis()) return;
@@ -100,6 +101,10 @@ void frmMain::initGrids() { strutwright::initGrids(); }
 
 void frmMain::EndProgram() { close(); }
 
+void frmMain::addNode(float x, float y) { strutwright::addNode(x, y); }
+
+void frmMain::AddMember(std::int16_t i, std::int16_t j) { strutwright::AddMember(i, j); }
+
 void frmMain::resultGrids() { strutwright::resultGrids(); }
 
 void frmMain::ZoomOut() {
@@ -110,9 +115,28 @@ void frmMain::ZoomOut() {
 
 void frmMain::Run(const std::function<void()>& command) {
   Guard([&] {
-    CBpic->grTxtBox->Commit();
+    CommitPendingEdit();
     command();
   });
+}
+
+void frmMain::CommitPendingEdit() { CBpic->grTxtBox->Commit(); }
+
+/// The model is taken from the grids first, so that a row pasted meanwhile is not overwritten.
+void frmMain::DrawNode(float x, float y) {
+  EndAnalysis(false);
+  RebuildModelFromGrids();
+  addNode(x, y);
+  RebuildModelFromGrids();
+  Redraw(false);
+}
+
+void frmMain::DrawMember(int i, int j) {
+  EndAnalysis(false);
+  RebuildModelFromGrids();
+  AddMember(static_cast<std::int16_t>(i), static_cast<std::int16_t>(j));
+  RebuildModelFromGrids();
+  Redraw(false);
 }
 
 void frmMain::ActivateDisplay() { Children->setActiveSubWindow(GraphWindow); }
@@ -122,10 +146,12 @@ void frmMain::ActivateEquations() { Children->setActiveSubWindow(EquationsWindow
 /// An edit shows at once.  What can't be drawn yet, such as a member whose node is still to be typed, is no reason to
 /// stop the user with a box.
 void frmMain::TakeCell(const std::function<bool()>& take) {
-  if (!take()) return;
-  EndAnalysis(false);
-  RebuildModelFromGrids();
-  RedrawWhatCanBeDrawn();
+  Edit("Cell Edit", [&] {
+    if (!take()) return;
+    EndAnalysis(false);
+    RebuildModelFromGrids();
+    RedrawWhatCanBeDrawn();
+  });
 }
 
 void frmMain::RedrawWhatCanBeDrawn() {
@@ -178,6 +204,26 @@ void frmMain::ShowScales() {
 
 void frmMain::Tick() {
   if (!Working) AnimationTick(*CBpic->udDeflectionScale);
+}
+
+void frmMain::ShowGrid(int index) {
+  CBpic->ShowGrid(index);
+  const std::array<Grid*, 4> grids{&GrJoints, &GrMembers, &jResGr, &mResGr};
+  menuGrid = grids.at(static_cast<std::size_t>(index));
+  EnableGridActions();
+}
+
+void frmMain::OpenGridMenu(DataGridView& view, const QPoint& place) {
+  menuGrid = &view.Data();
+  EnableGridActions();
+  mnuGrid->popup(place);
+}
+
+void frmMain::EnableGridActions() {
+  const QList<QAction*> actions = mnuGrid->actions();
+  for (qsizetype entry = 0; entry < actions.size(); ++entry) {
+    actions[entry]->setEnabled(IsEnabled(GridMenu.at(static_cast<std::size_t>(entry)).command, *menuGrid));
+  }
 }
 
 void frmMain::HideBoard() {
