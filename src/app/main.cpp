@@ -31,6 +31,7 @@ int RunProgram(int argc, char** argv) {
                                 .dataFolder = strutwright::UserDataFolder(),
                                 .clipboard = &clipboard,
                                 .shell = &shell};
+  frame.RestorePlace();
   frame.show();
   frame.MDIForm_Load();
   return QApplication::exec();

@@ -27,7 +27,9 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMdiSubWindow>
+#include <QSettings>
 #include <QSignalBlocker>
+#include <QSplitter>
 #include <QVBoxLayout>
 
 namespace strutwright {
@@ -37,6 +39,8 @@ namespace {
 // The child windows' shares of the room above the board.
 constexpr QRectF DisplayShare{0, 0, 0.64, 1};
 constexpr QRectF EquationsShare{0.64, 0, 0.36, 1};
+
+QString PlaceFile() { return QString::fromStdString(DataFolder()) + "/window.ini"; }
 
 /// Shows the busy pointer while it lives.
 class BusyPointer {
@@ -244,7 +248,27 @@ void frmMain::ShowBoard() {
   Redraw(true);
 }
 
+/// Where the place is not known, or the file says nothing of use, the frame stays as it is.
+void frmMain::RestorePlace() {
+  const QSettings place(PlaceFile(), QSettings::IniFormat);
+  restoreGeometry(place.value("geometry").toByteArray());
+  BoardSplitter->restoreState(place.value("board").toByteArray());
+}
+
+/// A place that can't be kept is no reason to hold the user up.
+void frmMain::SavePlace() {
+  Files().CreateFolder(DataFolder());
+  QSettings place(PlaceFile(), QSettings::IniFormat);
+  place.setValue("geometry", saveGeometry());
+  place.setValue("board", BoardSplitter->saveState());
+}
+
 void frmMain::closeEvent(QCloseEvent* event) {
+  try {
+    SavePlace();
+  } catch (const FileError&) {
+    // The next start uses the place before.
+  }
   Ending = true;
   Timer1.stop();
   QMainWindow::closeEvent(event);

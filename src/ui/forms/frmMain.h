@@ -14,6 +14,7 @@
 
 class QMdiSubWindow;
 class QMenu;
+class QSplitter;
 class QVBoxLayout;
 
 namespace strutwright {
@@ -41,6 +42,9 @@ class frmMain : public QMainWindow, public Host {
 
   /// Starts the program in the frame, which is shown already: state, grids, child windows, view.
   void MDIForm_Load();
+
+  /// Takes the size and place that the frame had when the program last ended; to be called before it is shown.
+  void RestorePlace();
 
   /// Lays the grids out for GridCapacity.
   void initGrids();
@@ -121,6 +125,7 @@ class frmMain : public QMainWindow, public Host {
   void ShowScales();
   void Tick();
   void ShowGrid(int index);
+  void SavePlace();
   void HideBoard();
   void ShowBoard();
 
@@ -129,6 +134,7 @@ class frmMain : public QMainWindow, public Host {
   ChildArea* Children = nullptr;
   QWidget* BtnPic = nullptr; ///< the strip that brings the hidden board back
   QVBoxLayout* Centre = nullptr;
+  QSplitter* BoardSplitter = nullptr;
   frmGraph* Graph = nullptr;         ///< nullptr until MDIForm_Load
   frmEquations* Equations = nullptr; ///< likewise
   QMdiSubWindow* GraphWindow = nullptr;
