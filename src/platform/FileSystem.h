@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <string>
 #include <system_error>
+#include <vector>
 
 namespace strutwright {
 
@@ -41,6 +42,9 @@ class FileSystem {
 
   /// The path behind all symbolic links, which need not exist; the path itself where it is no link.
   virtual std::string FollowLinks(const std::string& path) = 0;
+
+  /// The names of what lies in a folder, in no particular order; none where there is no such folder.
+  virtual std::vector<std::string> Names(const std::string& folder) = 0;
 
   /// Up to `limit` bytes from `offset` on, fewer where the file ends before.  Never creates a file.
   virtual std::string Read(const std::string& path, std::size_t offset, std::size_t limit) = 0;

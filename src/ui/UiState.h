@@ -2,16 +2,27 @@
 
 #include "Grid.h"
 
+#include <cstdint>
+
 namespace strutwright {
 
-/// The results grids; the data grids belong to the model.
+/// The results grids, and what the scales and the animation remember; the data grids belong to the model.
 struct UiState {
   Grid jResGr; ///< joint results, columns as in JointResultColumns
   Grid mResGr; ///< member results, columns as in MemberResultColumns
+
+  std::int16_t lastDeflectionSpin = 0; ///< what the spinner of DeflectionScale showed at its last change; 0: none yet
+  std::int16_t lastLoadsSpin = 0;      ///< the same of LoadsScale
+  bool animating = false;              ///< the animation of the deflected shape runs
+  std::int16_t animStep = 0;           ///< +1 or -1, the way in which it turns the spinner
 };
 
 inline UiState TheUi;
 inline auto& jResGr = TheUi.jResGr;
 inline auto& mResGr = TheUi.mResGr;
+inline auto& lastDeflectionSpin = TheUi.lastDeflectionSpin;
+inline auto& lastLoadsSpin = TheUi.lastLoadsSpin;
+inline auto& animating = TheUi.animating;
+inline auto& animStep = TheUi.animStep;
 
 } // namespace strutwright

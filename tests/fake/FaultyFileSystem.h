@@ -22,6 +22,7 @@ class FaultyFileSystem : public FileSystem {
 
   FileKind Kind(const std::string& path) override { return Step("Kind"), Real.Kind(path); }
   std::string FollowLinks(const std::string& path) override { return Step("FollowLinks"), Real.FollowLinks(path); }
+  std::vector<std::string> Names(const std::string& folder) override { return Step("Names"), Real.Names(folder); }
   std::string Read(const std::string& path, std::size_t offset, std::size_t limit) override {
     return Step("Read"), Real.Read(path, offset, limit);
   }

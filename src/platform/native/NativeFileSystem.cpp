@@ -103,6 +103,16 @@ std::string NativeFileSystem::FollowLinks(const std::string& path) {
   return target.string();
 }
 
+std::vector<std::string> NativeFileSystem::Names(const std::string& folder) {
+  std::vector<std::string> names;
+  std::error_code error;
+  for (auto entry = fs::directory_iterator(folder, error); !error && entry != fs::directory_iterator();
+       entry.increment(error)) {
+    names.push_back(entry->path().filename().string());
+  }
+  return names;
+}
+
 std::string NativeFileSystem::Read(const std::string& path, std::size_t offset, std::size_t limit) {
   constexpr std::size_t Portion = 1 << 16;
   const Descriptor file(path, O_RDONLY);

@@ -9,6 +9,7 @@ class NativeFileSystem : public FileSystem {
  public:
   FileKind Kind(const std::string& path) override;
   std::string FollowLinks(const std::string& path) override;
+  std::vector<std::string> Names(const std::string& folder) override;
   std::string Read(const std::string& path, std::size_t offset, std::size_t limit) override;
   void CheckWritable(const std::string& path) override;
   std::string CreateBeside(const std::string& path) override;

@@ -1,0 +1,45 @@
+#include "NativeFileSystem.h"
+#include "NativePlaces.h"
+#include "Platform.h"
+#include "QtClipboard.h"
+#include "QtFileDialog.h"
+#include "QtMessageBoxes.h"
+#include "frmMain.h"
+
+#include <cstdio>
+#include <exception>
+
+#include <QApplication>
+
+namespace {
+
+int RunProgram(int argc, char** argv) {
+  // The arguments belong to Qt alone: the program always starts with an empty model.
+  QApplication application(argc, argv);
+  strutwright::QtMessageBoxes messages;
+  strutwright::QtFileDialog dialog;
+  strutwright::QtClipboard clipboard;
+  strutwright::NativeFileSystem files;
+  strutwright::frmMain frame;
+  strutwright::ThePlatform() = {.messages = &messages,
+                                .host = &frame,
+                                .files = &files,
+                                .dialog = &dialog,
+                                .programFolder = strutwright::ExecutableFolder(),
+                                .dataFolder = strutwright::UserDataFolder(),
+                                .clipboard = &clipboard};
+  frame.show();
+  frame.MDIForm_Load();
+  return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return RunProgram(argc, argv);
+  } catch (const std::exception& failure) {
+    std::fprintf(stderr, "Strutwright can't start: %s\n", failure.what());
+    return 1;
+  }
+}

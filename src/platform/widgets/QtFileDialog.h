@@ -1,0 +1,31 @@
+#pragma once
+
+#include "FileDialog.h"
+
+#include <QString>
+#include <QStringList>
+
+namespace strutwright {
+
+/// The desktop's file dialog over the active window.
+/// An initial folder that does not exist gives way to the folder of the dialog's last use, at first the user's
+/// documents.
+class QtFileDialog : public FileDialog {
+ public:
+  bool ShowOpen() override;
+  bool ShowSave() override;
+
+  /// The filters of a list "Name|pattern|Name|pattern" as Qt writes them; the pattern of all files matches those
+  /// without a point in their name too.
+  static QStringList NameFilters(const QString& filter);
+
+  /// Where the dialog opens when it is shown now.
+  QString StartFolder() const;
+
+ private:
+  bool Show(bool save);
+
+  QString LastFolder;
+};
+
+} // namespace strutwright

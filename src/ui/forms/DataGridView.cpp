@@ -1,0 +1,160 @@
+#include "DataGridView.h"
+
+#include "EventGuard.h"
+#include "GridEditBox.h"
+#include "modCellEditing.h"
+
+#include <optional>
+
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+
+namespace strutwright {
+
+namespace {
+
+constexpr int RowPadding = 8;    // pixels, above and below a text together
+constexpr int ColumnPadding = 6; // pixels, left and right of a text together
+constexpr int HeaderLines = 2;   // a heading and its unit
+
+/// The character that opens the edit box; nothing for keys that are shortcuts or that move.
+std::optional<char32_t> OpeningCharacter(const QKeyEvent& key) {
+  if ((key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0) return std::nullopt;
+  if (key.key() == Qt::Key_F2) return U' ';
+  if (key.key() == Qt::Key_Escape || key.key() == Qt::Key_Delete) return std::nullopt;
+  if (key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab) return std::nullopt;
+  const auto characters = key.text().toUcs4();
+  if (characters.isEmpty()) return std::nullopt;
+  return static_cast<char32_t>(characters.first());
+}
+
+} // namespace
+
+DataGridView::DataGridView(Grid& grid, const QString& name, QWidget* parent) : QTableView(parent), Model(grid) {
+  setObjectName(name);
+  setModel(&Model);
+  setEditTriggers(NoEditTriggers);
+  setSelectionMode(ContiguousSelection);
+  setTabKeyNavigation(false);
+  setAlternatingRowColors(true);
+  setCornerButtonEnabled(false);
+  LayOut();
+  Model.SetSelectionNotice([this] { ShowSelection(); });
+  ShowSelection();
+}
+
+void DataGridView::LayOut() {
+  Corner = new QLabel(this);
+  Corner->setAlignment(Qt::AlignCenter);
+  Corner->setAttribute(Qt::WA_TransparentForMouseEvents);
+  horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+  horizontalHeader()->setMinimumSectionSize(fontMetrics().horizontalAdvance("(kN/mm2)") + ColumnPadding);
+  horizontalHeader()->setFixedHeight(HeaderLines * fontMetrics().height() + RowPadding);
+  horizontalHeader()->setHighlightSections(false);
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + RowPadding);
+  verticalHeader()->setMinimumWidth(fontMetrics().horizontalAdvance("MEMBERS") + 2 * ColumnPadding);
+  verticalHeader()->setHighlightSections(false);
+}
+
+QRect DataGridView::CurrentCellRect() {
+  const QModelIndex cell = Model.index(Data().CurrentRow() - 1, Data().CurrentColumn() - 1);
+  scrollTo(cell);
+  return visualRect(cell);
+}
+
+void DataGridView::OpenEditBox(char32_t typed) {
+  if (EditBox != nullptr) Guard([this, typed] { EditBox->Open(*this, typed); });
+}
+
+void DataGridView::CommitPendingEdit() {
+  if (EditBox != nullptr) Guard([this] { EditBox->Commit(); });
+}
+
+void DataGridView::keyPressEvent(QKeyEvent* event) {
+  const std::optional<char32_t> typed = OpeningCharacter(*event);
+  if (typed && EditBox != nullptr) return OpenEditBox(*typed);
+  QTableView::keyPressEvent(event);
+}
+
+/// The edit belongs to the cell that was current before the click.
+void DataGridView::mousePressEvent(QMouseEvent* event) {
+  CommitPendingEdit();
+  QTableView::mousePressEvent(event);
+}
+
+void DataGridView::mouseReleaseEvent(QMouseEvent* event) {
+  QTableView::mouseReleaseEvent(event);
+  if (event->button() == Qt::RightButton && MenuListener) MenuListener(event->globalPosition().toPoint());
+}
+
+void DataGridView::mouseDoubleClickEvent(QMouseEvent* event) {
+  QTableView::mouseDoubleClickEvent(event);
+  if (event->button() == Qt::LeftButton) OpenEditBox(U' ');
+}
+
+/// The mouse opens the menu when its button is released; this is the menu key.
+void DataGridView::contextMenuEvent(QContextMenuEvent* event) {
+  if (event->reason() != QContextMenuEvent::Mouse && MenuListener) {
+    MenuListener(viewport()->mapToGlobal(visualRect(currentIndex()).center()));
+  }
+  event->accept();
+}
+
+void DataGridView::focusInEvent(QFocusEvent* event) {
+  QTableView::focusInEvent(event);
+  CommitPendingEdit();
+}
+
+void DataGridView::updateGeometries() {
+  QTableView::updateGeometries();
+  if (Corner == nullptr) return;
+  Corner->setText(QString::fromStdString(Data().Text(0, 0)));
+  Corner->setGeometry(frameWidth(), frameWidth(), verticalHeader()->width(), horizontalHeader()->height());
+}
+
+void DataGridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QTableView::currentChanged(current, previous);
+  TakeSelection();
+}
+
+void DataGridView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+  QTableView::selectionChanged(selected, deselected);
+  TakeSelection();
+}
+
+void DataGridView::ShowSelection() {
+  if (Synchronising) return;
+  const QScopedValueRollback guard(Synchronising, true);
+  const GridBlock block = Data().Selection();
+  const QModelIndex current = Model.index(Data().CurrentRow() - 1, Data().CurrentColumn() - 1);
+  if (!current.isValid() || Data().Highlight() == 0) {
+    selectionModel()->clear();
+    return;
+  }
+  const QItemSelection cells(Model.index(block.firstRow - 1, block.firstColumn - 1),
+                             Model.index(block.lastRow - 1, block.lastColumn - 1));
+  selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
+  selectionModel()->select(cells, QItemSelectionModel::ClearAndSelect);
+}
+
+/// The grid's current cell is where the selection began, the view's is where it ends.
+void DataGridView::TakeSelection() {
+  if (Synchronising || Model.IsTakingChange() || !currentIndex().isValid()) return;
+  const QScopedValueRollback guard(Synchronising, true);
+  const int row = currentIndex().row();
+  const int column = currentIndex().column();
+  const QItemSelection cells = selectionModel()->selection();
+  if (cells.size() != 1 || !cells.first().contains(currentIndex())) {
+    return Data().SetCurrentCell(row + 1, column + 1);
+  }
+  const QItemSelectionRange& block = cells.first();
+  Data().SetCurrentCell(block.top() + block.bottom() - row + 1, block.left() + block.right() - column + 1);
+  Data().ExtendSelection(row + 1, column + 1);
+}
+
+} // namespace strutwright

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "GridModel.h"
+
+#include <functional>
+
+#include <QTableView>
+
+class QLabel;
+
+namespace strutwright {
+
+class GridEditBox;
+
+/// A Grid on screen: its headers are the view's headers, its current cell and selection the view's.
+/// Read-only until it is given an edit box.
+class DataGridView : public QTableView {
+ public:
+  /// name: the control's name and its name for people, where they differ.
+  DataGridView(Grid& grid, const QString& name, QWidget* parent = nullptr);
+
+  Grid& Data() const { return Model.Data(); }
+
+  /// Where the current cell stands in the viewport, scrolled into sight.
+  QRect CurrentCellRect();
+
+  /// Lets the user edit cells: a double-click or a typed character opens the box over the current cell, and what it
+  /// holds is taken when this view receives the focus.
+  void SetEditBox(GridEditBox& box) { EditBox = &box; }
+
+  /// Called with a global position when the user asks for the grid's menu.
+  void SetMenuNotice(std::function<void(const QPoint&)> listener) { MenuListener = std::move(listener); }
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void updateGeometries() override;
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+
+ private:
+  void LayOut();
+  void OpenEditBox(char32_t typed);
+  void CommitPendingEdit();
+  void ShowSelection();
+  void TakeSelection();
+
+  GridModel Model;
+  QLabel* Corner = nullptr; ///< shows the text of cell (0, 0)
+  GridEditBox* EditBox = nullptr;
+  std::function<void(const QPoint&)> MenuListener;
+  bool Synchronising = false;
+};
+
+} // namespace strutwright

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "modCellEditing.h"
+
+#include <functional>
+
+#include <QLineEdit>
+#include <QPointer>
+
+namespace strutwright {
+
+class DataGridView;
+
+/// The one text box in which the cells of all data grids are edited.  While an edit is pending it lies over the
+/// current cell of its grid, whose name is in its property "tag".
+class GridEditBox : public QLineEdit {
+ public:
+  explicit GridEditBox(QWidget* parent);
+
+  /// Begins an edit of the view's current cell, after it has taken one that was pending.
+  void Open(DataGridView& view, char32_t typed);
+
+  /// Takes the text into the cell that the edit was begun on, and hides.  Nothing happens without a pending edit.
+  void Commit();
+
+  bool IsPending() const { return View != nullptr; }
+
+  /// How the text gets into its cell: called with the routine that puts it there, which returns whether the cell has
+  /// changed.
+  void SetCommitter(std::function<void(const std::function<bool()>&)> committer) { Committer = std::move(committer); }
+
+ protected:
+  bool event(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void Place();
+  void Cancel();
+  void CommitAndMove(CellKey key);
+  DataGridView* Close();
+
+  QPointer<DataGridView> View; ///< where an edit is pending
+  std::function<void(const std::function<bool()>&)> Committer = [](const std::function<bool()>& take) { take(); };
+};
+
+} // namespace strutwright

@@ -1,0 +1,88 @@
+#include "MainStatusBar.h"
+
+#include "InputBarrier.h"
+
+#include <QCoreApplication>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+
+namespace strutwright {
+
+namespace {
+
+constexpr int HintTime = 10000; // ms
+constexpr int Percent = 100;
+constexpr int ProgressWidth = 140; // pixels
+
+} // namespace
+
+MainStatusBar::MainStatusBar(QWidget* parent) : QStatusBar(parent) {
+  setObjectName("stsBar");
+  Coordinates = AddPanel("stsBar_Coords", "Position of the mouse in the truss display, m", 24);
+  MouseMode = AddPanel("stsBar_MouseMode", "What a click in the truss display does", 16);
+  Analysis = AddPanel("stsBar_Analysis", "Whether there are results of an analysis", 14);
+  Hint = new QLabel(this);
+  Hint->setObjectName("stsBar_Hint");
+  Hint->setAccessibleName("Hint");
+  addWidget(Hint, 1);
+  Progress = new QProgressBar(this);
+  Progress->setObjectName("stsBar_Progress");
+  Progress->setAccessibleName("Progress");
+  Progress->setRange(0, Percent);
+  Progress->setMaximumWidth(ProgressWidth);
+  Progress->hide();
+  addPermanentWidget(Progress);
+  Cancel = new QPushButton("Cancel", this);
+  Cancel->setObjectName("stsBar_Cancel");
+  Cancel->setToolTip("Stops the work; an analysis is then left without results");
+  Cancel->hide();
+  addPermanentWidget(Cancel);
+  connect(Cancel, &QPushButton::clicked, this, [this] { Cancelled = true; });
+  HintTimer.setSingleShot(true);
+  connect(&HintTimer, &QTimer::timeout, Hint, &QLabel::clear);
+}
+
+QLabel* MainStatusBar::AddPanel(const QString& name, const QString& description, int characters) {
+  auto* panel = new QLabel(this);
+  panel->setObjectName(name);
+  panel->setToolTip(description);
+  panel->setAccessibleName(description);
+  panel->setMinimumWidth(characters * fontMetrics().averageCharWidth());
+  addWidget(panel);
+  return panel;
+}
+
+void MainStatusBar::ShowCoordinates(const QString& text) { Coordinates->setText(text); }
+
+void MainStatusBar::ShowMouseMode(const QString& text) { MouseMode->setText(text); }
+
+void MainStatusBar::ShowAnalysis(const QString& text) { Analysis->setText(text); }
+
+void MainStatusBar::ShowHint(const QString& text) {
+  Hint->setText(text);
+  Hint->setToolTip(text);
+  HintTimer.start(HintTime);
+}
+
+bool MainStatusBar::ShowProgress(const QString& text, double fraction) {
+  if (Progress->isHidden()) {
+    Cancelled = false;
+    Progress->show();
+    Cancel->show();
+    Cancel->setFocus();
+  }
+  Hint->setText(text + " ...");
+  Progress->setValue(qRound(Percent * fraction));
+  const InputBarrier barrier(Cancel);
+  QCoreApplication::processEvents();
+  return !Cancelled;
+}
+
+void MainStatusBar::EndProgress() {
+  Progress->hide();
+  Cancel->hide();
+  Hint->clear();
+}
+
+} // namespace strutwright

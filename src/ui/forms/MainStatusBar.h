@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QStatusBar>
+#include <QTimer>
+
+class QLabel;
+class QProgressBar;
+class QPushButton;
+
+namespace strutwright {
+
+/// The status bar `stsBar`: three panels, then a hint that goes by itself, or the progress of long work.
+class MainStatusBar : public QStatusBar {
+ public:
+  explicit MainStatusBar(QWidget* parent);
+
+  void ShowCoordinates(const QString& text);
+  void ShowMouseMode(const QString& text);
+  void ShowAnalysis(const QString& text);
+  void ShowHint(const QString& text);
+
+  /// Shows how far long work is and takes paint events and clicks on Cancel, nothing else; a request to close the
+  /// window meanwhile is kept for later.  False once the user has cancelled.
+  bool ShowProgress(const QString& text, double fraction);
+  void EndProgress();
+
+  /// The widget in which clicks get through while progress shows.
+  const QPushButton* CancelButton() const { return Cancel; }
+
+ private:
+  QLabel* AddPanel(const QString& name, const QString& description, int characters);
+
+  QLabel* Coordinates = nullptr;
+  QLabel* MouseMode = nullptr;
+  QLabel* Analysis = nullptr;
+  QLabel* Hint = nullptr;
+  QProgressBar* Progress = nullptr;
+  QPushButton* Cancel = nullptr;
+  QTimer HintTimer;
+  bool Cancelled = false;
+};
+
+} // namespace strutwright

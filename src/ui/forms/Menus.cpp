@@ -1,0 +1,77 @@
+#include "Menus.h"
+
+#include "frmMain.h"
+#include "modExamples.h"
+#include "modFileCommands.h"
+#include "modPlaces.h"
+
+#include <utility>
+
+namespace strutwright {
+
+QMenu* MenuBuilder::AddMenu(const QString& name, const QString& title) {
+  MenuList << NewMenu(name, title);
+  return MenuList.last();
+}
+
+QMenu* MenuBuilder::NewMenu(const QString& name, const QString& title) {
+  auto* menu = new QMenu(title, &Owner);
+  menu->setObjectName(name);
+  menu->setToolTipsVisible(true);
+  return menu;
+}
+
+QMenu* MenuBuilder::AddSubmenu(QMenu& menu, const QString& name, const QString& title) {
+  QMenu* submenu = NewMenu(name, title);
+  menu.addMenu(submenu);
+  return submenu;
+}
+
+QAction* MenuBuilder::Add(QMenu& menu, const QString& name, const QString& text, const QKeySequence& shortcut,
+                          std::function<void()> command, const QString& toolTip) {
+  auto* action = new QAction(text, &Owner);
+  action->setObjectName(name);
+  action->setShortcut(shortcut);
+  if (!toolTip.isEmpty()) action->setToolTip(toolTip);
+  QObject::connect(action, &QAction::triggered, &Owner,
+                   [&frame = Frame, command = std::move(command)] { frame.Run(command); });
+  menu.addAction(action);
+  return action;
+}
+
+void MenuBuilder::AddFileMenu() {
+  QMenu& file = *AddMenu("mnuFile", "&File");
+  Add(file, "mnuNew", "&New", QKeySequence::New, NewFromMenu, "Begins with an empty model");
+  Add(file, "mnuOpen", "&Open...", QKeySequence::Open, OpenFromMenu);
+  AddExamples(file);
+  Add(file, "mnuSave", "&Save", QKeySequence::Save, SaveFromMenu);
+  Add(file, "mnuSaveAs", "Save &As...", QKeySequence::SaveAs, SaveAsFromMenu);
+  file.addSeparator()->setObjectName("mnuBar4");
+  Add(file, "mnuExit", "E&xit", QKeySequence::Quit, [&frame = Frame] { frame.EndProgram(); });
+}
+
+/// Lists the examples when the menu is opened: looking for them would only delay the start.
+void MenuBuilder::AddExamples(QMenu& menu) {
+  QMenu* examples = AddSubmenu(menu, "mnuExamples", "Open &Example");
+  QObject::connect(&menu, &QMenu::aboutToShow, examples, [this_ = *this, examples]() mutable {
+    if (!examples->isEmpty()) return;
+    for (const std::string& path : ExampleModels()) {
+      this_.Add(*examples, "mnuExample_" + QString::number(examples->actions().size() + 1),
+                QString::fromStdString(LastComponent(path)), {}, [path] { OpenExample(path); });
+    }
+    examples->setEnabled(!examples->isEmpty());
+  });
+}
+
+void MenuBuilder::AddAnalyse(QMenu& menu) {
+  Add(menu, "mnuAnalyse", "&Analyse", Qt::Key_F5, [&frame = Frame] { frame.runAnalysis(); },
+      "Computes displacements, member forces and reactions");
+}
+
+void MenuBuilder::AddHelpMenu() {
+  QMenu& help = *AddMenu("mnuHelp", "&Help");
+  Add(help, "mnuSWHelp", "&Strutwright Help", QKeySequence::HelpContents, [] {});
+  Add(help, "mnuAbout", "&About Strutwright", {}, [] {})->setEnabled(false);
+}
+
+} // namespace strutwright

@@ -1,0 +1,212 @@
+#include "frmMain.h"
+
+#include "AnalysisState.h"
+#include "ChildArea.h"
+#include "ControlBoard.h"
+#include "DisplayState.h"
+#include "EventGuard.h"
+#include "MainStatusBar.h"
+#include "Platform.h"
+#include "UiState.h"
+#include "frmEquations.h"
+#include "frmGraph.h"
+#include "modAnimation.h"
+#include "modFileCommands.h"
+#include "modGrids.h"
+#include "modModelStore.h"
+#include "modRedraw.h"
+#include "modRunAnalysis.h"
+#include "modScales.h"
+#include "modViewTransform.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMdiSubWindow>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+namespace strutwright {
+
+namespace {
+
+// The child windows' shares of the room above the board.
+constexpr QRectF DisplayShare{0, 0, 0.64, 1};
+constexpr QRectF EquationsShare{0.64, 0, 0.36, 1};
+
+/// Shows the busy pointer while it lives.
+class BusyPointer {
+ public:
+  BusyPointer() { QGuiApplication::setOverrideCursor(Qt::BusyCursor); }
+  BusyPointer(const BusyPointer&) = delete;
+  BusyPointer& operator=(const BusyPointer&) = delete;
+  ~BusyPointer() { QGuiApplication::restoreOverrideCursor(); }
+};
+
+} // namespace
+
+frmMain::~frmMain() {
+  Ending = true;
+  DisplaySurface = nullptr;
+}
+
+void frmMain::runAnalysis() {
+  CBpic->grTxtBox->Commit();
+  {
+    const BusyPointer busy;
+    if (!strutwright::runAnalysis()) return;
+  }
+  TickResultSwitches(true);
+  Redraw(false);
+}
+
+/// The boxes are unticked while AnalysisDone still holds, so that none of them says that there are no results.
+void frmMain::EndAnalysis(bool redraw) {
+  TickResultSwitches(false);
+  AnalysisDone = FlagFalse;
+  RefreshStatusTexts();
+  if (redraw) Redraw(false);
+}
+
+void frmMain::AnimateDSD() { StartAnimation(*CBpic->udDeflectionScale); }
+
+void frmMain::MDIForm_Load() {
+  AnalysisDone = FlagFalse;
+  KeepView = false;
+  ShowDeflectedShape = false;
+  ShowMemberForces = false;
+  ShowReactions = false;
+  MemberCount = 0;
+  NodeCount = 0;
+  NodeTable.Recreate(NodeCount);
+  MemberTable.Recreate(MemberCount);
+  initGrids();
+  Equations = new frmEquations(*this);
+  EquationsWindow = Children->AddChild(*Equations, EquationsShare);
+  Graph = new frmGraph(*this, *stsBar);
+  GraphWindow = Children->AddChild(*Graph, DisplayShare);
+  ActivateDisplay();
+  DisplaySurface = &Graph->Surface();
+  SetViewWindow(*DisplaySurface, -1.0F, 10.0F, 0.0F, 3.0F);
+  RefreshStatusTexts();
+  Redraw(false);
+}
+
+void frmMain::initGrids() { strutwright::initGrids(); }
+
+void frmMain::EndProgram() { close(); }
+
+void frmMain::resultGrids() { strutwright::resultGrids(); }
+
+void frmMain::ZoomOut() {
+  if (DisplaySurface == nullptr) return;
+  EnlargeWindow(*DisplaySurface);
+  Redraw(false);
+}
+
+void frmMain::Run(const std::function<void()>& command) {
+  Guard([&] {
+    CBpic->grTxtBox->Commit();
+    command();
+  });
+}
+
+void frmMain::ActivateDisplay() { Children->setActiveSubWindow(GraphWindow); }
+
+void frmMain::ActivateEquations() { Children->setActiveSubWindow(EquationsWindow); }
+
+/// An edit shows at once.  What can't be drawn yet, such as a member whose node is still to be typed, is no reason to
+/// stop the user with a box.
+void frmMain::TakeCell(const std::function<bool()>& take) {
+  if (!take()) return;
+  EndAnalysis(false);
+  RebuildModelFromGrids();
+  RedrawWhatCanBeDrawn();
+}
+
+void frmMain::RedrawWhatCanBeDrawn() {
+  const std::vector<std::string> failures = RedrawQuietly(DisplaySurface, false);
+  Graph->ShowDrawing();
+  if (failures.empty()) return;
+  std::string hint = failures.front();
+  std::replace(hint.begin(), hint.end(), '\n', ' ');
+  ShowHint(hint);
+}
+
+void frmMain::ClickResultSwitch(QCheckBox& box, bool& flag, bool& guard) {
+  if (AnalysisDone != FlagFalse) {
+    flag = box.isChecked();
+    Redraw(false);
+  } else if (guard) {
+    guard = false;
+  } else {
+    ShowMessage(MessageIcon::Information, "No results available");
+    guard = true;
+    box.setChecked(false);
+  }
+}
+
+/// Sets the three flags and their boxes, without the clicks and so without a drawing for each.
+void frmMain::TickResultSwitches(bool ticked) {
+  ShowReactions = ticked;
+  ShowMemberForces = ticked;
+  ShowDeflectedShape = ticked;
+  for (QCheckBox* box : {CBpic->ReactionsChk, CBpic->MbrForcesChk, CBpic->DSDchk}) {
+    const QSignalBlocker silent(box);
+    box->setChecked(ticked);
+  }
+}
+
+void frmMain::stepDeflectionScale(bool up) {
+  strutwright::stepDeflectionScale(up);
+  ShowScales();
+}
+
+void frmMain::stepLoadsScale(bool up) {
+  strutwright::stepLoadsScale(up);
+  ShowScales();
+}
+
+void frmMain::ShowScales() {
+  CBpic->lblDeflectionScale->setText(QString::fromStdString(DeflectionScaleText()));
+  CBpic->lblLoadsScale->setText(QString::fromStdString(LoadsScaleText()));
+}
+
+void frmMain::Tick() {
+  if (!Working) AnimationTick(*CBpic->udDeflectionScale);
+}
+
+void frmMain::HideBoard() {
+  CBpic->hide();
+  Centre->removeWidget(BtnPic);
+  Centre->addWidget(BtnPic);
+  BtnPic->show();
+  Redraw(false);
+}
+
+void frmMain::ShowBoard() {
+  CBpic->show();
+  BtnPic->hide();
+  Centre->removeWidget(BtnPic);
+  Centre->insertWidget(0, BtnPic);
+  // The drawing is framed in the room that the board leaves it.
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+  Redraw(true);
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+  Ending = true;
+  Timer1.stop();
+  QMainWindow::closeEvent(event);
+  QCoreApplication::quit();
+}
+
+void frmMain::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  Guard([this] { Redraw(true); });
+}
+
+} // namespace strutwright

@@ -1,0 +1,67 @@
+#include "frmMain.h"
+
+// What the lower floors ask of the main frame.
+
+#include "ControlBoard.h"
+#include "DisplayState.h"
+#include "MainStatusBar.h"
+#include "UiState.h"
+#include "frmEquations.h"
+#include "frmGraph.h"
+#include "modGrids.h"
+#include "modModelStore.h"
+#include "modRedraw.h"
+#include "modScales.h"
+
+namespace strutwright {
+
+void frmMain::RefreshStatusTexts() {
+  if (Graph != nullptr) Graph->stsBarUpdate();
+}
+
+void frmMain::Redraw(bool zoomToExtents) {
+  RedrawDisplay(DisplaySurface, zoomToExtents);
+  if (Graph != nullptr) Graph->ShowDrawing();
+}
+
+void frmMain::ClearSurface() {
+  if (DisplaySurface != nullptr) DisplaySurface->Clear();
+  if (Graph != nullptr) Graph->ShowDrawing();
+}
+
+ModelLayers frmMain::Layers() { return CBpic->Layers(); }
+
+void frmMain::ResetScales() {
+  strutwright::ResetScales();
+  ShowScales();
+}
+
+void frmMain::SetCaption(const std::string& caption) { setWindowTitle(QString::fromStdString(caption)); }
+
+void frmMain::ClearGrids() {
+  for (Grid* grid : {&GrJoints, &GrMembers, &jResGr, &mResGr}) ClearGrid(*grid, GridCapacity);
+}
+
+void frmMain::ResetEquations() {
+  if (Equations != nullptr) Equations->Reset();
+}
+
+int frmMain::NodeAt(float /*x*/, float /*y*/) { return 0; }
+
+void frmMain::DropHighlight() { Redraw(false); }
+
+void frmMain::ShowHint(const std::string& text) { stsBar->ShowHint(QString::fromStdString(text)); }
+
+bool frmMain::ShowProgress(const std::string& text, double fraction) {
+  Working = true;
+  return stsBar->ShowProgress(QString::fromStdString(text), fraction);
+}
+
+void frmMain::EndProgress() {
+  Working = false;
+  stsBar->EndProgress();
+}
+
+void frmMain::SavePicture(const std::string& path) { DisplaySurface->SavePicture(path); }
+
+} // namespace strutwright

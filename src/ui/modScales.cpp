@@ -1,0 +1,56 @@
+#include "modScales.h"
+
+#include "AnalysisState.h"
+#include "DisplayState.h"
+#include "Platform.h"
+#include "modNumberText.h"
+
+#include <algorithm>
+
+namespace strutwright {
+
+namespace {
+
+constexpr std::int16_t SpinnerStart = 500;
+constexpr float DeflectionStep = 10;
+constexpr double LoadsFactor = 1.25;
+constexpr float LeastScale = 1;
+constexpr float GreatestScale = 5000;
+
+float WithinLimits(float scale) { return std::clamp(scale, LeastScale, GreatestScale); }
+
+} // namespace
+
+bool SpinnerWentUp(std::int16_t& last, std::int16_t value) {
+  const std::int16_t before = last == 0 ? SpinnerStart : last;
+  last = value;
+  return value > before;
+}
+
+void stepDeflectionScale(bool up) {
+  if (AnalysisDone == FlagFalse) return;
+  TheHost().ClearSurface();
+  ShowDeflectedShape = true;
+  // From 1 the steps go on with 10, 20, ... and not with 11, 21, ...
+  if (up && DeflectionScale == LeastScale) DeflectionScale = 0;
+  DeflectionScale = WithinLimits(DeflectionScale + (up ? DeflectionStep : -DeflectionStep));
+  TheHost().Redraw(false);
+}
+
+void stepLoadsScale(bool up) {
+  TheHost().ClearSurface();
+  const double scale = static_cast<double>(LoadsScale);
+  LoadsScale = WithinLimits(static_cast<float>(up ? scale * LoadsFactor : scale / LoadsFactor));
+  TheHost().Redraw(false);
+}
+
+std::string DeflectionScaleText() { return FormatNumber(DeflectionScale, "#0") + " mm/mm"; }
+
+std::string LoadsScaleText() { return FormatNumber(LoadsScale, "#0.0") + " kN/m"; }
+
+void ResetScales() {
+  DeflectionScale = 100;
+  LoadsScale = 10;
+}
+
+} // namespace strutwright
