@@ -96,7 +96,7 @@ TEST_F(StepTextTest, BeginsWithTheModel) {
   SetModel({});
 
   EXPECT_EQ(StepDoneText(), "Nothing has been assembled yet.");
-  EXPECT_EQ(StepToComeText(), "First enter nodes and members.");
+  EXPECT_EQ(StepToComeText(), "Enter nodes and members; then Add Member 1 or Show Global K begins the matrix.");
 }
 
 TEST_F(StepTextTest, BeginsWithTheFirstMember) {

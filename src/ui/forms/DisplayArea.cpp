@@ -17,7 +17,8 @@ DisplayArea::DisplayArea(QWidget* parent) : QWidget(parent), Drawing(width(), he
 void DisplayArea::paintEvent(QPaintEvent* /*event*/) {
   // Onto a screen of another density the window comes without a new size.
   if (Drawing.Image().devicePixelRatio() != devicePixelRatioF()) {
-    QMetaObject::invokeMethod(this, [this] { resizeEvent(nullptr); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this] { resizeEvent(nullptr); }, Qt::QueuedConnection);
   }
   QPainter(this).drawImage(QPoint(0, 0), Drawing.Image());
 }

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "modInspectors.h"
+
+#include <cstdint>
+
+#include <QDialog>
+
+namespace strutwright {
+
+/// The member inspector: properties, stiffness matrix and results of one member, which it can delete.
+class frmMemberDetails : public QDialog {
+ public:
+  explicit frmMemberDetails(QWidget* parent);
+
+  /// Fills the grids with the member as it is now.  member: 1..MemberCount.
+  void setMember(std::int16_t member);
+
+ private:
+  void BuildGrids();
+  void BuildButtons();
+  void Delete();
+
+  MemberDetails Details;
+  std::int16_t Member = 0;
+};
+
+} // namespace strutwright
