@@ -1,6 +1,7 @@
 #pragma once
 
 #include "DrawingSurface.h"
+#include "MouseState.h"
 
 #include <cstdint>
 #include <string>
@@ -32,6 +33,7 @@ struct DisplayState {
 
   bool DrawNodeMode = false;   ///< a click adds a node at the nearest grid point
   bool DrawMemberMode = false; ///< two clicks on nodes add a member
+  MouseState Mouse;            ///< the other modes, and what the mouse is in the middle of
 
   std::vector<std::string>* DrawingFailures = nullptr; ///< while set, failures are kept here and show no box
 };
@@ -55,5 +57,6 @@ inline auto& StartNodeNumber = TheDisplay.StartNodeNumber;
 inline auto& GridLineStyle = TheDisplay.GridLineStyle;
 inline auto& DrawNodeMode = TheDisplay.DrawNodeMode;
 inline auto& DrawMemberMode = TheDisplay.DrawMemberMode;
+inline auto& TheMouse = TheDisplay.Mouse;
 
 } // namespace strutwright

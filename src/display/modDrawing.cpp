@@ -94,4 +94,14 @@ void ReportDrawingFailure(const std::string& text, const std::exception& failure
   }
 }
 
+bool TryDrawing(const std::function<void()>& draw) {
+  try {
+    draw();
+    return true;
+  } catch (const std::exception& failure) {
+    ReportDrawingFailure("Drawing error: check the input data", failure);
+    return false;
+  }
+}
+
 } // namespace strutwright

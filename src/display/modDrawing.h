@@ -3,6 +3,7 @@
 #include "DrawingSurface.h"
 
 #include <exception>
+#include <functional>
 #include <string>
 
 namespace strutwright {
@@ -39,5 +40,9 @@ void PrintText(DrawingSurface& surface, double x, double y, const std::string& t
 /// description on a line of its own.  While a box is open there is no second one.
 /// While DrawingFailures is set, the text goes there instead.
 void ReportDrawingFailure(const std::string& text, const std::exception& failure);
+
+/// Draws a part of the model or what marks it.  A failure ends that part and has been reported, under the words for
+/// the model, when this returns false.
+bool TryDrawing(const std::function<void()>& draw);
 
 } // namespace strutwright

@@ -8,7 +8,6 @@
 #include "modViewTransform.h"
 
 #include <cmath>
-#include <exception>
 #include <string>
 
 namespace strutwright {
@@ -190,11 +189,7 @@ void DrawModelLayers(DrawingSurface& surface) {
 } // namespace
 
 void DrawModel(DrawingSurface& surface) {
-  try {
-    DrawModelLayers(surface);
-  } catch (const std::exception& failure) {
-    ReportDrawingFailure("Drawing error: check the input data", failure);
-  }
+  TryDrawing([&] { DrawModelLayers(surface); });
 }
 
 void DrawMember(DrawingSurface& surface, int m, Colour colour) {

@@ -5,27 +5,15 @@
 #include "modDrawing.h"
 #include "modModelRendering.h"
 #include "modResultsRendering.h"
-
-#include <exception>
+#include "modRubberBands.h"
 
 namespace strutwright {
-
-namespace {
-
-void ClearDrawing(DrawingSurface& surface) {
-  try {
-    surface.Clear();
-  } catch (const std::exception& failure) {
-    ReportDrawingFailure("Drawing error: check the input data", failure);
-  }
-}
-
-} // namespace
 
 void RedrawDisplay(DrawingSurface* surface, bool zoomToExtents) {
   if (DisplaySurface == nullptr || surface == nullptr) return;
   KeepView = !zoomToExtents;
-  ClearDrawing(*surface);
+  TryDrawing([surface] { surface->Clear(); });
+  if (surface == DisplaySurface) ForgetRubberBands();
   DrawModel(*surface);
   if (ShowDeflectedShape) DrawDeflectedShape(Displacements, *surface, DeflectionScale);
   if (ShowMemberForces) DrawMemberForces(*surface);

@@ -10,6 +10,7 @@ namespace strutwright {
 /// The one way to draw: clears the surface, then draws the model and, as far as they are shown, the deflected shape,
 /// the member forces and the reactions.  Nothing happens while DisplaySurface is unset.
 /// zoomToExtents: frame the whole model; otherwise the view stays.
+/// What followed the mouse on the surface is gone and comes back with its next move.
 /// Failures have been reported by then, and nothing is thrown.
 void RedrawDisplay(DrawingSurface* surface, bool zoomToExtents);
 

@@ -11,13 +11,18 @@ namespace {
 
 constexpr double FramingMargin = 1.4;
 constexpr double ZoomStep = 1.25;
+constexpr float LeastSide = 1e-6F; // of a zoom rectangle, m
+constexpr double LeastSize = 1e-3; // of a window that was zoomed into, m
+constexpr double MostSize = 1e9;   // of a window that was zoomed out of, m
+constexpr double LeastPart = 1e-5; // of the coordinates in it: leaves a float about a hundred steps
 
-void SetWindowIfFinite(DrawingSurface& surface, double left, double top, double width, double height) {
+bool SetWindowIfFinite(DrawingSurface& surface, double left, double top, double width, double height) {
   const ViewWindow window{static_cast<float>(left), static_cast<float>(top), static_cast<float>(width),
                           static_cast<float>(height)};
-  if (!std::isfinite(window.left) || !std::isfinite(window.top)) return;
-  if (!std::isfinite(window.width) || !std::isfinite(window.height)) return;
+  if (!std::isfinite(window.left) || !std::isfinite(window.top)) return false;
+  if (!std::isfinite(window.width) || !std::isfinite(window.height)) return false;
   surface.SetWindow(window);
+  return true;
 }
 
 /// World units a pixel, in the direction that needs more of them.
@@ -25,6 +30,13 @@ double GoverningScale(const DrawingSurface& surface, double dx, double dy) {
   const auto rx = static_cast<float>(std::fabs(dx / surface.PixelWidth()));
   const auto ry = static_cast<float>(std::fabs(dy / surface.PixelHeight()));
   return ry < rx ? rx : ry;
+}
+
+/// Whether zooming may set a window of this size about (x, y).  A window beyond the limits can always go back.
+bool IsWithinLimits(double x, double y, double width, double height, double factor) {
+  const double reach = std::fmax(std::fabs(x), std::fabs(y));
+  if (factor < 1) return std::fmin(width, height) >= std::fmax(LeastSize, reach * LeastPart);
+  return std::fmax(width, height) <= MostSize;
 }
 
 } // namespace
@@ -58,7 +70,7 @@ bool ZoomToRectangle(DrawingSurface& surface, double x1, double y1, double x2, d
   const auto right = static_cast<float>(x2);
   const auto bottom = static_cast<float>(-y1);
   const auto top = static_cast<float>(-y2);
-  if (left == right || bottom == top) return false;
+  if (std::fabs(right - left) < LeastSide || std::fabs(top - bottom) < LeastSide) return false;
   SetViewWindow(surface, left, right, bottom, top);
   return true;
 }
@@ -75,6 +87,14 @@ void EnlargeWindow(DrawingSurface& surface) {
 void PanWindow(DrawingSurface& surface, double fromX, double fromY, double toX, double toY) {
   const ViewWindow window = surface.Window();
   SetWindowIfFinite(surface, window.left + (fromX - toX), window.top + (fromY - toY), window.width, window.height);
+}
+
+bool ZoomAbout(DrawingSurface& surface, double x, double y, double factor) {
+  const ViewWindow window = surface.Window();
+  const double width = window.width * factor;
+  const double height = window.height * factor;
+  if (!(factor > 0) || factor == 1 || !IsWithinLimits(x, y, width, height, factor)) return false;
+  return SetWindowIfFinite(surface, x - (x - window.left) * factor, y - (y - window.top) * factor, width, height);
 }
 
 } // namespace strutwright

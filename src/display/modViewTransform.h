@@ -17,7 +17,7 @@ void ComputeModelExtents();
 void SetViewWindow(DrawingSurface& surface, float minX, float maxX, float minY, float maxY);
 
 /// Frames the rectangle between two points of the surface, in surface coordinates.
-/// One that has no width or no height is ignored; returns whether the window was set.
+/// One that has no width or no height, to a micrometre, is ignored; returns whether the window was set.
 bool ZoomToRectangle(DrawingSurface& surface, double x1, double y1, double x2, double y2);
 
 /// Makes the window 1.25 times as wide and high about its centre.
@@ -26,5 +26,10 @@ void EnlargeWindow(DrawingSurface& surface);
 /// Shifts the window so that what lies at the first point comes to lie where the second one is now.
 /// Both are surface coordinates in the window as it is before the shift.
 void PanWindow(DrawingSurface& surface, double fromX, double fromY, double toX, double toY);
+
+/// Makes the window `factor` times as wide and high, so that the given point of the surface stays where it is.
+/// Nothing happens where that would show less than 1 mm, more than 1e9 m, or a detail finer than coordinates of that
+/// size can tell apart; returns whether the window was set.
+bool ZoomAbout(DrawingSurface& surface, double x, double y, double factor);
 
 } // namespace strutwright

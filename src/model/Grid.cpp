@@ -12,21 +12,24 @@ GridRangeError::GridRangeError(int atRow, int atColumn)
 Grid::Grid(int rows, int columns) {
   SetColumnCount(columns);
   SetRowCount(rows);
-  SetCurrentCell(std::min(1, Rows - 1), std::min(1, Columns - 1));
 }
 
 void Grid::SetRowCount(int rows) {
   if (rows > 1 + MostDataRows) throw std::length_error("A grid has at most 32767 data rows");
+  const bool hadNone = Rows == 1;
   Rows = std::max(rows, 1);
   Cells.resize(static_cast<std::size_t>(Rows), std::vector<std::string>(static_cast<std::size_t>(Columns)));
   KeepCurrentInside();
+  if (hadNone) Current.firstRow = Current.lastRow = std::min(1, Rows - 1);
   Notify({GridChange::Kind::Layout});
 }
 
 void Grid::SetColumnCount(int columns) {
+  const bool hadNone = Columns == 1;
   Columns = std::max(columns, 1);
   for (auto& row : Cells) row.resize(static_cast<std::size_t>(Columns));
   KeepCurrentInside();
+  if (hadNone) Current.firstColumn = Current.lastColumn = std::min(1, Columns - 1);
   Notify({GridChange::Kind::Layout});
 }
 

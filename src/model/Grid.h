@@ -55,7 +55,7 @@ class Grid {
 
   /// Keeps the texts that stay inside; new cells are empty.  Counts below 1 mean 1.
   /// More than MostDataRows data rows throw std::length_error.  The current cell and the selection are moved
-  /// inside where they lay outside.
+  /// inside where they lay outside, and from the headers to the first data row or column once there is one.
   void SetRowCount(int rows);
   void SetColumnCount(int columns);
 

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 
 namespace strutwright {
 
@@ -175,6 +176,20 @@ std::optional<float> NumericValue(std::string_view text) {
     value = 0.0F;
   }
   return negative ? -value : value;
+}
+
+std::optional<std::int16_t> IntegerValue(std::string_view text) {
+  if (!NumericValue(text)) return std::nullopt;
+  text = TrimBlanks(text);
+  const bool negative = text.starts_with('-');
+  TakeSign(text);
+  // Not rounded to a float first: that would make a tie of 2.50000001.  What is too small for a double stays 0.
+  double value = 0;
+  std::from_chars(text.data(), text.data() + text.size(), value);
+  const double nearest = std::nearbyint(negative ? -value : value);
+  using Limits = std::numeric_limits<std::int16_t>;
+  if (nearest < Limits::min() || nearest > Limits::max()) return std::nullopt;
+  return static_cast<std::int16_t>(nearest);
 }
 
 std::string NumberText(float value) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -11,6 +12,10 @@ namespace strutwright {
 /// (e or E, signed or not), at least one digit before it.  A value too large for a float is not numeric; one too
 /// small for it is 0.  Independent of the locale.
 std::optional<float> NumericValue(std::string_view text);
+
+/// The value of a numeric text as a 16-bit integer, rounded to the nearest, ties to even; nothing when the text is not
+/// numeric or the integer does not fit.
+std::optional<std::int16_t> IntegerValue(std::string_view text);
 
 /// The plain text of a value as it stands in a cell: at most seven significant digits, no trailing zeros,
 /// "0" for both zeros, "1.5E+09" where the seven-digit decimal is below 0.0001 or not below 10000000.

@@ -3,10 +3,11 @@
 #include "Grid.h"
 
 #include <cstdint>
+#include <vector>
 
 namespace strutwright {
 
-/// The results grids, and what the scales and the animation remember; the data grids belong to the model.
+/// What the main window holds besides the model, whose own the data grids are.
 struct UiState {
   Grid jResGr; ///< joint results, columns as in JointResultColumns
   Grid mResGr; ///< member results, columns as in MemberResultColumns
@@ -15,6 +16,10 @@ struct UiState {
   std::int16_t lastLoadsSpin = 0;      ///< the same of LoadsScale
   bool animating = false;              ///< the animation of the deflected shape runs
   std::int16_t animStep = 0;           ///< +1 or -1, the way in which it turns the spinner
+
+  std::vector<std::int16_t> rangeList{0}; ///< row numbers, ascending, of the last text that could be parsed; entry 0
+                                          ///< is not used
+  bool rangeError = false;                ///< the last text could not be parsed
 };
 
 inline UiState TheUi;
@@ -24,5 +29,7 @@ inline auto& lastDeflectionSpin = TheUi.lastDeflectionSpin;
 inline auto& lastLoadsSpin = TheUi.lastLoadsSpin;
 inline auto& animating = TheUi.animating;
 inline auto& animStep = TheUi.animStep;
+inline auto& rangeList = TheUi.rangeList;
+inline auto& rangeError = TheUi.rangeError;
 
 } // namespace strutwright

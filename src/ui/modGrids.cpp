@@ -15,10 +15,6 @@ namespace {
 
 constexpr std::int16_t ResultRowsAtStart = 1;
 
-void NumberRows(Grid& grid) {
-  for (int row = 1; row < grid.RowCount(); ++row) grid.SetText(row, 0, std::to_string(row));
-}
-
 /// Leaves one empty row, which names no node or member.
 void ClearResultGrid(Grid& grid) {
   ClearGrid(grid, ResultRowsAtStart);
@@ -61,6 +57,10 @@ void ClearGrid(Grid& grid, std::int16_t n) {
     for (int column = 1; column < grid.ColumnCount(); ++column) grid.SetText(row, column, "");
   }
   grid.SetRowCount(n + 1);
+}
+
+void NumberRows(Grid& grid) {
+  for (int row = 1; row < grid.RowCount(); ++row) grid.SetText(row, 0, std::to_string(row));
 }
 
 void resultGrids() {

@@ -33,6 +33,9 @@ void initGrids();
 /// Empties every cell but the headers, then gives the grid n data rows.
 void ClearGrid(Grid& grid, std::int16_t n);
 
+/// Writes the number of each data row into its column 0.
+void NumberRows(Grid& grid);
+
 /// Fills the results grids from the results of the analysis: displacements in mm, reactions and forces in kN, stresses
 /// in N/mm2, elongations in mm.  A member that can't stretch is told to the user as it is listed.
 void resultGrids();

@@ -101,5 +101,12 @@ TEST_F(DrawingTest, SetsTheTextColourBackToBlack) {
               ElementsAre("MoveTo 1 2", "TextAttribute on", "TextColour red", "Text T", "TextColour black"));
 }
 
+TEST_F(DrawingTest, TellsWhetherAPartWasDrawn) {
+  EXPECT_TRUE(TryDrawing([this] { surface.DrawBox(0, 0, 1, 1); }));
+  surface.failAt = 2;
+  EXPECT_FALSE(TryDrawing([this] { surface.DrawBox(0, 0, 1, 1); }));
+  EXPECT_THAT(TakeMessages(), ElementsAre(DrawingBox("the surface is lost")));
+}
+
 } // namespace
 } // namespace strutwright

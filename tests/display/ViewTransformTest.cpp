@@ -142,5 +142,65 @@ TEST_F(ViewTransformTest, IgnoresARectangleWithoutWidthOrHeight) {
   EXPECT_EQ(surface.window, before);
 }
 
+TEST_F(ViewTransformTest, IgnoresARectangleThatWouldCollapse) {
+  EXPECT_FALSE(ZoomToRectangle(surface, 0, 0, 1e-44, -1));
+  EXPECT_FALSE(ZoomToRectangle(surface, 0, 0, 1, -1e-7));
+  EXPECT_EQ(surface.window, before);
+  EXPECT_TRUE(ZoomToRectangle(surface, 0, 0, 2e-6, -2e-6));
+  EXPECT_GT(surface.window.width, 0);
+}
+
+TEST_F(ViewTransformTest, ZoomsAboutAPoint) {
+  surface.window = {-1, -5, 8, 6};
+  EXPECT_TRUE(ZoomAbout(surface, 1, -4, 0.5)); // a quarter from the left and a sixth from the top, before and after
+  ExpectWindow(0, -4.5, 4, 3);
+  EXPECT_TRUE(ZoomAbout(surface, 1, -4, 2));
+  ExpectWindow(-1, -5, 8, 6);
+}
+
+TEST_F(ViewTransformTest, ZoomsByFactorsThatMakeSense) {
+  for (const double factor : {1.0, 0.0, -2.0, static_cast<double>(NaN), static_cast<double>(Infinity)}) {
+    EXPECT_FALSE(ZoomAbout(surface, 1, -1, factor)) << factor;
+  }
+  EXPECT_FALSE(ZoomAbout(surface, NaN, 0, 0.5));
+  EXPECT_FALSE(ZoomAbout(surface, 0, Infinity, 2));
+  EXPECT_EQ(surface.window, before);
+}
+
+TEST_F(ViewTransformTest, ZoomsInToAMillimetreAtMost) {
+  surface.window = {0, 0, 0.004F, 0.003F};
+  EXPECT_TRUE(ZoomAbout(surface, 0, 0, 0.5));
+  const ViewWindow nearest = surface.window;
+  EXPECT_FALSE(ZoomAbout(surface, 0, 0, 0.5));
+  EXPECT_EQ(surface.window, nearest);
+  EXPECT_TRUE(ZoomAbout(surface, 0, 0, 2));
+}
+
+TEST_F(ViewTransformTest, ZoomsInAsFarAsCoordinatesCanBeToldApart) {
+  surface.window = {1e6F, 0, 16, 12};
+  EXPECT_FALSE(ZoomAbout(surface, 1e6, 0, 0.5));
+  surface.window = {0, -1e6F, 16, 12};
+  EXPECT_FALSE(ZoomAbout(surface, 0, -1e6, 0.5));
+  surface.window = {0, 0, 16, 12};
+  EXPECT_TRUE(ZoomAbout(surface, 0, 0, 0.5));
+}
+
+TEST_F(ViewTransformTest, ZoomsOutToALimit) {
+  surface.window = {0, 0, 9e8F, 6e8F};
+  EXPECT_FALSE(ZoomAbout(surface, 0, 0, 1.25));
+  EXPECT_TRUE(ZoomAbout(surface, 0, 0, 0.8));
+  surface.window = {0, 0, 6e8F, 9e8F};
+  EXPECT_FALSE(ZoomAbout(surface, 0, 0, 1.25));
+}
+
+TEST_F(ViewTransformTest, StaysInSightHoweverOftenItZooms) {
+  for (int turn = 0; turn < 2000; ++turn) ZoomAbout(surface, 1, -1, 0.8);
+  EXPECT_GE(surface.window.height, 0.001F);
+  for (int turn = 0; turn < 2000; ++turn) ZoomAbout(surface, 1, -1, 1.25);
+  EXPECT_LE(surface.window.width, 1e9F);
+  EXPECT_LT(surface.window.left, 1);
+  EXPECT_GT(surface.window.left + surface.window.width, 1);
+}
+
 } // namespace
 } // namespace strutwright

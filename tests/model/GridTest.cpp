@@ -242,6 +242,22 @@ TEST(GridSelectionTest, StaysWhenTheGridGrows) {
   EXPECT_EQ(grid.Selection(), (GridBlock{2, 1, 2, 1}));
 }
 
+TEST(GridSelectionTest, LeavesTheHeadersWithTheFirstDataRowAndColumn) {
+  Grid grid;
+  grid.SetColumnCount(6);
+  EXPECT_EQ(grid.Selection(), (GridBlock{0, 1, 0, 1}));
+  grid.SetRowCount(21);
+  EXPECT_EQ(grid.Selection(), (GridBlock{1, 1, 1, 1}));
+}
+
+TEST(GridSelectionTest, StaysOnAHeaderThatWasChosenWhenMoreRowsCome) {
+  Grid grid(4, 3);
+  grid.SetCurrentCell(0, 0);
+  grid.SetRowCount(10);
+  grid.SetColumnCount(5);
+  EXPECT_EQ(grid.Selection(), (GridBlock{0, 0, 0, 0}));
+}
+
 TEST(GridNoticeTest, NamesTheCellWhoseTextChanged) {
   Grid grid(4, 3);
   const ChangeLog log(grid);

@@ -56,17 +56,19 @@ ControlBoard::ControlBoard(QWidget* parent) : QFrame(parent) {
   setAccessibleName("Control board");
   auto* whole = new QHBoxLayout(this);
   whole->setContentsMargins(Gap, Gap, Gap, Gap);
-  whole->setSpacing(2 * Gap);
+  whole->setSpacing(Gap);
   whole->addWidget(BuildGrids(), 1);
   whole->addWidget(Column({BuildNodePanel(), BuildMemberPanel()}));
   auto* right = new QVBoxLayout;
   right->setSpacing(Gap);
   right->addWidget(BuildSwitches());
   right->addWidget(BuildScales());
-  right->addStretch();
   DBbtn = AddButton("DBbtn", "Minimise Contr&ol Board", "Gives the room of the board to the drawing");
-  DBbtn->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
-  right->addWidget(DBbtn);
+  for (QPushButton* button : {animateBtn, DBbtn}) {
+    button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
+    right->addWidget(button);
+  }
+  right->addStretch();
   whole->addLayout(right);
 }
 
@@ -141,7 +143,7 @@ QWidget* ControlBoard::BuildNodePanel() {
 QWidget* ControlBoard::BuildMemberPanel() {
   eTxt = AddBox("eTxt", "200", "Elastic modulus, kN/mm2", 6);
   aTxt = AddBox("aTxt", "1000", "Cross-section area, mm2", 6);
-  memTxt = AddBox("memTxt", "1-3,5", "Numbers of the members that get E and the area, such as 1-10,12,15", 8);
+  memTxt = AddBox("memTxt", "1-3,5", "Numbers of the members that get E and the area, such as 1-10,12,15", 7);
   EABtn = AddButton("EABtn", "Appl&y", "Gives E and the area to the listed members");
   return GroupBox("Member Data", {Row({Caption("E Value", eTxt), eTxt, Caption("kN/mm2"), Caption("Area", aTxt), aTxt,
                                        Caption("mm2")}),
@@ -158,13 +160,13 @@ QWidget* ControlBoard::BuildSwitches() {
   MbrForcesChk = AddSwitch("MbrForcesChk", "Show Member Forces", "Draws the members' forces, blue, in kN", false);
   DSDchk = AddSwitch("DSDchk", "Show Deflected Shape", "Draws the displaced truss, red and dashed", false);
   auto* whole = new QWidget;
-  auto* grid = new QGridLayout(whole);
-  grid->setContentsMargins(0, 0, 0, 0);
-  grid->setVerticalSpacing(Gap / 2);
-  int row = 0;
-  for (QCheckBox* each : {SupportsChk, loadsChk, gridChk, memberChk, nodeChk}) grid->addWidget(each, row++, 0);
-  row = 0;
-  for (QCheckBox* each : {ReactionsChk, MbrForcesChk, DSDchk}) grid->addWidget(each, row++, 1);
+  auto* column = new QVBoxLayout(whole);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(Gap / 3);
+  for (QCheckBox* each :
+       {SupportsChk, loadsChk, gridChk, memberChk, nodeChk, ReactionsChk, MbrForcesChk, DSDchk}) {
+    column->addWidget(each);
+  }
   return whole;
 }
 
@@ -190,7 +192,6 @@ QWidget* ControlBoard::BuildScales() {
   grid->addWidget(Caption("Forces Scale", udLoadsScale), 1, 0);
   grid->addWidget(udLoadsScale, 1, 1);
   grid->addWidget(lblLoadsScale, 1, 2);
-  grid->addWidget(animateBtn, 2, 0);
   grid->setColumnStretch(2, 1);
   return whole;
 }
@@ -217,7 +218,7 @@ QPushButton* ControlBoard::AddButton(const QString& name, const QString& caption
   button->setObjectName(name);
   button->setToolTip(toolTip);
   // Many styles give a button a least width that a caption of one word does not need.
-  button->setMinimumWidth(button->fontMetrics().horizontalAdvance(caption) + 2 * BoxPadding);
+  button->setMinimumWidth(button->fontMetrics().horizontalAdvance(caption) + BoxPadding);
   button->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
   return button;
 }

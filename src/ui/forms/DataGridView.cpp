@@ -7,6 +7,7 @@
 #include <optional>
 
 #include <QContextMenuEvent>
+#include <QCoreApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
@@ -76,6 +77,11 @@ void DataGridView::CommitPendingEdit() {
 }
 
 void DataGridView::keyPressEvent(QKeyEvent* event) {
+  // Fast fingers can be ahead of the focus.
+  if (EditBox != nullptr && EditBox->IsPending()) {
+    QCoreApplication::sendEvent(EditBox, event);
+    return;
+  }
   const std::optional<char32_t> typed = OpeningCharacter(*event);
   if (typed && EditBox != nullptr) return OpenEditBox(*typed);
   QTableView::keyPressEvent(event);

@@ -24,7 +24,7 @@ void frmGraph::AddViewMenu(MenuBuilder& build) {
   QMenu& view = *build.AddMenu("mnuView", "&View");
   build.Add(view, "mnuZoomOut", "Zoom Out F3", {}, [this] { Frame.ZoomOut(); });
   build.Add(view, "mnuZoomExtents", "Zoom Extents F4", {}, [this] { Frame.Redraw(true); });
-  build.Add(view, "mnuRefresh", "&Refresh", QKeySequence::Refresh, [this] { Refresh(); },
+  build.Add(view, "mnuRefresh", "&Refresh", Qt::CTRL | Qt::Key_R, [this] { Refresh(); },
             "Takes the grids in and draws the truss again");
   view.addSeparator();
   build.Add(view, "mnuEquations", "&Stiffness Equations", {}, [this] { Frame.ActivateEquations(); });

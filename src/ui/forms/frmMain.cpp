@@ -45,6 +45,7 @@ constexpr QRectF EquationsShare{0.64, 0, 0.36, 1};
 frmMain::~frmMain() {
   Ending = true;
   DisplaySurface = nullptr;
+  delete takeCentralWidget(); // while the frame that its parts report to is still whole
 }
 
 void frmMain::runAnalysis() {

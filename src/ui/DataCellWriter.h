@@ -1,0 +1,26 @@
+#pragma once
+
+#include "Grid.h"
+
+#include <optional>
+#include <string>
+
+namespace strutwright {
+
+/// Writes texts into a grid for a command that takes its rows and columns from outside: cells that the grid does not
+/// have are passed over, and the first of them is told to the user in the end.  The header row counts as not there.
+class DataCellWriter {
+ public:
+  explicit DataCellWriter(Grid& grid) : Target(grid) {}
+
+  void Write(int row, int column, const std::string& text);
+
+  /// Shows the first cell that was not there, if any.
+  void TellFirstMiss() const;
+
+ private:
+  Grid& Target;
+  std::optional<GridRangeError> FirstMiss;
+};
+
+} // namespace strutwright
