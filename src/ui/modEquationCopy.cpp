@@ -23,7 +23,7 @@ struct Frame {
 
 const Frame PlainText{"", "", "\t", "", "\r", ""};
 const Frame SpreadsheetText{"", "", "\t", "\r\n", "", ""};
-const Frame HtmlTable{"<table>", "<tr><td>", "</td><td>", "</td></tr>", "", "</table>"};
+const Frame HtmlTable{"<meta charset=\"utf-8\"><table>", "<tr><td>", "</td><td>", "</td></tr>", "", "</table>"};
 const Frame Bmatrix{"\\begin{bmatrix}\n", "  ", " & ", "", " \\\\\n", "\n\\end{bmatrix}\n"};
 
 using CellText = std::function<std::string(int row, int column)>;
