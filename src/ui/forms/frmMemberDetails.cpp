@@ -19,6 +19,9 @@ frmMemberDetails::frmMemberDetails(QWidget* parent) : QDialog(parent) {
   BuildButtons();
 }
 
+/// The views have to go before the grids that they show.
+frmMemberDetails::~frmMemberDetails() { qDeleteAll(findChildren<QTableView*>()); }
+
 void frmMemberDetails::BuildGrids() {
   const auto add = [this](Grid& grid, const QString& name, const QString& caption, const QString& columnText) {
     layout()->addWidget(AddInspectorGrid(grid, name, caption, columnText).captioned);

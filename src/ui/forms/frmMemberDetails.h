@@ -12,6 +12,7 @@ namespace strutwright {
 class frmMemberDetails : public QDialog {
  public:
   explicit frmMemberDetails(QWidget* parent);
+  ~frmMemberDetails() override;
 
   /// Fills the grids with the member as it is now.  member: 1..MemberCount.
   void setMember(std::int16_t member);

@@ -48,6 +48,9 @@ frmNodeDetails::frmNodeDetails(QWidget* parent) : QDialog(parent) {
   txtForce->setFocus();
 }
 
+/// The views have to go before the grids that they show.
+frmNodeDetails::~frmNodeDetails() { qDeleteAll(findChildren<QTableView*>()); }
+
 QWidget* frmNodeDetails::BuildLoad() {
   txtForce = NewField("txtForce", "Size of the load, kN");
   txtAngle = NewField("txtAngle", "Direction of the load in degrees: 0 along x, 90 along y");

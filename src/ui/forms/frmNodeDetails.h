@@ -15,6 +15,7 @@ namespace strutwright {
 class frmNodeDetails : public QDialog {
  public:
   explicit frmNodeDetails(QWidget* parent);
+  ~frmNodeDetails() override;
 
   /// Fills the grids with the node as it is now.  node: 1..NodeCount.
   void setNode(std::int16_t node);
