@@ -145,13 +145,17 @@ void BuildLoadVector(std::vector<float>& P) {
   }
 }
 
-void ApplySupports(Matrix& K, std::vector<float>& P, std::vector<float>& R, std::vector<std::int16_t>& fixed) {
+void RestrainSupports(std::vector<float>& P, std::vector<float>& R, std::vector<std::int16_t>& fixed) {
   for (int i = 1; i <= NodeCount; ++i) {
     const float code = NodeTable(i, NodeSupport);
     if (code == 0.0F) continue;
     if (code != RestrainedInX) Restrain(YFreedom(i), P, R, fixed);
     if (code != RestrainedInY) Restrain(XFreedom(i), P, R, fixed);
   }
+}
+
+void ApplySupports(Matrix& K, std::vector<float>& P, std::vector<float>& R, std::vector<std::int16_t>& fixed) {
+  RestrainSupports(P, R, fixed);
   // K(d, c) = K(c, d) = 0, K(d, d) = 1: the equation of a restrained freedom reads D(d) = 0.
   for (int d = 1; d <= DofCount; ++d) {
     if (fixed.at(static_cast<std::size_t>(d)) != 1) continue;

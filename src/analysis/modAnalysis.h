@@ -32,6 +32,9 @@ void BuildLoadVector(std::vector<float>& P);
 /// its row and column zero with 1 on the diagonal.  All vectors: (0..DofCount).  Source: docs/method.md, 5.
 void ApplySupports(Matrix& K, std::vector<float>& P, std::vector<float>& R, std::vector<std::int16_t>& fixed);
 
+/// The part of ApplySupports that knows no matrix: R, P and `fixed` of every restrained freedom.
+void RestrainSupports(std::vector<float>& P, std::vector<float>& R, std::vector<std::int16_t>& fixed);
+
 /// Adds the member forces at supported nodes to Reactions, in kN.  The entries of free directions of such nodes
 /// accumulate too and mean nothing.  Source: docs/method.md, 7.
 void ComputeReactions();

@@ -82,11 +82,6 @@ void FillStiffness(Matrix& k, double E, double A, double length, double c, doubl
   }
 }
 
-/// The global freedoms of the member's local ones 1..4; entry 0 is not used.
-std::array<int, 5> FreedomsOf(const MemberEnds& ends) {
-  return {0, 2 * ends.i - 1, 2 * ends.i, 2 * ends.j - 1, 2 * ends.j};
-}
-
 /// Displacement of node j less that of node i, each named by its freedom, in mm.
 float EndMovement(std::size_t freedomAtJ, std::size_t freedomAtI) {
   return static_cast<float>(static_cast<double>(Displacements.at(freedomAtJ)) -
@@ -105,9 +100,9 @@ float MemberCos(int m) { return DirectionComponent(m, NodeX); }
 
 float MemberSin(int m) { return DirectionComponent(m, NodeY); }
 
-void MemberStiffness(Matrix& k, int m) {
+bool MemberStiffness(Matrix& k, int m) {
   const float length = MemberLength(m);
-  if (!CheckMember(m, length)) return;
+  if (!CheckMember(m, length)) return false;
   const float c = MemberCos(m);
   const float s = MemberSin(m);
   const auto lengthInMm = static_cast<float>(length * Thousand);
@@ -115,15 +110,22 @@ void MemberStiffness(Matrix& k, int m) {
   MemberTable(m, MemberFieldCos) = c;
   MemberTable(m, MemberFieldSin) = s;
   FillStiffness(k, MemberTable(m, MemberE), MemberTable(m, MemberA), lengthInMm, c, s);
+  return true;
 }
 
-void AddMemberToGlobal(int m, const Matrix& k, Matrix& K) {
+std::optional<std::array<int, 5>> MemberFreedoms(int m) {
   const MemberEnds ends = EndsOf(m);
   if (ends.i <= 0 || ends.j <= 0) {
     ReportIgnored(m, "node numbers");
-    return;
+    return std::nullopt;
   }
-  const std::array<int, 5> freedom = FreedomsOf(ends);
+  return {{0, 2 * ends.i - 1, 2 * ends.i, 2 * ends.j - 1, 2 * ends.j}};
+}
+
+void AddMemberToGlobal(int m, const Matrix& k, Matrix& K) {
+  const std::optional<std::array<int, 5>> freedoms = MemberFreedoms(m);
+  if (!freedoms) return;
+  const std::array<int, 5>& freedom = *freedoms;
   for (std::size_t p = 1; p <= 4; ++p) {
     for (std::size_t q = 1; q <= 4; ++q) {
       float& entry = K(freedom[p], freedom[q]);

@@ -2,6 +2,8 @@
 
 #include "Matrix.h"
 
+#include <array>
+#include <optional>
 #include <string>
 
 namespace strutwright {
@@ -21,7 +23,12 @@ float MemberSin(int m);
 /// Fills k, the member's 4 x 4 matrix in kN/mm (indices 1..4: x and y at i, x and y at j), and the member's fields
 /// for length (mm), cosine and sine.  Source: docs/method.md, 2.
 /// E or A below zero or no length show a message and leave both untouched: k keeps what it held before.
-void MemberStiffness(Matrix& k, int m);
+/// Returns whether k is this member's matrix now.
+bool MemberStiffness(Matrix& k, int m);
+
+/// The global freedoms of the member's local ones 1..4, x and y at i, x and y at j; entry 0 is not used.
+/// A node number of zero or less shows a message and gives nothing.
+std::optional<std::array<int, 5>> MemberFreedoms(int m);
 
 /// Adds k to K at the member's four freedoms.  Source: docs/method.md, 3.
 /// K: (0..n, 0..n or more).  A node number of zero or less shows a message and adds nothing.

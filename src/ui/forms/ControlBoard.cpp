@@ -132,11 +132,12 @@ QWidget* ControlBoard::BuildNodePanel() {
   ynlTxt = AddBox("ynlTxt", "-10", "Load in y, kN, positive upwards", 5);
   nodesTxt = AddBox("nodesTxt", "1-3,5", "Numbers of the nodes that get the load, such as 1-3,5", 12);
   nodeLoadBtn = AddButton("nodeLoadBtn", "A&pply", "Gives the load to the listed nodes");
-  return GroupBox("Node Data", {Row({Caption("Line of", nLineNoTxt), nLineNoTxt, Caption("nodes (inclusive)"), nLineBtn}),
-                             Row({Caption("F&rom:", nLineX1Txt), nLineX1Txt, nLineY1Txt, Caption("to"), nLineX2Txt,
-                                  nLineY2Txt, Caption("m")}),
-                             Row({Caption("Node Load (&kN):", xnlTxt), Caption("x"), xnlTxt, Caption("y"), ynlTxt}),
-                             Row({Caption("for nodes"), nodesTxt, nodeLoadBtn})});
+  return GroupBox("Node Data",
+                  {Row({Caption("Line of", nLineNoTxt), nLineNoTxt, Caption("nodes (inclusive)"), nLineBtn}),
+                   Row({Caption("F&rom:", nLineX1Txt), nLineX1Txt, nLineY1Txt, Caption("to"), nLineX2Txt, nLineY2Txt,
+                        Caption("m")}),
+                   Row({Caption("Node Load (&kN):", xnlTxt), Caption("x"), xnlTxt, Caption("y"), ynlTxt}),
+                   Row({Caption("for nodes"), nodesTxt, nodeLoadBtn})});
 }
 
 QWidget* ControlBoard::BuildMemberPanel() {
@@ -145,8 +146,8 @@ QWidget* ControlBoard::BuildMemberPanel() {
   memTxt = AddBox("memTxt", "1-3,5", "Numbers of the members that get E and the area, such as 1-10,12,15", 7);
   EABtn = AddButton("EABtn", "Appl&y", "Gives E and the area to the listed members");
   return GroupBox("Member Data", {Row({Caption("E Value", eTxt), eTxt, Caption("kN/mm2"), Caption("Area", aTxt), aTxt,
-                                    Caption("mm2")}),
-                               Row({Caption("for mem&bers", memTxt), memTxt, Caption("(eg: 1-10,12,15)"), EABtn})});
+                                       Caption("mm2")}),
+                                  Row({Caption("for mem&bers", memTxt), memTxt, Caption("(eg: 1-10,12,15)"), EABtn})});
 }
 
 QWidget* ControlBoard::BuildSwitches() {
@@ -195,8 +196,7 @@ QWidget* ControlBoard::BuildScales() {
   return whole;
 }
 
-QLineEdit* ControlBoard::AddBox(const QString& name, const QString& text, const QString& description,
-                                int characters) {
+QLineEdit* ControlBoard::AddBox(const QString& name, const QString& text, const QString& description, int characters) {
   auto* box = new QLineEdit(text, this);
   box->setObjectName(name);
   box->setAccessibleName(description);

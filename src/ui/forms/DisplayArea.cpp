@@ -34,7 +34,8 @@ DisplayArea::DisplayArea(DisplayListener& listener, QWidget* parent)
 void DisplayArea::paintEvent(QPaintEvent* /*event*/) {
   // Onto a screen of another density the window comes without a new size.
   if (Drawing.Image().devicePixelRatio() != devicePixelRatioF()) {
-    QMetaObject::invokeMethod(this, [this] { resizeEvent(nullptr); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this] { resizeEvent(nullptr); }, Qt::QueuedConnection);
   }
   QPainter(this).drawImage(QPoint(0, 0), Drawing.Image());
 }

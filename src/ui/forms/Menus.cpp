@@ -1,5 +1,6 @@
 #include "Menus.h"
 
+#include "frmAbout.h"
 #include "frmMain.h"
 #include "modExamples.h"
 #include "modFileCommands.h"
@@ -65,14 +66,15 @@ void MenuBuilder::AddExamples(QMenu& menu) {
 }
 
 void MenuBuilder::AddAnalyse(QMenu& menu) {
-  Add(menu, "mnuAnalyse", "&Analyse", Qt::Key_F5, [&frame = Frame] { frame.runAnalysis(); },
+  Add(
+      menu, "mnuAnalyse", "&Analyse", Qt::Key_F5, [&frame = Frame] { frame.runAnalysis(); },
       "Computes displacements, member forces and reactions");
 }
 
 void MenuBuilder::AddHelpMenu() {
   QMenu& help = *AddMenu("mnuHelp", "&Help");
   Add(help, "mnuSWHelp", "&Strutwright Help", QKeySequence::HelpContents, [] {});
-  Add(help, "mnuAbout", "&About Strutwright", {}, [] {})->setEnabled(false);
+  Add(help, "mnuAbout", "&About Strutwright", {}, [&frame = Frame] { frmAbout(&frame).exec(); });
 }
 
 } // namespace strutwright

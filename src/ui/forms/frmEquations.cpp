@@ -1,44 +1,137 @@
 #include "frmEquations.h"
 
-#include "DataGridView.h"
+#include "BusyPointer.h"
+#include "EquationGridView.h"
+#include "EquationsState.h"
 #include "EventGuard.h"
 #include "Menus.h"
 #include "Platform.h"
 #include "frmMain.h"
-#include "modGrids.h"
+#include "modEquationCopy.h"
+#include "modEquationSteps.h"
+#include "modEquationTexts.h"
 
 #include <QCloseEvent>
-#include <QHBoxLayout>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSplitter>
+#include <QVBoxLayout>
 
 namespace strutwright {
+
+namespace {
+
+constexpr int Gap = 6; // pixels
+constexpr int ButtonsInARow = 3;
+constexpr int WordLines = 2;
+constexpr int OriginLines = 2;
+
+} // namespace
 
 frmEquations::frmEquations(frmMain& frame) : Frame(frame) {
   setObjectName("frmEquations");
   setWindowTitle("Stiffness Equations");
-  BuildGrids();
+  TheEquations = EquationsState{};
+  auto* whole = new QVBoxLayout(this);
+  whole->setContentsMargins(Gap, Gap, Gap, Gap);
+  whole->setSpacing(Gap);
+  whole->addLayout(BuildButtons());
+  lblStepDone = AddLine("lblStepDone", "What the last step did", WordLines);
+  lblStepToCome = AddLine("lblStepToCome", "What comes next", WordLines);
+  whole->addWidget(lblStepDone);
+  whole->addWidget(lblStepToCome);
+  whole->addWidget(BuildGrids(), 1);
+  lblOrigin = AddLine("lblOrigin", "Where the selected cell of K comes from", OriginLines);
+  whole->addWidget(lblOrigin);
   BuildMenus();
   Reset();
 }
 
-void frmEquations::BuildGrids() {
-  for (Grid* grid : {&grForce, &grK, &grDisp}) grid->SetText(0, 0, "DOF");
-  grForce.SetText(0, 1, "Force (kN)");
-  grDisp.SetText(0, 1, "Disp (mm)");
-  auto* whole = new QHBoxLayout(this);
-  auto* force = new DataGridView(grForce, "grForce", this);
-  auto* stiffness = new DataGridView(grK, "grK", this);
-  auto* displacement = new DataGridView(grDisp, "grDisp", this);
-  force->setAccessibleName("Load vector, kN");
-  stiffness->setAccessibleName("Stiffness matrix, kN/mm");
-  displacement->setAccessibleName("Displacements, mm");
-  whole->addWidget(force, 1);
-  whole->addWidget(stiffness, 2);
-  whole->addWidget(displacement, 1);
+QLayout* frmEquations::BuildButtons() {
+  btnShowForces = AddStep("btnShowForces", "Show Force", "Shows the load vector", StepShowForces);
+  btnAddMember = AddStep("btnAddMember", "Add Member 1", "Adds the next member to the stiffness matrix", StepAddMember);
+  btnStepBack = AddStep("btnStepBack", "Step Back", "Undoes the last press", StepBack);
+  auto* buttons = new QGridLayout;
+  buttons->setSpacing(Gap);
+  int place = 0;
+  for (QPushButton* each :
+       {btnShowForces, btnAddMember,
+        AddStep("btnShowGlobalK", "Show Global K", "Assembles the whole stiffness matrix", StepShowGlobalK),
+        AddStep("btnRestrict", "Restrict DOFs", "Applies the supports to the stiffness matrix", StepRestrict),
+        AddStep("btnSolve", "Solve", "Solves the equations for the displacements", StepSolve), btnStepBack}) {
+    buttons->addWidget(each, place / ButtonsInARow, place % ButtonsInARow);
+    ++place;
+  }
+  return buttons;
+}
+
+QPushButton* frmEquations::AddStep(const QString& name, const QString& caption, const QString& toolTip,
+                                   void (*step)()) {
+  auto* button = new QPushButton(caption, this);
+  button->setObjectName(name);
+  button->setToolTip(toolTip);
+  OnSignal(button, &QPushButton::clicked, this, [this, step] { Press(step); });
+  return button;
+}
+
+/// A text that may need more than one line; its room is kept, so that the grids stay where they are.
+QLabel* frmEquations::AddLine(const QString& name, const QString& description, int lines) {
+  auto* label = new QLabel(this);
+  label->setObjectName(name);
+  label->setAccessibleName(description);
+  label->setToolTip(description);
+  label->setTextFormat(Qt::PlainText);
+  label->setWordWrap(true);
+  label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  label->setMinimumHeight(lines * label->fontMetrics().lineSpacing());
+  return label;
+}
+
+/// K D = P, in the order in which it is written.
+QWidget* frmEquations::BuildGrids() {
+  grK = AddGrid(EquationGrid::Stiffness, "grK", "Stiffness matrix K, kN/mm");
+  grDisp = AddGrid(EquationGrid::Displacement, "grDisp", "Displacements D, mm");
+  grForce = AddGrid(EquationGrid::Force, "grForce", "Load vector P, kN");
+  ActiveGrid = grK;
+  auto* grids = new QSplitter(Qt::Horizontal, this);
+  grids->setChildrenCollapsible(false);
+  for (EquationGridView* each : {grK, grDisp, grForce}) grids->addWidget(each);
+  grids->setStretchFactor(0, 2);
+  grids->setStretchFactor(1, 1);
+  grids->setStretchFactor(2, 1);
+  ScrollTogether();
+  return grids;
+}
+
+EquationGridView* frmEquations::AddGrid(EquationGrid grid, const QString& name, const QString& description) {
+  auto* view = new EquationGridView(grid, name, this);
+  view->setAccessibleName(description);
+  view->setToolTip(description);
+  view->setContextMenuPolicy(Qt::ActionsContextMenu);
+  view->SetNotice([this, view] {
+    if (view->hasFocus()) ActiveGrid = view;
+    ShowOrigin();
+  });
+  return view;
+}
+
+/// A row of K, its displacement and its load belong to one equation.
+void frmEquations::ScrollTogether() {
+  for (EquationGridView* moved : {grK, grDisp, grForce}) {
+    for (EquationGridView* other : {grK, grDisp, grForce}) {
+      if (other == moved) continue;
+      connect(moved->verticalScrollBar(), &QScrollBar::valueChanged, other->verticalScrollBar(), &QScrollBar::setValue);
+    }
+  }
 }
 
 void frmEquations::BuildMenus() {
   MenuBuilder build(*this, Frame);
   build.AddFileMenu();
+  BuildEditMenu(build);
   QMenu& view = *build.AddMenu("mnuView", "&View");
   build.Add(view, "mnuTrussDisplay", "&Truss Display", {}, [this] { Frame.ActivateDisplay(); });
   build.AddAnalyse(*build.AddMenu("mnuAnalysis", "&Analysis"));
@@ -46,8 +139,71 @@ void frmEquations::BuildMenus() {
   MenuList = build.Menus();
 }
 
+void frmEquations::BuildEditMenu(MenuBuilder& build) {
+  QMenu& edit = *build.AddMenu("mnuEdit", "&Edit");
+  build.Add(
+      edit, "mnuGrid_Copy", "&Copy", QKeySequence::Copy, [this] { Copy(CopyCells); },
+      "Copies the selected cells as they are shown");
+  build.Add(
+      edit, "mnuCopyFullPrecision", "Copy &Full Precision", QKeySequence("Ctrl+Shift+C"),
+      [this] { Copy(CopyCellsInFullPrecision); }, "Copies every digit of the selected cells, for a spreadsheet");
+  build.Add(
+      edit, "mnuCopyLatex", "Copy as &LaTeX", {}, [this] { Copy(CopyCellsAsLatex); },
+      "Copies the selected cells as a bmatrix");
+  build.Add(
+      edit, "mnuCopyOrigin", "Copy Cell &Origin", {}, [this] { CopyOrigin(); },
+      "Copies the line that says where the selected cell of K comes from");
+  edit.addSeparator();
+  build.Add(edit, "mnuGrid_SelectAll", "Select &All", QKeySequence::SelectAll, [this] { ActiveGrid->selectAll(); });
+  for (QAction* each : edit.actions()) {
+    // The keys are those of the grid that has the focus: elsewhere the same keys are about other texts.
+    each->setShortcutContext(Qt::WidgetShortcut);
+    for (EquationGridView* grid : {grForce, grK, grDisp}) grid->addAction(each);
+  }
+}
+
+void frmEquations::Press(void (*step)()) {
+  Frame.Run([this, step] {
+    {
+      const BusyPointer busy;
+      step();
+    }
+    ShowPage();
+  });
+}
+
+void frmEquations::ShowPage() {
+  for (EquationGridView* each : {grForce, grK, grDisp}) each->Refresh();
+  const EquationPage& page = TheEquations.page;
+  btnAddMember->setText(QString::fromStdString(page.addMemberCaption));
+  btnStepBack->setEnabled(CanStepBack());
+  lblStepDone->setText(QString::fromStdString(StepDoneText()));
+  lblStepToCome->setText(QString::fromStdString(StepToComeText()));
+  ShowOrigin();
+  if (page.lastMember == 0 && ShownMember == 0) return;
+  ShownMember = page.lastMember;
+  Frame.HighlightMember(ShownMember);
+}
+
+void frmEquations::ShowOrigin() {
+  if (lblOrigin == nullptr) return;
+  const QModelIndex cell = grK->currentIndex();
+  lblOrigin->setText(cell.isValid() ? QString::fromStdString(CellOrigin(cell.row() + 1, cell.column() + 1)) : "");
+}
+
+void frmEquations::Copy(CopyCommand copy) {
+  const GridBlock block = ActiveGrid->SelectedBlock();
+  if (block.lastRow >= block.firstRow) copy(ActiveGrid->Kind(), block);
+}
+
+void frmEquations::CopyOrigin() {
+  if (!lblOrigin->text().isEmpty()) TheClipboard().SetText(lblOrigin->text().toStdString(), "");
+}
+
 void frmEquations::Reset() {
-  for (Grid* grid : {&grForce, &grK, &grDisp}) ClearGrid(*grid, static_cast<std::int16_t>(grid->RowCount() - 1));
+  ResetEquations();
+  ShownMember = 0; // the new model is drawn without it
+  ShowPage();
 }
 
 void frmEquations::closeEvent(QCloseEvent* event) {

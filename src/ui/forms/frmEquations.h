@@ -1,16 +1,24 @@
 #pragma once
 
 #include "Grid.h"
+#include "modEquationCells.h"
 
 #include <QList>
 #include <QMenu>
 #include <QWidget>
 
+class QGridLayout;
+class QLabel;
+class QPushButton;
+
 namespace strutwright {
 
+class EquationGridView;
 class frmMain;
+class MenuBuilder;
 
-/// The stiffness equations, a child window of the main frame.
+/// The stiffness equations, a child window of the main frame: the method one step at a time, its arrays in three
+/// grids, and in words what each step did.
 class frmEquations : public QWidget {
  public:
   explicit frmEquations(frmMain& frame);
@@ -25,14 +33,36 @@ class frmEquations : public QWidget {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  void BuildGrids();
+  using CopyCommand = void (*)(EquationGrid grid, const GridBlock& block);
+
+  QLayout* BuildButtons();
+  QWidget* BuildGrids();
+  QLabel* AddLine(const QString& name, const QString& description, int lines);
+  EquationGridView* AddGrid(EquationGrid grid, const QString& name, const QString& description);
+  void ScrollTogether();
   void BuildMenus();
+  void BuildEditMenu(MenuBuilder& build);
+
+  QPushButton* AddStep(const QString& name, const QString& caption, const QString& toolTip, void (*step)());
+  void Press(void (*step)());
+  void ShowPage();
+  void ShowOrigin();
+  void Copy(CopyCommand copy);
+  void CopyOrigin();
 
   frmMain& Frame;
-  Grid grForce{2, 2};
-  Grid grK{2, 2};
-  Grid grDisp{2, 2};
+  QPushButton* btnShowForces = nullptr;
+  QPushButton* btnAddMember = nullptr;
+  QPushButton* btnStepBack = nullptr;
+  EquationGridView* grForce = nullptr;
+  EquationGridView* grK = nullptr;
+  EquationGridView* grDisp = nullptr;
+  EquationGridView* ActiveGrid = nullptr; ///< the one that the grid commands are about
+  QLabel* lblStepDone = nullptr;
+  QLabel* lblStepToCome = nullptr;
+  QLabel* lblOrigin = nullptr;
   QList<QMenu*> MenuList;
+  int ShownMember = 0; ///< highlighted in the truss display; 0 for none
 };
 
 } // namespace strutwright

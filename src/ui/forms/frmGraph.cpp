@@ -5,6 +5,8 @@
 #include "MainStatusBar.h"
 #include "Platform.h"
 #include "frmMain.h"
+#include "frmMemberDetails.h"
+#include "frmNodeDetails.h"
 #include "modModelEditing.h"
 #include "modModelRendering.h"
 #include "modModelStore.h"
@@ -108,8 +110,8 @@ void frmGraph::Do(const MouseVerdict& verdict) {
   case MouseAction::NodePicked: return;
   case MouseAction::Redraw: return Frame.Redraw(false);
   case MouseAction::ShowPopUp: return ShowPopUp();
-  case MouseAction::InspectNode:
-  case MouseAction::InspectMember: return;
+  case MouseAction::InspectNode: return InspectNode(number);
+  case MouseAction::InspectMember: return InspectMember(number);
   case MouseAction::OfferNode:
     if (OfferNode(verdict.x, verdict.y)) Act(NodeWasAdded(NodeCount));
     return;
@@ -132,6 +134,18 @@ void frmGraph::ShowMouseState() {
 void frmGraph::ShowPopUp() {
   PopUp->exec(QCursor::pos());
   PopUpClosed();
+}
+
+void frmGraph::InspectNode(int n) {
+  frmNodeDetails details(&Frame);
+  details.setNode(static_cast<std::int16_t>(n));
+  details.exec();
+}
+
+void frmGraph::InspectMember(int m) {
+  frmMemberDetails details(&Frame);
+  details.setMember(static_cast<std::int16_t>(m));
+  details.exec();
 }
 
 /// Returns whether the user had the node added.

@@ -63,6 +63,8 @@ class frmGraph : public QWidget, private DisplayListener {
   void Do(const MouseVerdict& verdict);
   void ShowMouseState();
   void ShowPopUp();
+  void InspectNode(int n);
+  void InspectMember(int m);
   bool OfferNode(float x, float y);
   void DrawMemberBetween(int i, int j);
   void Choose(MouseMode mode);

@@ -1,6 +1,7 @@
 #include "frmMain.h"
 
 #include "AnalysisState.h"
+#include "BusyPointer.h"
 #include "ChildArea.h"
 #include "ControlBoard.h"
 #include "DisplayState.h"
@@ -13,6 +14,7 @@
 #include "modAnimation.h"
 #include "modGenerators.h"
 #include "modGrids.h"
+#include "modModelRendering.h"
 #include "modModelStore.h"
 #include "modRedraw.h"
 #include "modRunAnalysis.h"
@@ -21,6 +23,7 @@
 
 #include <algorithm>
 #include <array>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -41,15 +44,6 @@ constexpr QRectF DisplayShare{0, 0, 0.64, 1};
 constexpr QRectF EquationsShare{0.64, 0, 0.36, 1};
 
 QString PlaceFile() { return QString::fromStdString(DataFolder()) + "/window.ini"; }
-
-/// Shows the busy pointer while it lives.
-class BusyPointer {
- public:
-  BusyPointer() { QGuiApplication::setOverrideCursor(Qt::BusyCursor); }
-  BusyPointer(const BusyPointer&) = delete;
-  BusyPointer& operator=(const BusyPointer&) = delete;
-  ~BusyPointer() { QGuiApplication::restoreOverrideCursor(); }
-};
 
 } // namespace
 
@@ -147,6 +141,17 @@ void frmMain::ActivateDisplay() { Children->setActiveSubWindow(GraphWindow); }
 
 void frmMain::ActivateEquations() { Children->setActiveSubWindow(EquationsWindow); }
 
+void frmMain::HighlightMember(int m) {
+  RedrawWhatCanBeDrawn();
+  if (m < 1 || m > MemberCount || DisplaySurface == nullptr) return;
+  try {
+    DrawMember(*DisplaySurface, m, Orange);
+  } catch (const std::out_of_range&) {
+    return; // its nodes have gone since it was chosen
+  }
+  Graph->ShowDrawing();
+}
+
 /// An edit shows at once.  What can't be drawn yet, such as a member whose node is still to be typed, is no reason to
 /// stop the user with a box.
 void frmMain::TakeCell(const std::function<bool()>& take) {
@@ -160,7 +165,7 @@ void frmMain::TakeCell(const std::function<bool()>& take) {
 
 void frmMain::RedrawWhatCanBeDrawn() {
   const std::vector<std::string> failures = RedrawQuietly(DisplaySurface, false);
-  Graph->ShowDrawing();
+  if (Graph != nullptr) Graph->ShowDrawing();
   if (failures.empty()) return;
   std::string hint = failures.front();
   std::replace(hint.begin(), hint.end(), '\n', ' ');

@@ -83,6 +83,9 @@ class frmMain : public QMainWindow, public Host {
   void ActivateDisplay();
   void ActivateEquations();
 
+  /// Draws the truss with member m highlighted; 0: without a highlight.
+  void HighlightMember(int m);
+
   void RefreshStatusTexts() override;
   void Redraw(bool zoomToExtents) override;
   void ClearSurface() override;

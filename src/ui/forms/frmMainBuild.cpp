@@ -10,6 +10,7 @@
 #include "Menus.h"
 #include "NumericKeyFilter.h"
 #include "UiState.h"
+#include "frmAbout.h"
 #include "frmEquations.h"
 #include "frmGraph.h"
 #include "modFileCommands.h"
@@ -83,7 +84,7 @@ void frmMain::BuildToolBar() {
   add("picture", "Save Truss Display as Picture", savePicture);
   add("options", "Options Box", [] {})->setEnabled(false);
   bar->addSeparator();
-  add("about", "About", [] {})->setEnabled(false);
+  add("about", "About", [this] { frmAbout(this).exec(); });
   addToolBar(bar);
 }
 
@@ -223,9 +224,8 @@ void frmMain::ConnectScales() {
   OnSignal(CBpic->udDeflectionScale, &QSpinBox::valueChanged, this, [this](int value) {
     stepDeflectionScale(SpinnerWentUp(lastDeflectionSpin, static_cast<std::int16_t>(value)));
   });
-  OnSignal(CBpic->udLoadsScale, &QSpinBox::valueChanged, this, [this](int value) {
-    stepLoadsScale(SpinnerWentUp(lastLoadsSpin, static_cast<std::int16_t>(value)));
-  });
+  OnSignal(CBpic->udLoadsScale, &QSpinBox::valueChanged, this,
+           [this](int value) { stepLoadsScale(SpinnerWentUp(lastLoadsSpin, static_cast<std::int16_t>(value))); });
   OnSignal(CBpic->animateBtn, &QPushButton::clicked, this, [this] { Run([this] { AnimateDSD(); }); });
 }
 

@@ -1,0 +1,93 @@
+// How long the equations view takes for a truss of 5000 nodes: a press, and what a repaint asks of it.
+
+#include "EquationsState.h"
+#include "ModelBuilder.h"
+#include "Platform.h"
+#include "WindowlessHost.h"
+#include "modEquationCells.h"
+#include "modEquationSteps.h"
+#include "modEquationTexts.h"
+
+#include <stdexcept>
+
+#include <benchmark/benchmark.h>
+
+namespace strutwright {
+namespace {
+
+constexpr int Nodes = 5000;
+
+/// Shows nothing: a benchmark's models are sound.
+class SilentDesktop : public MessageBoxes, public WindowlessHost {
+ public:
+  void Show(const Message& message) override { throw std::runtime_error(message.text); }
+  bool Ask(const Message& question) override { throw std::runtime_error(question.text); }
+};
+
+void Prepare() {
+  static SilentDesktop desktop;
+  ThePlatform() = {&desktop, &desktop};
+  TheEquations = EquationsState{};
+  SetModel(PrattTruss(Nodes));
+}
+
+void ShowGlobalK(benchmark::State& state) {
+  Prepare();
+  for ([[maybe_unused]] auto step : state) {
+    StepShowGlobalK();
+    state.PauseTiming();
+    StepBack();
+    state.ResumeTiming();
+  }
+}
+
+void AddMember(benchmark::State& state) {
+  Prepare();
+  StepAddMember();
+  for ([[maybe_unused]] auto step : state) StepAddMember();
+}
+
+void Restrict(benchmark::State& state) {
+  Prepare();
+  StepShowGlobalK();
+  for ([[maybe_unused]] auto step : state) {
+    StepRestrict();
+    state.PauseTiming();
+    StepBack();
+    state.ResumeTiming();
+  }
+}
+
+/// Texts and tints of as many cells as a large screen shows, in the far corner.
+void FarCorner(benchmark::State& state) {
+  constexpr int Rows = 60;
+  constexpr int Columns = 30;
+  Prepare();
+  StepShowGlobalK();
+  for ([[maybe_unused]] auto step : state) {
+    for (int row = EquationRowCount() - Rows; row < EquationRowCount(); ++row) {
+      for (int column = EquationRowCount() - Columns; column < EquationRowCount(); ++column) {
+        benchmark::DoNotOptimize(EquationCell(EquationGrid::Stiffness, row, column));
+        benchmark::DoNotOptimize(EquationTint(EquationGrid::Stiffness, row, column));
+      }
+    }
+  }
+}
+
+void Origin(benchmark::State& state) {
+  Prepare();
+  StepShowGlobalK();
+  const int last = EquationRowCount() - 1;
+  for ([[maybe_unused]] auto step : state) benchmark::DoNotOptimize(CellOrigin(last, last));
+}
+
+BENCHMARK(ShowGlobalK)->Unit(benchmark::kMillisecond);
+BENCHMARK(AddMember)->Unit(benchmark::kMillisecond)->Iterations(200);
+BENCHMARK(Restrict)->Unit(benchmark::kMillisecond);
+BENCHMARK(FarCorner)->Unit(benchmark::kMillisecond);
+BENCHMARK(Origin)->Unit(benchmark::kMillisecond);
+
+} // namespace
+} // namespace strutwright
+
+BENCHMARK_MAIN();

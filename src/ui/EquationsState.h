@@ -1,0 +1,51 @@
+#pragma once
+
+#include "Matrix.h"
+#include "ViewStiffness.h"
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace strutwright {
+
+/// What a press of a button in the equations view did.
+enum class EquationStep { None, ShowForces, AddMember, ClearStiffness, ShowGlobalK, Restrict, Solve, SolveFailed };
+
+/// One number for each freedom: (0..n), entry 0 not used.  Nothing when its column is empty.
+using FreedomValues = std::shared_ptr<const std::vector<float>>;
+
+/// What the equations view shows at a time.  Copies are cheap: the large parts are shared.
+struct EquationPage {
+  std::int16_t memberIndex = 0;  ///< the member that was added last; 0 before the first
+  std::int16_t viewDofCount = 0; ///< 2 per node, as the grids are laid out for
+  std::string addMemberCaption = "Add Member 1";
+  std::shared_ptr<ViewStiffness> viewStiffness; ///< kN/mm; nothing when it is empty, and its cells with it
+  bool allAdded = false;                        ///< viewStiffness holds every member that there was
+  FreedomValues loads;                          ///< as shown, kN
+  FreedomFlags fixed;                           ///< restrained since viewStiffness was made; nothing before Restrict
+  FreedomValues displacements;                  ///< as shown, mm
+  Matrix memberStiffness{4, 4};                 ///< one member's matrix; an ignored member leaves its predecessor's
+  int matrixOf = 0;                             ///< whose matrix that is; 0: nobody's, all zero
+  EquationStep lastStep = EquationStep::None;
+  int lastMember = 0;                ///< the member that the last step added; 0 when it was no such step
+  std::array<int, 5> lastFreedoms{}; ///< where it was added, indices 1..4; zeros where it was not
+};
+
+/// A page as it was before a press.
+struct PastPage {
+  EquationPage page;
+  bool shareAdded = false; ///< the press added to the page's own matrix
+};
+
+/// The equations view: what it shows, and what it showed before each press.
+struct EquationsState {
+  EquationPage page;
+  std::vector<PastPage> past;
+};
+
+inline EquationsState TheEquations;
+
+} // namespace strutwright

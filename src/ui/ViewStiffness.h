@@ -1,0 +1,65 @@
+#pragma once
+
+#include "Matrix.h"
+#include "ViewMatrix.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace strutwright {
+
+/// Which freedoms are restrained: (0..n), 1 marks one.
+using FreedomFlags = std::shared_ptr<const std::vector<std::int16_t>>;
+
+/// One member's share of K.
+struct MemberShare {
+  int member = 0;                ///< whose freedoms it went to
+  int matrixOf = 0;              ///< whose matrix it is: an ignored member adds its predecessor's; 0: a matrix of zeros
+  std::array<int, 5> freedoms{}; ///< global freedoms of the local ones 1..4
+  Matrix k{4, 4};                ///< kN/mm, indices 1..4
+  std::array<float, 16> before{}; ///< the entries of K that it was added to, row after row, as they were
+
+  /// What it adds to K(row, column), in kN/mm.
+  float At(int row, int column) const;
+};
+
+/// The equations view's K, and what it was made of.
+class ViewStiffness {
+ public:
+  /// Zeros for so many freedoms.
+  explicit ViewStiffness(int freedoms) : K(freedoms) {}
+
+  /// Adds a share to K, entry for entry as AddMemberToGlobal does.
+  void Add(MemberShare share);
+
+  /// Takes the last share out again: every entry is what it was before.  Nothing may have been cleared since.
+  void TakeBack();
+
+  /// Clears the rows and columns of the marked freedoms, as ApplySupports does.
+  void Clear(FreedomFlags restrained);
+
+  const ViewMatrix& Values() const { return K; }
+  const std::vector<MemberShare>& Shares() const { return Added; }
+
+  /// Where the value of an entry begins.
+  struct Origin {
+    std::size_t firstShare = 0; ///< shares from here on count
+    FreedomFlags cleared;       ///< what cleared the entry before them; none when nothing did
+  };
+  Origin OriginOf(int row, int column) const;
+
+ private:
+  struct Clearing {
+    std::size_t sharesBefore;
+    FreedomFlags restrained;
+  };
+
+  ViewMatrix K;
+  std::vector<MemberShare> Added;
+  std::vector<Clearing> Clearings;
+};
+
+} // namespace strutwright

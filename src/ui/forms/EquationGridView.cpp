@@ -1,0 +1,77 @@
+#include "EquationGridView.h"
+
+#include "EventGuard.h"
+
+#include <QHeaderView>
+#include <QLabel>
+
+namespace strutwright {
+
+namespace {
+
+constexpr int RowPadding = 8;     // pixels, above and below a text together
+constexpr int ColumnPadding = 12; // pixels, left and right of a text together
+
+} // namespace
+
+EquationGridView::EquationGridView(EquationGrid grid, const QString& name, QWidget* parent)
+    : QTableView(parent), Model(grid, *this) {
+  setObjectName(name);
+  setModel(&Model);
+  setEditTriggers(NoEditTriggers);
+  setSelectionMode(ContiguousSelection);
+  setTabKeyNavigation(false);
+  setCornerButtonEnabled(false);
+  setHorizontalScrollMode(ScrollPerPixel);
+  LayOut();
+}
+
+/// Every column is as wide as a large number needs, so that no column has to be looked through for its widest text.
+void EquationGridView::LayOut() {
+  Corner = new QLabel(this);
+  Corner->setAlignment(Qt::AlignCenter);
+  Corner->setAttribute(Qt::WA_TransparentForMouseEvents);
+  const int numberWidth = fontMetrics().horizontalAdvance("-000000.00") + ColumnPadding;
+  horizontalHeader()->setMinimumSectionSize(fontMetrics().horizontalAdvance("Force (kN)") + ColumnPadding);
+  horizontalHeader()->setDefaultSectionSize(numberWidth);
+  horizontalHeader()->setHighlightSections(false);
+  if (Kind() == EquationGrid::Stiffness) {
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
+  } else {
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+  }
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + RowPadding);
+  verticalHeader()->setMinimumWidth(fontMetrics().horizontalAdvance("DOF") + ColumnPadding);
+  verticalHeader()->setHighlightSections(false);
+}
+
+GridBlock EquationGridView::SelectedBlock() const {
+  GridBlock block{0, 0, -1, -1};
+  const QItemSelection cells = selectionModel()->selection();
+  if (cells.isEmpty()) {
+    const QModelIndex cell = currentIndex();
+    return cell.isValid() ? GridBlock{cell.row() + 1, cell.column() + 1, cell.row() + 1, cell.column() + 1} : block;
+  }
+  const QItemSelectionRange& range = cells.first();
+  return {range.top() + 1, range.left() + 1, range.bottom() + 1, range.right() + 1};
+}
+
+void EquationGridView::focusInEvent(QFocusEvent* event) {
+  QTableView::focusInEvent(event);
+  if (Listener) Guard(Listener);
+}
+
+void EquationGridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QTableView::currentChanged(current, previous);
+  if (Listener) Guard(Listener);
+}
+
+void EquationGridView::updateGeometries() {
+  QTableView::updateGeometries();
+  if (Corner == nullptr) return;
+  Corner->setText(QString::fromStdString(EquationCell(Kind(), 0, 0)));
+  Corner->setGeometry(frameWidth(), frameWidth(), verticalHeader()->width(), horizontalHeader()->height());
+}
+
+} // namespace strutwright

@@ -1,0 +1,70 @@
+#include "EquationModel.h"
+
+#include <QBrush>
+#include <QWidget>
+
+namespace strutwright {
+
+namespace {
+
+constexpr double TintStrength = 0.3;
+constexpr QColor AddedColour(255, 140, 0);
+constexpr QColor ClearedColour(0, 120, 215);
+constexpr QColor SolvedColour(0, 160, 60);
+
+int Mix(int base, int colour) { return qRound(base + TintStrength * (colour - base)); }
+
+} // namespace
+
+QColor TintColour(CellTint tint, const QPalette& theme) {
+  const QColor base = theme.color(QPalette::Base);
+  QColor colour = base;
+  switch (tint) {
+  case CellTint::None: break;
+  case CellTint::Added: colour = AddedColour; break;
+  case CellTint::Cleared: colour = ClearedColour; break;
+  case CellTint::Solved: colour = SolvedColour; break;
+  }
+  return {Mix(base.red(), colour.red()), Mix(base.green(), colour.green()), Mix(base.blue(), colour.blue())};
+}
+
+EquationModel::EquationModel(EquationGrid grid, const QWidget& view) : TheGrid(grid), View(view) { Refresh(); }
+
+void EquationModel::Refresh() {
+  const int rows = EquationRowCount() - 1;
+  const int columns = EquationColumnCount(TheGrid) - 1;
+  if (rows != Rows || columns != Columns) {
+    beginResetModel();
+    Rows = rows;
+    Columns = columns;
+    endResetModel();
+  } else if (rows > 0 && columns > 0) {
+    emit dataChanged(index(0, 0), index(rows - 1, columns - 1));
+    emit headerDataChanged(Qt::Horizontal, 0, columns - 1);
+    emit headerDataChanged(Qt::Vertical, 0, rows - 1);
+  }
+}
+
+int EquationModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : Rows; }
+
+int EquationModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : Columns; }
+
+QVariant EquationModel::data(const QModelIndex& index, int role) const {
+  return index.isValid() ? Value(index.row() + 1, index.column() + 1, role) : QVariant();
+}
+
+QVariant EquationModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  return orientation == Qt::Horizontal ? Value(0, section + 1, role) : Value(section + 1, 0, role);
+}
+
+QVariant EquationModel::Value(int row, int column, int role) const {
+  // The views may ask while they have not yet heard of a new size.
+  if (row >= EquationRowCount() || column >= EquationColumnCount(TheGrid)) return {};
+  if (role == Qt::TextAlignmentRole) return QVariant::fromValue(int{Qt::AlignCenter} | int{Qt::TextWordWrap});
+  if (role == Qt::DisplayRole) return QString::fromStdString(EquationCell(TheGrid, row, column));
+  if (role != Qt::BackgroundRole) return {};
+  const CellTint tint = EquationTint(TheGrid, row, column);
+  return tint == CellTint::None ? QVariant() : QBrush(TintColour(tint, View.palette()));
+}
+
+} // namespace strutwright

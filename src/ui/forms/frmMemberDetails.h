@@ -1,0 +1,33 @@
+#pragma once
+
+#include "modInspectors.h"
+
+#include <cstdint>
+
+#include <QDialog>
+
+namespace strutwright {
+
+class frmMain;
+
+/// The member inspector: properties, stiffness matrix and results of one member, which it can delete.
+class frmMemberDetails : public QDialog {
+ public:
+  /// frame: keeps what is changed here as steps that can be undone.
+  explicit frmMemberDetails(frmMain* frame);
+  ~frmMemberDetails() override;
+
+  /// Fills the grids with the member as it is now.  member: 1..MemberCount.
+  void setMember(std::int16_t member);
+
+ private:
+  void BuildGrids();
+  void BuildButtons();
+  void Delete();
+
+  MemberDetails Details;
+  frmMain& Frame;
+  std::int16_t Member = 0;
+};
+
+} // namespace strutwright
