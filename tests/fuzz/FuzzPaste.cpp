@@ -2,7 +2,6 @@
 // numbers, and pasting it again changes nothing.
 
 #include "Ensure.h"
-#include "PastedText.h"
 #include "QuietPlatform.h"
 #include "UiState.h"
 #include "modEditSnapshot.h"
@@ -10,6 +9,7 @@
 #include "modGrids.h"
 #include "modModelStore.h"
 #include "modNumberText.h"
+#include "modPastedText.h"
 
 #include <cstddef>
 #include <cstdint>
