@@ -184,9 +184,9 @@ TEST_F(MouseFormTest, OpensTheInspectorOfWhatIsPicked) {
     QString title;
     QTimer watch;
     QObject::connect(&watch, &QTimer::timeout, [&title] {
-      if (QWidget* dialog = QApplication::activeModalWidget()) {
-        title = dialog->windowTitle();
-        dialog->close();
+      if (QWidget* inspector = QApplication::activeModalWidget()) {
+        title = inspector->windowTitle();
+        inspector->close();
       }
     });
     watch.start(1);
