@@ -157,7 +157,9 @@ TEST_F(CopyTest, CopiesWhatIsShown) {
   CopyCells(EquationGrid::Stiffness, {1, 5, 2, 6});
 
   EXPECT_EQ(clipboard.text, "-75.16\t0.\r0.\t0.");
-  EXPECT_EQ(clipboard.html, "<meta charset=\"utf-8\"><table><tr><td>-75.16</td><td>0.</td></tr><tr><td>0.</td><td>0.</td></tr></table>");
+  EXPECT_EQ(
+      clipboard.html,
+      "<meta charset=\"utf-8\"><table><tr><td>-75.16</td><td>0.</td></tr><tr><td>0.</td><td>0.</td></tr></table>");
 }
 
 TEST_F(CopyTest, CopiesLabelsThatAreSelected) {
