@@ -4,6 +4,7 @@
 #include "QtClipboard.h"
 #include "QtFileDialog.h"
 #include "QtMessageBoxes.h"
+#include "QtShell.h"
 #include "frmMain.h"
 
 #include <cstdio>
@@ -19,6 +20,7 @@ int RunProgram(int argc, char** argv) {
   strutwright::QtMessageBoxes messages;
   strutwright::QtFileDialog dialog;
   strutwright::QtClipboard clipboard;
+  strutwright::QtShell shell;
   strutwright::NativeFileSystem files;
   strutwright::frmMain frame;
   strutwright::ThePlatform() = {.messages = &messages,
@@ -27,7 +29,9 @@ int RunProgram(int argc, char** argv) {
                                 .dialog = &dialog,
                                 .programFolder = strutwright::ExecutableFolder(),
                                 .dataFolder = strutwright::UserDataFolder(),
-                                .clipboard = &clipboard};
+                                .clipboard = &clipboard,
+                                .shell = &shell};
+  frame.RestorePlace();
   frame.show();
   frame.MDIForm_Load();
   return QApplication::exec();

@@ -45,6 +45,11 @@ Clipboard& TheClipboard() {
   return *ThePlatform().clipboard;
 }
 
+Shell& TheShell() {
+  Ensure(ThePlatform().shell != nullptr, "the shell is set up before it is used");
+  return *ThePlatform().shell;
+}
+
 const std::string& ProgramFolder() {
   Ensure(!ThePlatform().programFolder.empty(), "the program's folder is known before it is used");
   return ThePlatform().programFolder;

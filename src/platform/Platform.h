@@ -5,6 +5,7 @@
 #include "FileSystem.h"
 #include "Host.h"
 #include "MessageBoxes.h"
+#include "Shell.h"
 
 #include <chrono>
 #include <string>
@@ -20,6 +21,7 @@ struct Platform {
   std::string programFolder = {}; ///< where the executable lies; empty in a program that keeps no files of its own
   std::string dataFolder = {};    ///< where the user's programs keep files; need not exist
   Clipboard* clipboard = nullptr;
+  Shell* shell = nullptr;
   std::chrono::steady_clock::time_point (*now)() = &std::chrono::steady_clock::now;
 };
 
@@ -31,6 +33,7 @@ Host& TheHost();
 FileSystem& Files();
 FileDialog& TheFileDialog();
 Clipboard& TheClipboard();
+Shell& TheShell();
 const std::string& ProgramFolder();
 const std::string& DataFolder();
 

@@ -39,6 +39,7 @@ PlatformTest::PlatformTest() {
   ThePlatform().host = &host;
   ThePlatform().dialog = &dialog;
   ThePlatform().clipboard = &clipboard;
+  ThePlatform().shell = &shell;
 }
 
 PlatformTest::~PlatformTest() { ThePlatform() = {}; }

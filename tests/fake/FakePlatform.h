@@ -46,6 +46,14 @@ class FakeClipboard : public Clipboard {
   std::string html;
 };
 
+/// Keeps the paths that it was asked to open.
+class FakeShell : public Shell {
+ public:
+  void Open(const std::string& path) override { opened.push_back(path); }
+
+  std::vector<std::string> opened;
+};
+
 /// Keeps what the host was asked, a line each: "EndAnalysis(true)", "RefreshStatusTexts", "SetCaption(bridge.stw)".
 class FakeHost : public Host {
  public:
@@ -89,6 +97,7 @@ class PlatformTest : public testing::Test {
   FakeHost host;
   FakeFileDialog dialog;
   FakeClipboard clipboard;
+  FakeShell shell;
 };
 
 /// A box under the program's title, to compare with.

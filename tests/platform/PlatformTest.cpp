@@ -25,6 +25,7 @@ TEST(PlatformWithoutPartsTest, IsABugToUse) {
   EXPECT_THROW(Files(), EnsureFailed);
   EXPECT_THROW(TheFileDialog(), EnsureFailed);
   EXPECT_THROW(TheClipboard(), EnsureFailed);
+  EXPECT_THROW(TheShell(), EnsureFailed);
   EXPECT_THROW(ProgramFolder(), EnsureFailed);
   EXPECT_THROW(DataFolder(), EnsureFailed);
 }

@@ -1,32 +1,52 @@
 #pragma once
 
 #include "QtDrawingSurface.h"
-
-#include <functional>
+#include "modMouseEvents.h"
 
 #include <QWidget>
 
 namespace strutwright {
 
-/// The drawing area `Disp`: shows the picture that its surface keeps.
+/// What happens to the drawing area.  Each routine runs inside the guard.
+class DisplayListener {
+ public:
+  virtual ~DisplayListener() = default;
+
+  /// The area has got another size; its surface is empty.
+  virtual void Resized() = 0;
+  virtual void MouseMoved(const MouseEvent& event) = 0;
+  virtual void MousePressed(const MouseEvent& event) = 0;
+  virtual void MouseReleased(const MouseEvent& event) = 0;
+  virtual void MouseLeft() = 0;
+
+  /// steps: away from the user positive.
+  virtual void WheelTurned(const MouseEvent& event, double steps) = 0;
+};
+
+/// The drawing area `Disp`: shows the picture that its surface keeps, and tells where the mouse is on it.
 class DisplayArea : public QWidget {
  public:
-  explicit DisplayArea(QWidget* parent);
+  DisplayArea(DisplayListener& listener, QWidget* parent);
 
   QtDrawingSurface& Surface() { return Drawing; }
-
-  /// Called after the area has got another size; the surface is then empty.
-  void SetResizeNotice(std::function<void()> listener) { ResizeListener = std::move(listener); }
 
   QSize sizeHint() const override { return {640, 400}; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void leaveEvent(QEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
 
  private:
+  MouseEvent At(const QPointF& pixel, Qt::MouseButton button, Qt::MouseButtons held) const;
+
+  DisplayListener& Listener;
   QtDrawingSurface Drawing;
-  std::function<void()> ResizeListener;
 };
 
 } // namespace strutwright

@@ -4,30 +4,77 @@
 #include "modFileCommands.h"
 #include "modKeepResults.h"
 
+// The menus of the truss display, and its pop-up menu.
+
 namespace strutwright {
 
 void frmGraph::BuildMenus() {
   MenuBuilder build(*this, Frame);
   build.AddFileMenu();
-  QMenu& drawing = *build.AddMenu("mnuDraw", "&Drawing");
-  build.Add(drawing, "mnuSavePic", "Save &Picture...", {}, savePicture, "Saves the truss display as a picture");
+  AddEditMenu(build);
+  AddDrawingMenu(build);
   AddViewMenu(build);
   QMenu& analysis = *build.AddMenu("mnuAnalysis", "&Analysis");
   build.AddAnalyse(analysis);
   build.Add(analysis, "mnuAnimate", "A&nimate", {}, [this] { Frame.AnimateDSD(); },
             "Lets the deflected shape grow and shrink");
+  build.Add(analysis, "mnuResults", "&Results Report", {}, [this] { mnuResults_Click(); });
+  QMenu& tools = *build.AddMenu("mnuTools", "&Tools");
+  build.Add(tools, "mnuGenerator", "&Bracefold", {}, [this] { mnuGenerator_Click(); },
+            "Starts the companion program that generates trusses");
+  build.Add(tools, "mnuOptions", "&Options...", {}, [] {})->setEnabled(false);
   build.AddHelpMenu();
   MenuList = build.Menus();
+  BuildPopUp(build);
+}
+
+void frmGraph::AddEditMenu(MenuBuilder& build) {
+  QMenu& edit = *build.AddMenu("mnuEdit", "&Edit");
+  Frame.AddHistoryActions(build, edit);
+  edit.addSeparator();
+  Frame.AddGridActions(edit);
+}
+
+void frmGraph::AddDrawingMenu(MenuBuilder& build) {
+  QMenu& drawing = *build.AddMenu("mnuDraw", "&Drawing");
+  const auto add = [&](const QString& name, const QString& text, MouseMode mode, const QString& toolTip) {
+    build.Add(drawing, name, text, {}, [this, mode] { Choose(mode); }, toolTip);
+  };
+  add("mnuDrawNodes", "Draw &Nodes", MouseMode::DrawNode, "A click adds a node at the nearest grid point");
+  add("mnuDrawMembers", "Draw &Members", MouseMode::DrawMember, "Two clicks on nodes add a member");
+  add("mnuSelNode", "&Select Node", MouseMode::SelectNode, "A click shows the details of a node");
+  add("mnuSelMember", "Se&lect Member", MouseMode::SelectMember, "A click shows the details of a member");
+  add("mnuDelete", "&Delete", MouseMode::Delete, "A click deletes a node, or else a member");
+  drawing.addSeparator();
+  build.Add(drawing, "mnuSavePic", "Save &Picture...", {}, savePicture, "Saves the truss display as a picture");
 }
 
 void frmGraph::AddViewMenu(MenuBuilder& build) {
   QMenu& view = *build.AddMenu("mnuView", "&View");
+  build.Add(view, "mnuPan", "&Pan", {}, [this] { Choose(MouseMode::Pan); }, "Dragging moves the view");
+  build.Add(view, "mnuZW", "Zoom &Window", {}, [this] {
+    ArmZoom();
+    ShowMouseState();
+  }, "The next drag frames what to see");
   build.Add(view, "mnuZoomOut", "Zoom Out F3", {}, [this] { Frame.ZoomOut(); });
   build.Add(view, "mnuZoomExtents", "Zoom Extents F4", {}, [this] { Frame.Redraw(true); });
   build.Add(view, "mnuRefresh", "&Refresh", Qt::CTRL | Qt::Key_R, [this] { Refresh(); },
             "Takes the grids in and draws the truss again");
   view.addSeparator();
   build.Add(view, "mnuEquations", "&Stiffness Equations", {}, [this] { Frame.ActivateEquations(); });
+}
+
+void frmGraph::BuildPopUp(MenuBuilder& build) {
+  PopUp = new QMenu(this);
+  PopUp->setObjectName("mnuPopUp");
+  const auto take = [this](const QString& name) { PopUp->addAction(findChild<QAction*>(name)); };
+  for (const char* name : {"mnuDrawNodes", "mnuDrawMembers", "mnuSelNode", "mnuSelMember", "mnuDelete"}) take(name);
+  PopUp->addSeparator();
+  for (const char* name : {"mnuPan", "mnuZW"}) take(name);
+  build.Add(*PopUp, "mnuZo", "Zoom &Out", {}, [this] { Frame.ZoomOut(); });
+  build.Add(*PopUp, "mnuZE", "Zoom &Extents", {}, [this] { Frame.Redraw(true); });
+  PopUp->addSeparator();
+  take("mnuRefresh");
 }
 
 /// What has been pasted meanwhile is taken in.

@@ -42,8 +42,9 @@ QAction* MenuBuilder::Add(QMenu& menu, const QString& name, const QString& text,
 
 void MenuBuilder::AddFileMenu() {
   QMenu& file = *AddMenu("mnuFile", "&File");
-  Add(file, "mnuNew", "&New", QKeySequence::New, NewFromMenu, "Begins with an empty model");
-  Add(file, "mnuOpen", "&Open...", QKeySequence::Open, OpenFromMenu);
+  Add(file, "mnuNew", "&New", QKeySequence::New, [&frame = Frame] { frame.Edit("New", NewFromMenu); },
+      "Begins with an empty model");
+  Add(file, "mnuOpen", "&Open...", QKeySequence::Open, [&frame = Frame] { frame.Edit("Open", OpenFromMenu); });
   AddExamples(file);
   Add(file, "mnuSave", "&Save", QKeySequence::Save, SaveFromMenu);
   Add(file, "mnuSaveAs", "Save &As...", QKeySequence::SaveAs, SaveAsFromMenu);
@@ -58,7 +59,7 @@ void MenuBuilder::AddExamples(QMenu& menu) {
     if (!examples->isEmpty()) return;
     for (const std::string& path : ExampleModels()) {
       this_.Add(*examples, "mnuExample_" + QString::number(examples->actions().size() + 1),
-                QString::fromStdString(LastComponent(path)), {}, [path] { OpenExample(path); });
+                QString::fromStdString(LastComponent(path)), {}, [path, &frame = this_.Frame] { frame.Edit("Open", [&] { OpenExample(path); }); });
     }
     examples->setEnabled(!examples->isEmpty());
   });

@@ -1,6 +1,10 @@
 #pragma once
 
-#include "QtDrawingSurface.h"
+#include "DisplayArea.h"
+#include "modMouseModes.h"
+
+#include <cstdint>
+#include <string>
 
 #include <QList>
 #include <QMenu>
@@ -8,23 +12,38 @@
 
 namespace strutwright {
 
-class DisplayArea;
 class frmMain;
 class MainStatusBar;
 class MenuBuilder;
 
 /// The truss display, a child window of the main frame.
-class frmGraph : public QWidget {
+class frmGraph : public QWidget, private DisplayListener {
  public:
   frmGraph(frmMain& frame, MainStatusBar& status);
+
+  /// The first node closer than PickRadius to a world point, in m, which is drawn highlighted; 0 when there is none.
+  /// offer: ask then whether to add a node at the nearest grid point; the result is 0 all the same.
+  std::int16_t seekJoint(float x, float y, bool offer);
+
+  /// Starts the companion generator program, if it is there.
+  void mnuGenerator_Click();
+
+  /// Has the desktop open a path.
+  void vLaunch(const std::string& path);
+
+  /// Shows the results report; there is none yet.
+  void mnuResults_Click();
 
   /// Writes the analysis panel: "Analysis Done" while there are results, "No Analysis" otherwise.
   void stsBarUpdate();
 
-  QtDrawingSurface& Surface();
+  QtDrawingSurface& Surface() { return Disp->Surface(); }
 
   /// Shows what has been drawn.
-  void ShowDrawing();
+  void ShowDrawing() { Disp->update(); }
+
+  /// Leaves the mouse mode.
+  void LeaveMode();
 
   /// The menus that the frame's menu bar shows while this window is active, in their order.
   const QList<QMenu*>& Menus() const { return MenuList; }
@@ -33,13 +52,34 @@ class frmGraph : public QWidget {
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  void Resized() override;
+  void MouseMoved(const MouseEvent& event) override;
+  void MousePressed(const MouseEvent& event) override;
+  void MouseReleased(const MouseEvent& event) override;
+  void MouseLeft() override;
+  void WheelTurned(const MouseEvent& event, double steps) override;
+
+  void Act(const MouseVerdict& verdict);
+  void Do(const MouseVerdict& verdict);
+  void InspectNode(int n);
+  void InspectMember(int m);
+  void ShowMouseState();
+  void ShowPopUp();
+  bool OfferNode(float x, float y);
+  void DrawMemberBetween(int i, int j);
+  void Choose(MouseMode mode);
+
   void BuildMenus();
+  void AddEditMenu(MenuBuilder& build);
+  void AddDrawingMenu(MenuBuilder& build);
   void AddViewMenu(MenuBuilder& build);
+  void BuildPopUp(MenuBuilder& build);
   void Refresh();
 
   frmMain& Frame;
   MainStatusBar& Status;
   DisplayArea* Disp = nullptr;
+  QMenu* PopUp = nullptr;
   QList<QMenu*> MenuList;
 };
 

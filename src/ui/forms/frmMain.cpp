@@ -12,7 +12,7 @@
 #include "frmEquations.h"
 #include "frmGraph.h"
 #include "modAnimation.h"
-#include "modFileCommands.h"
+#include "modGenerators.h"
 #include "modGrids.h"
 #include "modModelRendering.h"
 #include "modModelStore.h"
@@ -22,6 +22,7 @@
 #include "modViewTransform.h"
 
 #include <algorithm>
+#include <array>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -29,7 +30,9 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMdiSubWindow>
+#include <QSettings>
 #include <QSignalBlocker>
+#include <QSplitter>
 #include <QVBoxLayout>
 
 namespace strutwright {
@@ -40,6 +43,8 @@ namespace {
 constexpr QRectF DisplayShare{0, 0, 0.64, 1};
 constexpr QRectF EquationsShare{0.64, 0, 0.36, 1};
 
+QString PlaceFile() { return QString::fromStdString(DataFolder()) + "/window.ini"; }
+
 } // namespace
 
 frmMain::~frmMain() {
@@ -49,7 +54,7 @@ frmMain::~frmMain() {
 }
 
 void frmMain::runAnalysis() {
-  CBpic->grTxtBox->Commit();
+  CommitPendingEdit();
   {
     const BusyPointer busy;
     if (!strutwright::runAnalysis()) return;
@@ -94,6 +99,10 @@ void frmMain::initGrids() { strutwright::initGrids(); }
 
 void frmMain::EndProgram() { close(); }
 
+void frmMain::addNode(float x, float y) { strutwright::addNode(x, y); }
+
+void frmMain::AddMember(std::int16_t i, std::int16_t j) { strutwright::AddMember(i, j); }
+
 void frmMain::resultGrids() { strutwright::resultGrids(); }
 
 void frmMain::ZoomOut() {
@@ -104,9 +113,28 @@ void frmMain::ZoomOut() {
 
 void frmMain::Run(const std::function<void()>& command) {
   Guard([&] {
-    CBpic->grTxtBox->Commit();
+    CommitPendingEdit();
     command();
   });
+}
+
+void frmMain::CommitPendingEdit() { CBpic->grTxtBox->Commit(); }
+
+/// The model is taken from the grids first, so that a row pasted meanwhile is not overwritten.
+void frmMain::DrawNode(float x, float y) {
+  EndAnalysis(false);
+  RebuildModelFromGrids();
+  addNode(x, y);
+  RebuildModelFromGrids();
+  Redraw(false);
+}
+
+void frmMain::DrawMember(int i, int j) {
+  EndAnalysis(false);
+  RebuildModelFromGrids();
+  AddMember(static_cast<std::int16_t>(i), static_cast<std::int16_t>(j));
+  RebuildModelFromGrids();
+  Redraw(false);
 }
 
 void frmMain::ActivateDisplay() { Children->setActiveSubWindow(GraphWindow); }
@@ -127,10 +155,12 @@ void frmMain::HighlightMember(int m) {
 /// An edit shows at once.  What can't be drawn yet, such as a member whose node is still to be typed, is no reason to
 /// stop the user with a box.
 void frmMain::TakeCell(const std::function<bool()>& take) {
-  if (!take()) return;
-  EndAnalysis(false);
-  RebuildModelFromGrids();
-  RedrawWhatCanBeDrawn();
+  Edit("Cell Edit", [&] {
+    if (!take()) return;
+    EndAnalysis(false);
+    RebuildModelFromGrids();
+    RedrawWhatCanBeDrawn();
+  });
 }
 
 void frmMain::RedrawWhatCanBeDrawn() {
@@ -185,6 +215,26 @@ void frmMain::Tick() {
   if (!Working) AnimationTick(*CBpic->udDeflectionScale);
 }
 
+void frmMain::ShowGrid(int index) {
+  CBpic->ShowGrid(index);
+  const std::array<Grid*, 4> grids{&GrJoints, &GrMembers, &jResGr, &mResGr};
+  menuGrid = grids.at(static_cast<std::size_t>(index));
+  EnableGridActions();
+}
+
+void frmMain::OpenGridMenu(DataGridView& view, const QPoint& place) {
+  menuGrid = &view.Data();
+  EnableGridActions();
+  mnuGrid->popup(place);
+}
+
+void frmMain::EnableGridActions() {
+  const QList<QAction*> actions = mnuGrid->actions();
+  for (qsizetype entry = 0; entry < actions.size(); ++entry) {
+    actions[entry]->setEnabled(IsEnabled(GridMenu.at(static_cast<std::size_t>(entry)).command, *menuGrid));
+  }
+}
+
 void frmMain::HideBoard() {
   CBpic->hide();
   Centre->removeWidget(BtnPic);
@@ -203,7 +253,27 @@ void frmMain::ShowBoard() {
   Redraw(true);
 }
 
+/// Where the place is not known, or the file says nothing of use, the frame stays as it is.
+void frmMain::RestorePlace() {
+  const QSettings place(PlaceFile(), QSettings::IniFormat);
+  restoreGeometry(place.value("geometry").toByteArray());
+  BoardSplitter->restoreState(place.value("board").toByteArray());
+}
+
+/// A place that can't be kept is no reason to hold the user up.
+void frmMain::SavePlace() {
+  Files().CreateFolder(DataFolder());
+  QSettings place(PlaceFile(), QSettings::IniFormat);
+  place.setValue("geometry", saveGeometry());
+  place.setValue("board", BoardSplitter->saveState());
+}
+
 void frmMain::closeEvent(QCloseEvent* event) {
+  try {
+    SavePlace();
+  } catch (const FileError&) {
+    // The next start uses the place before.
+  }
   Ending = true;
   Timer1.stop();
   QMainWindow::closeEvent(event);

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "EditHistory.h"
 #include "Host.h"
+#include "modGridClipboard.h"
+#include "modModelStore.h"
 
 #include <cstdint>
 #include <functional>
@@ -10,15 +13,19 @@
 #include <QTimer>
 
 class QMdiSubWindow;
+class QMenu;
+class QSplitter;
 class QVBoxLayout;
 
 namespace strutwright {
 
 class ChildArea;
 class ControlBoard;
+class DataGridView;
 class frmEquations;
 class frmGraph;
 class MainStatusBar;
+class MenuBuilder;
 
 /// The main frame: tool bar, status bar, control board and the two child windows.
 class frmMain : public QMainWindow, public Host {
@@ -36,11 +43,18 @@ class frmMain : public QMainWindow, public Host {
   /// Starts the program in the frame, which is shown already: state, grids, child windows, view.
   void MDIForm_Load();
 
+  /// Takes the size and place that the frame had when the program last ended; to be called before it is shown.
+  void RestorePlace();
+
   /// Lays the grids out for GridCapacity.
   void initGrids();
 
   /// Ends the program at once, without a question.
   void EndProgram();
+
+  /// Appends a node row at (x, y), in m, or a member row between two nodes; nothing else.
+  void addNode(float x, float y);
+  void AddMember(std::int16_t i, std::int16_t j);
 
   /// Lists the results of the analysis in the results grids.
   void resultGrids();
@@ -50,6 +64,20 @@ class frmMain : public QMainWindow, public Host {
 
   /// Runs a command inside the guard, after it has taken a pending edit of a cell.
   void Run(const std::function<void()>& command);
+
+  /// Runs a command that may change the model, as one step that can be undone.
+  /// what: its name, as in "Undo Paste".
+  void Edit(const QString& what, const std::function<void()>& command) { History.Run(what, command); }
+
+  void CommitPendingEdit();
+
+  /// Add a node or a member to the model as it stands in the grids, and draw it.
+  void DrawNode(float x, float y);
+  void DrawMember(int i, int j);
+
+  /// Fill the Edit menu of a child window.
+  void AddHistoryActions(MenuBuilder& build, QMenu& menu);
+  void AddGridActions(QMenu& menu);
 
   bool IsEnding() const { return Ending; }
   void ActivateDisplay();
@@ -84,6 +112,11 @@ class frmMain : public QMainWindow, public Host {
   void ConnectBoard();
   void ConnectSwitches();
   void ConnectScales();
+  void ConnectPanels();
+  void BuildGridMenu();
+  void OpenGridMenu(DataGridView& view, const QPoint& place);
+  void EnableGridActions();
+  void RunOnGrid(GridCommand command);
   void ConnectKeys();
   void ShowMenus(QMdiSubWindow* active);
   void TakeCell(const std::function<bool()>& take);
@@ -94,6 +127,8 @@ class frmMain : public QMainWindow, public Host {
   void stepLoadsScale(bool up);
   void ShowScales();
   void Tick();
+  void ShowGrid(int index);
+  void SavePlace();
   void HideBoard();
   void ShowBoard();
 
@@ -102,10 +137,14 @@ class frmMain : public QMainWindow, public Host {
   ChildArea* Children = nullptr;
   QWidget* BtnPic = nullptr; ///< the strip that brings the hidden board back
   QVBoxLayout* Centre = nullptr;
+  QSplitter* BoardSplitter = nullptr;
   frmGraph* Graph = nullptr;         ///< nullptr until MDIForm_Load
   frmEquations* Equations = nullptr; ///< likewise
   QMdiSubWindow* GraphWindow = nullptr;
   QMdiSubWindow* EquationsWindow = nullptr;
+  QMenu* mnuGrid = nullptr;
+  Grid* menuGrid = &GrJoints; ///< the grid that the grid menu's commands work on: the visible one
+  EditHistory History{*this};
   QTimer Timer1;
   bool reactionsGuard = false; ///< the next click of the box is the program's own
   bool forcesGuard = false;

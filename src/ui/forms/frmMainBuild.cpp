@@ -7,12 +7,18 @@
 #include "DisplayState.h"
 #include "EventGuard.h"
 #include "MainStatusBar.h"
+#include "Menus.h"
+#include "NumericKeyFilter.h"
 #include "UiState.h"
 #include "frmAbout.h"
 #include "frmEquations.h"
 #include "frmGraph.h"
 #include "modFileCommands.h"
+#include "modGenerators.h"
 #include "modScales.h"
+
+#include <array>
+#include <string>
 
 #include <QIcon>
 #include <QMdiSubWindow>
@@ -33,6 +39,8 @@ namespace {
 constexpr QSize StartSize{1180, 800};
 constexpr int ClockInterval = 100; // ms
 
+std::string Text(const QLineEdit* box) { return box->text().toStdString(); }
+
 } // namespace
 
 frmMain::frmMain() {
@@ -47,6 +55,8 @@ frmMain::frmMain() {
   ConnectBoard();
   ConnectSwitches();
   ConnectScales();
+  ConnectPanels();
+  BuildGridMenu();
   ConnectKeys();
   resize(StartSize);
   Timer1.setObjectName("Timer1");
@@ -65,11 +75,11 @@ void frmMain::BuildToolBar() {
     connect(action, &QAction::triggered, this, [this, command] { Run(command); });
     return action;
   };
-  add("new", "New File", newModel);
-  add("open", "Open File", [] { openModel(""); });
+  add("new", "New File", [this] { Edit("New", newModel); });
+  add("open", "Open File", [this] { Edit("Open", [] { openModel(""); }); });
   add("save", "Save File", SaveFromMenu);
   bar->addSeparator();
-  add("bracefold", "Bracefold", [] {})->setEnabled(false);
+  add("bracefold", "Bracefold", [this] { Graph->mnuGenerator_Click(); });
   add("analyse", "Run Analysis", [this] { runAnalysis(); });
   add("picture", "Save Truss Display as Picture", savePicture);
   add("options", "Options Box", [] {})->setEnabled(false);
@@ -83,19 +93,18 @@ void frmMain::BuildCentre() {
   Centre = new QVBoxLayout(centre);
   Centre->setContentsMargins(0, 0, 0, 0);
   Centre->setSpacing(0);
-  auto* splitter = new QSplitter(Qt::Vertical);
-  splitter->setObjectName("BoardSplitter");
-  Children = new ChildArea(splitter);
-  CBpic = new ControlBoard(splitter);
-  splitter->addWidget(Children);
-  splitter->addWidget(CBpic);
-  splitter->setCollapsible(0, false);
-  splitter->setCollapsible(1, false);
-  splitter->setStretchFactor(0, 1);
-  splitter->setStretchFactor(1, 0);
+  BoardSplitter = new QSplitter(Qt::Vertical);
+  BoardSplitter->setObjectName("BoardSplitter");
+  Children = new ChildArea(BoardSplitter);
+  CBpic = new ControlBoard(BoardSplitter);
+  BoardSplitter->addWidget(Children);
+  BoardSplitter->addWidget(CBpic);
+  BoardSplitter->setChildrenCollapsible(false);
+  BoardSplitter->setStretchFactor(0, 1);
+  BoardSplitter->setStretchFactor(1, 0);
   BuildStrip();
   Centre->addWidget(BtnPic);
-  Centre->addWidget(splitter, 1);
+  Centre->addWidget(BoardSplitter, 1);
   setCentralWidget(centre);
   connect(Children, &QMdiArea::subWindowActivated, this, &frmMain::ShowMenus);
 }
@@ -116,12 +125,86 @@ void frmMain::BuildStrip() {
 void frmMain::ConnectBoard() {
   for (std::size_t index = 0; index < CBpic->viewOpt.size(); ++index) {
     OnSignal(CBpic->viewOpt.at(index), &QRadioButton::toggled, this, [this, index](bool chosen) {
-      if (chosen) Run([this, index] { CBpic->ShowGrid(static_cast<int>(index)); });
+      if (chosen) Run([this, index] { ShowGrid(static_cast<int>(index)); });
     });
   }
   CBpic->grTxtBox->SetCommitter([this](const std::function<bool()>& take) { TakeCell(take); });
   OnSignal(CBpic->DBbtn, &QPushButton::clicked, this, [this] { Run([this] { HideBoard(); }); });
-  for (QPushButton* later : {CBpic->nLineBtn, CBpic->nodeLoadBtn, CBpic->EABtn}) later->setEnabled(false);
+}
+
+void frmMain::ConnectPanels() {
+  ControlBoard& board = *CBpic;
+  OnSignal(board.nLineBtn, &QPushButton::clicked, this, [this, &board] {
+    Run([this, &board] {
+      const NodeLineTexts texts{Text(board.nLineNoTxt), Text(board.nLineX1Txt), Text(board.nLineY1Txt),
+                                Text(board.nLineX2Txt), Text(board.nLineY2Txt)};
+      Edit("Node Line", [&] { GenerateNodeLine(texts); });
+    });
+  });
+  const auto connectList = [this](QPushButton* button, const QString& what, QLineEdit* list, Grid& grid,
+                                  QLineEdit* value1, QLineEdit* value2, int column) {
+    OnSignal(button, &QPushButton::clicked, this, [=, this, &grid] {
+      Run([&] {
+        Edit(what, [&] { fillListedRows(Text(list), grid, Text(value1), Text(value2), column, column + 1); });
+      });
+    });
+  };
+  connectList(board.nodeLoadBtn, "Node Load", board.nodesTxt, GrJoints, board.xnlTxt, board.ynlTxt, NodeForceX);
+  connectList(board.EABtn, "Member Properties", board.memTxt, GrMembers, board.eTxt, board.aTxt, MemberE);
+  for (QLineEdit* box : {board.eTxt, board.aTxt, board.nLineNoTxt}) new NumericKeyFilter(*box, false);
+  for (QLineEdit* box : {board.xnlTxt, board.ynlTxt, board.nLineX1Txt, board.nLineY1Txt, board.nLineX2Txt,
+                         board.nLineY2Txt}) {
+    new NumericKeyFilter(*box, true);
+  }
+}
+
+void frmMain::BuildGridMenu() {
+  struct Look {
+    QString text;
+    QKeySequence shortcut;
+  };
+  const std::array<Look, GridMenu.size()> looks{{{"&Copy", QKeySequence::Copy},
+                                                 {"Cu&t", QKeySequence::Cut},
+                                                 {"&Paste", QKeySequence::Paste},
+                                                 {"&Delete", QKeySequence::Delete},
+                                                 {"Select &All", QKeySequence::SelectAll},
+                                                 {"Co&mpress", {}}}};
+  mnuGrid = new QMenu(this);
+  mnuGrid->setObjectName("mnuGrid");
+  for (std::size_t entry = 0; entry < GridMenu.size(); ++entry) {
+    const std::string_view name = GridMenu.at(entry).name;
+    auto* action = new QAction(looks.at(entry).text, this);
+    action->setObjectName(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
+    action->setShortcut(looks.at(entry).shortcut);
+    OnSignal(action, &QAction::triggered, this,
+             [this, command = GridMenu.at(entry).command] { Run([this, command] { RunOnGrid(command); }); });
+    mnuGrid->addAction(action);
+  }
+  for (DataGridView* view : {CBpic->GrJointsView, CBpic->GrMembersView, CBpic->jResGrView, CBpic->mResGrView}) {
+    view->SetMenuNotice([this, view](const QPoint& place) { OpenGridMenu(*view, place); });
+  }
+  EnableGridActions();
+}
+
+void frmMain::AddHistoryActions(MenuBuilder& build, QMenu& menu) {
+  QAction* undo = build.Add(menu, "mnuUndo", "&Undo", QKeySequence::Undo, [this] { History.Undo(); });
+  QAction* redo = build.Add(menu, "mnuRedo", "&Redo", QKeySequence::Redo, [this] { History.Redo(); });
+  const QUndoStack* steps = &History.Steps();
+  const auto show = [steps, undo, redo] {
+    undo->setText(("&Undo " + steps->undoText()).trimmed());
+    redo->setText(("&Redo " + steps->redoText()).trimmed());
+    undo->setEnabled(steps->canUndo());
+    redo->setEnabled(steps->canRedo());
+  };
+  connect(steps, &QUndoStack::indexChanged, undo, show);
+  show();
+}
+
+void frmMain::AddGridActions(QMenu& menu) { menu.addActions(mnuGrid->actions()); }
+
+void frmMain::RunOnGrid(GridCommand command) {
+  const QAction* entry = mnuGrid->actions().at(static_cast<qsizetype>(command));
+  Edit(entry->text().remove('&'), [&] { RunGridCommand(command, *menuGrid); });
 }
 
 void frmMain::ConnectSwitches() {
@@ -153,6 +236,7 @@ void frmMain::ConnectKeys() {
   };
   connectKey(Qt::Key_F3, [this] { ZoomOut(); });
   connectKey(Qt::Key_F4, [this] { Redraw(true); });
+  connectKey(Qt::Key_Escape, [this] { Graph->LeaveMode(); });
 }
 
 void frmMain::ShowMenus(QMdiSubWindow* active) {

@@ -10,7 +10,9 @@
 #include "frmGraph.h"
 #include "modGrids.h"
 #include "modModelStore.h"
+#include "modPicking.h"
 #include "modRedraw.h"
+#include "modRubberBands.h"
 #include "modScales.h"
 
 namespace strutwright {
@@ -26,6 +28,7 @@ void frmMain::Redraw(bool zoomToExtents) {
 
 void frmMain::ClearSurface() {
   if (DisplaySurface != nullptr) DisplaySurface->Clear();
+  ForgetRubberBands();
   if (Graph != nullptr) Graph->ShowDrawing();
 }
 
@@ -46,7 +49,7 @@ void frmMain::ResetEquations() {
   if (Equations != nullptr) Equations->Reset();
 }
 
-int frmMain::NodeAt(float /*x*/, float /*y*/) { return 0; }
+int frmMain::NodeAt(float x, float y) { return FindNode(x, y); }
 
 void frmMain::DropHighlight() { Redraw(false); }
 

@@ -3,6 +3,7 @@
 #include "DataGridView.h"
 #include "EventGuard.h"
 #include "InspectorParts.h"
+#include "frmMain.h"
 #include "modModelEditing.h"
 
 #include <QPushButton>
@@ -10,7 +11,7 @@
 
 namespace strutwright {
 
-frmMemberDetails::frmMemberDetails(QWidget* parent) : QDialog(parent) {
+frmMemberDetails::frmMemberDetails(frmMain& frame) : QDialog(&frame), Frame(frame) {
   setObjectName("frmMemberDetails");
   setWindowTitle("Member Details");
   LayOutMemberDetails(Details);
@@ -52,7 +53,7 @@ void frmMemberDetails::setMember(std::int16_t member) {
 }
 
 void frmMemberDetails::Delete() {
-  DeleteMember(Member, true);
+  Frame.Edit("Delete Member", [this] { DeleteMember(Member, true); });
   accept();
 }
 

@@ -3,6 +3,7 @@
 #include "DataGridView.h"
 #include "EventGuard.h"
 #include "InspectorParts.h"
+#include "frmMain.h"
 #include "modModelEditing.h"
 
 #include <QGridLayout>
@@ -35,7 +36,7 @@ QLineEdit* NewField(const QString& name, const QString& description) {
 
 } // namespace
 
-frmNodeDetails::frmNodeDetails(QWidget* parent) : QDialog(parent) {
+frmNodeDetails::frmNodeDetails(frmMain& frame) : QDialog(&frame), Frame(frame) {
   setObjectName("frmNodeDetails");
   setWindowTitle("Node Details");
   LayOutNodeDetails(Details);
@@ -100,11 +101,13 @@ void frmNodeDetails::setNode(std::int16_t node) {
 }
 
 void frmNodeDetails::Apply() {
-  ApplyNodeLoad(Details, Node, txtForce->text().toStdString(), txtAngle->text().toStdString(), Mode);
+  Frame.Edit("Apply Load", [this] {
+    ApplyNodeLoad(Details, Node, txtForce->text().toStdString(), txtAngle->text().toStdString(), Mode);
+  });
 }
 
 void frmNodeDetails::Delete() {
-  DeleteNode(Node, true);
+  Frame.Edit("Delete Node", [this] { DeleteNode(Node, true); });
   accept();
 }
 

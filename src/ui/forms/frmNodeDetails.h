@@ -11,10 +11,12 @@ class QRadioButton;
 
 namespace strutwright {
 
+class frmMain;
+
 /// The node inspector: properties and deflections of one node, a load to apply to it, and its deletion.
 class frmNodeDetails : public QDialog {
  public:
-  explicit frmNodeDetails(QWidget* parent);
+  explicit frmNodeDetails(frmMain& frame);
   ~frmNodeDetails() override;
 
   /// Fills the grids with the node as it is now.  node: 1..NodeCount.
@@ -27,6 +29,7 @@ class frmNodeDetails : public QDialog {
   void Apply();
   void Delete();
 
+  frmMain& Frame;
   NodeDetails Details;
   std::int16_t Node = 0;
   LoadMode Mode = LoadMode::Overwrite;

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "modEditSnapshot.h"
+
+#include <functional>
+#include <memory>
+
+#include <QString>
+#include <QUndoStack>
+#include <QWidget>
+
+namespace strutwright {
+
+/// What the user has changed in the model, as steps that can be undone and done again: copies of the grids' texts
+/// before and after each command, with the file and the caption that belong to them.
+class EditHistory {
+ public:
+  /// frame: the window whose caption belongs to the model; must outlive the history.
+  explicit EditHistory(QWidget& frame);
+
+  /// Runs a command as one step, if it changes anything; also when it fails half-way.
+  /// what: the command's name, as in "Undo Paste".
+  void Run(const QString& what, const std::function<void()>& command);
+
+  void Undo() { Stack.undo(); }
+  void Redo() { Stack.redo(); }
+  const QUndoStack& Steps() const { return Stack; }
+
+ private:
+  class Step;
+  struct State {
+    EditSnapshot model;
+    QString caption;
+
+    bool operator==(const State&) const = default;
+  };
+
+  std::shared_ptr<const State> Take() const;
+  void Restore(const State& state);
+  void Keep(const QString& what, const std::shared_ptr<const State>& before);
+
+  QWidget& Frame;
+  QUndoStack Stack;
+  std::shared_ptr<const State> Last; ///< the state after the last step, shared with the next one
+};
+
+} // namespace strutwright
