@@ -40,7 +40,8 @@ constexpr std::string_view NotSolved =
     "K D = P has no single solution: something can move without any member resisting it.";
 
 // What comes next.
-constexpr std::string_view ModelFirst = "Enter nodes and members; then Add Member 1 or Show Global K begins the matrix.";
+constexpr std::string_view ModelFirst =
+    "Enter nodes and members; then Add Member 1 or Show Global K begins the matrix.";
 constexpr std::string_view FirstMemberNext =
     "Add Member 1 begins K with one member; Show Global K assembles all members at once.";
 constexpr std::string_view MemberNext = // member

@@ -1,4 +1,5 @@
 #include "AnalysisState.h"
+#include "DisplayArea.h"
 #include "FormFixture.h"
 #include "frmAbout.h"
 #include "frmMemberDetails.h"
@@ -57,7 +58,7 @@ class InspectorFormTest : public FormTest {
 };
 
 TEST_F(InspectorFormTest, ShowsAMember) {
-  frmMemberDetails details(frame.get());
+  frmMemberDetails details(*frame);
 
   details.setMember(3);
   details.show();
@@ -72,7 +73,7 @@ TEST_F(InspectorFormTest, ShowsAMember) {
 }
 
 TEST_F(InspectorFormTest, LabelsTheGridsOfAMember) {
-  const frmMemberDetails details(frame.get());
+  const frmMemberDetails details(*frame);
 
   QStringList captions;
   for (const QLabel* each : details.findChildren<QLabel*>()) {
@@ -84,7 +85,7 @@ TEST_F(InspectorFormTest, LabelsTheGridsOfAMember) {
 }
 
 TEST_F(InspectorFormTest, CentresEveryColumn) {
-  frmMemberDetails details(frame.get());
+  frmMemberDetails details(*frame);
   details.setMember(1);
 
   for (const QTableView* view : details.findChildren<QTableView*>()) {
@@ -96,7 +97,7 @@ TEST_F(InspectorFormTest, CentresEveryColumn) {
 
 TEST_F(InspectorFormTest, ShowsTheResultsOfAMember) {
   frame->runAnalysis();
-  frmMemberDetails details(frame.get());
+  frmMemberDetails details(*frame);
 
   details.setMember(1);
 
@@ -105,7 +106,7 @@ TEST_F(InspectorFormTest, ShowsTheResultsOfAMember) {
 }
 
 TEST_F(InspectorFormTest, DeletesTheMemberAfterAQuestion) {
-  frmMemberDetails details(frame.get());
+  frmMemberDetails details(*frame);
   details.setMember(2);
   details.show();
   messages.WillAnswer(true);
@@ -118,7 +119,7 @@ TEST_F(InspectorFormTest, DeletesTheMemberAfterAQuestion) {
 }
 
 TEST_F(InspectorFormTest, ClosesTheMemberOnEnter) {
-  frmMemberDetails details(frame.get());
+  frmMemberDetails details(*frame);
   details.setMember(1);
   details.show();
 
@@ -127,6 +128,29 @@ TEST_F(InspectorFormTest, ClosesTheMemberOnEnter) {
   EXPECT_FALSE(details.isVisible());
   EXPECT_EQ(MemberCount, 3);
 }
+
+/// Clicks at a world point while a mouse mode is on, and takes the window that opens.
+class PickTest : public InspectorFormTest {
+ protected:
+  std::string WindowOnClick(const QString& mode, double x, double y) {
+    frame->Redraw(true);
+    Command(mode).trigger();
+    std::string found;
+    QTimer::singleShot(0, frame.get(), [&found] {
+      auto* open = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      if (open == nullptr) return;
+      found = open->windowTitle().toStdString() + " " + Cell(*open, "grProperties", 1, 1);
+      open->reject();
+    });
+    auto& area = static_cast<DisplayArea&>(Find<QWidget>("Disp"));
+    QTest::mouseClick(&area, Qt::LeftButton, {}, area.Surface().ToPixel(x, -y).toPoint());
+    return found;
+  }
+};
+
+TEST_F(PickTest, OpensTheNodeThatWasClicked) { EXPECT_EQ(WindowOnClick("mnuSelNode", 2, 2), "Node Details 3"); }
+
+TEST_F(PickTest, OpensTheMemberThatWasClicked) { EXPECT_EQ(WindowOnClick("mnuSelMember", 1, 0), "Member Details 3"); }
 
 class NodeFormTest : public InspectorFormTest {
  protected:
@@ -139,7 +163,7 @@ class NodeFormTest : public InspectorFormTest {
     QTest::keyClicks(details.findChild<QLineEdit*>(field), text);
   }
 
-  frmNodeDetails details{frame.get()};
+  frmNodeDetails details{*frame};
 };
 
 TEST_F(NodeFormTest, ShowsANode) {
@@ -235,6 +259,16 @@ TEST_F(NodeFormTest, KeepsTheNodeWhenTheUserDeclines) {
   TakeMessages();
   EXPECT_EQ(NodeCount, 3);
   EXPECT_FALSE(details.isVisible());
+}
+
+TEST_F(NodeFormTest, AppliesALoadAsAStepThatCanBeUndone) {
+  TypeInto("txtForce", "5");
+  TypeInto("txtAngle", "0");
+  Click(details, "cmdApply");
+
+  Command("mnuUndo").trigger();
+
+  EXPECT_EQ(GrJoints.Text(3, NodeForceY), "-10");
 }
 
 TEST_F(NodeFormTest, Closes) {

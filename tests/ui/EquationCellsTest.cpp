@@ -141,9 +141,9 @@ TEST_F(TintTest, GoesWithAStepBack) {
   EXPECT_EQ(EquationTint(EquationGrid::Stiffness, 8, 8), CellTint::None);
 }
 
-class CopyTest : public EquationsTest {
+class EquationCopyTest : public EquationsTest {
  protected:
-  CopyTest() {
+  EquationCopyTest() {
     ModelData model = FourNodesThreeBars();
     model.members[0].A = 601.3F;
     SetModel(model);
@@ -153,45 +153,47 @@ class CopyTest : public EquationsTest {
   static constexpr GridBlock Corner{5, 5, 6, 6};
 };
 
-TEST_F(CopyTest, CopiesWhatIsShown) {
+TEST_F(EquationCopyTest, CopiesWhatIsShown) {
   CopyCells(EquationGrid::Stiffness, {1, 5, 2, 6});
 
   EXPECT_EQ(clipboard.text, "-75.16\t0.\r0.\t0.");
-  EXPECT_EQ(clipboard.html, "<meta charset=\"utf-8\"><table><tr><td>-75.16</td><td>0.</td></tr><tr><td>0.</td><td>0.</td></tr></table>");
+  EXPECT_EQ(
+      clipboard.html,
+      "<meta charset=\"utf-8\"><table><tr><td>-75.16</td><td>0.</td></tr><tr><td>0.</td><td>0.</td></tr></table>");
 }
 
-TEST_F(CopyTest, CopiesLabelsThatAreSelected) {
+TEST_F(EquationCopyTest, CopiesLabelsThatAreSelected) {
   CopyCells(EquationGrid::Force, {0, 0, 1, 1});
 
   EXPECT_EQ(clipboard.text, "DOF\tForce (kN)\r1 x\t0.");
 }
 
-TEST_F(CopyTest, CopiesEveryDigitForSpreadsheets) {
+TEST_F(EquationCopyTest, CopiesEveryDigitForSpreadsheets) {
   CopyCellsInFullPrecision(EquationGrid::Stiffness, Corner);
 
   EXPECT_EQ(clipboard.text, "75.1625\t0\r\n0\t0\r\n");
   EXPECT_EQ(clipboard.html, "");
 }
 
-TEST_F(CopyTest, CopiesEmptyCellsAsEmpty) {
+TEST_F(EquationCopyTest, CopiesEmptyCellsAsEmpty) {
   CopyCellsInFullPrecision(EquationGrid::Displacement, {1, 0, 2, 1});
 
   EXPECT_EQ(clipboard.text, "1 x\t\r\n1 y\t\r\n");
 }
 
-TEST_F(CopyTest, CopiesAMatrixForLatex) {
+TEST_F(EquationCopyTest, CopiesAMatrixForLatex) {
   CopyCellsAsLatex(EquationGrid::Stiffness, Corner);
 
   EXPECT_EQ(clipboard.text, "\\begin{bmatrix}\n  75.16 & 0 \\\\\n  0 & 0\n\\end{bmatrix}\n");
 }
 
-TEST_F(CopyTest, CopiesLabelsAndEmptyCellsForLatex) {
+TEST_F(EquationCopyTest, CopiesLabelsAndEmptyCellsForLatex) {
   CopyCellsAsLatex(EquationGrid::Displacement, {1, 0, 1, 1});
 
   EXPECT_EQ(clipboard.text, "\\begin{bmatrix}\n  \\text{1 x} & \n\\end{bmatrix}\n");
 }
 
-TEST_F(CopyTest, RefusesWhatNoProgramCanTake) {
+TEST_F(EquationCopyTest, RefusesWhatNoProgramCanTake) {
   clipboard.text = "kept";
   SetModel({std::vector<NodeData>(1001), {}});
   StepShowGlobalK();

@@ -47,7 +47,7 @@ void MenuBuilder::AddFileMenu() {
   Add(file, "mnuOpen", "&Open...", QKeySequence::Open, [&frame = Frame] { frame.Edit("Open", OpenFromMenu); });
   AddExamples(file);
   Add(file, "mnuSave", "&Save", QKeySequence::Save, SaveFromMenu);
-  Add(file, "mnuSaveAs", "Save &As...", QKeySequence::SaveAs, SaveAsFromMenu);
+  Add(file, "mnuSaveAs", "Save &As...", Qt::CTRL | Qt::SHIFT | Qt::Key_S, SaveAsFromMenu);
   file.addSeparator()->setObjectName("mnuBar4");
   Add(file, "mnuExit", "E&xit", QKeySequence::Quit, [&frame = Frame] { frame.EndProgram(); });
 }

@@ -125,6 +125,18 @@ void frmGraph::Do(const MouseVerdict& verdict) {
   }
 }
 
+void frmGraph::InspectNode(int n) {
+  frmNodeDetails details(Frame);
+  details.setNode(static_cast<std::int16_t>(n));
+  details.exec();
+}
+
+void frmGraph::InspectMember(int m) {
+  frmMemberDetails details(Frame);
+  details.setMember(static_cast<std::int16_t>(m));
+  details.exec();
+}
+
 void frmGraph::ShowMouseState() {
   Status.ShowMouseMode(QString::fromStdString(MouseModeText()));
   Disp->setCursor(Shape(TheMouse.Cursor));
@@ -134,18 +146,6 @@ void frmGraph::ShowMouseState() {
 void frmGraph::ShowPopUp() {
   PopUp->exec(QCursor::pos());
   PopUpClosed();
-}
-
-void frmGraph::InspectNode(int n) {
-  frmNodeDetails details(&Frame);
-  details.setNode(static_cast<std::int16_t>(n));
-  details.exec();
-}
-
-void frmGraph::InspectMember(int m) {
-  frmMemberDetails details(&Frame);
-  details.setMember(static_cast<std::int16_t>(m));
-  details.exec();
 }
 
 /// Returns whether the user had the node added.

@@ -61,10 +61,10 @@ class frmGraph : public QWidget, private DisplayListener {
 
   void Act(const MouseVerdict& verdict);
   void Do(const MouseVerdict& verdict);
-  void ShowMouseState();
-  void ShowPopUp();
   void InspectNode(int n);
   void InspectMember(int m);
+  void ShowMouseState();
+  void ShowPopUp();
   bool OfferNode(float x, float y);
   void DrawMemberBetween(int i, int j);
   void Choose(MouseMode mode);

@@ -11,7 +11,7 @@
 
 namespace strutwright {
 
-frmMemberDetails::frmMemberDetails(frmMain* frame) : QDialog(frame), Frame(*frame) {
+frmMemberDetails::frmMemberDetails(frmMain& frame) : QDialog(&frame), Frame(frame) {
   setObjectName("frmMemberDetails");
   setWindowTitle("Member Details");
   LayOutMemberDetails(Details);

@@ -13,8 +13,7 @@ class frmMain;
 /// The member inspector: properties, stiffness matrix and results of one member, which it can delete.
 class frmMemberDetails : public QDialog {
  public:
-  /// frame: keeps what is changed here as steps that can be undone.
-  explicit frmMemberDetails(frmMain* frame);
+  explicit frmMemberDetails(frmMain& frame);
   ~frmMemberDetails() override;
 
   /// Fills the grids with the member as it is now.  member: 1..MemberCount.
@@ -25,8 +24,8 @@ class frmMemberDetails : public QDialog {
   void BuildButtons();
   void Delete();
 
-  MemberDetails Details;
   frmMain& Frame;
+  MemberDetails Details;
   std::int16_t Member = 0;
 };
 

@@ -36,7 +36,7 @@ QLineEdit* NewField(const QString& name, const QString& description) {
 
 } // namespace
 
-frmNodeDetails::frmNodeDetails(frmMain* frame) : QDialog(frame), Frame(*frame) {
+frmNodeDetails::frmNodeDetails(frmMain& frame) : QDialog(&frame), Frame(frame) {
   setObjectName("frmNodeDetails");
   setWindowTitle("Node Details");
   LayOutNodeDetails(Details);
@@ -101,7 +101,7 @@ void frmNodeDetails::setNode(std::int16_t node) {
 }
 
 void frmNodeDetails::Apply() {
-  Frame.Edit("Node Load", [this] {
+  Frame.Edit("Apply Load", [this] {
     ApplyNodeLoad(Details, Node, txtForce->text().toStdString(), txtAngle->text().toStdString(), Mode);
   });
 }

@@ -16,8 +16,7 @@ class frmMain;
 /// The node inspector: properties and deflections of one node, a load to apply to it, and its deletion.
 class frmNodeDetails : public QDialog {
  public:
-  /// frame: keeps what is changed here as steps that can be undone.
-  explicit frmNodeDetails(frmMain* frame);
+  explicit frmNodeDetails(frmMain& frame);
   ~frmNodeDetails() override;
 
   /// Fills the grids with the node as it is now.  node: 1..NodeCount.
@@ -30,8 +29,8 @@ class frmNodeDetails : public QDialog {
   void Apply();
   void Delete();
 
-  NodeDetails Details;
   frmMain& Frame;
+  NodeDetails Details;
   std::int16_t Node = 0;
   LoadMode Mode = LoadMode::Overwrite;
   QLineEdit* txtForce = nullptr;
