@@ -9,6 +9,16 @@
 
 namespace strutwright {
 
+namespace {
+
+/// The desktop's own keys for a command, or the common ones where it has none: a plain X desktop knows no Save As.
+QKeySequence Keys(QKeySequence::StandardKey command, QKeyCombination common) {
+  const QList<QKeySequence> own = QKeySequence::keyBindings(command);
+  return own.isEmpty() ? QKeySequence(common) : own.first();
+}
+
+} // namespace
+
 QMenu* MenuBuilder::AddMenu(const QString& name, const QString& title) {
   MenuList << NewMenu(name, title);
   return MenuList.last();
@@ -45,9 +55,10 @@ void MenuBuilder::AddFileMenu() {
   Add(file, "mnuOpen", "&Open...", QKeySequence::Open, OpenFromMenu);
   AddExamples(file);
   Add(file, "mnuSave", "&Save", QKeySequence::Save, SaveFromMenu);
-  Add(file, "mnuSaveAs", "Save &As...", QKeySequence::SaveAs, SaveAsFromMenu);
+  Add(file, "mnuSaveAs", "Save &As...", Keys(QKeySequence::SaveAs, Qt::CTRL | Qt::SHIFT | Qt::Key_S), SaveAsFromMenu);
   file.addSeparator()->setObjectName("mnuBar4");
-  Add(file, "mnuExit", "E&xit", QKeySequence::Quit, [&frame = Frame] { frame.EndProgram(); });
+  Add(file, "mnuExit", "E&xit", Keys(QKeySequence::Quit, Qt::CTRL | Qt::Key_Q),
+      [&frame = Frame] { frame.EndProgram(); });
 }
 
 /// Lists the examples when the menu is opened: looking for them would only delay the start.
@@ -64,7 +75,8 @@ void MenuBuilder::AddExamples(QMenu& menu) {
 }
 
 void MenuBuilder::AddAnalyse(QMenu& menu) {
-  Add(menu, "mnuAnalyse", "&Analyse", Qt::Key_F5, [&frame = Frame] { frame.runAnalysis(); },
+  Add(
+      menu, "mnuAnalyse", "&Analyse", Qt::Key_F5, [&frame = Frame] { frame.runAnalysis(); },
       "Computes displacements, member forces and reactions");
 }
 
