@@ -10,6 +10,16 @@
 
 namespace strutwright {
 
+namespace {
+
+/// The desktop's own keys for a command, or the common ones where it has none: a plain X desktop knows no Save As.
+QKeySequence Keys(QKeySequence::StandardKey command, QKeyCombination common) {
+  const QList<QKeySequence> own = QKeySequence::keyBindings(command);
+  return own.isEmpty() ? QKeySequence(common) : own.first();
+}
+
+} // namespace
+
 QMenu* MenuBuilder::AddMenu(const QString& name, const QString& title) {
   MenuList << NewMenu(name, title);
   return MenuList.last();
@@ -42,14 +52,16 @@ QAction* MenuBuilder::Add(QMenu& menu, const QString& name, const QString& text,
 
 void MenuBuilder::AddFileMenu() {
   QMenu& file = *AddMenu("mnuFile", "&File");
-  Add(file, "mnuNew", "&New", QKeySequence::New, [&frame = Frame] { frame.Edit("New", NewFromMenu); },
+  Add(
+      file, "mnuNew", "&New", QKeySequence::New, [&frame = Frame] { frame.Edit("New", NewFromMenu); },
       "Begins with an empty model");
   Add(file, "mnuOpen", "&Open...", QKeySequence::Open, [&frame = Frame] { frame.Edit("Open", OpenFromMenu); });
   AddExamples(file);
   Add(file, "mnuSave", "&Save", QKeySequence::Save, SaveFromMenu);
-  Add(file, "mnuSaveAs", "Save &As...", Qt::CTRL | Qt::SHIFT | Qt::Key_S, SaveAsFromMenu);
+  Add(file, "mnuSaveAs", "Save &As...", Keys(QKeySequence::SaveAs, Qt::CTRL | Qt::SHIFT | Qt::Key_S), SaveAsFromMenu);
   file.addSeparator()->setObjectName("mnuBar4");
-  Add(file, "mnuExit", "E&xit", QKeySequence::Quit, [&frame = Frame] { frame.EndProgram(); });
+  Add(file, "mnuExit", "E&xit", Keys(QKeySequence::Quit, Qt::CTRL | Qt::Key_Q),
+      [&frame = Frame] { frame.EndProgram(); });
 }
 
 /// Lists the examples when the menu is opened: looking for them would only delay the start.
@@ -59,7 +71,8 @@ void MenuBuilder::AddExamples(QMenu& menu) {
     if (!examples->isEmpty()) return;
     for (const std::string& path : ExampleModels()) {
       this_.Add(*examples, "mnuExample_" + QString::number(examples->actions().size() + 1),
-                QString::fromStdString(LastComponent(path)), {}, [path, &frame = this_.Frame] { frame.Edit("Open", [&] { OpenExample(path); }); });
+                QString::fromStdString(LastComponent(path)), {},
+                [path, &frame = this_.Frame] { frame.Edit("Open", [&] { OpenExample(path); }); });
     }
     examples->setEnabled(!examples->isEmpty());
   });
