@@ -87,6 +87,23 @@ std::array<int, 5> FreedomsOf(const MemberEnds& ends) {
   return {0, 2 * ends.i - 1, 2 * ends.i, 2 * ends.j - 1, 2 * ends.j};
 }
 
+template <typename Equations>
+void AddMember(int m, const Matrix& k, Equations& K) {
+  const MemberEnds ends = EndsOf(m);
+  if (ends.i <= 0 || ends.j <= 0) {
+    ReportIgnored(m, "node numbers");
+    return;
+  }
+  const std::array<int, 5> freedom = FreedomsOf(ends);
+  for (std::size_t p = 1; p <= 4; ++p) {
+    for (std::size_t q = 1; q <= 4; ++q) {
+      float& entry = K(freedom[p], freedom[q]);
+      const float addend = k(static_cast<int>(p), static_cast<int>(q));
+      entry = static_cast<float>(static_cast<double>(entry) + static_cast<double>(addend));
+    }
+  }
+}
+
 /// Displacement of node j less that of node i, each named by its freedom, in mm.
 float EndMovement(std::size_t freedomAtJ, std::size_t freedomAtI) {
   return static_cast<float>(static_cast<double>(Displacements.at(freedomAtJ)) -
@@ -117,21 +134,9 @@ void MemberStiffness(Matrix& k, int m) {
   FillStiffness(k, MemberTable(m, MemberE), MemberTable(m, MemberA), lengthInMm, c, s);
 }
 
-void AddMemberToGlobal(int m, const Matrix& k, Matrix& K) {
-  const MemberEnds ends = EndsOf(m);
-  if (ends.i <= 0 || ends.j <= 0) {
-    ReportIgnored(m, "node numbers");
-    return;
-  }
-  const std::array<int, 5> freedom = FreedomsOf(ends);
-  for (std::size_t p = 1; p <= 4; ++p) {
-    for (std::size_t q = 1; q <= 4; ++q) {
-      float& entry = K(freedom[p], freedom[q]);
-      const float addend = k(static_cast<int>(p), static_cast<int>(q));
-      entry = static_cast<float>(static_cast<double>(entry) + static_cast<double>(addend));
-    }
-  }
-}
+void AddMemberToGlobal(int m, const Matrix& k, Matrix& K) { AddMember(m, k, K); }
+
+void AddMemberToGlobal(int m, const Matrix& k, TiledMatrix& K) { AddMember(m, k, K); }
 
 void ComputeMemberForce(int m) {
   const MemberEnds ends = EndsOf(m);

@@ -1,0 +1,277 @@
+#include "TiledSolver.h"
+
+#include "NegativeZeros.h"
+#include "modSolver.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+
+namespace strutwright {
+
+namespace {
+
+/// One tile column of a panel's pivot rows, as elimination leaves it.
+struct PivotRows {
+  alignas(64) std::array<double, PanelWidth * TileColumns> entries;
+  std::uint64_t bits = 0; ///< bit j set where row j holds something other than zero
+  bool minus = false;     ///< an entry, or a zero, has a minus sign
+};
+
+class Elimination {
+ public:
+  Elimination(TiledMatrix& equations, const Kernel& inner, LongWork& told)
+      : K(equations), kernel(inner), work(told), negativeZeros(equations) {}
+
+  Solution Run() {
+    for (int first = 0; first < K.Freedoms(); first += PanelWidth) {
+      const Solution verdict = EliminatePanel(first);
+      if (verdict != Solution::Found) return verdict;
+    }
+    return Solution::Found;
+  }
+
+ private:
+  Solution EliminatePanel(int first);
+  void FollowExchanges();
+  void NoteGroups();
+  Solution UpdateColumnsRight();
+  bool FinishPivotRows(int column);
+  void UpdateOwnTile(float* tile, int index);
+  void UpdateOwnRow(float* row, int j);
+  void UpdateTilesBelow(int column);
+  void UpdateTile(int column, std::size_t index, std::uint64_t pivots);
+  void UpdateUntouchedZeros(int column);
+  bool MayLoseSigns(int group) const;
+  bool GiveZerosTheirSigns(float* tile, const double* factors) const;
+
+  int ColumnAfter() const { return (panel.First() + PanelWidth) / TileColumns; }
+
+  TiledMatrix& K;
+  const Kernel& kernel;
+  LongWork& work;
+  NegativeZeros negativeZeros;
+  Panel panel;
+  PivotRows pivotRows;
+  std::vector<std::uint64_t> columnsAtWork; ///< tile columns where the panel's pivot rows hold something
+  std::vector<int> indexOf;                 ///< of a group among the panel's groups, -1 for none
+  alignas(64) std::array<float, TileSize> fresh{};
+};
+
+Solution Elimination::EliminatePanel(int first) {
+  work.Done(ShareOfElimination(first, K.Freedoms()));
+  panel.Load(K, first);
+  Solution verdict = panel.Eliminate(kernel);
+  if (verdict != Solution::Found) return verdict;
+  for (int column = first / TileColumns; column < ColumnAfter(); ++column) negativeZeros.Take(column);
+  FollowExchanges();
+  NoteGroups();
+  verdict = UpdateColumnsRight();
+  if (verdict != Solution::Found) return verdict;
+  panel.Store(K);
+  return Solution::Found;
+}
+
+void Elimination::FollowExchanges() {
+  for (const Panel::Exchange& each : panel.Exchanges()) {
+    const int upper = each.one / TileRows;
+    const int lower = each.other / TileRows;
+    K.ExchangeRows(each.one, each.other, ColumnAfter(), [=, this](int column) {
+      if (!negativeZeros.IsNoted(upper, column) && !negativeZeros.IsNoted(lower, column)) return;
+      negativeZeros.Note(upper, column);
+      negativeZeros.Note(lower, column);
+    });
+  }
+}
+
+/// Notes where the panel's groups are, and where its pivot rows hold something.
+void Elimination::NoteGroups() {
+  indexOf.assign(static_cast<std::size_t>(K.Groups()), -1);
+  columnsAtWork.assign(static_cast<std::size_t>(K.Words()), 0);
+  const std::vector<int>& groups = panel.Groups();
+  for (int index = 0; index < static_cast<int>(groups.size()); ++index) {
+    const int group = groups[static_cast<std::size_t>(index)];
+    indexOf[static_cast<std::size_t>(group)] = index;
+    if (index >= panel.OwnGroups()) continue;
+    for (int word = 0; word < K.Words(); ++word) columnsAtWork[static_cast<std::size_t>(word)] |= K.Stored(word, group);
+  }
+}
+
+Solution Elimination::UpdateColumnsRight() {
+  for (int column = ColumnAfter(); column <= K.RightHandSide(); ++column) {
+    const bool atWork = (columnsAtWork[static_cast<std::size_t>(column / 64)] >> (column % 64) & 1U) != 0;
+    if (!atWork && !negativeZeros.HasAny(column)) continue;
+    work.Done(ShareOfElimination(panel.First(), K.Freedoms()));
+    if (!FinishPivotRows(column)) return Solution::NotFinite;
+    UpdateTilesBelow(column);
+    if (negativeZeros.HasAny(column)) UpdateUntouchedZeros(column);
+  }
+  return Solution::Found;
+}
+
+/// Updates the pivot rows by each other in order; false when something is not finite.
+bool Elimination::FinishPivotRows(int column) {
+  pivotRows.entries.fill(0.0);
+  pivotRows.bits = 0;
+  pivotRows.minus = false;
+  for (int index = 0; index < panel.OwnGroups(); ++index) {
+    const int group = panel.Groups()[static_cast<std::size_t>(index)];
+    const std::uint64_t before = (std::uint64_t{1} << (TileRows * index)) - 1;
+    const bool changes = (panel.FactorBits(static_cast<std::size_t>(index)) & pivotRows.bits & before) != 0;
+    float* tile = changes ? K.Make(group, column) : K.Find(group, column);
+    if (tile != nullptr) UpdateOwnTile(tile, index);
+  }
+  return std::all_of(pivotRows.entries.begin(), pivotRows.entries.end(),
+                     [](double entry) { return std::isfinite(entry); });
+}
+
+void Elimination::UpdateOwnTile(float* tile, int index) {
+  const auto own = static_cast<std::size_t>(index);
+  const std::uint64_t before = (std::uint64_t{1} << (TileRows * index)) - 1;
+  kernel.UpdateTile(tile, panel.Factors(own), pivotRows.entries.data(),
+                    panel.FactorBits(own) & pivotRows.bits & before);
+  for (int r = 0; r < TileRows; ++r) UpdateOwnRow(tile + TileColumns * r, TileRows * index + r);
+}
+
+/// Row j of the pivot rows by those before it in its own group; then it is as it stays.
+void Elimination::UpdateOwnRow(float* row, int j) {
+  const double* factors = panel.Factors(static_cast<std::size_t>(j / TileRows)) + j % TileRows;
+  for (int before = j - j % TileRows; before < j; ++before) {
+    const double f = factors[TileRows * before];
+    if (f == 0.0 || (pivotRows.bits >> before & 1U) == 0) continue;
+    const double* u = &pivotRows.entries[static_cast<std::size_t>(TileColumns * before)];
+    for (int c = 0; c < TileColumns; ++c) row[c] = static_cast<float>(static_cast<double>(row[c]) - u[c] * f);
+  }
+  double* entries = &pivotRows.entries[static_cast<std::size_t>(TileColumns * j)];
+  bool some = false;
+  for (int c = 0; c < TileColumns; ++c) {
+    const bool minusZero = row[c] == 0.0F && std::signbit(row[c]);
+    if (minusZero && LosesMinusSign(factors, TileRows, &pivotRows.entries[static_cast<std::size_t>(c)], TileColumns, j))
+      row[c] = 0.0F;
+    entries[c] = static_cast<double>(row[c]);
+    some |= row[c] != 0.0F;
+    pivotRows.minus |= std::signbit(row[c]);
+  }
+  pivotRows.bits |= static_cast<std::uint64_t>(some) << j;
+}
+
+void Elimination::UpdateTilesBelow(int column) {
+  const auto own = static_cast<std::size_t>(panel.OwnGroups());
+  for (std::size_t word = own / 64; word < panel.GroupWords(); ++word) {
+    std::uint64_t groups = 0;
+    for (std::uint64_t pivots = pivotRows.bits; pivots != 0; pivots &= pivots - 1) {
+      groups |= panel.GroupBits(std::countr_zero(pivots))[word];
+    }
+    if (word == own / 64) groups &= ~std::uint64_t{0} << (own % 64);
+    for (; groups != 0; groups &= groups - 1) {
+      const std::size_t index = 64 * word + static_cast<std::size_t>(std::countr_zero(groups));
+      UpdateTile(column, index, panel.FactorBits(index) & pivotRows.bits);
+    }
+  }
+}
+
+void Elimination::UpdateTile(int column, std::size_t index, std::uint64_t pivots) {
+  const int group = panel.Groups()[index];
+  float* tile = K.Find(group, column);
+  const bool isNew = tile == nullptr;
+  if (isNew) {
+    tile = fresh.data();
+    fresh.fill(0.0F);
+  }
+  const double* factors = panel.Factors(index);
+  const bool minusZeros =
+      kernel.UpdateTile(tile, factors, pivotRows.entries.data(), pivots) && GiveZerosTheirSigns(tile, factors);
+  if (minusZeros) negativeZeros.Note(group, column);
+  if (!isNew) return;
+  // Products too small for a float may have left nothing.
+  if (!minusZeros && std::all_of(fresh.begin(), fresh.end(), [](float entry) { return entry == 0.0F; })) return;
+  std::copy(fresh.begin(), fresh.end(), K.Make(group, column));
+}
+
+/// The zeros of -0 in tiles of a column where no product other than zero came.
+void Elimination::UpdateUntouchedZeros(int column) {
+  for (const int group : negativeZeros.Take(column)) {
+    float* tile = K.Find(group, column);
+    if (group < panel.First() / TileRows + panel.OwnGroups() || tile == nullptr) continue;
+    const int index = indexOf[static_cast<std::size_t>(group)];
+    if (!MayLoseSigns(group)) {
+      negativeZeros.Note(group, column);
+      continue;
+    }
+    const double* factors = index < 0 ? panel.FactorsOfNothing() : panel.Factors(static_cast<std::size_t>(index));
+    if (GiveZerosTheirSigns(tile, factors)) negativeZeros.Note(group, column);
+  }
+}
+
+/// False where every product is +0: nothing in the row, and no minus in the pivot rows.
+bool Elimination::MayLoseSigns(int group) const {
+  return indexOf[static_cast<std::size_t>(group)] >= 0 || panel.HasNegativePivot() || pivotRows.minus;
+}
+
+/// True when the tile then still holds a -0.
+bool Elimination::GiveZerosTheirSigns(float* tile, const double* factors) const {
+  bool left = false;
+  for (int at = 0; at < TileSize; ++at) {
+    if (tile[at] != 0.0F || !std::signbit(tile[at])) continue;
+    const double* entries = &pivotRows.entries[static_cast<std::size_t>(at % TileColumns)];
+    const bool loses = LosesMinusSign(factors + at / TileColumns, TileRows, entries, TileColumns, panel.PivotCount());
+    if (loses) tile[at] = 0.0F;
+    left |= !loses;
+  }
+  return left;
+}
+
+/// Sum of K(row, c) D(c) over c > row in ascending order, row counted from 0.  Where no tile is stored, the products
+/// are zero, and a sum that began with +0 is not changed by any zero.
+double SumRightOfDiagonal(const TiledMatrix& K, int row, const std::vector<double>& D) {
+  const int group = row / TileRows;
+  const int diagonal = row / TileColumns;
+  double sum = 0.0;
+  for (int word = diagonal / 64; word < K.Words(); ++word) {
+    std::uint64_t bits = K.Stored(word, group);
+    if (word == diagonal / 64) bits &= ~std::uint64_t{0} << (diagonal % 64);
+    for (; bits != 0; bits &= bits - 1) {
+      const int column = 64 * word + std::countr_zero(bits);
+      if (column == K.RightHandSide()) break;
+      const float* entries = K.Find(group, column) + row % TileRows * TileColumns;
+      const double* factors = &D[static_cast<std::size_t>(TileColumns * column)];
+      for (int c = column == diagonal ? row % TileColumns + 1 : 0; c < TileColumns; ++c) {
+        sum += static_cast<double>(entries[c]) * factors[c];
+      }
+    }
+  }
+  return sum;
+}
+
+float EntryOf(const TiledMatrix& K, int row, int column, int c) {
+  const float* tile = K.Find(row / TileRows, column);
+  return tile == nullptr ? 0.0F : tile[row % TileRows * TileColumns + c];
+}
+
+// D(r) = (P(r) - sum of K(r, c) D(c) over c > r) / K(r, r).
+Solution BackSubstituteTiled(const TiledMatrix& K, std::vector<float>& D) {
+  std::vector<double> found(static_cast<std::size_t>(K.RightHandSide() * TileColumns), 0.0);
+  for (int row = K.Freedoms() - 1; row >= 0; --row) {
+    const auto P = static_cast<double>(EntryOf(K, row, K.RightHandSide(), 0));
+    const auto diagonal = static_cast<double>(EntryOf(K, row, row / TileColumns, row % TileColumns));
+    const auto value = static_cast<float>((P - SumRightOfDiagonal(K, row, found)) / diagonal);
+    if (!std::isfinite(value)) return Solution::NotFinite;
+    found[static_cast<std::size_t>(row)] = static_cast<double>(value);
+  }
+  for (std::size_t i = 1; i < D.size(); ++i) D[i] = static_cast<float>(found[i - 1]);
+  return Solution::Found;
+}
+
+} // namespace
+
+Solution SolveTiled(TiledMatrix& K, std::vector<float>& D, const Kernel& kernel, LongWork& work) {
+  // On the heap, because not every system aligns what lies on the stack as the kernels need it.
+  const Solution verdict = std::make_unique<Elimination>(K, kernel, work)->Run();
+  return verdict == Solution::Found ? BackSubstituteTiled(K, D) : verdict;
+}
+
+} // namespace strutwright
