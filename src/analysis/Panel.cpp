@@ -127,11 +127,10 @@ void Panel::ComputeFactors(int j) {
   const auto pivot = static_cast<double>(column[j]);
   const double zero = std::copysign(0.0, pivot);
   NegativePivot |= pivot < 0;
-  std::fill_n(&Nothing.values[static_cast<std::size_t>(TileRows * j)], TileRows, zero);
+  Nothing[static_cast<std::size_t>(j)] = zero;
   for (auto row = static_cast<std::size_t>(j) + 1; row < RowCount; ++row) {
-    const auto entry = static_cast<double>(column[row]);
     // Most entries are +0, and a division takes longer than a look.
-    factors[row] = BitsOfFloat(column[row]) == 0 ? zero : entry / pivot;
+    factors[row] = BitsOfFloat(column[row]) == 0 ? zero : static_cast<double>(column[row]) / pivot;
   }
 }
 
@@ -149,13 +148,14 @@ void Panel::GatherFactors() {
   BitsOf.assign(GroupList.size(), 0);
   BitsOfPivot.assign(GroupWords() * PanelWidth, 0);
   for (int j = 0; j < Pivots; ++j) {
-    const double* from = FactorColumn(j);
-    for (std::size_t index = 0; index < GroupList.size(); ++index, from += TileRows) {
+    // Pivot j has no factors in the groups above its own.
+    for (auto index = static_cast<std::size_t>(j / TileRows); index < GroupList.size(); ++index) {
+      const double* from = FactorColumn(j) + TileRows * index;
+      if (from[0] == 0.0 && from[1] == 0.0 && from[2] == 0.0 && from[3] == 0.0) continue;
       double* to = &FactorsOf[index].values[static_cast<std::size_t>(TileRows * j)];
-      std::copy_n(from, TileRows, to);
-      const std::uint64_t some = from[0] != 0.0 || from[1] != 0.0 || from[2] != 0.0 || from[3] != 0.0 ? 1U : 0U;
-      BitsOf[index] |= some << j;
-      BitsOfPivot[static_cast<std::size_t>(j) * GroupWords() + index / 64] |= some << (index % 64);
+      for (int r = 0; r < TileRows; ++r) to[r] = from[r];
+      BitsOf[index] |= std::uint64_t{1} << j;
+      BitsOfPivot[static_cast<std::size_t>(j) * GroupWords() + index / 64] |= std::uint64_t{1} << (index % 64);
     }
   }
 }
@@ -164,7 +164,9 @@ void Panel::Store(TiledMatrix& K) const {
   for (std::size_t index = 0; index < GroupList.size(); ++index) {
     for (int quarter = 0; quarter < PanelTiles; ++quarter) {
       K.Drop(GroupList[index], FirstColumn / TileColumns + quarter);
-      if (index < static_cast<std::size_t>(OwnGroups())) StoreTile(K, index, quarter);
+      const bool hasPivotRows = index < static_cast<std::size_t>(OwnGroups());
+      const bool belowDiagonal = TileColumns * (quarter + 1) <= TileRows * static_cast<int>(index);
+      if (hasPivotRows && !belowDiagonal) StoreTile(K, index, quarter);
     }
   }
 }
@@ -172,13 +174,18 @@ void Panel::Store(TiledMatrix& K) const {
 // Elimination fills entries that were not stored before: a tile is there for back substitution as soon as one of its
 // entries on or right of the diagonal is not zero.
 void Panel::StoreTile(TiledMatrix& K, std::size_t index, int quarter) const {
-  std::array<float, TileSize> tile{};
-  for (std::size_t at = 0; at < TileSize; ++at) {
-    const std::size_t row = TileRows * index + at / TileColumns;
-    const auto column = static_cast<std::size_t>(TileColumns * quarter) + at % TileColumns;
-    if (column >= row && column < static_cast<std::size_t>(Pivots)) tile[at] = Column(static_cast<int>(column))[row];
+  alignas(64) std::array<float, TileSize> tile{};
+  const int firstRow = TileRows * static_cast<int>(index);
+  std::uint32_t some = 0;
+  for (int c = 0; c < std::min(TileColumns, Pivots - TileColumns * quarter); ++c) {
+    const int column = TileColumns * quarter + c;
+    const float* from = Column(column) + firstRow;
+    for (int r = 0; r < std::min(TileRows, column - firstRow + 1); ++r) {
+      tile[static_cast<std::size_t>(TileColumns * r + c)] = from[r];
+      some |= BitsOfFloat(from[r]) & ~NegativeZeroBits;
+    }
   }
-  if (std::all_of(tile.begin(), tile.end(), [](float entry) { return entry == 0.0F; })) return;
+  if (some == 0) return;
   std::copy(tile.begin(), tile.end(), K.Make(GroupList[index], FirstColumn / TileColumns + quarter));
 }
 

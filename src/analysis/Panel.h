@@ -53,7 +53,7 @@ class Panel {
   int OwnGroups() const { return (Pivots + TileRows - 1) / TileRows; }
 
   /// The factors of the group Groups()[index], and bit j set where one of its factors for pivot j is not zero.
-  /// A pivot row has factors only for the pivots before it.
+  /// A pivot row has factors only for the pivots before it.  Where a bit is not set, the factors are not there.
   const double* Factors(std::size_t index) const { return FactorsOf[index].values.data(); }
   std::uint64_t FactorBits(std::size_t index) const { return BitsOf[index]; }
 
@@ -61,8 +61,12 @@ class Panel {
   const std::uint64_t* GroupBits(int j) const { return &BitsOfPivot[static_cast<std::size_t>(j) * GroupWords()]; }
   std::size_t GroupWords() const { return (GroupList.size() + 63) / 64; }
 
-  /// The factors of a row that holds +0 in all columns: zeros with the signs of the pivots.
-  const double* FactorsOfNothing() const { return Nothing.values.data(); }
+  /// All factors of row r of a group, the zeros with their signs; a step of FactorStep() leads to the next pivot's.
+  const double* RowFactors(std::size_t index, int r) const { return FactorColumn(0) + TileRows * index + r; }
+  std::ptrdiff_t FactorStep() const { return static_cast<std::ptrdiff_t>(RowCount); }
+
+  /// The factors of a row that holds +0 in all columns, one after another: zeros with the signs of the pivots.
+  const double* FactorsOfNothing() const { return Nothing.data(); }
   bool HasNegativePivot() const { return NegativePivot; }
 
  private:
@@ -93,7 +97,7 @@ class Panel {
   std::vector<GroupFactors> FactorsOf;
   std::vector<std::uint64_t> BitsOf;
   std::vector<std::uint64_t> BitsOfPivot;
-  GroupFactors Nothing{};
+  std::array<double, PanelWidth> Nothing{};
 };
 
 /// True when an entry of -0 would have become +0 by the pivots before number `count`, of which only those have been

@@ -71,14 +71,6 @@ std::vector<TiledMatrix::Entry> TiledMatrix::Entries() const {
   return entries;
 }
 
-const float* TiledMatrix::Find(int group, int column) const {
-  return IsStored(group, column) ? TileAt(PlaceOf(group, column)) : nullptr;
-}
-
-float* TiledMatrix::Find(int group, int column) {
-  return IsStored(group, column) ? TileAt(PlaceOf(group, column)) : nullptr;
-}
-
 float* TiledMatrix::Make(int group, int column) {
   if (float* tile = Find(group, column)) return tile;
   const std::size_t index = Index(column / 64, group);

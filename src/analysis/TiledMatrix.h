@@ -48,8 +48,10 @@ class TiledMatrix {
   int RightHandSide() const { return TileColumnCount - 1; }
 
   /// The tile, or nothing where it is not stored.
-  float* Find(int group, int column);
-  const float* Find(int group, int column) const;
+  float* Find(int group, int column) { return IsStored(group, column) ? TileAt(PlaceOf(group, column)) : nullptr; }
+  const float* Find(int group, int column) const {
+    return IsStored(group, column) ? TileAt(PlaceOf(group, column)) : nullptr;
+  }
 
   /// The tile, which is stored from now on.
   float* Make(int group, int column);

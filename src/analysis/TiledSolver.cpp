@@ -15,11 +15,27 @@ namespace strutwright {
 
 namespace {
 
+constexpr std::uint32_t InfinityBits = 0x7F800000U;
+constexpr std::uint32_t NegativeZeroBits = 0x80000000U;
+
+bool IsNegativeZero(float x) { return std::bit_cast<std::uint32_t>(x) == NegativeZeroBits; }
+
 /// One tile column of a panel's pivot rows, as elimination leaves it.
 struct PivotRows {
-  alignas(64) std::array<double, PanelWidth * TileColumns> entries;
-  std::uint64_t bits = 0; ///< bit j set where row j holds something other than zero
-  bool minus = false;     ///< an entry, or a zero, has a minus sign
+  alignas(64) std::array<double, PanelWidth * TileColumns> entries{};
+  std::array<bool, PanelWidth / TileRows> isClear{}; ///< a group of rows holds +0 only
+  std::uint64_t bits = 0;                            ///< bit j set where row j holds something other than zero
+  bool minus = false;                                ///< an entry, or a zero, has a minus sign
+  bool finite = true;
+
+  double* Row(int j) { return &entries[static_cast<std::size_t>(TileColumns * j)]; }
+  const double* Row(int j) const { return &entries[static_cast<std::size_t>(TileColumns * j)]; }
+
+  void Clear(int group) {
+    if (isClear[static_cast<std::size_t>(group)]) return;
+    std::fill_n(Row(TileRows * group), TileSize, 0.0);
+    isClear[static_cast<std::size_t>(group)] = true;
+  }
 };
 
 class Elimination {
@@ -41,13 +57,13 @@ class Elimination {
   void NoteGroups();
   Solution UpdateColumnsRight();
   bool FinishPivotRows(int column);
-  void UpdateOwnTile(float* tile, int index);
-  void UpdateOwnRow(float* row, int j);
+  void FinishPivotRow(float* row, int j);
+  void KeepPivotRow(float* row, int j);
   void UpdateTilesBelow(int column);
   void UpdateTile(int column, std::size_t index, std::uint64_t pivots);
   void UpdateUntouchedZeros(int column);
-  bool MayLoseSigns(int group) const;
-  bool GiveZerosTheirSigns(float* tile, const double* factors) const;
+  bool MayLoseSigns(int index) const;
+  bool GiveZerosTheirSigns(float* tile, int index) const;
 
   int ColumnAfter() const { return (panel.First() + PanelWidth) / TileColumns; }
 
@@ -115,48 +131,56 @@ Solution Elimination::UpdateColumnsRight() {
 
 /// Updates the pivot rows by each other in order; false when something is not finite.
 bool Elimination::FinishPivotRows(int column) {
-  pivotRows.entries.fill(0.0);
   pivotRows.bits = 0;
   pivotRows.minus = false;
+  pivotRows.finite = true;
   for (int index = 0; index < panel.OwnGroups(); ++index) {
     const int group = panel.Groups()[static_cast<std::size_t>(index)];
     const std::uint64_t before = (std::uint64_t{1} << (TileRows * index)) - 1;
-    const bool changes = (panel.FactorBits(static_cast<std::size_t>(index)) & pivotRows.bits & before) != 0;
-    float* tile = changes ? K.Make(group, column) : K.Find(group, column);
-    if (tile != nullptr) UpdateOwnTile(tile, index);
+    const std::uint64_t pivots = panel.FactorBits(static_cast<std::size_t>(index)) & pivotRows.bits & before;
+    float* tile = pivots != 0 ? K.Make(group, column) : K.Find(group, column);
+    if (tile == nullptr) {
+      pivotRows.Clear(index);
+      continue;
+    }
+    if (pivots != 0) kernel.UpdateTile(tile, panel.Factors(static_cast<std::size_t>(index)), pivotRows.Row(0), pivots);
+    pivotRows.isClear[static_cast<std::size_t>(index)] = false;
+    for (int r = 0; r < TileRows; ++r) FinishPivotRow(tile + TileColumns * r, TileRows * index + r);
   }
-  return std::all_of(pivotRows.entries.begin(), pivotRows.entries.end(),
-                     [](double entry) { return std::isfinite(entry); });
+  return pivotRows.finite;
 }
 
-void Elimination::UpdateOwnTile(float* tile, int index) {
-  const auto own = static_cast<std::size_t>(index);
-  const std::uint64_t before = (std::uint64_t{1} << (TileRows * index)) - 1;
-  kernel.UpdateTile(tile, panel.Factors(own), pivotRows.entries.data(),
-                    panel.FactorBits(own) & pivotRows.bits & before);
-  for (int r = 0; r < TileRows; ++r) UpdateOwnRow(tile + TileColumns * r, TileRows * index + r);
-}
-
-/// Row j of the pivot rows by those before it in its own group; then it is as it stays.
-void Elimination::UpdateOwnRow(float* row, int j) {
-  const double* factors = panel.Factors(static_cast<std::size_t>(j / TileRows)) + j % TileRows;
+/// Updates row j of the pivot rows by those before it in its own group; then it is as it stays.
+void Elimination::FinishPivotRow(float* row, int j) {
+  const auto group = static_cast<std::size_t>(j / TileRows);
+  const double* factors = panel.Factors(group) + j % TileRows;
+  const std::uint64_t pivots = panel.FactorBits(group) & pivotRows.bits;
   for (int before = j - j % TileRows; before < j; ++before) {
     const double f = factors[TileRows * before];
-    if (f == 0.0 || (pivotRows.bits >> before & 1U) == 0) continue;
-    const double* u = &pivotRows.entries[static_cast<std::size_t>(TileColumns * before)];
+    if ((pivots >> before & 1U) == 0 || f == 0.0) continue;
+    const double* u = pivotRows.Row(before);
     for (int c = 0; c < TileColumns; ++c) row[c] = static_cast<float>(static_cast<double>(row[c]) - u[c] * f);
   }
-  double* entries = &pivotRows.entries[static_cast<std::size_t>(TileColumns * j)];
-  bool some = false;
+  KeepPivotRow(row, j);
+}
+
+void Elimination::KeepPivotRow(float* row, int j) {
+  double* entries = pivotRows.Row(j);
+  std::uint32_t some = 0;
+  std::uint32_t minus = 0;
   for (int c = 0; c < TileColumns; ++c) {
-    const bool minusZero = row[c] == 0.0F && std::signbit(row[c]);
-    if (minusZero && LosesMinusSign(factors, TileRows, &pivotRows.entries[static_cast<std::size_t>(c)], TileColumns, j))
+    if (IsNegativeZero(row[c]) && LosesMinusSign(panel.RowFactors(static_cast<std::size_t>(j / TileRows), j % TileRows),
+                                                 panel.FactorStep(), pivotRows.Row(0) + c, TileColumns, j)) {
       row[c] = 0.0F;
+    }
     entries[c] = static_cast<double>(row[c]);
-    some |= row[c] != 0.0F;
-    pivotRows.minus |= std::signbit(row[c]);
+    const auto bits = std::bit_cast<std::uint32_t>(row[c]);
+    minus |= bits;
+    some |= bits & ~NegativeZeroBits;
+    pivotRows.finite &= (bits & InfinityBits) != InfinityBits;
   }
-  pivotRows.bits |= static_cast<std::uint64_t>(some) << j;
+  pivotRows.bits |= std::uint64_t{some != 0 ? 1U : 0U} << j;
+  pivotRows.minus |= (minus & NegativeZeroBits) != 0;
 }
 
 void Elimination::UpdateTilesBelow(int column) {
@@ -182,9 +206,8 @@ void Elimination::UpdateTile(int column, std::size_t index, std::uint64_t pivots
     tile = fresh.data();
     fresh.fill(0.0F);
   }
-  const double* factors = panel.Factors(index);
-  const bool minusZeros =
-      kernel.UpdateTile(tile, factors, pivotRows.entries.data(), pivots) && GiveZerosTheirSigns(tile, factors);
+  const bool minusZeros = kernel.UpdateTile(tile, panel.Factors(index), pivotRows.Row(0), pivots) &&
+                          GiveZerosTheirSigns(tile, static_cast<int>(index));
   if (minusZeros) negativeZeros.Note(group, column);
   if (!isNew) return;
   // Products too small for a float may have left nothing.
@@ -198,27 +221,22 @@ void Elimination::UpdateUntouchedZeros(int column) {
     float* tile = K.Find(group, column);
     if (group < panel.First() / TileRows + panel.OwnGroups() || tile == nullptr) continue;
     const int index = indexOf[static_cast<std::size_t>(group)];
-    if (!MayLoseSigns(group)) {
-      negativeZeros.Note(group, column);
-      continue;
-    }
-    const double* factors = index < 0 ? panel.FactorsOfNothing() : panel.Factors(static_cast<std::size_t>(index));
-    if (GiveZerosTheirSigns(tile, factors)) negativeZeros.Note(group, column);
+    if (!MayLoseSigns(index) || GiveZerosTheirSigns(tile, index)) negativeZeros.Note(group, column);
   }
 }
 
 /// False where every product is +0: nothing in the row, and no minus in the pivot rows.
-bool Elimination::MayLoseSigns(int group) const {
-  return indexOf[static_cast<std::size_t>(group)] >= 0 || panel.HasNegativePivot() || pivotRows.minus;
-}
+bool Elimination::MayLoseSigns(int index) const { return index >= 0 || panel.HasNegativePivot() || pivotRows.minus; }
 
-/// True when the tile then still holds a -0.
-bool Elimination::GiveZerosTheirSigns(float* tile, const double* factors) const {
+/// True when the tile then still holds a -0.  index: among the panel's groups, -1 for none.
+bool Elimination::GiveZerosTheirSigns(float* tile, int index) const {
   bool left = false;
   for (int at = 0; at < TileSize; ++at) {
-    if (tile[at] != 0.0F || !std::signbit(tile[at])) continue;
-    const double* entries = &pivotRows.entries[static_cast<std::size_t>(at % TileColumns)];
-    const bool loses = LosesMinusSign(factors + at / TileColumns, TileRows, entries, TileColumns, panel.PivotCount());
+    if (!IsNegativeZero(tile[at])) continue;
+    const double* factors = panel.FactorsOfNothing();
+    if (index >= 0) factors = panel.RowFactors(static_cast<std::size_t>(index), at / TileColumns);
+    const bool loses = LosesMinusSign(factors, index < 0 ? 1 : panel.FactorStep(), pivotRows.Row(0) + at % TileColumns,
+                                      TileColumns, panel.PivotCount());
     if (loses) tile[at] = 0.0F;
     left |= !loses;
   }
