@@ -14,22 +14,26 @@ class NegativeZeros {
  public:
   explicit NegativeZeros(const TiledMatrix& K)
       : GroupCount(static_cast<std::size_t>(K.Groups())), GroupsOf(static_cast<std::size_t>(K.RightHandSide()) + 1),
-        Noted(GroupsOf.size() * GroupCount / 64 + 1) {}
+        Noted(GroupsOf.size() * GroupCount / 64 + 1), ColumnBits(static_cast<std::size_t>(K.Words())) {}
 
   void Note(int group, int column) {
     if (IsNoted(group, column)) return;
+    ColumnBits[static_cast<std::size_t>(column / 64)] |= std::uint64_t{1} << (column % 64);
     Word(group, column) |= Bit(group, column);
     GroupsOf[static_cast<std::size_t>(column)].push_back(group);
   }
 
   bool IsNoted(int group, int column) { return (Word(group, column) & Bit(group, column)) != 0; }
 
+  /// The columns with such tiles: bit b for tile column 64 word + b.
+  std::uint64_t Columns(int word) const { return ColumnBits[static_cast<std::size_t>(word)]; }
   bool HasAny(int column) const { return !GroupsOf[static_cast<std::size_t>(column)].empty(); }
 
   /// Forgets the tiles of a column and gives their groups.
   std::vector<int> Take(int column) {
     std::vector<int> groups;
     groups.swap(GroupsOf[static_cast<std::size_t>(column)]);
+    ColumnBits[static_cast<std::size_t>(column / 64)] &= ~(std::uint64_t{1} << (column % 64));
     for (const int group : groups) Word(group, column) &= ~Bit(group, column);
     return groups;
   }
@@ -44,6 +48,7 @@ class NegativeZeros {
   std::size_t GroupCount;
   std::vector<std::vector<int>> GroupsOf; ///< to each tile column
   std::vector<std::uint64_t> Noted;
+  std::vector<std::uint64_t> ColumnBits;
 };
 
 } // namespace strutwright

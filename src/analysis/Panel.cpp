@@ -52,11 +52,13 @@ void Panel::Load(const TiledMatrix& K, int first) {
 
 void Panel::ListGroups(const TiledMatrix& K) {
   const int column = FirstColumn / TileColumns;
-  const int firstGroup = FirstColumn / TileRows;
+  const int firstBelow = FirstColumn / TileRows + OwnGroups();
   GroupList.clear();
-  for (int group = firstGroup; group < K.Groups(); ++group) {
-    const bool own = group < firstGroup + OwnGroups();
-    if (own || (K.Stored(column / 64, group) >> (column % 64) & 0xFU) != 0) GroupList.push_back(group);
+  for (int group = FirstColumn / TileRows; group < firstBelow; ++group) GroupList.push_back(group);
+  int last = 0;
+  for (int quarter = 0; quarter < PanelTiles; ++quarter) last = std::max(last, K.LastGroup(column + quarter));
+  for (int group = firstBelow; group <= last; ++group) {
+    if ((K.Stored(column / 64, group) >> (column % 64) & 0xFU) != 0) GroupList.push_back(group);
   }
 }
 

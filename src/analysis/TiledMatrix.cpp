@@ -23,7 +23,7 @@ bool IsEmptyRow(const float* row) {
 TiledMatrix::TiledMatrix(int n)
     : Size(n), GroupCount(Upward(n, TileRows)), TileColumnCount(Upward(n, 64) * (64 / TileColumns) + 1),
       WordCount(Upward(TileColumnCount, 64)), StoredBits(AsSize(WordCount) * AsSize(GroupCount)),
-      PlacesOf(StoredBits.size()) {
+      PlacesOf(StoredBits.size()), LastGroups(AsSize(TileColumnCount), -1) {
   Ensure(n >= 1, "equations are made for at least one freedom");
 }
 
@@ -55,6 +55,7 @@ void TiledMatrix::Restrain(int d) {
 
 std::vector<TiledMatrix::Entry> TiledMatrix::Entries() const {
   std::vector<Entry> entries;
+  entries.reserve(AsSize(16) * PlacesUsed);
   for (int group = 0; group < GroupCount; ++group) {
     for (int word = 0; word < WordCount; ++word) {
       for (std::uint64_t bits = Stored(word, group); bits != 0; bits &= bits - 1) {
@@ -78,6 +79,7 @@ float* TiledMatrix::Make(int group, int column) {
     PlacesOf[index] = static_cast<std::uint32_t>(PlacePool.size());
     PlacePool.emplace_back();
   }
+  LastGroups[AsSize(column)] = std::max(LastGroups[AsSize(column)], group);
   const std::uint32_t place = NewPlace();
   PlacePool[PlacesOf[index]][AsSize(column % 64)] = place;
   StoredBits[index] |= std::uint64_t{1} << (column % 64);

@@ -63,6 +63,9 @@ class TiledMatrix {
   int Words() const { return WordCount; }
   std::uint64_t Stored(int word, int group) const { return StoredBits[Index(word, group)]; }
 
+  /// No group after this one has ever had a tile in the column.
+  int LastGroup(int column) const { return LastGroups[static_cast<std::size_t>(column)]; }
+
   /// Exchanges two rows, counted from 0, in tile columns column.. and after.
   /// exchanged: is told each tile column where one of the two rows held something.
   template <typename Exchanged>
@@ -98,6 +101,7 @@ class TiledMatrix {
   int WordCount = 0;
   std::vector<std::uint64_t> StoredBits; ///< word after word, all groups of a word together
   std::vector<std::uint32_t> PlacesOf;   ///< index into PlacePool, alike; 0 for none
+  std::vector<int> LastGroups;           ///< to each tile column
   std::vector<Places> PlacePool{Places{}};
   std::vector<std::unique_ptr<Tile[]>> Chunks;
   std::uint32_t PlacesUsed = 0;

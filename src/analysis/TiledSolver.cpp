@@ -38,6 +38,19 @@ struct PivotRows {
   }
 };
 
+/// A tile, or nothing where none is stored yet, of the panel's group `index`.
+struct Touched {
+  float* tile;
+  std::size_t index;
+};
+
+constexpr std::size_t FetchAhead = 4;
+
+/// Has a tile brought from memory while something else is done.
+void Fetch(const float* tile) {
+  for (int r = 0; tile != nullptr && r < TileRows; ++r) __builtin_prefetch(tile + TileColumns * r);
+}
+
 class Elimination {
  public:
   Elimination(TiledMatrix& equations, const Kernel& inner, LongWork& told)
@@ -56,11 +69,12 @@ class Elimination {
   void FollowExchanges();
   void NoteGroups();
   Solution UpdateColumnsRight();
+  bool UpdateColumn(int column);
   bool FinishPivotRows(int column);
   void FinishPivotRow(float* row, int j);
   void KeepPivotRow(float* row, int j);
   void UpdateTilesBelow(int column);
-  void UpdateTile(int column, std::size_t index, std::uint64_t pivots);
+  void UpdateTile(int column, const Touched& each);
   void UpdateUntouchedZeros(int column);
   bool MayLoseSigns(int index) const;
   bool GiveZerosTheirSigns(float* tile, int index) const;
@@ -74,7 +88,8 @@ class Elimination {
   Panel panel;
   PivotRows pivotRows;
   std::vector<std::uint64_t> columnsAtWork; ///< tile columns where the panel's pivot rows hold something
-  std::vector<int> indexOf;                 ///< of a group among the panel's groups, -1 for none
+  std::vector<Touched> touched;
+  std::vector<int> indexOf; ///< of a group among the panel's groups, -1 for none
   alignas(64) std::array<float, TileSize> fresh{};
 };
 
@@ -118,15 +133,23 @@ void Elimination::NoteGroups() {
 }
 
 Solution Elimination::UpdateColumnsRight() {
-  for (int column = ColumnAfter(); column <= K.RightHandSide(); ++column) {
-    const bool atWork = (columnsAtWork[static_cast<std::size_t>(column / 64)] >> (column % 64) & 1U) != 0;
-    if (!atWork && !negativeZeros.HasAny(column)) continue;
-    work.Done(ShareOfElimination(panel.First(), K.Freedoms()));
-    if (!FinishPivotRows(column)) return Solution::NotFinite;
-    UpdateTilesBelow(column);
-    if (negativeZeros.HasAny(column)) UpdateUntouchedZeros(column);
+  for (int word = ColumnAfter() / 64; word < K.Words(); ++word) {
+    std::uint64_t columns = columnsAtWork[static_cast<std::size_t>(word)] | negativeZeros.Columns(word);
+    if (word == ColumnAfter() / 64) columns &= ~std::uint64_t{0} << (ColumnAfter() % 64);
+    for (; columns != 0; columns &= columns - 1) {
+      if (!UpdateColumn(64 * word + std::countr_zero(columns))) return Solution::NotFinite;
+    }
   }
   return Solution::Found;
+}
+
+/// False when something is not finite.
+bool Elimination::UpdateColumn(int column) {
+  work.Done(ShareOfElimination(panel.First(), K.Freedoms()));
+  if (!FinishPivotRows(column)) return false;
+  UpdateTilesBelow(column);
+  if (negativeZeros.HasAny(column)) UpdateUntouchedZeros(column);
+  return true;
 }
 
 /// Updates the pivot rows by each other in order; false when something is not finite.
@@ -184,6 +207,8 @@ void Elimination::KeepPivotRow(float* row, int j) {
 }
 
 void Elimination::UpdateTilesBelow(int column) {
+  // First all are looked up, so that the memory fetches them side by side, then they are updated.
+  touched.clear();
   const auto own = static_cast<std::size_t>(panel.OwnGroups());
   for (std::size_t word = own / 64; word < panel.GroupWords(); ++word) {
     std::uint64_t groups = 0;
@@ -193,23 +218,27 @@ void Elimination::UpdateTilesBelow(int column) {
     if (word == own / 64) groups &= ~std::uint64_t{0} << (own % 64);
     for (; groups != 0; groups &= groups - 1) {
       const std::size_t index = 64 * word + static_cast<std::size_t>(std::countr_zero(groups));
-      UpdateTile(column, index, panel.FactorBits(index) & pivotRows.bits);
+      touched.push_back({K.Find(panel.Groups()[index], column), index});
     }
+  }
+  for (std::size_t at = 0; at < touched.size(); ++at) {
+    if (at + FetchAhead < touched.size()) Fetch(touched[at + FetchAhead].tile);
+    UpdateTile(column, touched[at]);
   }
 }
 
-void Elimination::UpdateTile(int column, std::size_t index, std::uint64_t pivots) {
-  const int group = panel.Groups()[index];
-  float* tile = K.Find(group, column);
-  const bool isNew = tile == nullptr;
-  if (isNew) {
+void Elimination::UpdateTile(int column, const Touched& each) {
+  const int group = panel.Groups()[each.index];
+  float* tile = each.tile;
+  if (tile == nullptr) {
     tile = fresh.data();
     fresh.fill(0.0F);
   }
-  const bool minusZeros = kernel.UpdateTile(tile, panel.Factors(index), pivotRows.Row(0), pivots) &&
-                          GiveZerosTheirSigns(tile, static_cast<int>(index));
+  const std::uint64_t pivots = panel.FactorBits(each.index) & pivotRows.bits;
+  const bool minusZeros = kernel.UpdateTile(tile, panel.Factors(each.index), pivotRows.Row(0), pivots) &&
+                          GiveZerosTheirSigns(tile, static_cast<int>(each.index));
   if (minusZeros) negativeZeros.Note(group, column);
-  if (!isNew) return;
+  if (each.tile != nullptr) return;
   // Products too small for a float may have left nothing.
   if (!minusZeros && std::all_of(fresh.begin(), fresh.end(), [](float entry) { return entry == 0.0F; })) return;
   std::copy(fresh.begin(), fresh.end(), K.Make(group, column));
@@ -265,6 +294,15 @@ double SumRightOfDiagonal(const TiledMatrix& K, int row, const std::vector<doubl
   return sum;
 }
 
+/// Has the tiles of a group brought from memory while another one is worked on.
+void FetchGroup(const TiledMatrix& K, int group) {
+  for (int word = 0; word < K.Words(); ++word) {
+    for (std::uint64_t bits = K.Stored(word, group); bits != 0; bits &= bits - 1) {
+      Fetch(K.Find(group, 64 * word + std::countr_zero(bits)));
+    }
+  }
+}
+
 float EntryOf(const TiledMatrix& K, int row, int column, int c) {
   const float* tile = K.Find(row / TileRows, column);
   return tile == nullptr ? 0.0F : tile[row % TileRows * TileColumns + c];
@@ -274,6 +312,7 @@ float EntryOf(const TiledMatrix& K, int row, int column, int c) {
 Solution BackSubstituteTiled(const TiledMatrix& K, std::vector<float>& D) {
   std::vector<double> found(static_cast<std::size_t>(K.RightHandSide() * TileColumns), 0.0);
   for (int row = K.Freedoms() - 1; row >= 0; --row) {
+    if (row % TileRows == TileRows - 1 && row > TileRows) FetchGroup(K, row / TileRows - 1);
     const auto P = static_cast<double>(EntryOf(K, row, K.RightHandSide(), 0));
     const auto diagonal = static_cast<double>(EntryOf(K, row, row / TileColumns, row % TileColumns));
     const auto value = static_cast<float>((P - SumRightOfDiagonal(K, row, found)) / diagonal);

@@ -33,13 +33,18 @@ void ReportIgnored(int m, const std::string& what) {
   ShowMessage(MessageIcon::Critical, "Error: member index " + std::to_string(m) + " " + what + "\nMember ignored");
 }
 
-/// The component of the unit direction along a coordinate.
+/// The component of the unit direction along a coordinate.  length: the member's, in m.
+float ComponentAlong(int m, NodeField coordinate, float length) {
+  return static_cast<float>(EndDifference(m, coordinate) / static_cast<double>(length));
+}
+
+/// The same for whoever may name a member that cannot be.
 float DirectionComponent(int m, NodeField coordinate) {
   if (m <= 0) {
     ShowMessage(MessageIcon::Critical, "Error: member index of " + std::to_string(m) + " called");
     return 0.0F;
   }
-  return static_cast<float>(EndDifference(m, coordinate) / static_cast<double>(MemberLength(m)));
+  return ComponentAlong(m, coordinate, MemberLength(m));
 }
 
 /// Reports everything that makes the member invalid, in the order E, A, length.
@@ -125,8 +130,8 @@ float MemberSin(int m) { return DirectionComponent(m, NodeY); }
 void MemberStiffness(Matrix& k, int m) {
   const float length = MemberLength(m);
   if (!CheckMember(m, length)) return;
-  const float c = MemberCos(m);
-  const float s = MemberSin(m);
+  const float c = ComponentAlong(m, NodeX, length);
+  const float s = ComponentAlong(m, NodeY, length);
   const auto lengthInMm = static_cast<float>(length * Thousand);
   MemberTable(m, MemberFieldLength) = lengthInMm;
   MemberTable(m, MemberFieldCos) = c;
