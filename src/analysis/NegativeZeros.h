@@ -27,7 +27,6 @@ class NegativeZeros {
 
   /// The columns with such tiles: bit b for tile column 64 word + b.
   std::uint64_t Columns(int word) const { return ColumnBits[static_cast<std::size_t>(word)]; }
-  bool HasAny(int column) const { return !GroupsOf[static_cast<std::size_t>(column)].empty(); }
 
   /// Forgets the tiles of a column and gives their groups.
   std::vector<int> Take(int column) {

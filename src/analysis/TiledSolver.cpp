@@ -75,7 +75,7 @@ class Elimination {
   void KeepPivotRow(float* row, int j);
   void UpdateTilesBelow(int column);
   void UpdateTile(int column, const Touched& each);
-  void UpdateUntouchedZeros(int column);
+  void UpdateUntouchedZeros(int column, int group);
   bool MayLoseSigns(int index) const;
   bool GiveZerosTheirSigns(float* tile, int index) const;
 
@@ -147,8 +147,9 @@ Solution Elimination::UpdateColumnsRight() {
 bool Elimination::UpdateColumn(int column) {
   work.Done(ShareOfElimination(panel.First(), K.Freedoms()));
   if (!FinishPivotRows(column)) return false;
+  const std::vector<int> withNegativeZeros = negativeZeros.Take(column);
   UpdateTilesBelow(column);
-  if (negativeZeros.HasAny(column)) UpdateUntouchedZeros(column);
+  for (const int group : withNegativeZeros) UpdateUntouchedZeros(column, group);
   return true;
 }
 
@@ -244,14 +245,14 @@ void Elimination::UpdateTile(int column, const Touched& each) {
   std::copy(fresh.begin(), fresh.end(), K.Make(group, column));
 }
 
-/// The zeros of -0 in tiles of a column where no product other than zero came.
-void Elimination::UpdateUntouchedZeros(int column) {
-  for (const int group : negativeZeros.Take(column)) {
-    float* tile = K.Find(group, column);
-    if (group < panel.First() / TileRows + panel.OwnGroups() || tile == nullptr) continue;
-    const int index = indexOf[static_cast<std::size_t>(group)];
-    if (!MayLoseSigns(index) || GiveZerosTheirSigns(tile, index)) negativeZeros.Note(group, column);
-  }
+/// What becomes of -0 in a tile where no product other than zero came.
+void Elimination::UpdateUntouchedZeros(int column, int group) {
+  const int index = indexOf[static_cast<std::size_t>(group)];
+  if (group < panel.First() / TileRows + panel.OwnGroups()) return;
+  if (index >= 0 && (panel.FactorBits(static_cast<std::size_t>(index)) & pivotRows.bits) != 0) return;
+  float* tile = K.Find(group, column);
+  if (tile == nullptr) return;
+  if (!MayLoseSigns(index) || GiveZerosTheirSigns(tile, index)) negativeZeros.Note(group, column);
 }
 
 /// False where every product is +0: nothing in the row, and no minus in the pivot rows.
