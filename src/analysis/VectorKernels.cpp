@@ -105,17 +105,27 @@ STRUTWRIGHT_AVX512 inline __m256 Updated(__m256 x, __m512d f, __m512d u) {
   return _mm512_cvtpd_ps(_mm512_sub_pd(_mm512_cvtps_pd(x), _mm512_mul_pd(u, f)));
 }
 
+// The whole tile fits into the registers.
 STRUTWRIGHT_AVX512 bool UpdateTile(float* tile, const double* factors, const double* pivotRows, std::uint64_t pivots) {
+  __m256 left[TileRows];
+  __m256 right[TileRows];
+  for (int r = 0; r < TileRows; ++r) {
+    left[r] = _mm256_load_ps(tile + TileColumns * r);
+    right[r] = _mm256_load_ps(tile + TileColumns * r + 8);
+  }
   for (; pivots != 0; pivots &= pivots - 1) {
     const int j = __builtin_ctzll(pivots);
-    const double* u = pivotRows + TileColumns * j;
-    for (int q = 0; q < TileColumns; q += 8) {
-      const __m512d uq = _mm512_load_pd(u + q);
-      for (int r = 0; r < TileRows; ++r) {
-        float* x = tile + TileColumns * r + q;
-        _mm256_store_ps(x, Updated(_mm256_load_ps(x), _mm512_set1_pd(factors[TileRows * j + r]), uq));
-      }
+    const __m512d u0 = _mm512_load_pd(pivotRows + TileColumns * j);
+    const __m512d u1 = _mm512_load_pd(pivotRows + TileColumns * j + 8);
+    for (int r = 0; r < TileRows; ++r) {
+      const __m512d f = _mm512_set1_pd(factors[TileRows * j + r]);
+      left[r] = Updated(left[r], f, u0);
+      right[r] = Updated(right[r], f, u1);
     }
+  }
+  for (int r = 0; r < TileRows; ++r) {
+    _mm256_store_ps(tile + TileColumns * r, left[r]);
+    _mm256_store_ps(tile + TileColumns * r + 8, right[r]);
   }
   return sse2::HasNegativeZero(tile);
 }
