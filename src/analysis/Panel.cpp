@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
+#include <cstring>
 #include <utility>
 
 namespace strutwright {
@@ -27,9 +28,9 @@ std::uint32_t LargestSize(const float* x, std::size_t count) {
 }
 
 bool HasNegativeZero(const float* x, std::size_t count) {
-  bool found = false;
-  for (std::size_t i = 0; i < count; ++i) found |= BitsOfFloat(x[i]) == NegativeZeroBits;
-  return found;
+  std::uint32_t found = 0;
+  for (std::size_t i = 0; i < count; ++i) found |= BitsOfFloat(x[i]) == NegativeZeroBits ? 1U : 0U;
+  return found != 0;
 }
 
 } // namespace
@@ -130,9 +131,14 @@ void Panel::ComputeFactors(int j) {
   const double zero = std::copysign(0.0, pivot);
   NegativePivot |= pivot < 0;
   Nothing[static_cast<std::size_t>(j)] = zero;
-  for (auto row = static_cast<std::size_t>(j) + 1; row < RowCount; ++row) {
-    // Most entries are +0, and a division takes longer than a look.
-    factors[row] = BitsOfFloat(column[row]) == 0 ? zero : static_cast<double>(column[row]) / pivot;
+  // Group by group, as most hold only +0 and divisions take long.  The rows above j get factors that nobody asks for.
+  for (auto row = static_cast<std::size_t>(j / TileRows * TileRows); row < RowCount; row += TileRows) {
+    std::array<std::uint64_t, 2> bits{};
+    std::memcpy(bits.data(), column + row, sizeof bits);
+    const bool nothing = (bits[0] | bits[1]) == 0;
+    for (std::size_t r = row; r < row + TileRows; ++r) {
+      factors[r] = nothing ? zero : static_cast<double>(column[r]) / pivot;
+    }
   }
 }
 
