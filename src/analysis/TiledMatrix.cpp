@@ -23,7 +23,7 @@ bool IsEmptyRow(const float* row) {
 TiledMatrix::TiledMatrix(int n)
     : Size(n), GroupCount(Upward(n, TileRows)), TileColumnCount(Upward(n, 64) * (64 / TileColumns) + 1),
       WordCount(Upward(TileColumnCount, 64)), StoredBits(AsSize(WordCount) * AsSize(GroupCount)),
-      PlacesOf(StoredBits.size()), LastGroups(AsSize(TileColumnCount), -1) {
+      PlacesOf(StoredBits.size() * (64 / ColumnsOfPlaces)), LastGroups(AsSize(TileColumnCount), -1) {
   Ensure(n >= 1, "equations are made for at least one freedom");
 }
 
@@ -74,15 +74,15 @@ std::vector<TiledMatrix::Entry> TiledMatrix::Entries() const {
 
 float* TiledMatrix::Make(int group, int column) {
   if (float* tile = Find(group, column)) return tile;
-  const std::size_t index = Index(column / 64, group);
-  if (PlacesOf[index] == 0) {
-    PlacesOf[index] = static_cast<std::uint32_t>(PlacePool.size());
+  std::uint32_t& places = PlacesOf[Index(column / ColumnsOfPlaces, group)];
+  if (places == 0) {
+    places = static_cast<std::uint32_t>(PlacePool.size());
     PlacePool.emplace_back();
   }
   LastGroups[AsSize(column)] = std::max(LastGroups[AsSize(column)], group);
   const std::uint32_t place = NewPlace();
-  PlacePool[PlacesOf[index]][AsSize(column % 64)] = place;
-  StoredBits[index] |= std::uint64_t{1} << (column % 64);
+  PlacePool[places][AsSize(column % ColumnsOfPlaces)] = place;
+  StoredBits[Index(column / 64, group)] |= std::uint64_t{1} << (column % 64);
   float* tile = TileAt(place);
   std::fill_n(tile, TileSize, 0.0F);
   return tile;
@@ -118,11 +118,6 @@ void TiledMatrix::ExchangeRowsOfTile(int one, int other, int column) {
   if (upper == nullptr) upper = Make(one / TileRows, column) + one % TileRows * TileColumns;
   if (lower == nullptr) lower = Make(other / TileRows, column) + other % TileRows * TileColumns;
   std::swap_ranges(upper, upper + TileColumns, lower);
-}
-
-std::size_t TiledMatrix::Memory() const {
-  return StoredBits.size() * (sizeof(std::uint64_t) + sizeof(std::uint32_t)) + PlacePool.capacity() * sizeof(Places) +
-         Chunks.size() * TilesPerChunk * sizeof(Tile) + FreePlaces.capacity() * sizeof(std::uint32_t);
 }
 
 } // namespace strutwright

@@ -71,22 +71,21 @@ class TiledMatrix {
   template <typename Exchanged>
   void ExchangeRows(int one, int other, int column, Exchanged exchanged);
 
-  /// Memory in use, in bytes.
-  std::size_t Memory() const;
-
  private:
   static constexpr int TilesPerChunk = 128;
   struct alignas(64) Tile {
     std::array<float, TileSize> values;
   };
-  /// Where the tiles of one word are: numbers into the chunks.
-  using Places = std::array<std::uint32_t, 64>;
+  static constexpr int ColumnsOfPlaces = 16;
+  /// Where a group's tiles of so many columns are: numbers into the chunks.
+  using Places = std::array<std::uint32_t, ColumnsOfPlaces>;
 
-  std::size_t Index(int word, int group) const {
-    return static_cast<std::size_t>(word) * static_cast<std::size_t>(GroupCount) + static_cast<std::size_t>(group);
+  std::size_t Index(int block, int group) const {
+    return static_cast<std::size_t>(block) * static_cast<std::size_t>(GroupCount) + static_cast<std::size_t>(group);
   }
   std::uint32_t PlaceOf(int group, int column) const {
-    return PlacePool[PlacesOf[Index(column / 64, group)]][static_cast<std::size_t>(column % 64)];
+    return PlacePool[PlacesOf[Index(column / ColumnsOfPlaces, group)]]
+                    [static_cast<std::size_t>(column % ColumnsOfPlaces)];
   }
   bool IsStored(int group, int column) const { return (Stored(column / 64, group) >> (column % 64) & 1U) != 0; }
   float* TileAt(std::uint32_t place) const {
@@ -100,7 +99,7 @@ class TiledMatrix {
   int TileColumnCount = 0;
   int WordCount = 0;
   std::vector<std::uint64_t> StoredBits; ///< word after word, all groups of a word together
-  std::vector<std::uint32_t> PlacesOf;   ///< index into PlacePool, alike; 0 for none
+  std::vector<std::uint32_t> PlacesOf;   ///< indices into PlacePool, alike; 0 for none
   std::vector<int> LastGroups;           ///< to each tile column
   std::vector<Places> PlacePool{Places{}};
   std::vector<std::unique_ptr<Tile[]>> Chunks;

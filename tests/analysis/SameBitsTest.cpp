@@ -5,15 +5,19 @@
 #include "Kernel.h"
 #include "LargeModels.h"
 #include "LongWork.h"
+#include "Platform.h"
 #include "TiledSolver.h"
 #include "modAnalysis.h"
 #include "modMember.h"
 #include "modSolver.h"
 
 #include <algorithm>
+#include <bit>
+#include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <random>
+#include <span>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -226,6 +230,39 @@ TEST_F(FadingSameBitsTest, KeepTheSignsOfZerosInAnyOrder) {
     std::mt19937 random(seed);
     ExpectSameBits(Renumbered(LoadedAtOneEnd(400), RandomOrder(400, random)), "seed " + std::to_string(seed));
   }
+}
+
+// The product of E and A is beyond the floats, so that K holds infinities and, where they meet, no numbers.
+TEST_F(SameBitsTest, ComeOfValuesThatAreNotFinite) {
+  ModelData model = WarrenGirder(40);
+  model.members[20].E = 1e30F;
+  model.members[20].A = 1e30F;
+  const Results literal = AnalyseLiterally(model);
+  EXPECT_TRUE(Analyse(model) == literal);
+  EXPECT_EQ(GlobalStiffness.LastRow(), DofCount);
+}
+
+// Every number of K is finite here, but not every displacement.
+TEST_F(SameBitsTest, ComeOfDisplacementsThatAreNotFinite) {
+  ModelData model = Triangle();
+  model.nodes[2].forceX = 3e38F;
+  for (MemberData& member : model.members) member.A = 0.01F;
+  const Results literal = AnalyseLiterally(model);
+  EXPECT_TRUE(literal.ok);
+  EXPECT_TRUE(Analyse(model) == literal);
+  EXPECT_EQ(GlobalStiffness.LastRow(), DofCount);
+}
+
+TEST_F(SameBitsTest, CanBeCancelledOnTheWay) {
+  static std::chrono::steady_clock::time_point theTime;
+  theTime = {};
+  ThePlatform().now = [] { return theTime += std::chrono::milliseconds(600); };
+  host.reportsUntilCancel = 0;
+  SetTables(WarrenGirder(200));
+  std::int16_t ok = FlagTrue;
+  EXPECT_THROW(AnalyseTruss(ok), WorkCancelled);
+  EXPECT_EQ(host.asked.front().substr(0, 34), "ShowProgress(Solving the equations");
+  EXPECT_EQ(host.asked.back(), "EndProgress");
 }
 
 } // namespace
