@@ -31,8 +31,8 @@ const Kernel* KernelNumber(benchmark::State& state) {
 
 struct Operands {
   alignas(64) std::array<float, TileSize> tile{};
-  alignas(64) std::array<double, TileRows * PanelWidth> factors{};
-  alignas(64) std::array<double, PanelWidth * TileColumns> pivotRows{};
+  alignas(64) std::array<double, std::size_t{TileRows} * PanelWidth> factors{};
+  alignas(64) std::array<double, std::size_t{PanelWidth} * TileColumns> pivotRows{};
 };
 
 void CountUpdates(benchmark::State& state, double updates) {

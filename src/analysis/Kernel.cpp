@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstddef>
 
 namespace strutwright {
 
@@ -14,9 +15,9 @@ float Updated(float x, double f, double u) { return static_cast<float>(static_ca
 
 bool UpdateTile(float* tile, const double* factors, const double* pivotRows, std::uint64_t pivots) {
   for (; pivots != 0; pivots &= pivots - 1) {
-    const int j = std::countr_zero(pivots);
+    const std::ptrdiff_t j = std::countr_zero(pivots);
     const double* u = pivotRows + TileColumns * j;
-    for (int r = 0; r < TileRows; ++r) {
+    for (std::ptrdiff_t r = 0; r < TileRows; ++r) {
       const double f = factors[TileRows * j + r];
       float* row = tile + TileColumns * r;
       for (int c = 0; c < TileColumns; ++c) row[c] = Updated(row[c], f, u[c]);

@@ -19,7 +19,7 @@ enum class Solution {
 
 /// The factors of a group of rows for the pivots of a panel: 4 to each pivot.
 struct alignas(64) GroupFactors {
-  std::array<double, TileRows * PanelWidth> values;
+  std::array<double, std::size_t{TileRows} * PanelWidth> values;
 };
 
 /// Elimination inside up to 64 columns: the pivots are chosen here and the factors come from here.  It works on a copy

@@ -42,7 +42,7 @@ void TiledMatrix::Restrain(int d) {
     for (std::uint64_t bits = Stored(word, group); bits != 0; bits &= bits - 1) {
       const int column = 64 * word + std::countr_zero(bits);
       if (column == RightHandSide()) continue;
-      float* row = Find(group, column) + (d - 1) % TileRows * TileColumns;
+      float* row = TileRow(Find(group, column), (d - 1) % TileRows);
       for (int c = 0; c < TileColumns; ++c) {
         if (row[c] == 0.0F) continue;
         (*this)(TileColumns * column + c + 1, d) = 0.0F;
@@ -109,14 +109,14 @@ std::uint32_t TiledMatrix::NewPlace() {
 void TiledMatrix::ExchangeRowsOfTile(int one, int other, int column) {
   const auto rowOf = [column, this](int row) {
     float* tile = Find(row / TileRows, column);
-    return tile == nullptr ? nullptr : tile + row % TileRows * TileColumns;
+    return tile == nullptr ? nullptr : TileRow(tile, row % TileRows);
   };
   float* upper = rowOf(one);
   float* lower = rowOf(other);
   if (upper == nullptr && IsEmptyRow(lower)) return;
   if (lower == nullptr && IsEmptyRow(upper)) return;
-  if (upper == nullptr) upper = Make(one / TileRows, column) + one % TileRows * TileColumns;
-  if (lower == nullptr) lower = Make(other / TileRows, column) + other % TileRows * TileColumns;
+  if (upper == nullptr) upper = TileRow(Make(one / TileRows, column), one % TileRows);
+  if (lower == nullptr) lower = TileRow(Make(other / TileRows, column), other % TileRows);
   std::swap_ranges(upper, upper + TileColumns, lower);
 }
 

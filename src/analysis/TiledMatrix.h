@@ -14,6 +14,10 @@ inline constexpr int TileRows = 4;
 inline constexpr int TileColumns = 16;
 inline constexpr int TileSize = TileRows * TileColumns;
 
+/// Row r, 0..3, of a tile.
+inline float* TileRow(float* tile, std::ptrdiff_t r) { return tile + TileColumns * r; }
+inline const float* TileRow(const float* tile, std::ptrdiff_t r) { return tile + TileColumns * r; }
+
 /// The equations of an analysis, K beside P, of which only tiles that hold something are stored.
 /// An entry that is not stored is +0.
 class TiledMatrix {

@@ -22,18 +22,18 @@ bool IsNegativeZero(float x) { return std::bit_cast<std::uint32_t>(x) == Negativ
 
 /// One tile column of a panel's pivot rows, as elimination leaves it.
 struct PivotRows {
-  alignas(64) std::array<double, PanelWidth * TileColumns> entries{};
+  alignas(64) std::array<double, std::size_t{PanelWidth} * TileColumns> entries{};
   std::array<bool, PanelWidth / TileRows> isClear{}; ///< a group of rows holds +0 only
   std::uint64_t bits = 0;                            ///< bit j set where row j holds something other than zero
   bool minus = false;                                ///< an entry, or a zero, has a minus sign
   bool finite = true;
 
-  double* Row(int j) { return &entries[static_cast<std::size_t>(TileColumns * j)]; }
-  const double* Row(int j) const { return &entries[static_cast<std::size_t>(TileColumns * j)]; }
+  double* Row(std::ptrdiff_t j) { return entries.data() + TileColumns * j; }
+  const double* Row(std::ptrdiff_t j) const { return entries.data() + TileColumns * j; }
 
   void Clear(int group) {
     if (isClear[static_cast<std::size_t>(group)]) return;
-    std::fill_n(Row(TileRows * group), TileSize, 0.0);
+    std::fill_n(Row(std::ptrdiff_t{TileRows} * group), TileSize, 0.0);
     isClear[static_cast<std::size_t>(group)] = true;
   }
 };
@@ -48,7 +48,7 @@ constexpr std::size_t FetchAhead = 4;
 
 /// Has a tile brought from memory while something else is done.
 void Fetch(const float* tile) {
-  for (int r = 0; tile != nullptr && r < TileRows; ++r) __builtin_prefetch(tile + TileColumns * r);
+  for (int r = 0; tile != nullptr && r < TileRows; ++r) __builtin_prefetch(TileRow(tile, r));
 }
 
 class Elimination {
@@ -81,16 +81,16 @@ class Elimination {
 
   int ColumnAfter() const { return (panel.First() + PanelWidth) / TileColumns; }
 
+  alignas(64) std::array<float, TileSize> fresh{}; ///< a tile that is not stored yet
+  PivotRows pivotRows;
   TiledMatrix& K;
   const Kernel& kernel;
   LongWork& work;
   NegativeZeros negativeZeros;
   Panel panel;
-  PivotRows pivotRows;
   std::vector<std::uint64_t> columnsAtWork; ///< tile columns where the panel's pivot rows hold something
   std::vector<Touched> touched;
   std::vector<int> indexOf; ///< of a group among the panel's groups, -1 for none
-  alignas(64) std::array<float, TileSize> fresh{};
 };
 
 Solution Elimination::EliminatePanel(int first) {
@@ -169,7 +169,7 @@ bool Elimination::FinishPivotRows(int column) {
     }
     if (pivots != 0) kernel.UpdateTile(tile, panel.Factors(static_cast<std::size_t>(index)), pivotRows.Row(0), pivots);
     pivotRows.isClear[static_cast<std::size_t>(index)] = false;
-    for (int r = 0; r < TileRows; ++r) FinishPivotRow(tile + TileColumns * r, TileRows * index + r);
+    for (int r = 0; r < TileRows; ++r) FinishPivotRow(TileRow(tile, r), TileRows * index + r);
   }
   return pivotRows.finite;
 }
@@ -179,7 +179,7 @@ void Elimination::FinishPivotRow(float* row, int j) {
   const auto group = static_cast<std::size_t>(j / TileRows);
   const double* factors = panel.Factors(group) + j % TileRows;
   const std::uint64_t pivots = panel.FactorBits(group) & pivotRows.bits;
-  for (int before = j - j % TileRows; before < j; ++before) {
+  for (std::ptrdiff_t before = j - j % TileRows; before < j; ++before) {
     const double f = factors[TileRows * before];
     if ((pivots >> before & 1U) == 0 || f == 0.0) continue;
     const double* u = pivotRows.Row(before);
@@ -285,7 +285,7 @@ double SumRightOfDiagonal(const TiledMatrix& K, int row, const std::vector<doubl
     for (; bits != 0; bits &= bits - 1) {
       const int column = 64 * word + std::countr_zero(bits);
       if (column == K.RightHandSide()) break;
-      const float* entries = K.Find(group, column) + row % TileRows * TileColumns;
+      const float* entries = TileRow(K.Find(group, column), row % TileRows);
       const double* factors = &D[static_cast<std::size_t>(TileColumns * column)];
       for (int c = column == diagonal ? row % TileColumns + 1 : 0; c < TileColumns; ++c) {
         sum += static_cast<double>(entries[c]) * factors[c];
@@ -306,7 +306,7 @@ void FetchGroup(const TiledMatrix& K, int group) {
 
 float EntryOf(const TiledMatrix& K, int row, int column, int c) {
   const float* tile = K.Find(row / TileRows, column);
-  return tile == nullptr ? 0.0F : tile[row % TileRows * TileColumns + c];
+  return tile == nullptr ? 0.0F : TileRow(tile, row % TileRows)[c];
 }
 
 // D(r) = (P(r) - sum of K(r, c) D(c) over c > r) / K(r, r).

@@ -39,12 +39,12 @@ bool HasNegativeZero(const float* tile) {
 
 bool UpdateTile(float* tile, const double* factors, const double* pivotRows, std::uint64_t pivots) {
   for (; pivots != 0; pivots &= pivots - 1) {
-    const int j = __builtin_ctzll(pivots);
+    const std::ptrdiff_t j = __builtin_ctzll(pivots);
     const double* u = pivotRows + TileColumns * j;
     for (int q = 0; q < TileColumns; q += 4) {
       const __m128d u0 = _mm_load_pd(u + q);
       const __m128d u1 = _mm_load_pd(u + q + 2);
-      for (int r = 0; r < TileRows; ++r) {
+      for (std::ptrdiff_t r = 0; r < TileRows; ++r) {
         float* x = tile + TileColumns * r + q;
         _mm_store_ps(x, Updated(_mm_load_ps(x), _mm_set1_pd(factors[TileRows * j + r]), u0, u1));
       }
@@ -75,11 +75,11 @@ STRUTWRIGHT_AVX2 inline __m128 Updated(__m128 x, __m256d f, __m256d u) {
 
 STRUTWRIGHT_AVX2 bool UpdateTile(float* tile, const double* factors, const double* pivotRows, std::uint64_t pivots) {
   for (; pivots != 0; pivots &= pivots - 1) {
-    const int j = __builtin_ctzll(pivots);
+    const std::ptrdiff_t j = __builtin_ctzll(pivots);
     const double* u = pivotRows + TileColumns * j;
     for (int q = 0; q < TileColumns; q += 4) {
       const __m256d uq = _mm256_load_pd(u + q);
-      for (int r = 0; r < TileRows; ++r) {
+      for (std::ptrdiff_t r = 0; r < TileRows; ++r) {
         float* x = tile + TileColumns * r + q;
         _mm_store_ps(x, Updated(_mm_load_ps(x), _mm256_broadcast_sd(factors + TileRows * j + r), uq));
       }
@@ -109,21 +109,21 @@ STRUTWRIGHT_AVX512 inline __m256 Updated(__m256 x, __m512d f, __m512d u) {
 STRUTWRIGHT_AVX512 bool UpdateTile(float* tile, const double* factors, const double* pivotRows, std::uint64_t pivots) {
   __m256 left[TileRows];
   __m256 right[TileRows];
-  for (int r = 0; r < TileRows; ++r) {
+  for (std::ptrdiff_t r = 0; r < TileRows; ++r) {
     left[r] = _mm256_load_ps(tile + TileColumns * r);
     right[r] = _mm256_load_ps(tile + TileColumns * r + 8);
   }
   for (; pivots != 0; pivots &= pivots - 1) {
-    const int j = __builtin_ctzll(pivots);
+    const std::ptrdiff_t j = __builtin_ctzll(pivots);
     const __m512d u0 = _mm512_load_pd(pivotRows + TileColumns * j);
     const __m512d u1 = _mm512_load_pd(pivotRows + TileColumns * j + 8);
-    for (int r = 0; r < TileRows; ++r) {
+    for (std::ptrdiff_t r = 0; r < TileRows; ++r) {
       const __m512d f = _mm512_set1_pd(factors[TileRows * j + r]);
       left[r] = Updated(left[r], f, u0);
       right[r] = Updated(right[r], f, u1);
     }
   }
-  for (int r = 0; r < TileRows; ++r) {
+  for (std::ptrdiff_t r = 0; r < TileRows; ++r) {
     _mm256_store_ps(tile + TileColumns * r, left[r]);
     _mm256_store_ps(tile + TileColumns * r + 8, right[r]);
   }
