@@ -5,6 +5,7 @@
 #include "modExamples.h"
 #include "modFileCommands.h"
 #include "modPlaces.h"
+#include "modRecovery.h"
 
 #include <utility>
 
@@ -57,6 +58,7 @@ void MenuBuilder::AddFileMenu() {
       "Begins with an empty model");
   Add(file, "mnuOpen", "&Open...", QKeySequence::Open, [&frame = Frame] { frame.Edit("Open", OpenFromMenu); });
   AddExamples(file);
+  AddRestore(file);
   Add(file, "mnuSave", "&Save", QKeySequence::Save, SaveFromMenu);
   Add(file, "mnuSaveAs", "Save &As...", Keys(QKeySequence::SaveAs, Qt::CTRL | Qt::SHIFT | Qt::Key_S), SaveAsFromMenu);
   file.addSeparator()->setObjectName("mnuBar4");
@@ -76,6 +78,16 @@ void MenuBuilder::AddExamples(QMenu& menu) {
     }
     examples->setEnabled(!examples->isEmpty());
   });
+}
+
+/// The entry is enabled as things are when the menu is opened: another copy of the program may have taken the model.
+void MenuBuilder::AddRestore(QMenu& menu) {
+  QAction* restore = Add(
+      menu, "mnuRestore", "&Restore Unsaved Model", {},
+      [&frame = Frame] { frame.Edit("Restore", RestoreUnsavedModel); },
+      "Brings back what was not saved when the program last ended");
+  restore->setEnabled(HasUnsavedModel());
+  QObject::connect(&menu, &QMenu::aboutToShow, restore, [restore] { restore->setEnabled(HasUnsavedModel()); });
 }
 
 void MenuBuilder::AddAnalyse(QMenu& menu) {
