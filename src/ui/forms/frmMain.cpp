@@ -145,7 +145,7 @@ void frmMain::HighlightMember(int m) {
   RedrawWhatCanBeDrawn();
   if (m < 1 || m > MemberCount || DisplaySurface == nullptr) return;
   try {
-    DrawMember(*DisplaySurface, m, Orange);
+    strutwright::DrawMember(*DisplaySurface, m, Orange);
   } catch (const std::out_of_range&) {
     return; // its nodes have gone since it was chosen
   }
