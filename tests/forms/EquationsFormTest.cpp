@@ -336,6 +336,19 @@ TEST_F(EquationsFormTest, ScrollsTheRowsOfAnEquationTogether) {
   EXPECT_EQ(View("grDisp").verticalScrollBar()->value(), 50);
 }
 
+TEST_F(EquationsFormTest, CutsNoHeadingOfAVector) {
+  EnterFourNodesThreeBars();
+  Click("btnShowForces");
+  QApplication::processEvents();
+
+  for (const char* name : {"grForce", "grDisp"}) {
+    const QTableView& view = View(name);
+    EXPECT_GE(view.columnWidth(0), view.fontMetrics().horizontalAdvance("Force")) << name;
+    EXPECT_GE(view.viewport()->width(), view.columnWidth(0)) << name;
+    EXPECT_GE(view.horizontalHeader()->height(), 2 * view.fontMetrics().height()) << name << ": the unit stands below";
+  }
+}
+
 TEST_F(EquationsFormTest, ShowsALargeMatrixWithoutKeepingItsTexts) {
   SetModel(PrattTruss(5000));
 

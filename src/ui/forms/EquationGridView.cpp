@@ -11,6 +11,7 @@ namespace {
 
 constexpr int RowPadding = 8;     // pixels, above and below a text together
 constexpr int ColumnPadding = 12; // pixels, left and right of a text together
+constexpr int HeaderLines = 2;    // a heading and its unit
 
 } // namespace
 
@@ -31,19 +32,24 @@ void EquationGridView::LayOut() {
   Corner = new QLabel(this);
   Corner->setAlignment(Qt::AlignCenter);
   Corner->setAttribute(Qt::WA_TransparentForMouseEvents);
-  const int numberWidth = fontMetrics().horizontalAdvance("-000000.00") + ColumnPadding;
-  horizontalHeader()->setMinimumSectionSize(fontMetrics().horizontalAdvance("Force (kN)") + ColumnPadding);
-  horizontalHeader()->setDefaultSectionSize(numberWidth);
+  horizontalHeader()->setMinimumSectionSize(fontMetrics().horizontalAdvance("-0000.00") + ColumnPadding);
+  horizontalHeader()->setDefaultSectionSize(fontMetrics().horizontalAdvance("-00000.00") + ColumnPadding);
+  horizontalHeader()->setFixedHeight(HeaderLines * fontMetrics().height() + RowPadding);
   horizontalHeader()->setHighlightSections(false);
-  if (Kind() == EquationGrid::Stiffness) {
-    horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
-  } else {
-    horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-  }
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + RowPadding);
   verticalHeader()->setMinimumWidth(fontMetrics().horizontalAdvance("DOF") + ColumnPadding);
   verticalHeader()->setHighlightSections(false);
+  if (Kind() != EquationGrid::Stiffness) LayOutVector();
+}
+
+/// A vector is always seen in its full width; its rows move with those of the matrix.
+void EquationGridView::LayOutVector() {
+  horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  const int labels = fontMetrics().horizontalAdvance("0000 x") + ColumnPadding;
+  setMinimumWidth(labels + horizontalHeader()->minimumSectionSize() + 2 * frameWidth());
 }
 
 GridBlock EquationGridView::SelectedBlock() const {

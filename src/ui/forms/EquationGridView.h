@@ -34,6 +34,7 @@ class EquationGridView : public QTableView {
 
  private:
   void LayOut();
+  void LayOutVector();
 
   EquationModel Model;
   QLabel* Corner = nullptr; ///< shows the text of cell (0, 0)

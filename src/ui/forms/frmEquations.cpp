@@ -99,9 +99,8 @@ QWidget* frmEquations::BuildGrids() {
   auto* grids = new QSplitter(Qt::Horizontal, this);
   grids->setChildrenCollapsible(false);
   for (EquationGridView* each : {grK, grDisp, grForce}) grids->addWidget(each);
-  grids->setStretchFactor(0, 2);
-  grids->setStretchFactor(1, 1);
-  grids->setStretchFactor(2, 1);
+  grids->setStretchFactor(0, 1);
+  grids->setSizes({2 * width(), 1, 1}); // the matrix gets what the vectors leave
   ScrollTogether();
   return grids;
 }
