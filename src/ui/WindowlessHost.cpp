@@ -12,6 +12,7 @@ void WindowlessHost::EndAnalysis(bool /*redraw*/) { AnalysisDone = FlagFalse; }
 
 void WindowlessHost::ClearGrids() {
   for (Grid* grid : {&GrJoints, &GrMembers, &jResGr, &mResGr}) ClearGrid(*grid, GridCapacity);
+  for (Grid* grid : {&GrJoints, &GrMembers}) NumberRows(*grid);
 }
 
 void WindowlessHost::SavePicture(const std::string& /*path*/) { throw FileError("There is no drawing to save"); }

@@ -42,9 +42,7 @@ void EnsureDataCell(Grid& grid) {
   if (row != grid.CurrentRow() || column != grid.CurrentColumn()) grid.SetCurrentCell(row, column);
 }
 
-bool CommitCell(Grid& grid, const std::string& text) {
-  const int row = grid.CurrentRow();
-  const int column = grid.CurrentColumn();
+bool CommitCell(Grid& grid, int row, int column, const std::string& text) {
   const std::string newText = NumberText(CheckCellValue(text, row, column));
   if (newText == grid.Text(row, column)) return false;
   grid.SetText(row, column, newText);

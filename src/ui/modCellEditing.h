@@ -23,9 +23,9 @@ std::string OpeningText(const Grid& grid, char32_t typed);
 /// headers moves to the first data cell beside it.
 void EnsureDataCell(Grid& grid);
 
-/// Takes the text of the edit box into the current cell, as the text of the number that it stands for.
+/// Takes the text of the edit box into a cell, as the text of the number that it stands for.
 /// Returns whether the cell holds another text now.
-bool CommitCell(Grid& grid, const std::string& text);
+bool CommitCell(Grid& grid, int row, int column, const std::string& text);
 
 /// Moves the current cell as a key asks, not into the headers and not past the last column.  Going down from the last
 /// row adds a row.

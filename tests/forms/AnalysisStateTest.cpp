@@ -85,6 +85,18 @@ TEST_F(AnalysisFormTest, SaysOnceThatThereAreNoResultsAndLeavesTheBoxEmpty) {
   EXPECT_FALSE(ShowReactions || ShowMemberForces || ShowDeflectedShape);
 }
 
+TEST_F(AnalysisFormTest, SaysSoAgainAfterAPendingEditHasEndedTheAnalysis) {
+  EnterThreeBarTruss();
+  frame->runAnalysis();
+  ClickCell(View("GrJoints"), 3, 4);
+  Type("-5");
+  Find<QCheckBox>("ReactionsChk").click();
+  TakeMessages();
+  Find<QCheckBox>("ReactionsChk").click();
+  EXPECT_THAT(TakeMessages(), ElementsAre(Box(MessageIcon::Information, "No results available")));
+  EXPECT_FALSE(Ticked("ReactionsChk"));
+}
+
 TEST_F(AnalysisFormTest, SwitchesALayerOffAndOnWithoutComputingAgain) {
   EnterThreeBarTruss();
   frame->runAnalysis();
@@ -138,6 +150,10 @@ TEST_F(AnalysisFormTest, KeepsTheResultsOnRefreshAndSaveOfAnUnchangedModel) {
   frame->runAnalysis();
   const float force = MemberTable(1, MemberFieldForce);
   Command("mnuRefresh").trigger();
+  EXPECT_EQ(AnalysisDone, FlagTrue);
+  EXPECT_EQ(MemberTable(1, MemberFieldForce), force);
+  dialog.WillChoose(folder.Path("bridge.stw"));
+  Command("mnuSave").trigger();
   EXPECT_EQ(AnalysisDone, FlagTrue);
   EXPECT_EQ(MemberTable(1, MemberFieldForce), force);
 }

@@ -4,6 +4,7 @@
 #include "FileState.h"
 #include "modModelStore.h"
 
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
@@ -185,6 +186,78 @@ TEST_F(EditFormTest, BringsFileNameCaptionAndCapacityBackWithTheModel) {
   EXPECT_EQ(frame->windowTitle(), "a.stw");
   EXPECT_EQ(GridCapacity, 20);
   EXPECT_EQ(NodeCount, 3);
+}
+
+TEST_F(EditFormTest, LeavesTheFileThatTheModelWasSavedToSince) {
+  EnterThreeBarTruss();
+  dialog.WillChoose(folder.Path("a.stw"));
+  Command("mnuSaveAs").trigger();
+  Push("nLineBtn");
+  dialog.WillChoose(folder.Path("b.stw"));
+  Command("mnuSaveAs").trigger();
+  Command("mnuUndo").trigger();
+  EXPECT_EQ(NodeCount, 3);
+  EXPECT_EQ(CurrentFileName, folder.Path("b.stw"));
+  EXPECT_EQ(frame->windowTitle(), "b.stw");
+}
+
+TEST_F(EditFormTest, MakesNoStepOfAnOpenThatIsCancelled) {
+  Push("nLineBtn");
+  dialog.WillCancel();
+  Command("mnuOpen").trigger();
+  EXPECT_EQ(Command("mnuUndo").text(), "&Undo Node Line");
+}
+
+TEST_F(EditFormTest, UndoesByKeyWhileTheEquationsAreActive) {
+  Push("nLineBtn");
+  frame->ActivateEquations();
+  View("GrJoints").setFocus();
+  QTest::keyClick(&View("GrJoints"), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(NodeCount, 0);
+}
+
+TEST_F(EditFormTest, DeletesNoCellWhileTheDrawingHasTheFocus) {
+  EnterThreeBarTruss();
+  ClickCell(View("GrJoints"), 2, 1);
+  QWidget& drawing = Find<QWidget>("Disp");
+  drawing.setFocus();
+  QTest::keyClick(&drawing, Qt::Key_Delete);
+  EXPECT_EQ(GrJoints.Text(2, 1), "4");
+}
+
+TEST_F(EditFormTest, KeepsTheSelectedBlockOnARightClickInside) {
+  EnterThreeBarTruss();
+  QTableView& view = View("GrJoints");
+  ClickCell(view, 1, 1);
+  for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Right, Qt::Key_Down, Qt::Key_Down}) {
+    QTest::keyClick(&view, key, Qt::ShiftModifier);
+  }
+  ASSERT_EQ(GrJoints.Selection(), (GridBlock{1, 1, 3, 3}));
+  QTest::mouseClick(view.viewport(), Qt::RightButton, {}, view.visualRect(view.model()->index(1, 1)).center());
+  Find<QMenu>("mnuGrid").close();
+  EXPECT_EQ(GrJoints.Selection(), (GridBlock{1, 1, 3, 3}));
+  EXPECT_EQ(GrJoints.CurrentRow(), 1);
+}
+
+TEST_F(EditFormTest, BeginsAWholeRowAtItsFirstCell) {
+  QTableView& view = View("GrJoints");
+  ClickCell(view, 1, 2);
+  const QPoint header(5, view.verticalHeader()->sectionViewportPosition(3) + 3);
+  QTest::mouseClick(view.verticalHeader()->viewport(), Qt::LeftButton, {}, header);
+  EXPECT_EQ(GrJoints.CurrentRow(), 4);
+  EXPECT_EQ(GrJoints.CurrentColumn(), 1);
+  EXPECT_EQ(GrJoints.Selection(), (GridBlock{4, 1, 4, 5}));
+}
+
+TEST_F(EditFormTest, CommitsIntoTheEditedCellAfterAClickOnAHeader) {
+  QTableView& view = View("GrJoints");
+  ClickCell(view, 2, 1);
+  Type("5");
+  const QPoint header(5, view.verticalHeader()->sectionViewportPosition(5) + 3);
+  QTest::mouseClick(view.verticalHeader()->viewport(), Qt::LeftButton, {}, header);
+  Command("mnuRefresh").trigger();
+  EXPECT_EQ(GrJoints.Text(2, 1), "5");
+  EXPECT_EQ(GrJoints.Text(6, 1), "");
 }
 
 TEST_F(EditFormTest, KeepsTwoHundredStepsAndMore) {

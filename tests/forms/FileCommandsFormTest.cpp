@@ -73,6 +73,17 @@ TEST_F(FileFormTest, SetsTheCapacityToZeroOnTheMenusOpenAndGoesOnWhenItIsCancell
   EXPECT_EQ(AnalysisDone, FlagTrue);
 }
 
+TEST_F(FileFormTest, NumbersEveryRowOfANewModel) {
+  EnterThreeBarTruss();
+  dialog.WillChoose(folder.Path("bridge.stw"));
+  Command("mnuSaveAs").trigger();
+  dialog.WillChoose(folder.Path("bridge.stw"));
+  Tool(2);
+  Tool(1);
+  EXPECT_EQ(GrJoints.Text(20, 0), "20");
+  EXPECT_EQ(GrMembers.Text(20, 0), "20");
+}
+
 TEST_F(FileFormTest, SavesRightAfterNewBesideTheProgram) {
   Command("mnuNew").trigger();
   Tool(3);

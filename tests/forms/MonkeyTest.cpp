@@ -149,7 +149,9 @@ class MonkeyTest : public FormTest {
     ASSERT_GT(DisplaySurface->Window().width, 0.0F);
     const bool done = AnalysisDone != FlagFalse;
     ASSERT_EQ(LabelText("stsBar_Analysis"), done ? "Analysis Done" : "No Analysis");
-    if (!done) ASSERT_FALSE(ShowReactions || ShowMemberForces);
+    if (!done) {
+      ASSERT_FALSE(ShowReactions || ShowMemberForces);
+    }
   }
 
   unsigned seed = FromEnvironment("STRUTWRIGHT_MONKEY_SEED", 20261121);

@@ -137,6 +137,7 @@ TEST_F(MouseFormTest, DeletesAMemberAndSaysWhereNoneIs) {
 TEST_F(MouseFormTest, EndsTheAnalysisWhenANodeIsDrawn) {
   EnterThreeBarTruss();
   frame->runAnalysis();
+  ASSERT_EQ(AnalysisDone, FlagTrue);
   Command("mnuDrawNodes").trigger();
   Click(6, 3);
   EXPECT_EQ(AnalysisDone, FlagFalse);
@@ -250,8 +251,12 @@ TEST_F(MouseFormTest, LaunchesTheCompanionProgramInTheProgramsFolder) {
 }
 
 TEST_F(MouseFormTest, DoesNothingOnHelp) {
-  Command("mnuSWHelp").trigger();
   EXPECT_EQ(Command("mnuSWHelp").text(), "&Strutwright Help");
+  const std::string mode = LabelText("stsBar_MouseMode");
+  Command("mnuSWHelp").trigger();
+  EXPECT_TRUE(shell.opened.empty());
+  EXPECT_EQ(NodeCount, 0);
+  EXPECT_EQ(LabelText("stsBar_MouseMode"), mode);
 }
 
 } // namespace

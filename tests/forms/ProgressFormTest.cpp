@@ -49,9 +49,12 @@ TEST_F(ProgressFormTest, LetsNoOtherInputThrough) {
   Meanwhile([this] {
     QTest::mouseClick(&Find<QPushButton>("nLineBtn"), Qt::LeftButton);
     QTest::keyClick(&View("GrJoints"), Qt::Key_5);
+    for (const Qt::Key key : {Qt::Key_N, Qt::Key_Z}) QTest::keyClick(frame.get(), key, Qt::ControlModifier);
+    QTest::keyClick(frame.get(), Qt::Key_F5);
   });
   frame->EndProgress();
   EXPECT_EQ(NodeCount, 0);
+  EXPECT_EQ(frame->windowTitle(), "Strutwright");
   EXPECT_FALSE(Find<QLineEdit>("grTxtBox").isVisible());
 }
 
@@ -61,6 +64,13 @@ TEST_F(ProgressFormTest, KeepsARequestToCloseUntilAfterwards) {
   frame->EndProgress();
   QCoreApplication::processEvents();
   EXPECT_TRUE(frame->IsEnding());
+}
+
+TEST_F(ProgressFormTest, GivesTheFocusBack) {
+  ClickCell(View("GrJoints"), 1, 1);
+  frame->ShowProgress("Solving the equations", 0.5);
+  frame->EndProgress();
+  EXPECT_TRUE(View("GrJoints").hasFocus());
 }
 
 TEST_F(ProgressFormTest, EndsCancelledWorkWithoutABox) {

@@ -97,6 +97,11 @@ TEST_F(ScalesFormTest, ShowsNoNumberAndTakesNoDigits) {
   EXPECT_FALSE(loads.findChild<QLineEdit*>()->isVisible());
 }
 
+TEST_F(ScalesFormTest, LeavesTheOtherLabelAlone) {
+  deflection.setValue(501);
+  EXPECT_EQ(LabelText("lblLoadsScale"), "10 kN/m");
+}
+
 TEST_F(ScalesFormTest, DoesNotAnimateWithoutResults) {
   Find<QPushButton>("animateBtn").click();
   EXPECT_FALSE(animating);

@@ -148,19 +148,28 @@ void DataGridView::ShowSelection() {
   selectionModel()->select(cells, QItemSelectionModel::ClearAndSelect);
 }
 
-/// The grid's current cell is where the selection began, the view's is where it ends.
+/// The grid's current cell is where the selection began: it stays as long as it is a corner of what is selected.
+/// Whole rows and columns, and blocks that begin elsewhere, begin at their first cell.
 void DataGridView::TakeSelection() {
-  if (Synchronising || Model.IsTakingChange() || !currentIndex().isValid()) return;
-  const QScopedValueRollback guard(Synchronising, true);
-  const int row = currentIndex().row();
-  const int column = currentIndex().column();
+  if (Synchronising || Model.IsTakingChange()) return;
   const QItemSelection cells = selectionModel()->selection();
-  if (cells.size() != 1 || !cells.first().contains(currentIndex())) {
-    return Data().SetCurrentCell(row + 1, column + 1);
-  }
+  if (cells.size() != 1) return;
+  const QScopedValueRollback guard(Synchronising, true);
   const QItemSelectionRange& block = cells.first();
-  Data().SetCurrentCell(block.top() + block.bottom() - row + 1, block.left() + block.right() - column + 1);
-  Data().ExtendSelection(row + 1, column + 1);
+  const int top = block.top() + 1;
+  const int bottom = block.bottom() + 1;
+  const int left = block.left() + 1;
+  const int right = block.right() + 1;
+  int row = Data().CurrentRow();
+  int column = Data().CurrentColumn();
+  const bool corner = (row == top || row == bottom) && (column == left || column == right);
+  const bool whole = right - left + 1 == Model.columnCount() || bottom - top + 1 == Model.rowCount();
+  if (!corner || whole) {
+    row = top;
+    column = left;
+  }
+  Data().SetCurrentCell(row, column);
+  Data().ExtendSelection(top + bottom - row, left + right - column);
 }
 
 } // namespace strutwright

@@ -1,6 +1,9 @@
 #include "EditHistory.h"
 
 #include "EventGuard.h"
+#include "FileState.h"
+#include "Platform.h"
+#include "modModelStore.h"
 
 #include <utility>
 
@@ -10,7 +13,10 @@ namespace strutwright {
 
 namespace {
 
-constexpr int DeepestHistory = 500;
+/// A command that has changed no text of the grids, such as an Open that was cancelled, is no step.
+bool HoldSameTexts(const EditSnapshot& one, const EditSnapshot& other) {
+  return one.joints == other.joints && one.members == other.members;
+}
 
 } // namespace
 
@@ -19,23 +25,23 @@ class EditHistory::Step : public QUndoCommand {
  public:
   Step(EditHistory& history, const QString& what, std::shared_ptr<const State> before,
        std::shared_ptr<const State> after)
-      : QUndoCommand(what), History(history), Before(std::move(before)), After(std::move(after)) {}
+      : QUndoCommand(what), History(history), Before(std::move(before)), After(std::move(after)),
+        WithFile(Before->model.currentFileName != After->model.currentFileName) {}
 
   void undo() override {
-    Guard([this] { History.Restore(*Before); });
+    Guard([this] { History.Restore(*Before, WithFile); });
   }
   void redo() override {
-    if (std::exchange(Done, true)) Guard([this] { History.Restore(*After); });
+    if (std::exchange(Done, true)) Guard([this] { History.Restore(*After, WithFile); });
   }
 
  private:
   EditHistory& History;
   std::shared_ptr<const State> Before;
   std::shared_ptr<const State> After;
+  bool WithFile; ///< the step has changed which file the model belongs to
   bool Done = false;
 };
-
-EditHistory::EditHistory(QWidget& frame) : Frame(frame) { Stack.setUndoLimit(DeepestHistory); }
 
 void EditHistory::Run(const QString& what, const std::function<void()>& command) {
   const std::shared_ptr<const State> before = Take();
@@ -49,20 +55,30 @@ void EditHistory::Run(const QString& what, const std::function<void()>& command)
 }
 
 std::shared_ptr<const EditHistory::State> EditHistory::Take() const {
-  State state{TakeSnapshot(), Frame.windowTitle()};
+  State state{TakeSnapshot(), Caption};
   if (Last && *Last == state) return Last;
   return std::make_shared<const State>(std::move(state));
 }
 
-void EditHistory::Restore(const State& state) {
-  RestoreSnapshot(state.model);
-  Frame.setWindowTitle(state.caption);
+/// A file that the model has been saved to since belongs to it for good: undoing an edit must not let the next Save
+/// write over the file from before.
+void EditHistory::Restore(const State& state, bool withFile) {
+  EditSnapshot model = state.model;
+  if (!withFile) {
+    model.currentFileName = CurrentFileName;
+    model.gridCapacity = GridCapacity;
+  }
+  RestoreSnapshot(model);
+  if (!withFile) return;
+  TheHost().SetCaption(state.caption.toStdString());
+  TheHost().ResetEquations();
+  TheHost().Redraw(true);
 }
 
 void EditHistory::Keep(const QString& what, const std::shared_ptr<const State>& before) {
   Last = before;
   const std::shared_ptr<const State> after = Take();
-  if (after == before) return;
+  if (HoldSameTexts(before->model, after->model)) return;
   Last = after;
   Stack.push(new Step(*this, what, before, after)); // the stack owns it
 }

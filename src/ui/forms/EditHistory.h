@@ -7,7 +7,6 @@
 
 #include <QString>
 #include <QUndoStack>
-#include <QWidget>
 
 namespace strutwright {
 
@@ -15,8 +14,8 @@ namespace strutwright {
 /// before and after each command, with the file and the caption that belong to them.
 class EditHistory {
  public:
-  /// frame: the window whose caption belongs to the model; must outlive the history.
-  explicit EditHistory(QWidget& frame);
+  /// caption: the one that belongs to the model now; must outlive the history.
+  explicit EditHistory(const QString& caption) : Caption(caption) { Stack.setUndoLimit(DeepestHistory); }
 
   /// Runs a command as one step, if it changes anything; also when it fails half-way.
   /// what: the command's name, as in "Undo Paste".
@@ -27,6 +26,8 @@ class EditHistory {
   const QUndoStack& Steps() const { return Stack; }
 
  private:
+  static constexpr int DeepestHistory = 500;
+
   class Step;
   struct State {
     EditSnapshot model;
@@ -36,10 +37,10 @@ class EditHistory {
   };
 
   std::shared_ptr<const State> Take() const;
-  void Restore(const State& state);
+  void Restore(const State& state, bool withFile);
   void Keep(const QString& what, const std::shared_ptr<const State>& before);
 
-  QWidget& Frame;
+  const QString& Caption;
   QUndoStack Stack;
   std::shared_ptr<const State> Last; ///< the state after the last step, shared with the next one
 };

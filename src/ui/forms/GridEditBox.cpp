@@ -34,6 +34,7 @@ bool IsShortcut(const QKeyEvent& key) {
 GridEditBox::GridEditBox(QWidget* parent) : QLineEdit(parent) {
   setObjectName("grTxtBox");
   setAccessibleName("Cell being edited");
+  setToolTip("Enter takes the number and goes down, Escape leaves the cell as it was");
   setAlignment(Qt::AlignCenter);
   setFrame(false);
   hide();
@@ -46,6 +47,8 @@ void GridEditBox::Open(DataGridView& view, char32_t typed) {
   setProperty("tag", view.objectName());
   setParent(view.viewport());
   View = &view;
+  Row = view.Data().CurrentRow();
+  Column = view.Data().CurrentColumn();
   for (const QScrollBar* bar : {view.verticalScrollBar(), view.horizontalScrollBar()}) {
     connect(bar, &QScrollBar::valueChanged, this, &GridEditBox::Place, Qt::UniqueConnection);
   }
@@ -58,8 +61,7 @@ void GridEditBox::Open(DataGridView& view, char32_t typed) {
 /// Follows its cell when the grid is scrolled.
 void GridEditBox::Place() {
   if (!View) return;
-  const Grid& grid = View->Data();
-  setGeometry(View->visualRect(View->model()->index(grid.CurrentRow() - 1, grid.CurrentColumn() - 1)));
+  setGeometry(View->visualRect(View->model()->index(Row - 1, Column - 1)));
 }
 
 /// Ends the edit before anything else happens: a message over the half-ended edit would give the grid the focus back
@@ -76,7 +78,9 @@ void GridEditBox::Commit() {
   if (!View) return;
   const std::string entered = text().toStdString();
   Grid& grid = Close()->Data();
-  Committer([&grid, &entered] { return CommitCell(grid, entered); });
+  // The grid has lost the row when the model has changed behind the edit.
+  if (Row >= grid.RowCount() || Column >= grid.ColumnCount()) return;
+  Committer([this, &grid, &entered] { return CommitCell(grid, Row, Column, entered); });
 }
 
 void GridEditBox::Cancel() {

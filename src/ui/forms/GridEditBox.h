@@ -40,6 +40,8 @@ class GridEditBox : public QLineEdit {
   DataGridView* Close();
 
   QPointer<DataGridView> View; ///< where an edit is pending
+  int Row = 0;                 ///< the cell that it was begun on; a click on a header moves the current one
+  int Column = 0;
   std::function<void(const std::function<bool()>&)> Committer = [](const std::function<bool()>& take) { take(); };
 };
 

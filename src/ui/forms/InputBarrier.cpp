@@ -35,9 +35,12 @@ InputBarrier::~InputBarrier() {
 }
 
 bool InputBarrier::eventFilter(QObject* watched, QEvent* event) {
+  // A shortcut comes to its action, whichever widget has the focus.
+  if (event->type() == QEvent::Shortcut) return true;
   if (!watched->isWidgetType()) return false; // a window hands its input on to its widgets
   auto* widget = static_cast<QWidget*>(watched);
-  if (event->type() == QEvent::Close) {
+  const bool frame = widget->windowType() == Qt::Window || widget->windowType() == Qt::Dialog;
+  if (event->type() == QEvent::Close && frame) {
     CloseLater = widget;
     event->ignore();
     return true;

@@ -2,7 +2,7 @@
 
 #include "InputBarrier.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -70,6 +70,7 @@ bool MainStatusBar::ShowProgress(const QString& text, double fraction) {
     Cancelled = false;
     Progress->show();
     Cancel->show();
+    FocusBefore = QApplication::focusWidget();
     Cancel->setFocus();
   }
   Hint->setText(text + " ...");
@@ -83,6 +84,8 @@ void MainStatusBar::EndProgress() {
   Progress->hide();
   Cancel->hide();
   Hint->clear();
+  if (FocusBefore) FocusBefore->setFocus();
+  FocusBefore = nullptr;
 }
 
 } // namespace strutwright

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPointer>
 #include <QStatusBar>
 #include <QTimer>
 
@@ -38,6 +39,7 @@ class MainStatusBar : public QStatusBar {
   QPushButton* Cancel = nullptr;
   QTimer HintTimer;
   bool Cancelled = false;
+  QPointer<QWidget> FocusBefore; ///< what had the focus when the progress was shown
 };
 
 } // namespace strutwright

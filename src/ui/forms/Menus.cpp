@@ -1,5 +1,6 @@
 #include "Menus.h"
 
+#include "EventGuard.h"
 #include "frmAbout.h"
 #include "frmMain.h"
 #include "modExamples.h"
@@ -69,12 +70,12 @@ void MenuBuilder::AddFileMenu() {
 /// Lists the examples when the menu is opened: looking for them would only delay the start.
 void MenuBuilder::AddExamples(QMenu& menu) {
   QMenu* examples = AddSubmenu(menu, "mnuExamples", "Open &Example");
-  QObject::connect(&menu, &QMenu::aboutToShow, examples, [this_ = *this, examples]() mutable {
+  OnSignal(&menu, &QMenu::aboutToShow, examples, [this_ = *this, examples] {
     if (!examples->isEmpty()) return;
     for (const std::string& path : ExampleModels()) {
-      this_.Add(*examples, "mnuExample_" + QString::number(examples->actions().size() + 1),
-                QString::fromStdString(LastComponent(path)), {},
-                [path, &frame = this_.Frame] { frame.Edit("Open", [&] { OpenExample(path); }); });
+      MenuBuilder(this_).Add(*examples, "mnuExample_" + QString::number(examples->actions().size() + 1),
+                             QString::fromStdString(LastComponent(path)), {},
+                             [path, &frame = this_.Frame] { frame.Edit("Open", [&] { OpenExample(path); }); });
     }
     examples->setEnabled(!examples->isEmpty());
   });
@@ -87,7 +88,7 @@ void MenuBuilder::AddRestore(QMenu& menu) {
       [&frame = Frame] { frame.Edit("Restore", RestoreUnsavedModel); },
       "Brings back what was not saved when the program last ended");
   restore->setEnabled(HasUnsavedModel());
-  QObject::connect(&menu, &QMenu::aboutToShow, restore, [restore] { restore->setEnabled(HasUnsavedModel()); });
+  OnSignal(&menu, &QMenu::aboutToShow, restore, [restore] { restore->setEnabled(HasUnsavedModel()); });
 }
 
 void MenuBuilder::AddAnalyse(QMenu& menu) {

@@ -74,7 +74,7 @@ void frmGraph::closeEvent(QCloseEvent* event) {
   Guard([] { ShowMessage(MessageIcon::Critical, "Window cannot be closed"); });
 }
 
-void frmGraph::Resized() { Frame.Redraw(false); }
+void frmGraph::Resized() { Frame.RedrawWhatCanBeDrawn(false); }
 
 void frmGraph::MouseMoved(const MouseEvent& event) {
   Status.ShowCoordinates(QString::fromStdString(CoordinatesText(event.x, event.y)));

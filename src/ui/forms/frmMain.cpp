@@ -1,7 +1,6 @@
 #include "frmMain.h"
 
 #include "AnalysisState.h"
-#include "BusyPointer.h"
 #include "ChildArea.h"
 #include "ControlBoard.h"
 #include "DisplayState.h"
@@ -55,10 +54,7 @@ frmMain::~frmMain() {
 
 void frmMain::runAnalysis() {
   CommitPendingEdit();
-  {
-    const BusyPointer busy;
-    if (!strutwright::runAnalysis()) return;
-  }
+  if (!strutwright::runAnalysis()) return;
   TickResultSwitches(true);
   Redraw(false);
 }
@@ -144,7 +140,7 @@ void frmMain::ActivateDisplay() { Children->setActiveSubWindow(GraphWindow); }
 void frmMain::ActivateEquations() { Children->setActiveSubWindow(EquationsWindow); }
 
 void frmMain::HighlightMember(int m) {
-  RedrawWhatCanBeDrawn();
+  RedrawWhatCanBeDrawn(false);
   if (m < 1 || m > MemberCount || DisplaySurface == nullptr) return;
   try {
     strutwright::DrawMember(*DisplaySurface, m, Orange);
@@ -161,12 +157,13 @@ void frmMain::TakeCell(const std::function<bool()>& take) {
     if (!take()) return;
     EndAnalysis(false);
     RebuildModelFromGrids();
-    RedrawWhatCanBeDrawn();
+    RedrawWhatCanBeDrawn(false);
   });
 }
 
-void frmMain::RedrawWhatCanBeDrawn() {
-  const std::vector<std::string> failures = RedrawQuietly(DisplaySurface, false);
+void frmMain::RedrawWhatCanBeDrawn(bool zoomToExtents) {
+  if (Working) return;
+  const std::vector<std::string> failures = RedrawQuietly(DisplaySurface, zoomToExtents);
   if (Graph != nullptr) Graph->ShowDrawing();
   if (failures.empty()) return;
   std::string hint = failures.front();
@@ -182,6 +179,7 @@ void frmMain::ClickResultSwitch(QCheckBox& box, bool& flag, bool& guard) {
     guard = false;
   } else {
     ShowMessage(MessageIcon::Information, "No results available");
+    if (!box.isChecked()) return; // taking a pending edit has ended the analysis, and unticked the box
     guard = true;
     box.setChecked(false);
   }
@@ -200,12 +198,13 @@ void frmMain::TickResultSwitches(bool ticked) {
 
 void frmMain::stepDeflectionScale(bool up) {
   strutwright::stepDeflectionScale(up);
-  ShowScales();
+  if (AnalysisDone == FlagFalse) return;
+  CBpic->lblDeflectionScale->setText(QString::fromStdString(DeflectionScaleText()));
 }
 
 void frmMain::stepLoadsScale(bool up) {
   strutwright::stepLoadsScale(up);
-  ShowScales();
+  CBpic->lblLoadsScale->setText(QString::fromStdString(LoadsScaleText()));
 }
 
 void frmMain::ShowScales() {
@@ -286,7 +285,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
 
 void frmMain::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
-  Guard([this] { Redraw(true); });
+  Guard([this] { RedrawWhatCanBeDrawn(true); });
 }
 
 } // namespace strutwright

@@ -84,6 +84,9 @@ class frmMain : public QMainWindow, public Host {
   void ActivateDisplay();
   void ActivateEquations();
 
+  /// Draws the truss again; what can't be drawn is said in the status bar and not in a box.
+  void RedrawWhatCanBeDrawn(bool zoomToExtents);
+
   /// Draws the truss with member m highlighted; 0: without a highlight.
   void HighlightMember(int m);
 
@@ -121,7 +124,6 @@ class frmMain : public QMainWindow, public Host {
   void ConnectKeys();
   void ShowMenus(QMdiSubWindow* active);
   void TakeCell(const std::function<bool()>& take);
-  void RedrawWhatCanBeDrawn();
   void ClickResultSwitch(QCheckBox& box, bool& flag, bool& guard);
   void TickResultSwitches(bool ticked);
   void stepDeflectionScale(bool up);
@@ -144,8 +146,9 @@ class frmMain : public QMainWindow, public Host {
   QMdiSubWindow* GraphWindow = nullptr;
   QMdiSubWindow* EquationsWindow = nullptr;
   QMenu* mnuGrid = nullptr;
-  Grid* menuGrid = &GrJoints; ///< the grid that the grid menu's commands work on: the visible one
-  EditHistory History{*this};
+  Grid* menuGrid = &GrJoints;     ///< the grid that the grid menu's commands work on: the visible one
+  QString Caption{"Strutwright"}; ///< without what a child window that fills the frame adds to the title
+  EditHistory History{Caption};
   RecoveryKeeper Recovery{*this, History.Steps()};
   QTimer Timer1;
   bool reactionsGuard = false; ///< the next click of the box is the program's own

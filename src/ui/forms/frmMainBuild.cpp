@@ -106,7 +106,7 @@ void frmMain::BuildCentre() {
   Centre->addWidget(BtnPic);
   Centre->addWidget(BoardSplitter, 1);
   setCentralWidget(centre);
-  connect(Children, &QMdiArea::subWindowActivated, this, &frmMain::ShowMenus);
+  OnSignal(Children, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow* active) { ShowMenus(active); });
 }
 
 void frmMain::BuildStrip() {
@@ -172,12 +172,14 @@ void frmMain::BuildGridMenu() {
     auto* action = new QAction(looks.at(entry).text, this);
     action->setObjectName(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
     action->setShortcut(looks.at(entry).shortcut);
+    action->setShortcutContext(Qt::WidgetShortcut);
     OnSignal(action, &QAction::triggered, this,
              [this, command = GridMenu.at(entry).command] { Run([this, command] { RunOnGrid(command); }); });
     mnuGrid->addAction(action);
   }
   for (DataGridView* view : {CBpic->GrJointsView, CBpic->GrMembersView, CBpic->jResGrView, CBpic->mResGrView}) {
     view->SetMenuNotice([this, view](const QPoint& place) { OpenGridMenu(*view, place); });
+    view->addActions(mnuGrid->actions()); // for the keys, which belong to the grid that has the focus
   }
   EnableGridActions();
 }
@@ -185,6 +187,7 @@ void frmMain::BuildGridMenu() {
 void frmMain::AddHistoryActions(MenuBuilder& build, QMenu& menu) {
   QAction* undo = build.Add(menu, "mnuUndo", "&Undo", QKeySequence::Undo, [this] { History.Undo(); });
   QAction* redo = build.Add(menu, "mnuRedo", "&Redo", QKeySequence::Redo, [this] { History.Redo(); });
+  addActions({undo, redo}); // for the keys, whichever child window is active
   const QUndoStack* steps = &History.Steps();
   const auto show = [steps, undo, redo] {
     undo->setText(("&Undo " + steps->undoText()).trimmed());
@@ -218,10 +221,13 @@ void frmMain::ConnectSwitches() {
 
 void frmMain::ConnectScales() {
   OnSignal(CBpic->udDeflectionScale, &QSpinBox::valueChanged, this, [this](int value) {
+    if (!animating) CommitPendingEdit(); // the animation lets the user go on typing
     stepDeflectionScale(SpinnerWentUp(lastDeflectionSpin, static_cast<std::int16_t>(value)));
   });
-  OnSignal(CBpic->udLoadsScale, &QSpinBox::valueChanged, this,
-           [this](int value) { stepLoadsScale(SpinnerWentUp(lastLoadsSpin, static_cast<std::int16_t>(value))); });
+  OnSignal(CBpic->udLoadsScale, &QSpinBox::valueChanged, this, [this](int value) {
+    CommitPendingEdit();
+    stepLoadsScale(SpinnerWentUp(lastLoadsSpin, static_cast<std::int16_t>(value)));
+  });
   OnSignal(CBpic->animateBtn, &QPushButton::clicked, this, [this] { Run([this] { AnimateDSD(); }); });
 }
 

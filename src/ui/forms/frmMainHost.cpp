@@ -21,7 +21,9 @@ void frmMain::RefreshStatusTexts() {
   if (Graph != nullptr) Graph->stsBarUpdate();
 }
 
+/// While long work changes the results there is nothing to draw; whoever works draws when it is done.
 void frmMain::Redraw(bool zoomToExtents) {
+  if (Working) return;
   RedrawDisplay(DisplaySurface, zoomToExtents);
   if (Graph != nullptr) Graph->ShowDrawing();
 }
@@ -39,10 +41,14 @@ void frmMain::ResetScales() {
   ShowScales();
 }
 
-void frmMain::SetCaption(const std::string& caption) { setWindowTitle(QString::fromStdString(caption)); }
+void frmMain::SetCaption(const std::string& caption) {
+  Caption = QString::fromStdString(caption);
+  setWindowTitle(Caption);
+}
 
 void frmMain::ClearGrids() {
   for (Grid* grid : {&GrJoints, &GrMembers, &jResGr, &mResGr}) ClearGrid(*grid, GridCapacity);
+  for (Grid* grid : {&GrJoints, &GrMembers}) NumberRows(*grid);
 }
 
 void frmMain::ResetEquations() {
