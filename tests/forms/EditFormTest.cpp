@@ -242,7 +242,7 @@ TEST_F(EditFormTest, KeepsTheSelectedBlockOnARightClickInside) {
 TEST_F(EditFormTest, BeginsAWholeRowAtItsFirstCell) {
   QTableView& view = View("GrJoints");
   ClickCell(view, 1, 2);
-  const QPoint header(5, view.verticalHeader()->sectionViewportPosition(3) + 3);
+  const QPoint header(5, view.verticalHeader()->sectionViewportPosition(3) + 12);
   QTest::mouseClick(view.verticalHeader()->viewport(), Qt::LeftButton, {}, header);
   EXPECT_EQ(GrJoints.CurrentRow(), 4);
   EXPECT_EQ(GrJoints.CurrentColumn(), 1);
@@ -253,7 +253,7 @@ TEST_F(EditFormTest, CommitsIntoTheEditedCellAfterAClickOnAHeader) {
   QTableView& view = View("GrJoints");
   ClickCell(view, 2, 1);
   Type("5");
-  const QPoint header(5, view.verticalHeader()->sectionViewportPosition(5) + 3);
+  const QPoint header(5, view.verticalHeader()->sectionViewportPosition(5) + 12);
   QTest::mouseClick(view.verticalHeader()->viewport(), Qt::LeftButton, {}, header);
   Command("mnuRefresh").trigger();
   EXPECT_EQ(GrJoints.Text(2, 1), "5");

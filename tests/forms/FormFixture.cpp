@@ -84,13 +84,16 @@ void FormTest::ClickCell(QTableView& view, int row, int column) {
   QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(cell).center());
 }
 
-void FormTest::Type(const QString& text) {
-  for (const QChar& character : text) QTest::keyClicks(QApplication::focusWidget(), character);
+QWidget& FormTest::Focused() {
+  QWidget* focus = QApplication::focusWidget();
+  return focus != nullptr ? *focus : *frame;
 }
 
-void FormTest::Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
-  QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+void FormTest::Type(const QString& text) {
+  for (const QChar& character : text) QTest::keyClicks(&Focused(), character);
 }
+
+void FormTest::Press(Qt::Key key, Qt::KeyboardModifiers modifiers) { QTest::keyClick(&Focused(), key, modifiers); }
 
 void FormTest::EnterThreeBarTruss() {
   EnterRow(GrJoints, 1, {"0", "0", "0", "0", "3"});

@@ -46,6 +46,9 @@ class FormTest : public PlatformTest {
   /// Clicks into a cell of a grid on screen.
   void ClickCell(QTableView& view, int row, int column);
 
+  /// What has the focus, or the frame.
+  QWidget& Focused();
+
   /// Types into whatever has the focus.
   void Type(const QString& text);
   void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);

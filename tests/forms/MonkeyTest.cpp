@@ -82,16 +82,11 @@ class MonkeyTest : public FormTest {
     }
   }
 
-  QWidget& Target() {
-    QWidget* focus = QApplication::focusWidget();
-    return focus != nullptr ? *focus : *frame;
-  }
-
   void PressKey() {
     static constexpr std::array keys{Qt::Key_Return, Qt::Key_Escape, Qt::Key_Up,    Qt::Key_Down,  Qt::Key_Left,
                                      Qt::Key_Right,  Qt::Key_Tab,    Qt::Key_Space, Qt::Key_F3,    Qt::Key_F4,
                                      Qt::Key_F5,     Qt::Key_Minus,  Qt::Key_9,     Qt::Key_Delete};
-    QTest::keyClick(&Target(), OneOf(keys), Chance(6) ? Qt::ShiftModifier : Qt::NoModifier);
+    QTest::keyClick(&Focused(), OneOf(keys), Chance(6) ? Qt::ShiftModifier : Qt::NoModifier);
   }
 
   void TypeCell() {

@@ -26,7 +26,7 @@ class EditHistory::Step : public QUndoCommand {
   Step(EditHistory& history, const QString& what, std::shared_ptr<const State> before,
        std::shared_ptr<const State> after)
       : QUndoCommand(what), History(history), Before(std::move(before)), After(std::move(after)),
-        WithFile(Before->model.currentFileName != After->model.currentFileName) {}
+        WithFile(Before->model.currentFileName != After->model.currentFileName || Before->caption != After->caption) {}
 
   void undo() override {
     Guard([this] { History.Restore(*Before, WithFile); });
