@@ -70,6 +70,23 @@ void Restrain(std::size_t freedom, std::vector<float>& P, std::vector<float>& R,
   fixed.at(freedom) = 1;
 }
 
+void AllocateVectors() {
+  const auto size = static_cast<std::size_t>(DofCount + 1);
+  LoadVector.assign(size, 0.0F);
+  FixedDof.assign(size, 0);
+  Displacements.assign(size, 0.0F);
+  Reactions.assign(size, 0.0F);
+}
+
+template <typename Equations>
+void AddMembers(Equations& K) {
+  MemberStiffnessBuffer.Recreate(4, 4);
+  for (int m = 1; m <= MemberCount; ++m) {
+    MemberStiffness(MemberStiffnessBuffer, m);
+    AddMemberToGlobal(m, MemberStiffnessBuffer, K);
+  }
+}
+
 // P(i) += PS (c, s), P(j) -= PS (c, s).   Checked: a bar between fixed ends bears PS and moves nothing.
 void AddPrestress(int m, std::vector<float>& P) {
   const double PS = MemberTable(m, MemberPS);
@@ -85,13 +102,16 @@ void AddPrestress(int m, std::vector<float>& P) {
   AddTo(P.at(YFreedom(i)), Py);
 }
 
+/// The supported node whose number is exactly the value of the field; 0 where there is none.
+int SupportedNode(int m, MemberField field) {
+  const float number = MemberTable(m, field);
+  const int node = RoundNodeNumber(number);
+  if (node < 1 || node > NodeCount || static_cast<float>(node) != number) return 0;
+  return NodeTable(node, NodeSupport) == 0.0F ? 0 : node;
+}
+
 // R += +-(F - PS) (c, s), minus where the member starts.   Checked: reactions balance the loads.
-void AddMemberReaction(int node, int m) {
-  const auto number = static_cast<float>(node);
-  double sign = 0.0;
-  if (MemberTable(m, MemberNodeI) == number) sign = -1.0;
-  if (MemberTable(m, MemberNodeJ) == number) sign = 1.0; // a member from a node to itself counts as ending there
-  if (sign == 0.0) return;
+void AddMemberReaction(int node, int m, double sign) {
   const double outer = static_cast<double>(MemberTable(m, MemberFieldForce)) - MemberTable(m, MemberPS);
   AddTo(Reactions[YFreedom(node)], outer * sign * MemberTable(m, MemberFieldSin));
   AddTo(Reactions[XFreedom(node)], outer * sign * MemberTable(m, MemberFieldCos));
@@ -105,34 +125,34 @@ void AnalyseTruss(std::int16_t& ok) {
     ok = FlagFalse;
     return;
   }
-  AllocateAnalysisArrays();
-  AssembleGlobalStiffness(GlobalStiffness);
+  AllocateVectors();
+  GlobalStiffness = Matrix();
+  TiledMatrix K(DofCount);
+  AssembleGlobalStiffness(K);
   BuildLoadVector(LoadVector);
-  ApplySupports(GlobalStiffness, LoadVector, Reactions, FixedDof);
-  SolveEquations(GlobalStiffness, Displacements, LoadVector, DofCount, ok);
+  ApplySupports(K, LoadVector, Reactions, FixedDof);
+  SolveEquations(K, Displacements, LoadVector, DofCount, ok);
   if (ok == FlagFalse) return;
   for (int m = 1; m <= MemberCount; ++m) ComputeMemberForce(m);
   ComputeReactions();
 }
 
 void AllocateAnalysisArrays() {
-  const auto size = static_cast<std::size_t>(DofCount + 1);
+  AllocateVectors();
   GlobalStiffness.Recreate(DofCount, DofCount + 1);
   MemberStiffnessBuffer.Recreate(4, 4);
-  LoadVector.assign(size, 0.0F);
-  FixedDof.assign(size, 0);
-  Displacements.assign(size, 0.0F);
-  Reactions.assign(size, 0.0F);
 }
 
 void AssembleGlobalStiffness(Matrix& K) {
   DofCount = static_cast<std::int16_t>(2 * NodeCount);
   K.Recreate(DofCount, DofCount + 1);
-  MemberStiffnessBuffer.Recreate(4, 4);
-  for (int m = 1; m <= MemberCount; ++m) {
-    MemberStiffness(MemberStiffnessBuffer, m);
-    AddMemberToGlobal(m, MemberStiffnessBuffer, K);
-  }
+  AddMembers(K);
+}
+
+void AssembleGlobalStiffness(TiledMatrix& K) {
+  DofCount = static_cast<std::int16_t>(2 * NodeCount);
+  K = TiledMatrix(DofCount);
+  AddMembers(K);
 }
 
 void BuildLoadVector(std::vector<float>& P) {
@@ -167,10 +187,20 @@ void ApplySupports(Matrix& K, std::vector<float>& P, std::vector<float>& R, std:
   }
 }
 
+void ApplySupports(TiledMatrix& K, std::vector<float>& P, std::vector<float>& R, std::vector<std::int16_t>& fixed) {
+  RestrainSupports(P, R, fixed);
+  for (int d = 1; d <= DofCount; ++d) {
+    if (fixed.at(static_cast<std::size_t>(d)) == 1) K.Restrain(d);
+  }
+}
+
 void ComputeReactions() {
-  for (int i = 1; i <= NodeCount; ++i) {
-    if (NodeTable(i, NodeSupport) == 0.0F) continue;
-    for (int m = 1; m <= MemberCount; ++m) AddMemberReaction(i, m);
+  // Each reaction gets its members in the order of their numbers.
+  for (int m = 1; m <= MemberCount; ++m) {
+    const int i = SupportedNode(m, MemberNodeI);
+    const int j = SupportedNode(m, MemberNodeJ);
+    if (j != 0) AddMemberReaction(j, m, 1.0);
+    if (i != 0 && i != j) AddMemberReaction(i, m, -1.0); // a member from a node to itself counts as ending there
   }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Matrix.h"
+#include "TiledMatrix.h"
 
 #include <cstdint>
 #include <string_view>
@@ -14,6 +15,7 @@ inline constexpr std::int16_t MostAnalysedNodes = 16383;
 /// Analyses the model in the tables: displacements, member fields 6 to 9 and reactions.
 /// Clears `ok` when the model is empty, too large, names a node that does not exist, or is unstable; each has
 /// been reported by then, and forces and reactions are not computed.  Source: docs/method.md.
+/// The equations are kept as a TiledMatrix meanwhile; GlobalStiffness comes out empty unless a value was not finite.
 void AnalyseTruss(std::int16_t& ok);
 
 /// Creates the working arrays afresh for DofCount freedoms, all zero.
@@ -23,6 +25,7 @@ void AllocateAnalysisArrays();
 /// A member that MemberStiffness ignores adds its predecessor's matrix at its own freedoms, on purpose; the first
 /// member's predecessor is a matrix of zeros.  Source: docs/method.md, 3.
 void AssembleGlobalStiffness(Matrix& K);
+void AssembleGlobalStiffness(TiledMatrix& K);
 
 /// Writes the applied loads into P (0..DofCount, kN) and adds what the prestress of the members exerts on the nodes.
 /// Loads of zero are not written: P should come in zeroed.  Source: docs/method.md, 4.
@@ -31,6 +34,7 @@ void BuildLoadVector(std::vector<float>& P);
 /// Imposes the supports: R of a restrained freedom becomes its load with the opposite sign, its load zero, `fixed` 1,
 /// its row and column zero with 1 on the diagonal.  All vectors: (0..DofCount).  Source: docs/method.md, 5.
 void ApplySupports(Matrix& K, std::vector<float>& P, std::vector<float>& R, std::vector<std::int16_t>& fixed);
+void ApplySupports(TiledMatrix& K, std::vector<float>& P, std::vector<float>& R, std::vector<std::int16_t>& fixed);
 
 /// The part of ApplySupports that knows no matrix: R, P and `fixed` of every restrained freedom.
 void RestrainSupports(std::vector<float>& P, std::vector<float>& R, std::vector<std::int16_t>& fixed);

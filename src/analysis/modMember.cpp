@@ -33,13 +33,18 @@ void ReportIgnored(int m, const std::string& what) {
   ShowMessage(MessageIcon::Critical, "Error: member index " + std::to_string(m) + " " + what + "\nMember ignored");
 }
 
-/// The component of the unit direction along a coordinate.
+/// The component of the unit direction along a coordinate.  length: the member's, in m.
+float ComponentAlong(int m, NodeField coordinate, float length) {
+  return static_cast<float>(EndDifference(m, coordinate) / static_cast<double>(length));
+}
+
+/// The same for whoever may name a member that cannot be.
 float DirectionComponent(int m, NodeField coordinate) {
   if (m <= 0) {
     ShowMessage(MessageIcon::Critical, "Error: member index of " + std::to_string(m) + " called");
     return 0.0F;
   }
-  return static_cast<float>(EndDifference(m, coordinate) / static_cast<double>(MemberLength(m)));
+  return ComponentAlong(m, coordinate, MemberLength(m));
 }
 
 /// Reports everything that makes the member invalid, in the order E, A, length.
@@ -82,6 +87,20 @@ void FillStiffness(Matrix& k, double E, double A, double length, double c, doubl
   }
 }
 
+template <typename Equations>
+void AddMember(int m, const Matrix& k, Equations& K) {
+  const std::optional<std::array<int, 5>> freedoms = MemberFreedoms(m);
+  if (!freedoms) return;
+  const std::array<int, 5>& freedom = *freedoms;
+  for (std::size_t p = 1; p <= 4; ++p) {
+    for (std::size_t q = 1; q <= 4; ++q) {
+      float& entry = K(freedom[p], freedom[q]);
+      const float addend = k(static_cast<int>(p), static_cast<int>(q));
+      entry = static_cast<float>(static_cast<double>(entry) + static_cast<double>(addend));
+    }
+  }
+}
+
 /// Displacement of node j less that of node i, each named by its freedom, in mm.
 float EndMovement(std::size_t freedomAtJ, std::size_t freedomAtI) {
   return static_cast<float>(static_cast<double>(Displacements.at(freedomAtJ)) -
@@ -103,8 +122,8 @@ float MemberSin(int m) { return DirectionComponent(m, NodeY); }
 bool MemberStiffness(Matrix& k, int m) {
   const float length = MemberLength(m);
   if (!CheckMember(m, length)) return false;
-  const float c = MemberCos(m);
-  const float s = MemberSin(m);
+  const float c = ComponentAlong(m, NodeX, length);
+  const float s = ComponentAlong(m, NodeY, length);
   const auto lengthInMm = static_cast<float>(length * Thousand);
   MemberTable(m, MemberFieldLength) = lengthInMm;
   MemberTable(m, MemberFieldCos) = c;
@@ -122,18 +141,9 @@ std::optional<std::array<int, 5>> MemberFreedoms(int m) {
   return {{0, 2 * ends.i - 1, 2 * ends.i, 2 * ends.j - 1, 2 * ends.j}};
 }
 
-void AddMemberToGlobal(int m, const Matrix& k, Matrix& K) {
-  const std::optional<std::array<int, 5>> freedoms = MemberFreedoms(m);
-  if (!freedoms) return;
-  const std::array<int, 5>& freedom = *freedoms;
-  for (std::size_t p = 1; p <= 4; ++p) {
-    for (std::size_t q = 1; q <= 4; ++q) {
-      float& entry = K(freedom[p], freedom[q]);
-      const float addend = k(static_cast<int>(p), static_cast<int>(q));
-      entry = static_cast<float>(static_cast<double>(entry) + static_cast<double>(addend));
-    }
-  }
-}
+void AddMemberToGlobal(int m, const Matrix& k, Matrix& K) { AddMember(m, k, K); }
+
+void AddMemberToGlobal(int m, const Matrix& k, TiledMatrix& K) { AddMember(m, k, K); }
 
 void ComputeMemberForce(int m) {
   const MemberEnds ends = EndsOf(m);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Matrix.h"
+#include "TiledMatrix.h"
 
 #include <array>
 #include <optional>
@@ -33,6 +34,7 @@ std::optional<std::array<int, 5>> MemberFreedoms(int m);
 /// Adds k to K at the member's four freedoms.  Source: docs/method.md, 3.
 /// K: (0..n, 0..n or more).  A node number of zero or less shows a message and adds nothing.
 void AddMemberToGlobal(int m, const Matrix& k, Matrix& K);
+void AddMemberToGlobal(int m, const Matrix& k, TiledMatrix& K);
 
 /// Computes the member's axial force in kN, tension positive, from Displacements and stores it in its field.
 /// E, A or the stored length not above zero give 0.  Source: docs/method.md, 6.

@@ -3,6 +3,7 @@
 #include "AnalysisState.h"
 #include "Ensure.h"
 #include "LongWork.h"
+#include "TiledSolver.h"
 #include "modAnalysis.h"
 
 #include <cmath>
@@ -13,7 +14,7 @@ namespace strutwright {
 
 namespace {
 
-constexpr float PivotTolerance = 0.0001F; // kN/mm
+constexpr const char* SolvingText = "Solving the equations";
 
 /// The row from p on with the largest entry of column p; of equal ones the upper.
 int FindPivotRow(const Matrix& K, int p, int n) {
@@ -36,17 +37,22 @@ void ExchangeRows(Matrix& K, int p, int other, int n) {
   for (int c = p; c <= n + 1; ++c) std::swap(upper[c], lower[c]);
 }
 
-/// Step p leaves (n - p)^2 entries to change, so that the work ahead goes with the cube.
-double ShareOfElimination(int p, int n) {
-  const double ahead = static_cast<double>(n - p) / n;
-  return 1 - ahead * ahead * ahead;
+void GiveUpUnstable(std::int16_t& ok) {
+  ReportAnalysisFailure(UnstableCheck);
+  ok = FlagFalse;
+}
+
+Matrix InFull(const std::vector<TiledMatrix::Entry>& entries, int n) {
+  Matrix K(n, n + 1);
+  for (const TiledMatrix::Entry& entry : entries) K(entry.row, entry.column) = entry.value;
+  return K;
 }
 
 } // namespace
 
 void SolveEquations(Matrix& K, std::vector<float>& D, const std::vector<float>& P, std::int16_t n, std::int16_t& ok) {
   for (int i = 1; i <= n; ++i) K(i, n + 1) = P.at(static_cast<std::size_t>(i));
-  LongWork work("Solving the equations");
+  LongWork work(SolvingText);
   for (std::int16_t p = 1; p < n; ++p) {
     work.Done(ShareOfElimination(p, n));
     const int pivotRow = FindPivotRow(K, p, n);
@@ -54,12 +60,34 @@ void SolveEquations(Matrix& K, std::vector<float>& D, const std::vector<float>& 
     EliminateColumn(K, p, n);
   }
   if (!IsStable(K, n)) {
-    ReportAnalysisFailure(UnstableCheck);
-    ok = FlagFalse;
+    GiveUpUnstable(ok);
     return;
   }
   BackSubstitute(K, n);
   for (int i = 1; i <= n; ++i) D.at(static_cast<std::size_t>(i)) = K(i, n + 1);
+}
+
+void SolveEquations(TiledMatrix& K, std::vector<float>& D, const std::vector<float>& P, std::int16_t n,
+                    std::int16_t& ok) {
+  const std::vector<TiledMatrix::Entry> entries = K.Entries();
+  for (int i = 1; i <= n; ++i) {
+    if (P.at(static_cast<std::size_t>(i)) != 0.0F) K(i, n + 1) = P.at(static_cast<std::size_t>(i));
+  }
+  Solution verdict = Solution::Found;
+  {
+    LongWork work(SolvingText);
+    verdict = SolveTiled(K, D, Kernels().front(), work);
+  }
+  if (verdict == Solution::Unstable) GiveUpUnstable(ok);
+  if (verdict != Solution::NotFinite) return;
+  GlobalStiffness = InFull(entries, n);
+  SolveEquations(GlobalStiffness, D, P, n, ok);
+}
+
+// Step p leaves (n - p)^2 entries to change, so that the work ahead goes with the cube.
+double ShareOfElimination(int p, int n) {
+  const double ahead = static_cast<double>(n - p) / n;
+  return 1 - ahead * ahead * ahead;
 }
 
 void EliminateColumn(Matrix& K, std::int16_t p, std::int16_t n) {

@@ -6,6 +6,7 @@
 #include "modModelFile.h"
 #include "modModelStore.h"
 #include "modPlaces.h"
+#include "modSavedModels.h"
 
 #include <exception>
 #include <functional>
@@ -71,9 +72,15 @@ std::string Shortcomings(const StoredModel& model) {
   return text;
 }
 
+void NoteSaved() {
+  NoteFile(CurrentFileName, WriteModel());
+  if (TheFiles.OwnRecovery) TheFiles.OwnRecovery->restored = false;
+}
+
 /// Shows a model that has been opened as if the program had started with it.
 void ShowOpenedModel() {
   CopyModelToGrids();
+  NoteFile(CurrentFileName, ModelInGrids());
   TheHost().ResetEquations();
   ShowFileNameInCaption();
   TheHost().ClearSurface();
@@ -107,6 +114,7 @@ void saveModel(bool asSave) {
     if (!asSave && !TakeNameToSave()) return;
     const KeptResults results;
     SaveModelFile(CurrentFileName);
+    NoteSaved();
     ShowFileNameInCaption();
   } catch (const std::exception& failure) {
     ReportSaveFailure(CurrentFileName, failure.what());
@@ -136,6 +144,7 @@ void newModel() {
   MemberTable.Recreate(MemberCount);
   TheHost().ClearSurface();
   CurrentFileName = fileName;
+  NoteFile(CurrentFileName, WriteModel());
   TheHost().ClearGrids();
   ShowFileNameInCaption();
   TheHost().ResetEquations();

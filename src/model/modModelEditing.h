@@ -2,6 +2,9 @@
 
 #include "Grid.h"
 
+#include <array>
+#include <string_view>
+
 namespace strutwright {
 
 // Changes of the model's structure.  They work on the data grids and read the model from them again.
@@ -33,5 +36,28 @@ void AfterModelEdit();
 /// allowed, the minus pass, wherever in the text they are typed.
 /// key: the character's code.
 void FilterNumericKey(char32_t& key, bool allowMinus);
+
+/// A text box for a number, by its name.
+struct NumericBox {
+  std::string_view name;
+  bool allowMinus;
+};
+
+/// The text boxes whose key presses go through FilterNumericKey.
+inline constexpr std::array<NumericBox, 13> NumericBoxes{{
+    {"eTxt", false},
+    {"aTxt", false},
+    {"xnlTxt", true},
+    {"ynlTxt", true},
+    {"nLineNoTxt", false},
+    {"nLineX1Txt", true},
+    {"nLineY1Txt", true},
+    {"nLineX2Txt", true},
+    {"nLineY2Txt", true},
+    {"xSpaceTxt", false},
+    {"ySpaceTxt", false},
+    {"snapRtxt", false},
+    {"snapSNtxt", false},
+}};
 
 } // namespace strutwright

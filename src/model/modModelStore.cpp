@@ -77,6 +77,10 @@ void CopyModelToGrids() {
 
 int RoundNodeNumber(float number) {
   using Limits = std::numeric_limits<int>;
+  // Node numbers are whole and small, and an analysis rounds hundreds of thousands of them.
+  if (number >= 0.0F && number <= 32767.0F && static_cast<float>(static_cast<int>(number)) == number) {
+    return static_cast<int>(number);
+  }
   const double nearest = std::nearbyint(static_cast<double>(number));
   if (std::isnan(nearest)) return Limits::min();
   return static_cast<int>(std::clamp<double>(nearest, Limits::min(), Limits::max()));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -73,6 +74,12 @@ class FileSystem {
   /// Opens the file, or creates it empty, and waits until no other process holds its lock.
   /// The lock belongs to the file, not to its name: who replaces the file leaves the lock behind.
   virtual std::unique_ptr<FileLock> Lock(const std::string& path) = 0;
+
+  /// The same without waiting; nullptr where another process, or another lock of this one, holds the lock.
+  virtual std::unique_ptr<FileLock> TryLock(const std::string& path) = 0;
+
+  /// When the file's bytes were last changed: a number that only grows with time.
+  virtual std::int64_t ModifiedAt(const std::string& path) = 0;
 
   /// Whether files may be created in the folder; false where it does not exist.
   virtual bool TakesFiles(const std::string& folder) = 0;

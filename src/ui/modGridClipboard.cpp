@@ -2,13 +2,13 @@
 
 #include "AnalysisState.h"
 #include "DataCellWriter.h"
-#include "PastedText.h"
 #include "Platform.h"
 #include "modCellEditing.h"
 #include "modKeepResults.h"
 #include "modModelEditing.h"
 #include "modModelStore.h"
 #include "modNumberText.h"
+#include "modPastedText.h"
 
 #include <algorithm>
 #include <cstddef>

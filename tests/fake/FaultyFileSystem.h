@@ -36,6 +36,8 @@ class FaultyFileSystem : public FileSystem {
   void Replace(const std::string& from, const std::string& to) override { Step("Replace"), Real.Replace(from, to); }
   void Remove(const std::string& path) override { Step("Remove"), Real.Remove(path); }
   std::unique_ptr<FileLock> Lock(const std::string& path) override { return Step("Lock"), Real.Lock(path); }
+  std::unique_ptr<FileLock> TryLock(const std::string& path) override { return Step("TryLock"), Real.TryLock(path); }
+  std::int64_t ModifiedAt(const std::string& path) override { return Step("ModifiedAt"), Real.ModifiedAt(path); }
   bool TakesFiles(const std::string& path) override { return Step("TakesFiles"), Real.TakesFiles(path); }
   void CreateFolder(const std::string& path) override { Step("CreateFolder"), Real.CreateFolder(path); }
 

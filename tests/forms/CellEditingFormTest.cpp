@@ -111,8 +111,8 @@ TEST_F(CellEditingFormTest, SaysWhereANonNumericEntryStandsAndSetsItToZero) {
   ClickCell(joints, 2, 3);
   Type("abc");
   Press(Qt::Key_Return);
-  EXPECT_THAT(TakeMessages(), ElementsAre(Box(MessageIcon::Exclamation,
-                                              "Non-numeric entry found: abc.\nEntry (2,3) set to zero")));
+  EXPECT_THAT(TakeMessages(),
+              ElementsAre(Box(MessageIcon::Exclamation, "Non-numeric entry found: abc.\nEntry (2,3) set to zero")));
   EXPECT_EQ(GrJoints.Text(2, 3), "0");
   EXPECT_EQ(GrJoints.CurrentRow(), 3);
 }

@@ -16,21 +16,11 @@ using BoardFormTest = FormTest;
 
 TEST_F(BoardFormTest, HasItsCaptions) {
   const std::vector<std::pair<const char*, const char*>> captions{
-      {"SupportsChk", "Show Supports"},
-      {"ReactionsChk", "Show Reactions"},
-      {"MbrForcesChk", "Show Member Forces"},
-      {"DSDchk", "Show Deflected Shape"},
-      {"loadsChk", "Show Loads"},
-      {"gridChk", "Show Grid"},
-      {"memberChk", "Show Member Nos."},
-      {"nodeChk", "Show Node Nos."},
-      {"animateBtn", "Animate"},
-      {"DBbtn", "Minimise Control Board"},
-      {"maxCBbtn", "^^ Control Board ^^"},
-      {"nLineBtn", "Generate"},
-      {"viewOpt_0", "Joints Data"},
-      {"viewOpt_1", "Member Data"},
-      {"viewOpt_2", "Joint Results"},
+      {"SupportsChk", "Show Supports"},    {"ReactionsChk", "Show Reactions"},  {"MbrForcesChk", "Show Member Forces"},
+      {"DSDchk", "Show Deflected Shape"},  {"loadsChk", "Show Loads"},          {"gridChk", "Show Grid"},
+      {"memberChk", "Show Member Nos."},   {"nodeChk", "Show Node Nos."},       {"animateBtn", "Animate"},
+      {"DBbtn", "Minimise Control Board"}, {"maxCBbtn", "^^ Control Board ^^"}, {"nLineBtn", "Generate"},
+      {"viewOpt_0", "Joints Data"},        {"viewOpt_1", "Member Data"},        {"viewOpt_2", "Joint Results"},
       {"viewOpt_3", "Member Results"},
   };
   for (const auto& [name, caption] : captions) {

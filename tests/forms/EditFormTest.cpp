@@ -51,8 +51,7 @@ TEST_F(EditFormTest, GivesListedMembersEAndArea) {
 TEST_F(EditFormTest, ShowsTheFormatOfAListThatCanNotBeRead) {
   Enter("nodesTxt", "x");
   Push("nodeLoadBtn");
-  EXPECT_THAT(TakeMessages(),
-              ElementsAre(Box(MessageIcon::Information, "Text input error: the format is 1,2,4-7,59")));
+  EXPECT_THAT(TakeMessages(), ElementsAre(Box(MessageIcon::Information, "Text input error: the format is 1,2,4-7,59")));
 }
 
 TEST_F(EditFormTest, FiltersTheKeysOfNumericBoxes) {
@@ -100,8 +99,8 @@ TEST_F(EditFormTest, OpensTheGridMenuWhenTheRightButtonIsReleased) {
 TEST_F(EditFormTest, EnablesTheCommandsThatTheVisibleGridAllows) {
   const auto enabled = [this] {
     std::string text;
-    for (const char* name : {"mnuGrid_Copy", "mnuGrid_Cut", "mnuGrid_Paste", "mnuGrid_Delete", "mnuGrid_SelectAll",
-                             "mnuGrid_Compress"}) {
+    for (const char* name :
+         {"mnuGrid_Copy", "mnuGrid_Cut", "mnuGrid_Paste", "mnuGrid_Delete", "mnuGrid_SelectAll", "mnuGrid_Compress"}) {
       text += GridCommandNamed(name).isEnabled() ? '1' : '0';
     }
     return text;
@@ -145,8 +144,8 @@ TEST_F(EditFormTest, AsksBeforeItCompresses) {
   Command("mnuRefresh").trigger();
   messages.WillAnswer(true);
   GridCommandNamed("mnuGrid_Compress").trigger();
-  EXPECT_THAT(TakeMessages(), ElementsAre(Box(MessageIcon::Question,
-                                              "This will remove any rows with all zero entries. Proceed?")));
+  EXPECT_THAT(TakeMessages(),
+              ElementsAre(Box(MessageIcon::Question, "This will remove any rows with all zero entries. Proceed?")));
   EXPECT_EQ(GrJoints.RowCount(), 4);
 }
 

@@ -85,8 +85,8 @@ TEST_F(FileFormTest, RefusesAFileThatIsNoneAndKeepsTheModel) {
   std::ofstream(folder.Path("notes.stw")) << "\xff\xff\xff\xff\xff\xff no model";
   dialog.WillChoose(folder.Path("notes.stw"));
   Command("mnuOpen").trigger();
-  EXPECT_THAT(TakeMessages(), ElementsAre(Box(MessageIcon::None, "Unkown error while opening file " +
-                                                                     folder.Path("notes.stw"))));
+  EXPECT_THAT(TakeMessages(),
+              ElementsAre(Box(MessageIcon::None, "Unkown error while opening file " + folder.Path("notes.stw"))));
   EXPECT_EQ(NodeCount, 3);
   EXPECT_EQ(GrJoints.Text(2, 1), "4");
   EXPECT_EQ(CurrentFileName, "");

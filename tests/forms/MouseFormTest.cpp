@@ -177,6 +177,28 @@ TEST_F(MouseFormTest, ErasesItsRubberBandsWithoutATrace) {
   EXPECT_EQ(Area().Surface().Image(), before);
 }
 
+TEST_F(MouseFormTest, OpensTheInspectorOfWhatIsPicked) {
+  EnterThreeBarTruss();
+  Command("mnuRefresh").trigger();
+  const auto titleOfNextDialog = [this](const QPoint& place) {
+    QString title;
+    QTimer watch;
+    QObject::connect(&watch, &QTimer::timeout, [&title] {
+      if (QWidget* inspector = QApplication::activeModalWidget()) {
+        title = inspector->windowTitle();
+        inspector->close();
+      }
+    });
+    watch.start(1);
+    QTest::mouseClick(&Area(), Qt::LeftButton, {}, place);
+    return title;
+  };
+  Command("mnuSelNode").trigger();
+  EXPECT_EQ(titleOfNextDialog(At(4, 0)), "Node Details");
+  Command("mnuSelMember").trigger();
+  EXPECT_EQ(titleOfNextDialog(At(1, 1)), "Member Details");
+}
+
 TEST_F(MouseFormTest, LeavesTheModeOnEscape) {
   Command("mnuDelete").trigger();
   EXPECT_EQ(LabelText("stsBar_MouseMode"), "Delete Mode");

@@ -108,10 +108,12 @@ TEST_F(ScalesFormTest, SwingsOnceAndEndsWhereItBegan) {
   Find<QPushButton>("animateBtn").click();
   EXPECT_TRUE(animating);
   std::vector<int> values;
-  ASSERT_TRUE(QTest::qWaitFor([&] {
-    if (values.empty() || values.back() != deflection.value()) values.push_back(deflection.value());
-    return !animating;
-  }, 20000));
+  ASSERT_TRUE(QTest::qWaitFor(
+      [&] {
+        if (values.empty() || values.back() != deflection.value()) values.push_back(deflection.value());
+        return !animating;
+      },
+      20000));
   EXPECT_EQ(*std::max_element(values.begin(), values.end()), 551);
   EXPECT_EQ(deflection.value(), 501);
   EXPECT_EQ(DeflectionScale, 100.0F);

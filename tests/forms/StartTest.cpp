@@ -54,8 +54,7 @@ TEST_F(StartFormTest, LeavesTheSpinnersAtTheirStart) {
 }
 
 TEST_F(StartFormTest, ShowsTheMenusOfTheActiveChild) {
-  EXPECT_THAT(Titles(*frame->menuBar()),
-              ElementsAre("File", "Edit", "Drawing", "View", "Analysis", "Tools", "Help"));
+  EXPECT_THAT(Titles(*frame->menuBar()), ElementsAre("File", "Edit", "Drawing", "View", "Analysis", "Tools", "Help"));
   frame->ActivateEquations();
   EXPECT_THAT(Titles(*frame->menuBar()), ElementsAre("File", "Edit", "View", "Analysis", "Help"));
   frame->ActivateDisplay();

@@ -383,5 +383,20 @@ INSTANTIATE_TEST_SUITE_P(Keys, FilterNumericKeyTest,
                                          KeyCase{13, true, false}, KeyCase{0, true, false}, KeyCase{U'/', false, false},
                                          KeyCase{U':', false, false}, KeyCase{U'\u0665', true, false}));
 
+/// The names of the boxes that take a minus, or of those that do not.
+Texts BoxNames(bool allowMinus) {
+  Texts names;
+  for (const NumericBox& box : NumericBoxes) {
+    if (box.allowMinus == allowMinus) names.emplace_back(box.name);
+  }
+  return names;
+}
+
+TEST(NumericBoxesTest, TakeAMinusWhereANumberMayBeNegative) {
+  EXPECT_THAT(BoxNames(true), ElementsAre("xnlTxt", "ynlTxt", "nLineX1Txt", "nLineY1Txt", "nLineX2Txt", "nLineY2Txt"));
+  EXPECT_THAT(BoxNames(false),
+              ElementsAre("eTxt", "aTxt", "nLineNoTxt", "xSpaceTxt", "ySpaceTxt", "snapRtxt", "snapSNtxt"));
+}
+
 } // namespace
 } // namespace strutwright

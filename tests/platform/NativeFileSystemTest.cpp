@@ -2,6 +2,8 @@
 #include "AsUser.h"
 #include "ScratchFolder.h"
 
+#include <chrono>
+#include <cstdint>
 #include <filesystem>
 #include <limits>
 #include <string>
@@ -201,6 +203,29 @@ TEST_F(NativeFileSystemTest, HoldsALockAsLongAsItLives) {
   EXPECT_FALSE(IsFree(path));
   lock.reset();
   EXPECT_TRUE(IsFree(path));
+}
+
+TEST_F(NativeFileSystemTest, TriesALockWithoutWaiting) {
+  const std::string path = Made("file", "x");
+  auto lock = disk.TryLock(path);
+  ASSERT_NE(lock, nullptr);
+  EXPECT_FALSE(IsFree(path));
+  EXPECT_EQ(disk.TryLock(path), nullptr);
+  lock.reset();
+  EXPECT_NE(disk.TryLock(path), nullptr);
+  EXPECT_EQ(FileBytes(path), "x");
+}
+
+TEST_F(NativeFileSystemTest, CannotTryALockInAMissingFolder) {
+  EXPECT_THROW(disk.TryLock(folder.Path("missing/file")), FileError);
+}
+
+TEST_F(NativeFileSystemTest, TellsWhenAFileWasModified) {
+  const std::string path = Made("file", "x");
+  const std::int64_t now = disk.ModifiedAt(path);
+  fs::last_write_time(path, fs::last_write_time(path) - std::chrono::milliseconds(1500));
+  EXPECT_EQ(disk.ModifiedAt(path), now - 1'500'000'000);
+  EXPECT_THROW(disk.ModifiedAt(folder.Path("nothing")), FileError);
 }
 
 TEST_F(NativeFileSystemTest, CannotLockInAMissingFolder) {

@@ -7,6 +7,10 @@
 #include <limits>
 #include <string>
 
+#include <QFont>
+#include <QFontMetricsF>
+#include <QPainter>
+
 namespace strutwright {
 namespace {
 
@@ -29,6 +33,39 @@ int DifferingPixels(const QImage& first, const QImage& second) {
 
 class QtDrawingSurfaceTest : public QtFixture {
  protected:
+  /// Where a text of 13 pixels has ink when Qt prints it by itself.
+  static QRect InkOfPlainText(const QString& text, const QPoint& corner) {
+    QImage image(80, 60, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    QFont font;
+    font.setPixelSize(13);
+    painter.setFont(font);
+    painter.drawText(corner + QPoint(0, qRound(QFontMetricsF(font).ascent())), text);
+    painter.end();
+    return InkOf(image);
+  }
+
+  int ReddishPixels() const {
+    int count = 0;
+    for (int y = 0; y < 60; ++y) {
+      for (int x = 0; x < 80; ++x) count += At(x, y).red() > 200 && At(x, y).green() < 128 ? 1 : 0;
+    }
+    return count;
+  }
+
+  /// Pixels with a letter's ink in a picture that look otherwise on the surface.
+  int DifferingInside(const QImage& picture) const {
+    int count = 0;
+    for (int y = 0; y < 60; ++y) {
+      for (int x = 0; x < 80; ++x) {
+        const QColor colour = picture.pixelColor(x, y);
+        count += colour != Qt::white && std::abs(colour.blue() - At(x, y).blue()) > 40 ? 1 : 0;
+      }
+    }
+    return count;
+  }
+
   /// Compares with a stored picture; STRUTWRIGHT_NEW_PICTURES=1 stores the picture of today instead, to be looked at.
   void ExpectPicture(const std::string& name) const {
     const QString file = QString::fromStdString(std::string(PICTURES_DIR) + "/" + name + ".png");
@@ -174,6 +211,57 @@ TEST_F(QtDrawingSurfaceTest, PutsATextOnItsOwnBackgroundOrOnAHalo) {
     EXPECT_EQ(before, QColor(Qt::black));
     EXPECT_EQ(At(10, 22), QColor(on ? Qt::black : Qt::white)); // away from the letter
   }
+}
+
+TEST_F(QtDrawingSurfaceTest, PaintsTheDigitsOfANumberOneAfterTheOtherInItsColour) {
+  for (const char* text : {"8", "8-8.8"}) {
+    surface.Clear();
+    surface.MoveTo(1, 2);
+    surface.SetTextColour(Red);
+    surface.DrawText(text);
+    const QRect plain = InkOfPlainText(text, QPoint(10, 20));
+    EXPECT_LE(std::abs(Ink().left() - plain.left()), 1) << text;
+    EXPECT_LE(std::abs(Ink().right() - plain.right()), 1) << text;
+    EXPECT_LE(std::abs(Ink().top() - plain.top()), 1) << text;
+    EXPECT_LE(std::abs(Ink().bottom() - plain.bottom()), 1) << text;
+    EXPECT_GT(ReddishPixels(), 0) << text;
+  }
+}
+
+TEST_F(QtDrawingSurfaceTest, PaintsANumberAsLargeOnADenseScreen) {
+  surface.MoveTo(1, 2);
+  surface.DrawText("42");
+  const QRect ink = Ink();
+  for (const double ratio : {1.5, 2.0}) {
+    surface.Resize(80, 60, ratio);
+    surface.MoveTo(1, 2);
+    surface.DrawText("42");
+    EXPECT_NEAR(Ink().width(), ink.width() * ratio, 3) << ratio;
+    EXPECT_NEAR(Ink().left(), ink.left() * ratio, 3) << ratio;
+    EXPECT_NEAR(Ink().top(), ink.top() * ratio, 3) << ratio;
+  }
+}
+
+TEST_F(QtDrawingSurfaceTest, LaysAHaloAroundANumberButNotOverItsOtherDigits) {
+  surface.MoveTo(1, 2);
+  surface.DrawText("88");
+  const QImage onWhite = surface.Image();
+  surface.Clear();
+  surface.SetFillStyle(FillStyle::Solid);
+  surface.SetFillColour(Orange);
+  surface.DrawBox(0, 0, 8, 6);
+  surface.MoveTo(1, 2);
+  surface.DrawText("88");
+  EXPECT_EQ(DifferingInside(onWhite), 0);
+}
+
+TEST_F(QtDrawingSurfaceTest, KeepsAPictureThatWasTakenWhileItDrawsOn) {
+  surface.DrawLine(1, 1, 7, 1);
+  const QImage before = surface.Image();
+  const QImage copy = before.copy();
+  surface.DrawLine(1, 5, 7, 5);
+  EXPECT_EQ(before, copy);
+  EXPECT_NE(surface.Image(), before);
 }
 
 TEST_F(QtDrawingSurfaceTest, DrawsNothingThatHasNoPlace) {

@@ -23,8 +23,8 @@ namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr std::array<const char*, 5> FoldersWithQt{"src/ui/forms/", "src/platform/qt/", "src/app/", "src/bracefold/",
-                                                   "src/cli/"};
+constexpr std::array<const char*, 6> FoldersWithQt{"src/ui/forms/", "src/platform/qt/", "src/platform/widgets/",
+                                                   "src/app/",      "src/bracefold/",   "src/cli/"};
 
 struct CompiledFile {
   std::string path; ///< relative to the tree
@@ -107,11 +107,14 @@ const std::map<std::string, std::set<std::string>> AllowedLayers{
     {"platform", {}},
     {"platform/native", {"platform"}},
     {"platform/qt", {"platform"}},
+    {"platform/widgets", {"platform"}},
     {"model", {"platform"}},
     {"analysis", {"platform", "model"}},
     {"files", {"platform", "model", "analysis"}},
     {"display", {"platform", "model", "analysis"}},
     {"ui", {"platform", "model", "analysis", "files", "display"}},
+    {"ui/forms", {"platform", "qt", "model", "analysis", "files", "display", "ui"}},
+    {"app", {"platform", "native", "qt", "widgets", "model", "analysis", "files", "display", "ui", "forms"}},
     {"cli", {"platform", "native", "qt", "model", "analysis", "files", "display", "ui"}},
 };
 

@@ -1,6 +1,6 @@
 #include "GridFixture.h"
-#include "PastedText.h"
 #include "modGridClipboard.h"
+#include "modPastedText.h"
 
 #include <algorithm>
 #include <stdexcept>

@@ -61,10 +61,15 @@ mode_t ModeUnder(OwnerKept kept, mode_t mode) {
 /// Holds the lock of a file as long as its descriptor is open.
 class NativeFileLock : public FileLock {
  public:
-  explicit NativeFileLock(const std::string& path) : File(path, O_RDWR | O_CREAT) {
-    while (flock(File.Number, LOCK_EX) != 0) {
+  explicit NativeFileLock(const std::string& path) : File(path, O_RDWR | O_CREAT) {}
+
+  /// how: LOCK_EX waits; with LOCK_NB it does not, and gives false where the lock is held.
+  bool Take(int how) {
+    while (flock(File.Number, how) != 0) {
+      if (errno == EWOULDBLOCK) return false;
       if (errno != EINTR) ThrowSystemError();
     }
+    return true;
   }
 
  private:
@@ -187,7 +192,22 @@ void NativeFileSystem::Remove(const std::string& path) {
 }
 
 std::unique_ptr<FileLock> NativeFileSystem::Lock(const std::string& path) {
-  return std::make_unique<NativeFileLock>(path);
+  auto lock = std::make_unique<NativeFileLock>(path);
+  lock->Take(LOCK_EX);
+  return lock;
+}
+
+std::unique_ptr<FileLock> NativeFileSystem::TryLock(const std::string& path) {
+  auto lock = std::make_unique<NativeFileLock>(path);
+  if (!lock->Take(LOCK_EX | LOCK_NB)) return nullptr;
+  return lock;
+}
+
+std::int64_t NativeFileSystem::ModifiedAt(const std::string& path) {
+  constexpr std::int64_t Second = 1'000'000'000;
+  struct stat status = {};
+  if (stat(path.c_str(), &status) != 0) ThrowSystemError();
+  return Second * status.st_mtim.tv_sec + status.st_mtim.tv_nsec;
 }
 
 bool NativeFileSystem::TakesFiles(const std::string& folder) {

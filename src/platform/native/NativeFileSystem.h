@@ -19,6 +19,8 @@ class NativeFileSystem : public FileSystem {
   void Replace(const std::string& from, const std::string& to) override;
   void Remove(const std::string& path) override;
   std::unique_ptr<FileLock> Lock(const std::string& path) override;
+  std::unique_ptr<FileLock> TryLock(const std::string& path) override;
+  std::int64_t ModifiedAt(const std::string& path) override;
   bool TakesFiles(const std::string& folder) override;
   void CreateFolder(const std::string& path) override;
 };

@@ -9,11 +9,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include <QFont>
-#include <QFontMetricsF>
 #include <QLineF>
-#include <QPainter>
-#include <QPainterPath>
 #include <QPen>
 #include <QRectF>
 #include <QString>
@@ -22,8 +18,6 @@ namespace strutwright {
 
 namespace {
 
-constexpr int TextSize = 13;         // pixels
-constexpr double HaloWidth = 3;      // pixels, half of it on either side of a letter's edge
 constexpr double ClipMargin = 16;    // pixels, more than any pen is wide
 constexpr double LargeRadius = 4096; // pixels
 constexpr int LargeCircleSides = 720;
@@ -57,34 +51,12 @@ QRectF ClipArea(const QSize& size) {
   return QRectF(QPointF(0, 0), QSizeF(size)).adjusted(-ClipMargin, -ClipMargin, ClipMargin, ClipMargin);
 }
 
-QFont TextFont() {
-  QFont font;
-  font.setPixelSize(TextSize);
-  return font;
-}
-
-/// Letters over a thin halo, or over a white box.
-void PaintText(QPainter& painter, const QPointF& corner, const QString& text, const QColor& colour, bool halo) {
-  const QFont font = TextFont();
-  const QFontMetricsF metrics(font);
-  const QPointF baseline = corner + QPointF(0, metrics.ascent());
-  if (halo) {
-    QPainterPath letters;
-    letters.addText(baseline, font, text);
-    painter.strokePath(letters, QPen(Qt::white, HaloWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-  } else {
-    painter.fillRect(QRectF(corner, QSizeF(metrics.horizontalAdvance(text), metrics.height())), Qt::white);
-  }
-  painter.setFont(font);
-  painter.setPen(colour);
-  painter.drawText(baseline, text);
-}
-
 } // namespace
 
 QtDrawingSurface::QtDrawingSurface(int width, int height, double ratio) { Resize(width, height, ratio); }
 
 void QtDrawingSurface::Resize(int width, int height, double ratio) {
+  ClosePainter();
   const QSize old = std::exchange(Size, QSize(std::max(width, 1), std::max(height, 1)));
   Ratio = ratio;
   const QSize device(qRound(Size.width() * ratio), qRound(Size.height() * ratio));
@@ -109,7 +81,13 @@ QPointF QtDrawingSurface::ToSurface(const QPointF& pixel) const {
   return {View.left + pixel.x() / Size.width() * View.width, View.top + pixel.y() / Size.height() * View.height};
 }
 
+const QImage& QtDrawingSurface::Image() const {
+  ClosePainter();
+  return Picture;
+}
+
 void QtDrawingSurface::Clear() {
+  ClosePainter();
   Strokes.clear();
   Picture.fill(Qt::white);
 }
@@ -125,22 +103,31 @@ void QtDrawingSurface::MoveTo(double x, double y) {
   Y = y;
 }
 
-/// What inverts is not antialiased, because half a pixel inverted twice would not be what it was.
 void QtDrawingSurface::Paint(Stroke stroke) {
-  QPainter painter(&Picture);
-  if (Mode == PenMode::Invert) {
-    painter.setCompositionMode(QPainter::RasterOp_NotDestination);
-    stroke(painter);
-    return;
-  }
-  painter.setRenderHint(QPainter::Antialiasing);
-  stroke(painter);
-  Strokes.push_back(std::move(stroke));
+  stroke(OpenPainter());
+  Keep(std::move(stroke));
+}
+
+void QtDrawingSurface::Keep(Stroke stroke) {
+  if (Mode != PenMode::Invert) Strokes.push_back(std::move(stroke));
+}
+
+/// What inverts is not antialiased, because half a pixel inverted twice would not be what it was.
+QPainter& QtDrawingSurface::OpenPainter() {
+  if (!Painter.isActive()) Painter.begin(&Picture);
+  const bool invert = Mode == PenMode::Invert;
+  Painter.setRenderHint(QPainter::Antialiasing, !invert);
+  Painter.setCompositionMode(invert ? QPainter::RasterOp_NotDestination : QPainter::CompositionMode_SourceOver);
+  return Painter;
+}
+
+void QtDrawingSurface::ClosePainter() const {
+  if (Painter.isActive()) Painter.end();
 }
 
 QPen QtDrawingSurface::Pen() const {
   QPen pen(PenColour, PenWidth, Style == LineStyle::Dashed ? Qt::DashLine : Qt::SolidLine);
-  pen.setCapStyle(Style == LineStyle::Dashed ? Qt::FlatCap : Qt::RoundCap);
+  pen.setCapStyle(Style == LineStyle::Dashed ? Qt::FlatCap : Qt::SquareCap);
   return pen;
 }
 
@@ -211,13 +198,16 @@ void QtDrawingSurface::DrawText(const std::string& text) {
   // Texts are short: one that starts farther out than the picture is wide can't reach into it.
   if (!IsPlace(corner) || corner.x() < -Size.width() || corner.x() > Size.width()) return;
   if (corner.y() < -Size.height() || corner.y() > Size.height()) return;
-  Paint([corner, letters, colour = TextColour, halo = TextAttribute](QPainter& painter) {
+  const Stroke stroke = [corner, letters, colour = TextColour, halo = TextAttribute](QPainter& painter) {
     PaintText(painter, corner, letters, colour, halo);
-  });
+  };
+  if (!TextAttribute || Mode == PenMode::Invert) return Paint(stroke);
+  Stamps.PaintText(OpenPainter(), corner, letters, TextColour, Ratio);
+  Keep(stroke);
 }
 
 void QtDrawingSurface::SavePicture(const std::string& path) {
-  WritePicture(path, Picture, Size, [this](QPainter& painter) {
+  WritePicture(path, Image(), Size, [this](QPainter& painter) {
     for (const Stroke& stroke : Strokes) {
       painter.save();
       stroke(painter);

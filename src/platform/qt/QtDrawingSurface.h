@@ -1,16 +1,17 @@
 #pragma once
 
 #include "DrawingSurface.h"
+#include "LetterStamps.h"
 
 #include <functional>
 #include <vector>
 
 #include <QColor>
 #include <QImage>
+#include <QPainter>
 #include <QPointF>
 #include <QSize>
 
-class QPainter;
 class QPen;
 
 namespace strutwright {
@@ -28,7 +29,7 @@ class QtDrawingSurface : public DrawingSurface {
   void Resize(int width, int height, double ratio = 1);
 
   /// The picture, in device pixels.
-  const QImage& Image() const { return Picture; }
+  const QImage& Image() const;
 
   /// Between logical pixels, from the upper left corner, and surface coordinates.
   QPointF ToPixel(double x, double y) const;
@@ -60,15 +61,20 @@ class QtDrawingSurface : public DrawingSurface {
   using Stroke = std::function<void(QPainter&)>;
 
   void Paint(Stroke stroke);
+  void Keep(Stroke stroke);
+  QPainter& OpenPainter();
+  void ClosePainter() const;
   QPen Pen() const;
   void DrawPixelLine(QPointF from, QPointF to);
   void DrawLargeCircle(const QPointF& centre, double radiusX, double radiusY);
   double Sharp(double pixel) const;
 
   QImage Picture;
+  mutable QPainter Painter; ///< on the picture from the first stroke until somebody looks at it
   QSize Size;
   double Ratio = 1;
   std::vector<Stroke> Strokes; ///< what was drawn since the picture was empty, without what was inverted
+  LetterStamps Stamps;
   ViewWindow View;
   int PenWidth = 1;
   QColor PenColour = Qt::black;

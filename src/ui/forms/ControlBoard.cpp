@@ -163,8 +163,7 @@ QWidget* ControlBoard::BuildSwitches() {
   auto* column = new QVBoxLayout(whole);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(Gap / 3);
-  for (QCheckBox* each :
-       {SupportsChk, loadsChk, gridChk, memberChk, nodeChk, ReactionsChk, MbrForcesChk, DSDchk}) {
+  for (QCheckBox* each : {SupportsChk, loadsChk, gridChk, memberChk, nodeChk, ReactionsChk, MbrForcesChk, DSDchk}) {
     column->addWidget(each);
   }
   return whole;

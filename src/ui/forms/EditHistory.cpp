@@ -21,7 +21,9 @@ class EditHistory::Step : public QUndoCommand {
        std::shared_ptr<const State> after)
       : QUndoCommand(what), History(history), Before(std::move(before)), After(std::move(after)) {}
 
-  void undo() override { Guard([this] { History.Restore(*Before); }); }
+  void undo() override {
+    Guard([this] { History.Restore(*Before); });
+  }
   void redo() override {
     if (std::exchange(Done, true)) Guard([this] { History.Restore(*After); });
   }

@@ -15,7 +15,8 @@ void Guard(const std::function<void()>& work);
 /// Connects a signal to a handler that runs inside the guard, as long as `context` lives.
 /// handler: takes the signal's arguments, or none.
 template <class Class, class... Args, class Handler>
-void OnSignal(const std::type_identity_t<Class>* sender, void (Class::*signal)(Args...), QObject* context, Handler handler) {
+void OnSignal(const std::type_identity_t<Class>* sender, void (Class::*signal)(Args...), QObject* context,
+              Handler handler) {
   QObject::connect(sender, signal, context, [handler = std::move(handler)](Args... args) {
     Guard([&] {
       if constexpr (std::is_invocable_v<const Handler&, Args...>) {

@@ -16,12 +16,14 @@ void frmGraph::BuildMenus() {
   AddViewMenu(build);
   QMenu& analysis = *build.AddMenu("mnuAnalysis", "&Analysis");
   build.AddAnalyse(analysis);
-  build.Add(analysis, "mnuAnimate", "A&nimate", {}, [this] { Frame.AnimateDSD(); },
-            "Lets the deflected shape grow and shrink");
+  build.Add(
+      analysis, "mnuAnimate", "A&nimate", {}, [this] { Frame.AnimateDSD(); },
+      "Lets the deflected shape grow and shrink");
   build.Add(analysis, "mnuResults", "&Results Report", {}, [this] { mnuResults_Click(); });
   QMenu& tools = *build.AddMenu("mnuTools", "&Tools");
-  build.Add(tools, "mnuGenerator", "&Bracefold", {}, [this] { mnuGenerator_Click(); },
-            "Starts the companion program that generates trusses");
+  build.Add(
+      tools, "mnuGenerator", "&Bracefold", {}, [this] { mnuGenerator_Click(); },
+      "Starts the companion program that generates trusses");
   build.Add(tools, "mnuOptions", "&Options...", {}, [] {})->setEnabled(false);
   build.AddHelpMenu();
   MenuList = build.Menus();
@@ -38,7 +40,8 @@ void frmGraph::AddEditMenu(MenuBuilder& build) {
 void frmGraph::AddDrawingMenu(MenuBuilder& build) {
   QMenu& drawing = *build.AddMenu("mnuDraw", "&Drawing");
   const auto add = [&](const QString& name, const QString& text, MouseMode mode, const QString& toolTip) {
-    build.Add(drawing, name, text, {}, [this, mode] { Choose(mode); }, toolTip);
+    build.Add(
+        drawing, name, text, {}, [this, mode] { Choose(mode); }, toolTip);
   };
   add("mnuDrawNodes", "Draw &Nodes", MouseMode::DrawNode, "A click adds a node at the nearest grid point");
   add("mnuDrawMembers", "Draw &Members", MouseMode::DrawMember, "Two clicks on nodes add a member");
@@ -51,15 +54,20 @@ void frmGraph::AddDrawingMenu(MenuBuilder& build) {
 
 void frmGraph::AddViewMenu(MenuBuilder& build) {
   QMenu& view = *build.AddMenu("mnuView", "&View");
-  build.Add(view, "mnuPan", "&Pan", {}, [this] { Choose(MouseMode::Pan); }, "Dragging moves the view");
-  build.Add(view, "mnuZW", "Zoom &Window", {}, [this] {
-    ArmZoom();
-    ShowMouseState();
-  }, "The next drag frames what to see");
+  build.Add(
+      view, "mnuPan", "&Pan", {}, [this] { Choose(MouseMode::Pan); }, "Dragging moves the view");
+  build.Add(
+      view, "mnuZW", "Zoom &Window", {},
+      [this] {
+        ArmZoom();
+        ShowMouseState();
+      },
+      "The next drag frames what to see");
   build.Add(view, "mnuZoomOut", "Zoom Out F3", {}, [this] { Frame.ZoomOut(); });
   build.Add(view, "mnuZoomExtents", "Zoom Extents F4", {}, [this] { Frame.Redraw(true); });
-  build.Add(view, "mnuRefresh", "&Refresh", Qt::CTRL | Qt::Key_R, [this] { Refresh(); },
-            "Takes the grids in and draws the truss again");
+  build.Add(
+      view, "mnuRefresh", "&Refresh", Qt::CTRL | Qt::Key_R, [this] { Refresh(); },
+      "Takes the grids in and draws the truss again");
   view.addSeparator();
   build.Add(view, "mnuEquations", "&Stiffness Equations", {}, [this] { Frame.ActivateEquations(); });
 }

@@ -29,8 +29,9 @@ InputBarrier::InputBarrier(const QWidget* exception) : Exception(exception) { qA
 
 InputBarrier::~InputBarrier() {
   qApp->removeEventFilter(this);
-  if (CloseLater) QMetaObject::invokeMethod(CloseLater, [window = CloseLater.data()] { window->close(); },
-                                            Qt::QueuedConnection);
+  if (CloseLater)
+    QMetaObject::invokeMethod(
+        CloseLater, [window = CloseLater.data()] { window->close(); }, Qt::QueuedConnection);
 }
 
 bool InputBarrier::eventFilter(QObject* watched, QEvent* event) {

@@ -5,10 +5,21 @@
 #include "modExamples.h"
 #include "modFileCommands.h"
 #include "modPlaces.h"
+#include "modRecovery.h"
 
 #include <utility>
 
 namespace strutwright {
+
+namespace {
+
+/// The desktop's own keys for a command, or the common ones where it has none: a plain X desktop knows no Save As.
+QKeySequence Keys(QKeySequence::StandardKey command, QKeyCombination common) {
+  const QList<QKeySequence> own = QKeySequence::keyBindings(command);
+  return own.isEmpty() ? QKeySequence(common) : own.first();
+}
+
+} // namespace
 
 QMenu* MenuBuilder::AddMenu(const QString& name, const QString& title) {
   MenuList << NewMenu(name, title);
@@ -42,14 +53,17 @@ QAction* MenuBuilder::Add(QMenu& menu, const QString& name, const QString& text,
 
 void MenuBuilder::AddFileMenu() {
   QMenu& file = *AddMenu("mnuFile", "&File");
-  Add(file, "mnuNew", "&New", QKeySequence::New, [&frame = Frame] { frame.Edit("New", NewFromMenu); },
+  Add(
+      file, "mnuNew", "&New", QKeySequence::New, [&frame = Frame] { frame.Edit("New", NewFromMenu); },
       "Begins with an empty model");
   Add(file, "mnuOpen", "&Open...", QKeySequence::Open, [&frame = Frame] { frame.Edit("Open", OpenFromMenu); });
   AddExamples(file);
+  AddRestore(file);
   Add(file, "mnuSave", "&Save", QKeySequence::Save, SaveFromMenu);
-  Add(file, "mnuSaveAs", "Save &As...", QKeySequence::SaveAs, SaveAsFromMenu);
+  Add(file, "mnuSaveAs", "Save &As...", Keys(QKeySequence::SaveAs, Qt::CTRL | Qt::SHIFT | Qt::Key_S), SaveAsFromMenu);
   file.addSeparator()->setObjectName("mnuBar4");
-  Add(file, "mnuExit", "E&xit", QKeySequence::Quit, [&frame = Frame] { frame.EndProgram(); });
+  Add(file, "mnuExit", "E&xit", Keys(QKeySequence::Quit, Qt::CTRL | Qt::Key_Q),
+      [&frame = Frame] { frame.EndProgram(); });
 }
 
 /// Lists the examples when the menu is opened: looking for them would only delay the start.
@@ -59,10 +73,21 @@ void MenuBuilder::AddExamples(QMenu& menu) {
     if (!examples->isEmpty()) return;
     for (const std::string& path : ExampleModels()) {
       this_.Add(*examples, "mnuExample_" + QString::number(examples->actions().size() + 1),
-                QString::fromStdString(LastComponent(path)), {}, [path, &frame = this_.Frame] { frame.Edit("Open", [&] { OpenExample(path); }); });
+                QString::fromStdString(LastComponent(path)), {},
+                [path, &frame = this_.Frame] { frame.Edit("Open", [&] { OpenExample(path); }); });
     }
     examples->setEnabled(!examples->isEmpty());
   });
+}
+
+/// The entry is enabled as things are when the menu is opened: another copy of the program may have taken the model.
+void MenuBuilder::AddRestore(QMenu& menu) {
+  QAction* restore = Add(
+      menu, "mnuRestore", "&Restore Unsaved Model", {},
+      [&frame = Frame] { frame.Edit("Restore", RestoreUnsavedModel); },
+      "Brings back what was not saved when the program last ended");
+  restore->setEnabled(HasUnsavedModel());
+  QObject::connect(&menu, &QMenu::aboutToShow, restore, [restore] { restore->setEnabled(HasUnsavedModel()); });
 }
 
 void MenuBuilder::AddAnalyse(QMenu& menu) {

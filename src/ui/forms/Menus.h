@@ -36,6 +36,7 @@ class MenuBuilder {
  private:
   QMenu* NewMenu(const QString& name, const QString& title);
   void AddExamples(QMenu& menu);
+  void AddRestore(QMenu& menu);
 
   QWidget& Owner;
   frmMain& Frame;

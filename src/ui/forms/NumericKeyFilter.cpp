@@ -3,6 +3,7 @@
 #include "modModelEditing.h"
 
 #include <QKeyEvent>
+#include <QLineEdit>
 
 namespace strutwright {
 
@@ -27,6 +28,14 @@ bool NumericKeyFilter::eventFilter(QObject* watched, QEvent* event) {
   if (key < FirstPrintable) return false;
   FilterNumericKey(key, AllowMinus);
   return key == 0;
+}
+
+void FilterNumericBoxes(const QWidget& form) {
+  for (const NumericBox& each : NumericBoxes) {
+    const QString name = QString::fromUtf8(each.name.data(), static_cast<qsizetype>(each.name.size()));
+    // The filter belongs to its box.
+    if (auto* box = form.findChild<QLineEdit*>(name)) new NumericKeyFilter(*box, each.allowMinus);
+  }
 }
 
 } // namespace strutwright

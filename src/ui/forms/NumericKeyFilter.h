@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QWidget>
 
 namespace strutwright {
 
@@ -16,5 +17,8 @@ class NumericKeyFilter : public QObject {
  private:
   bool AllowMinus;
 };
+
+/// Gives every numeric text box of a form its filter.
+void FilterNumericBoxes(const QWidget& form);
 
 } // namespace strutwright

@@ -1,7 +1,7 @@
 #include "frmGraph.h"
 
-#include "EventGuard.h"
 #include "DisplayState.h"
+#include "EventGuard.h"
 #include "MainStatusBar.h"
 #include "Platform.h"
 #include "frmMain.h"
@@ -119,8 +119,7 @@ void frmGraph::Do(const MouseVerdict& verdict) {
     return ShowMessage(MessageIcon::Information, MemberNotFoundText(verdict.x, verdict.y));
   case MouseAction::DeleteNode: return Frame.Edit("Delete Node", [number] { DeleteNode(number, true); });
   case MouseAction::DeleteMember: return Frame.Edit("Delete Member", [number] { DeleteMember(number, true); });
-  case MouseAction::AddNode:
-    return Frame.Edit("Draw Node", [&] { Frame.DrawNode(verdict.x, verdict.y); });
+  case MouseAction::AddNode: return Frame.Edit("Draw Node", [&] { Frame.DrawNode(verdict.x, verdict.y); });
   case MouseAction::AddMember: return DrawMemberBetween(number, verdict.endNode);
   }
 }

@@ -93,6 +93,7 @@ void frmMain::MDIForm_Load() {
   SetViewWindow(*DisplaySurface, -1.0F, 10.0F, 0.0F, 3.0F);
   RefreshStatusTexts();
   Redraw(false);
+  RecoveryKeeper::TellWhatWasLeft();
 }
 
 void frmMain::initGrids() { strutwright::initGrids(); }
@@ -116,6 +117,7 @@ void frmMain::Run(const std::function<void()>& command) {
     CommitPendingEdit();
     command();
   });
+  Recovery.NoteChange();
 }
 
 void frmMain::CommitPendingEdit() { CBpic->grTxtBox->Commit(); }
@@ -269,6 +271,8 @@ void frmMain::SavePlace() {
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
+  Guard([this] { CommitPendingEdit(); });
+  Recovery.KeepNow();
   try {
     SavePlace();
   } catch (const FileError&) {

@@ -2,6 +2,7 @@
 
 #include "EditHistory.h"
 #include "Host.h"
+#include "RecoveryKeeper.h"
 #include "modGridClipboard.h"
 #include "modModelStore.h"
 
@@ -145,6 +146,7 @@ class frmMain : public QMainWindow, public Host {
   QMenu* mnuGrid = nullptr;
   Grid* menuGrid = &GrJoints; ///< the grid that the grid menu's commands work on: the visible one
   EditHistory History{*this};
+  RecoveryKeeper Recovery{*this, History.Steps()};
   QTimer Timer1;
   bool reactionsGuard = false; ///< the next click of the box is the program's own
   bool forcesGuard = false;

@@ -151,11 +151,7 @@ void frmMain::ConnectPanels() {
   };
   connectList(board.nodeLoadBtn, "Node Load", board.nodesTxt, GrJoints, board.xnlTxt, board.ynlTxt, NodeForceX);
   connectList(board.EABtn, "Member Properties", board.memTxt, GrMembers, board.eTxt, board.aTxt, MemberE);
-  for (QLineEdit* box : {board.eTxt, board.aTxt, board.nLineNoTxt}) new NumericKeyFilter(*box, false);
-  for (QLineEdit* box : {board.xnlTxt, board.ynlTxt, board.nLineX1Txt, board.nLineY1Txt, board.nLineX2Txt,
-                         board.nLineY2Txt}) {
-    new NumericKeyFilter(*box, true);
-  }
+  FilterNumericBoxes(board);
 }
 
 void frmMain::BuildGridMenu() {

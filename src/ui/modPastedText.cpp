@@ -1,4 +1,4 @@
-#include "PastedText.h"
+#include "modPastedText.h"
 
 #include <cstddef>
 #include <optional>

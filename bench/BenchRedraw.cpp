@@ -1,0 +1,93 @@
+// How long a redraw of a large model with every layer takes on the surface that the truss display shows.
+
+#include "AnalysisState.h"
+#include "DisplayState.h"
+#include "MessageBoxes.h"
+#include "ModelBuilder.h"
+#include "Platform.h"
+#include "QtDrawingSurface.h"
+#include "WindowlessHost.h"
+#include "modModelStore.h"
+#include "modRedraw.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <stdexcept>
+
+#include <QGuiApplication>
+
+#include <benchmark/benchmark.h>
+
+namespace strutwright {
+namespace {
+
+constexpr int Columns = 100;
+constexpr int Rows = 50;
+
+/// Ticks every layer and shows no box: what is drawn here is sound.
+class Desktop : public MessageBoxes, public WindowlessHost {
+ public:
+  void Show(const Message& message) override { throw std::runtime_error(message.text); }
+  bool Ask(const Message& question) override { throw std::runtime_error(question.text); }
+  ModelLayers Layers() override {
+    return {.supports = true, .loads = true, .grid = true, .memberNumbers = true, .nodeNumbers = true};
+  }
+};
+
+/// 5000 nodes on a lattice a metre wide, each with a load, and 10000 members between neighbours; supports below.
+ModelData Lattice() {
+  ModelData model;
+  const auto node = [](int column, int row) { return static_cast<float>(row * Columns + column + 1); };
+  for (int row = 0; row < Rows; ++row) {
+    for (int column = 0; column < Columns; ++column) {
+      model.nodes.push_back({.x = static_cast<float>(column),
+                             .y = static_cast<float>(row),
+                             .forceX = 0,
+                             .forceY = -5,
+                             .support = row == 0 ? 3.0F : 0.0F});
+      const int right = (column + 1) % Columns;
+      const int up = (row + 1) % Rows;
+      model.members.push_back({.i = node(column, row), .j = node(right, row)});
+      model.members.push_back({.i = node(column, row), .j = node(column, up)});
+    }
+  }
+  return model;
+}
+
+/// Results of the size of real ones: their values decide only where things are drawn.
+void MakeUpResults() {
+  DofCount = static_cast<std::int16_t>(2 * NodeCount);
+  const auto size = static_cast<std::size_t>(DofCount) + 1;
+  Displacements.assign(size, 1.5F);
+  Reactions.assign(size, 12.5F);
+  for (int m = 1; m <= MemberCount; ++m) MemberTable(m, MemberFieldForce) = m % 2 == 0 ? 7.5F : -7.5F;
+  AnalysisDone = FlagTrue;
+  ShowReactions = ShowMemberForces = ShowDeflectedShape = true;
+}
+
+void Redraw(benchmark::State& state) {
+  static Desktop desktop;
+  ThePlatform() = {.messages = &desktop, .host = &desktop};
+  SetTables(Lattice());
+  MakeUpResults();
+  QtDrawingSurface surface(1280, 800);
+  DisplaySurface = &surface;
+  for ([[maybe_unused]] auto step : state) {
+    RedrawDisplay(&surface, true);
+    benchmark::DoNotOptimize(surface.Image().constBits());
+  }
+  DisplaySurface = nullptr;
+}
+
+BENCHMARK(Redraw)->Unit(benchmark::kMillisecond);
+
+} // namespace
+} // namespace strutwright
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QGuiApplication application(argc, argv);
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}

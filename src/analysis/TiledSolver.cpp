@@ -1,0 +1,335 @@
+#include "TiledSolver.h"
+
+#include "NegativeZeros.h"
+#include "modSolver.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+
+namespace strutwright {
+
+namespace {
+
+constexpr std::uint32_t InfinityBits = 0x7F800000U;
+constexpr std::uint32_t NegativeZeroBits = 0x80000000U;
+
+bool IsNegativeZero(float x) { return std::bit_cast<std::uint32_t>(x) == NegativeZeroBits; }
+
+/// One tile column of a panel's pivot rows, as elimination leaves it.
+struct PivotRows {
+  alignas(64) std::array<double, std::size_t{PanelWidth} * TileColumns> entries{};
+  std::array<bool, PanelWidth / TileRows> isClear{}; ///< a group of rows holds +0 only
+  std::uint64_t bits = 0;                            ///< bit j set where row j holds something other than zero
+  bool minus = false;                                ///< an entry, or a zero, has a minus sign
+  bool finite = true;
+
+  double* Row(std::ptrdiff_t j) { return entries.data() + TileColumns * j; }
+  const double* Row(std::ptrdiff_t j) const { return entries.data() + TileColumns * j; }
+
+  void Clear(int group) {
+    if (isClear[static_cast<std::size_t>(group)]) return;
+    std::fill_n(Row(std::ptrdiff_t{TileRows} * group), TileSize, 0.0);
+    isClear[static_cast<std::size_t>(group)] = true;
+  }
+};
+
+/// A tile, or nothing where none is stored yet, of the panel's group `index`.
+struct Touched {
+  float* tile;
+  std::size_t index;
+};
+
+constexpr std::size_t FetchAhead = 4;
+
+/// Has a tile brought from memory while something else is done.
+void Fetch(const float* tile) {
+  for (int r = 0; tile != nullptr && r < TileRows; ++r) __builtin_prefetch(TileRow(tile, r));
+}
+
+class Elimination {
+ public:
+  Elimination(TiledMatrix& equations, const Kernel& inner, LongWork& told)
+      : K(equations), kernel(inner), work(told), negativeZeros(equations) {}
+
+  Solution Run() {
+    for (int first = 0; first < K.Freedoms(); first += PanelWidth) {
+      const Solution verdict = EliminatePanel(first);
+      if (verdict != Solution::Found) return verdict;
+    }
+    return Solution::Found;
+  }
+
+ private:
+  Solution EliminatePanel(int first);
+  void FollowExchanges();
+  void NoteGroups();
+  Solution UpdateColumnsRight();
+  bool UpdateColumn(int column);
+  bool FinishPivotRows(int column);
+  void FinishPivotRow(float* row, int j);
+  void KeepPivotRow(float* row, int j);
+  void UpdateTilesBelow(int column);
+  void UpdateTile(int column, const Touched& each);
+  void UpdateUntouchedZeros(int column, int group);
+  bool MayLoseSigns(int index) const;
+  bool GiveZerosTheirSigns(float* tile, int index) const;
+
+  int ColumnAfter() const { return (panel.First() + PanelWidth) / TileColumns; }
+
+  alignas(64) std::array<float, TileSize> fresh{}; ///< a tile that is not stored yet
+  PivotRows pivotRows;
+  TiledMatrix& K;
+  const Kernel& kernel;
+  LongWork& work;
+  NegativeZeros negativeZeros;
+  Panel panel;
+  std::vector<std::uint64_t> columnsAtWork; ///< tile columns where the panel's pivot rows hold something
+  std::vector<Touched> touched;
+  std::vector<int> indexOf; ///< of a group among the panel's groups, -1 for none
+};
+
+Solution Elimination::EliminatePanel(int first) {
+  work.Done(ShareOfElimination(first, K.Freedoms()));
+  panel.Load(K, first);
+  Solution verdict = panel.Eliminate(kernel);
+  if (verdict != Solution::Found) return verdict;
+  for (int column = first / TileColumns; column < ColumnAfter(); ++column) negativeZeros.Take(column);
+  FollowExchanges();
+  NoteGroups();
+  verdict = UpdateColumnsRight();
+  if (verdict != Solution::Found) return verdict;
+  panel.Store(K);
+  return Solution::Found;
+}
+
+void Elimination::FollowExchanges() {
+  for (const Panel::Exchange& each : panel.Exchanges()) {
+    const int upper = each.one / TileRows;
+    const int lower = each.other / TileRows;
+    K.ExchangeRows(each.one, each.other, ColumnAfter(), [=, this](int column) {
+      if (!negativeZeros.IsNoted(upper, column) && !negativeZeros.IsNoted(lower, column)) return;
+      negativeZeros.Note(upper, column);
+      negativeZeros.Note(lower, column);
+    });
+  }
+}
+
+/// Notes where the panel's groups are, and where its pivot rows hold something.
+void Elimination::NoteGroups() {
+  indexOf.assign(static_cast<std::size_t>(K.Groups()), -1);
+  columnsAtWork.assign(static_cast<std::size_t>(K.Words()), 0);
+  const std::vector<int>& groups = panel.Groups();
+  for (int index = 0; index < static_cast<int>(groups.size()); ++index) {
+    const int group = groups[static_cast<std::size_t>(index)];
+    indexOf[static_cast<std::size_t>(group)] = index;
+    if (index >= panel.OwnGroups()) continue;
+    for (int word = 0; word < K.Words(); ++word) columnsAtWork[static_cast<std::size_t>(word)] |= K.Stored(word, group);
+  }
+}
+
+Solution Elimination::UpdateColumnsRight() {
+  for (int word = ColumnAfter() / 64; word < K.Words(); ++word) {
+    std::uint64_t columns = columnsAtWork[static_cast<std::size_t>(word)] | negativeZeros.Columns(word);
+    if (word == ColumnAfter() / 64) columns &= ~std::uint64_t{0} << (ColumnAfter() % 64);
+    for (; columns != 0; columns &= columns - 1) {
+      if (!UpdateColumn(64 * word + std::countr_zero(columns))) return Solution::NotFinite;
+    }
+  }
+  return Solution::Found;
+}
+
+/// False when something is not finite.
+bool Elimination::UpdateColumn(int column) {
+  work.Done(ShareOfElimination(panel.First(), K.Freedoms()));
+  if (!FinishPivotRows(column)) return false;
+  const std::vector<int> withNegativeZeros = negativeZeros.Take(column);
+  UpdateTilesBelow(column);
+  for (const int group : withNegativeZeros) UpdateUntouchedZeros(column, group);
+  return true;
+}
+
+/// Updates the pivot rows by each other in order; false when something is not finite.
+bool Elimination::FinishPivotRows(int column) {
+  pivotRows.bits = 0;
+  pivotRows.minus = false;
+  pivotRows.finite = true;
+  for (int index = 0; index < panel.OwnGroups(); ++index) {
+    const int group = panel.Groups()[static_cast<std::size_t>(index)];
+    const std::uint64_t before = (std::uint64_t{1} << (TileRows * index)) - 1;
+    const std::uint64_t pivots = panel.FactorBits(static_cast<std::size_t>(index)) & pivotRows.bits & before;
+    float* tile = pivots != 0 ? K.Make(group, column) : K.Find(group, column);
+    if (tile == nullptr) {
+      pivotRows.Clear(index);
+      continue;
+    }
+    if (pivots != 0) kernel.UpdateTile(tile, panel.Factors(static_cast<std::size_t>(index)), pivotRows.Row(0), pivots);
+    pivotRows.isClear[static_cast<std::size_t>(index)] = false;
+    for (int r = 0; r < TileRows; ++r) FinishPivotRow(TileRow(tile, r), TileRows * index + r);
+  }
+  return pivotRows.finite;
+}
+
+/// Updates row j of the pivot rows by those before it in its own group; then it is as it stays.
+void Elimination::FinishPivotRow(float* row, int j) {
+  const auto group = static_cast<std::size_t>(j / TileRows);
+  const double* factors = panel.Factors(group) + j % TileRows;
+  const std::uint64_t pivots = panel.FactorBits(group) & pivotRows.bits;
+  for (std::ptrdiff_t before = j - j % TileRows; before < j; ++before) {
+    const double f = factors[TileRows * before];
+    if ((pivots >> before & 1U) == 0 || f == 0.0) continue;
+    const double* u = pivotRows.Row(before);
+    for (int c = 0; c < TileColumns; ++c) row[c] = static_cast<float>(static_cast<double>(row[c]) - u[c] * f);
+  }
+  KeepPivotRow(row, j);
+}
+
+void Elimination::KeepPivotRow(float* row, int j) {
+  double* entries = pivotRows.Row(j);
+  std::uint32_t some = 0;
+  std::uint32_t minus = 0;
+  for (int c = 0; c < TileColumns; ++c) {
+    if (IsNegativeZero(row[c]) && LosesMinusSign(panel.RowFactors(static_cast<std::size_t>(j / TileRows), j % TileRows),
+                                                 panel.FactorStep(), pivotRows.Row(0) + c, TileColumns, j)) {
+      row[c] = 0.0F;
+    }
+    entries[c] = static_cast<double>(row[c]);
+    const auto bits = std::bit_cast<std::uint32_t>(row[c]);
+    minus |= bits;
+    some |= bits & ~NegativeZeroBits;
+    pivotRows.finite &= (bits & InfinityBits) != InfinityBits;
+  }
+  pivotRows.bits |= std::uint64_t{some != 0 ? 1U : 0U} << j;
+  pivotRows.minus |= (minus & NegativeZeroBits) != 0;
+}
+
+void Elimination::UpdateTilesBelow(int column) {
+  // First all are looked up, so that the memory fetches them side by side, then they are updated.
+  touched.clear();
+  const auto own = static_cast<std::size_t>(panel.OwnGroups());
+  for (std::size_t word = own / 64; word < panel.GroupWords(); ++word) {
+    std::uint64_t groups = 0;
+    for (std::uint64_t pivots = pivotRows.bits; pivots != 0; pivots &= pivots - 1) {
+      groups |= panel.GroupBits(std::countr_zero(pivots))[word];
+    }
+    if (word == own / 64) groups &= ~std::uint64_t{0} << (own % 64);
+    for (; groups != 0; groups &= groups - 1) {
+      const std::size_t index = 64 * word + static_cast<std::size_t>(std::countr_zero(groups));
+      touched.push_back({K.Find(panel.Groups()[index], column), index});
+    }
+  }
+  for (std::size_t at = 0; at < touched.size(); ++at) {
+    if (at + FetchAhead < touched.size()) Fetch(touched[at + FetchAhead].tile);
+    UpdateTile(column, touched[at]);
+  }
+}
+
+void Elimination::UpdateTile(int column, const Touched& each) {
+  const int group = panel.Groups()[each.index];
+  float* tile = each.tile;
+  if (tile == nullptr) {
+    tile = fresh.data();
+    fresh.fill(0.0F);
+  }
+  const std::uint64_t pivots = panel.FactorBits(each.index) & pivotRows.bits;
+  const bool minusZeros = kernel.UpdateTile(tile, panel.Factors(each.index), pivotRows.Row(0), pivots) &&
+                          GiveZerosTheirSigns(tile, static_cast<int>(each.index));
+  if (minusZeros) negativeZeros.Note(group, column);
+  if (each.tile != nullptr) return;
+  // Products too small for a float may have left nothing.
+  if (!minusZeros && std::all_of(fresh.begin(), fresh.end(), [](float entry) { return entry == 0.0F; })) return;
+  std::copy(fresh.begin(), fresh.end(), K.Make(group, column));
+}
+
+/// What becomes of -0 in a tile where no product other than zero came.
+void Elimination::UpdateUntouchedZeros(int column, int group) {
+  const int index = indexOf[static_cast<std::size_t>(group)];
+  if (group < panel.First() / TileRows + panel.OwnGroups()) return;
+  if (index >= 0 && (panel.FactorBits(static_cast<std::size_t>(index)) & pivotRows.bits) != 0) return;
+  float* tile = K.Find(group, column);
+  if (tile == nullptr) return;
+  if (!MayLoseSigns(index) || GiveZerosTheirSigns(tile, index)) negativeZeros.Note(group, column);
+}
+
+/// False where every product is +0: nothing in the row, and no minus in the pivot rows.
+bool Elimination::MayLoseSigns(int index) const { return index >= 0 || panel.HasNegativePivot() || pivotRows.minus; }
+
+/// True when the tile then still holds a -0.  index: among the panel's groups, -1 for none.
+bool Elimination::GiveZerosTheirSigns(float* tile, int index) const {
+  bool left = false;
+  for (int at = 0; at < TileSize; ++at) {
+    if (!IsNegativeZero(tile[at])) continue;
+    const double* factors = panel.FactorsOfNothing();
+    if (index >= 0) factors = panel.RowFactors(static_cast<std::size_t>(index), at / TileColumns);
+    const bool loses = LosesMinusSign(factors, index < 0 ? 1 : panel.FactorStep(), pivotRows.Row(0) + at % TileColumns,
+                                      TileColumns, panel.PivotCount());
+    if (loses) tile[at] = 0.0F;
+    left |= !loses;
+  }
+  return left;
+}
+
+/// Sum of K(row, c) D(c) over c > row in ascending order, row counted from 0.  Where no tile is stored, the products
+/// are zero, and a sum that began with +0 is not changed by any zero.
+double SumRightOfDiagonal(const TiledMatrix& K, int row, const std::vector<double>& D) {
+  const int group = row / TileRows;
+  const int diagonal = row / TileColumns;
+  double sum = 0.0;
+  for (int word = diagonal / 64; word < K.Words(); ++word) {
+    std::uint64_t bits = K.Stored(word, group);
+    if (word == diagonal / 64) bits &= ~std::uint64_t{0} << (diagonal % 64);
+    for (; bits != 0; bits &= bits - 1) {
+      const int column = 64 * word + std::countr_zero(bits);
+      if (column == K.RightHandSide()) break;
+      const float* entries = TileRow(K.Find(group, column), row % TileRows);
+      const double* factors = &D[static_cast<std::size_t>(TileColumns * column)];
+      for (int c = column == diagonal ? row % TileColumns + 1 : 0; c < TileColumns; ++c) {
+        sum += static_cast<double>(entries[c]) * factors[c];
+      }
+    }
+  }
+  return sum;
+}
+
+/// Has the tiles of a group brought from memory while another one is worked on.
+void FetchGroup(const TiledMatrix& K, int group) {
+  for (int word = 0; word < K.Words(); ++word) {
+    for (std::uint64_t bits = K.Stored(word, group); bits != 0; bits &= bits - 1) {
+      Fetch(K.Find(group, 64 * word + std::countr_zero(bits)));
+    }
+  }
+}
+
+float EntryOf(const TiledMatrix& K, int row, int column, int c) {
+  const float* tile = K.Find(row / TileRows, column);
+  return tile == nullptr ? 0.0F : TileRow(tile, row % TileRows)[c];
+}
+
+// D(r) = (P(r) - sum of K(r, c) D(c) over c > r) / K(r, r).
+Solution BackSubstituteTiled(const TiledMatrix& K, std::vector<float>& D) {
+  std::vector<double> found(static_cast<std::size_t>(K.RightHandSide() * TileColumns), 0.0);
+  for (int row = K.Freedoms() - 1; row >= 0; --row) {
+    if (row % TileRows == TileRows - 1 && row > TileRows) FetchGroup(K, row / TileRows - 1);
+    const auto P = static_cast<double>(EntryOf(K, row, K.RightHandSide(), 0));
+    const auto diagonal = static_cast<double>(EntryOf(K, row, row / TileColumns, row % TileColumns));
+    const auto value = static_cast<float>((P - SumRightOfDiagonal(K, row, found)) / diagonal);
+    if (!std::isfinite(value)) return Solution::NotFinite;
+    found[static_cast<std::size_t>(row)] = static_cast<double>(value);
+  }
+  for (std::size_t i = 1; i < D.size(); ++i) D[i] = static_cast<float>(found[i - 1]);
+  return Solution::Found;
+}
+
+} // namespace
+
+Solution SolveTiled(TiledMatrix& K, std::vector<float>& D, const Kernel& kernel, LongWork& work) {
+  // On the heap, because not every system aligns what lies on the stack as the kernels need it.
+  const Solution verdict = std::make_unique<Elimination>(K, kernel, work)->Run();
+  return verdict == Solution::Found ? BackSubstituteTiled(K, D) : verdict;
+}
+
+} // namespace strutwright

@@ -1,0 +1,164 @@
+#include "VectorKernels.h"
+
+#include "TiledMatrix.h"
+
+#if defined(__x86_64__)
+
+#include <immintrin.h>
+
+// A function that uses more than the baseline instructions says so itself, so that nothing else in the program comes
+// to need them.  Fused multiply-add is never asked for: it would leave out a rounding.
+#define STRUTWRIGHT_AVX2 __attribute__((target("avx2")))
+#define STRUTWRIGHT_AVX512 __attribute__((target("avx512f")))
+
+namespace strutwright {
+
+namespace {
+
+constexpr int NegativeZero = static_cast<int>(0x80000000U);
+
+// Each routine does what its namesake in Kernel.cpp does, so many entries at a time.
+
+namespace sse2 {
+
+/// Four entries, less what the two halves of a row say.
+__m128 Updated(__m128 x, __m128d f, __m128d u0, __m128d u1) {
+  const __m128d low = _mm_sub_pd(_mm_cvtps_pd(x), _mm_mul_pd(u0, f));
+  const __m128d high = _mm_sub_pd(_mm_cvtps_pd(_mm_movehl_ps(x, x)), _mm_mul_pd(u1, f));
+  return _mm_movelh_ps(_mm_cvtpd_ps(low), _mm_cvtpd_ps(high));
+}
+
+bool HasNegativeZero(const float* tile) {
+  __m128i found = _mm_setzero_si128();
+  for (int at = 0; at < TileSize; at += 4) {
+    const __m128i entries = _mm_castps_si128(_mm_load_ps(tile + at));
+    found = _mm_or_si128(found, _mm_cmpeq_epi32(entries, _mm_set1_epi32(NegativeZero)));
+  }
+  return _mm_movemask_epi8(found) != 0;
+}
+
+bool UpdateTile(float* tile, const double* factors, const double* pivotRows, std::uint64_t pivots) {
+  for (; pivots != 0; pivots &= pivots - 1) {
+    const std::ptrdiff_t j = __builtin_ctzll(pivots);
+    const double* u = pivotRows + TileColumns * j;
+    for (int q = 0; q < TileColumns; q += 4) {
+      const __m128d u0 = _mm_load_pd(u + q);
+      const __m128d u1 = _mm_load_pd(u + q + 2);
+      for (std::ptrdiff_t r = 0; r < TileRows; ++r) {
+        float* x = tile + TileColumns * r + q;
+        _mm_store_ps(x, Updated(_mm_load_ps(x), _mm_set1_pd(factors[TileRows * j + r]), u0, u1));
+      }
+    }
+  }
+  return HasNegativeZero(tile);
+}
+
+void UpdateColumn(float* column, const double* factors, double pivotRowEntry, std::size_t count) {
+  const __m128d u = _mm_set1_pd(pivotRowEntry);
+  std::size_t i = 0;
+  for (; i + 2 <= count; i += 2) {
+    auto* pair = reinterpret_cast<__m128i*>(column + i);
+    const __m128d x = _mm_cvtps_pd(_mm_castsi128_ps(_mm_loadl_epi64(pair)));
+    const __m128d updated = _mm_sub_pd(x, _mm_mul_pd(u, _mm_loadu_pd(factors + i)));
+    _mm_storel_epi64(pair, _mm_castps_si128(_mm_cvtpd_ps(updated)));
+  }
+  for (; i < count; ++i) column[i] = static_cast<float>(static_cast<double>(column[i]) - pivotRowEntry * factors[i]);
+}
+
+} // namespace sse2
+
+namespace avx2 {
+
+STRUTWRIGHT_AVX2 inline __m128 Updated(__m128 x, __m256d f, __m256d u) {
+  return _mm256_cvtpd_ps(_mm256_sub_pd(_mm256_cvtps_pd(x), _mm256_mul_pd(u, f)));
+}
+
+STRUTWRIGHT_AVX2 bool UpdateTile(float* tile, const double* factors, const double* pivotRows, std::uint64_t pivots) {
+  for (; pivots != 0; pivots &= pivots - 1) {
+    const std::ptrdiff_t j = __builtin_ctzll(pivots);
+    const double* u = pivotRows + TileColumns * j;
+    for (int q = 0; q < TileColumns; q += 4) {
+      const __m256d uq = _mm256_load_pd(u + q);
+      for (std::ptrdiff_t r = 0; r < TileRows; ++r) {
+        float* x = tile + TileColumns * r + q;
+        _mm_store_ps(x, Updated(_mm_load_ps(x), _mm256_broadcast_sd(factors + TileRows * j + r), uq));
+      }
+    }
+  }
+  return sse2::HasNegativeZero(tile);
+}
+
+STRUTWRIGHT_AVX2 void UpdateColumn(float* column, const double* factors, double pivotRowEntry, std::size_t count) {
+  const __m256d u = _mm256_set1_pd(pivotRowEntry);
+  std::size_t i = 0;
+  for (; i + 4 <= count; i += 4) {
+    _mm_storeu_ps(column + i, Updated(_mm_loadu_ps(column + i), _mm256_loadu_pd(factors + i), u));
+  }
+  sse2::UpdateColumn(column + i, factors + i, pivotRowEntry, count - i);
+}
+
+} // namespace avx2
+
+namespace avx512 {
+
+STRUTWRIGHT_AVX512 inline __m256 Updated(__m256 x, __m512d f, __m512d u) {
+  return _mm512_cvtpd_ps(_mm512_sub_pd(_mm512_cvtps_pd(x), _mm512_mul_pd(u, f)));
+}
+
+// The whole tile fits into the registers.
+STRUTWRIGHT_AVX512 bool UpdateTile(float* tile, const double* factors, const double* pivotRows, std::uint64_t pivots) {
+  __m256 left[TileRows];
+  __m256 right[TileRows];
+  for (std::ptrdiff_t r = 0; r < TileRows; ++r) {
+    left[r] = _mm256_load_ps(tile + TileColumns * r);
+    right[r] = _mm256_load_ps(tile + TileColumns * r + 8);
+  }
+  for (; pivots != 0; pivots &= pivots - 1) {
+    const std::ptrdiff_t j = __builtin_ctzll(pivots);
+    const __m512d u0 = _mm512_load_pd(pivotRows + TileColumns * j);
+    const __m512d u1 = _mm512_load_pd(pivotRows + TileColumns * j + 8);
+    for (std::ptrdiff_t r = 0; r < TileRows; ++r) {
+      const __m512d f = _mm512_set1_pd(factors[TileRows * j + r]);
+      left[r] = Updated(left[r], f, u0);
+      right[r] = Updated(right[r], f, u1);
+    }
+  }
+  for (std::ptrdiff_t r = 0; r < TileRows; ++r) {
+    _mm256_store_ps(tile + TileColumns * r, left[r]);
+    _mm256_store_ps(tile + TileColumns * r + 8, right[r]);
+  }
+  return sse2::HasNegativeZero(tile);
+}
+
+STRUTWRIGHT_AVX512 void UpdateColumn(float* column, const double* factors, double pivotRowEntry, std::size_t count) {
+  const __m512d u = _mm512_set1_pd(pivotRowEntry);
+  std::size_t i = 0;
+  for (; i + 8 <= count; i += 8) {
+    _mm256_storeu_ps(column + i, Updated(_mm256_loadu_ps(column + i), _mm512_loadu_pd(factors + i), u));
+  }
+  sse2::UpdateColumn(column + i, factors + i, pivotRowEntry, count - i);
+}
+
+} // namespace avx512
+
+} // namespace
+
+std::vector<Kernel> VectorKernels() {
+  std::vector<Kernel> kernels;
+  if (__builtin_cpu_supports("avx512f")) kernels.push_back({"AVX-512", avx512::UpdateTile, avx512::UpdateColumn});
+  if (__builtin_cpu_supports("avx2")) kernels.push_back({"AVX2", avx2::UpdateTile, avx2::UpdateColumn});
+  kernels.push_back({"SSE2", sse2::UpdateTile, sse2::UpdateColumn});
+  return kernels;
+}
+
+} // namespace strutwright
+
+#else
+
+namespace strutwright {
+
+std::vector<Kernel> VectorKernels() { return {}; }
+
+} // namespace strutwright
+
+#endif

@@ -1,0 +1,269 @@
+// The analysis skips what is zero and works in another order than it is written down; not one bit may come of that.
+// Here it is compared with the literal routines, by every kernel that the processor can run.
+
+#include "AnalysisFixture.h"
+#include "Kernel.h"
+#include "LargeModels.h"
+#include "LongWork.h"
+#include "Platform.h"
+#include "TiledSolver.h"
+#include "modAnalysis.h"
+#include "modMember.h"
+#include "modSolver.h"
+
+#include <algorithm>
+#include <bit>
+#include <chrono>
+#include <cmath>
+#include <cstdint>
+#include <random>
+#include <span>
+#include <string>
+
+#include <gtest/gtest.h>
+
+namespace strutwright {
+namespace {
+
+std::vector<std::uint32_t> BitsOf(std::span<const float> values) {
+  std::vector<std::uint32_t> bits;
+  for (const float value : values) bits.push_back(std::bit_cast<std::uint32_t>(value));
+  return bits;
+}
+
+/// What an analysis leaves behind, as bits.
+struct Results {
+  bool ok = false;
+  std::vector<std::uint32_t> displacements;
+  std::vector<std::uint32_t> reactions;
+  std::vector<std::uint32_t> members;
+
+  bool operator==(const Results&) const = default;
+};
+
+Results CurrentResults(std::int16_t ok) {
+  return {ok != FlagFalse, BitsOf(Displacements), BitsOf(Reactions), BitsOf(MemberTable.InOrder())};
+}
+
+/// Node after node, for each of them member after member.
+void ComputeReactionsLiterally() {
+  for (int i = 1; i <= NodeCount; ++i) {
+    for (int m = 1; NodeTable(i, NodeSupport) != 0.0F && m <= MemberCount; ++m) {
+      double sign = 0;
+      if (MemberTable(m, MemberNodeI) == static_cast<float>(i)) sign = -1;
+      if (MemberTable(m, MemberNodeJ) == static_cast<float>(i)) sign = 1;
+      if (sign == 0) continue;
+      const double outer = static_cast<double>(MemberTable(m, MemberFieldForce)) - MemberTable(m, MemberPS);
+      const auto add = [=](float& R, float direction) { R = static_cast<float>(R + outer * sign * direction); };
+      add(Reactions[YFreedom(i)], MemberTable(m, MemberFieldSin));
+      add(Reactions[XFreedom(i)], MemberTable(m, MemberFieldCos));
+    }
+  }
+}
+
+class SameBitsTest : public AnalysisFixture {
+ protected:
+  void TearDown() override { TakeMessages(); }
+
+  /// The analysis as it is written down, on the whole matrix.
+  static Results AnalyseLiterally(const ModelData& model) {
+    std::int16_t ok = FlagTrue;
+    SetTables(model);
+    DofCount = static_cast<std::int16_t>(2 * NodeCount);
+    AllocateAnalysisArrays();
+    AssembleGlobalStiffness(GlobalStiffness);
+    BuildLoadVector(LoadVector);
+    ApplySupports(GlobalStiffness, LoadVector, Reactions, FixedDof);
+    SolveEquations(GlobalStiffness, Displacements, LoadVector, DofCount, ok);
+    if (ok != FlagFalse) {
+      for (int m = 1; m <= MemberCount; ++m) ComputeMemberForce(m);
+      ComputeReactionsLiterally();
+    }
+    return CurrentResults(ok);
+  }
+
+  static Results Analyse(const ModelData& model) {
+    std::int16_t ok = FlagTrue;
+    SetTables(model);
+    AnalyseTruss(ok);
+    return CurrentResults(ok);
+  }
+
+  /// The displacements by one kernel; ok comes from what the solver says.
+  static Results Solve(const ModelData& model, const Kernel& kernel) {
+    SetTables(model);
+    DofCount = static_cast<std::int16_t>(2 * NodeCount);
+    AllocateAnalysisArrays();
+    TiledMatrix K(DofCount);
+    AssembleGlobalStiffness(K);
+    BuildLoadVector(LoadVector);
+    ApplySupports(K, LoadVector, Reactions, FixedDof);
+    for (int i = 1; i <= DofCount; ++i) K(i, DofCount + 1) = LoadVector[static_cast<std::size_t>(i)];
+    LongWork work("Solving");
+    const Solution verdict = SolveTiled(K, Displacements, kernel, work);
+    EXPECT_NE(verdict, Solution::NotFinite);
+    return CurrentResults(verdict == Solution::Found ? FlagTrue : FlagFalse);
+  }
+
+  /// True when all ways give the same; a failure names the model by `name`.
+  static Results ExpectSameBits(const ModelData& model, const std::string& name) {
+    const Results literal = AnalyseLiterally(model);
+    EXPECT_TRUE(Analyse(model) == literal) << name;
+    for (const Kernel& kernel : Kernels()) {
+      const Results solved = Solve(model, kernel);
+      EXPECT_EQ(solved.ok, literal.ok) << name << ", " << kernel.name;
+      EXPECT_TRUE(solved.displacements == literal.displacements) << name << ", " << kernel.name;
+    }
+    return literal;
+  }
+};
+
+TEST_F(SameBitsTest, TryEveryKernelThatThereIs) {
+  EXPECT_STREQ(Kernels().back().name, "plain");
+#if defined(__x86_64__)
+  EXPECT_GE(Kernels().size(), 2U);
+#endif
+}
+
+constexpr std::uint32_t FirstSeed = 90210;
+constexpr int Batches = 20;
+constexpr int BatchSize = 50;
+
+class RandomSameBitsTest : public SameBitsTest, public testing::WithParamInterface<int> {};
+
+float Between(double least, double most, std::mt19937& random) {
+  return static_cast<float>(least + (most - least) * (static_cast<double>(random()) / 4294967296.0));
+}
+
+/// A strip of triangles of any shape with areas over five decades, now and then with members doubled or taken away,
+/// loads in a few places only, or without supports; in any of three numberings.
+ModelData RandomModel(std::mt19937& random) {
+  const int nodes = 3 + Below(118, random);
+  ModelData model = WarrenGirder(nodes, 1 + Below(12, random));
+  const int loaded = 1 + Below(nodes, random);
+  for (NodeData& node : model.nodes) {
+    node.x += Between(-0.4, 0.4, random);
+    node.y += Between(-0.4, 0.4, random);
+    node.forceX = Below(nodes, random) < loaded ? Between(-50, 50, random) : 0.0F;
+    node.forceY = Below(nodes, random) < loaded ? Between(-50, 50, random) : 0.0F;
+    if (Below(40, random) == 0) node.support = static_cast<float>(Below(4, random));
+  }
+  for (MemberData& member : model.members) {
+    member.A = std::pow(10.0F, Between(0, 5, random));
+    member.PS = Below(10, random) == 0 ? Between(-20, 20, random) : 0.0F;
+  }
+  for (int copies = Below(4, random) == 0 ? Below(6, random) : 0; copies > 0; --copies) {
+    model.members.push_back(model.members[static_cast<std::size_t>(Below(2 * nodes - 3, random))]);
+  }
+  if (Below(4, random) == 0) std::erase_if(model.members, [&](const MemberData&) { return Below(30, random) == 0; });
+  if (Below(12, random) == 0) {
+    for (NodeData& node : model.nodes) node.support = 0;
+  }
+  const int numbering = Below(3, random);
+  if (numbering == 1) return Renumbered(model, ChordsOrder(nodes));
+  return numbering == 2 ? Renumbered(model, RandomOrder(nodes, random)) : model;
+}
+
+TEST_P(RandomSameBitsTest, ComeOfEveryKernel) {
+  for (int each = 0; each < BatchSize; ++each) {
+    const std::uint32_t seed = FirstSeed + static_cast<std::uint32_t>(GetParam() * BatchSize + each);
+    std::mt19937 random(seed);
+    ExpectSameBits(RandomModel(random), "seed " + std::to_string(seed));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Batches, RandomSameBitsTest, testing::Range(0, Batches));
+
+class LargeSameBitsTest : public SameBitsTest, public testing::WithParamInterface<int> {
+ protected:
+  std::mt19937 random{FirstSeed};
+};
+
+TEST_P(LargeSameBitsTest, ComeOfAGirderAlongTheSpan) {
+  EXPECT_TRUE(ExpectSameBits(WarrenGirder(GetParam()), "banded").ok);
+}
+
+TEST_P(LargeSameBitsTest, ComeOfAGirderByItsChords) {
+  EXPECT_TRUE(ExpectSameBits(Renumbered(WarrenGirder(GetParam()), ChordsOrder(GetParam())), "chords").ok);
+}
+
+TEST_P(LargeSameBitsTest, ComeOfAGirderInAnyOrder) {
+  EXPECT_TRUE(ExpectSameBits(Renumbered(WarrenGirder(GetParam()), RandomOrder(GetParam(), random)), "random").ok);
+}
+
+INSTANTIATE_TEST_SUITE_P(Nodes, LargeSameBitsTest, testing::Values(127, 128, 129, 300, 1000));
+
+TEST_F(SameBitsTest, ComeOfAPanelInAnyOrder) {
+  std::mt19937 random(FirstSeed);
+  EXPECT_TRUE(ExpectSameBits(Renumbered(TriangulatedPanel(450), RandomOrder(450, random)), "panel").ok);
+}
+
+// What a load at one end leaves at the other is less than the smallest float, and every other time it is -0.
+class FadingSameBitsTest : public SameBitsTest {
+ protected:
+  static ModelData LoadedAtOneEnd(int nodes) {
+    ModelData model = WarrenGirder(nodes, 1);
+    for (std::size_t n = 0; n < model.nodes.size(); n += 2) {
+      model.nodes[n].forceY = 0;
+      model.nodes[n].support = n % 4 == 0 ? 1 : 2; // a roller this way and that, so that every movement fades
+    }
+    model.nodes[1].forceY = -1;
+    model.nodes[1].forceX = 2;
+    return model;
+  }
+
+  static bool HasNegativeZero(const Results& results) {
+    return std::count(results.displacements.begin(), results.displacements.end(), 0x80000000U) > 0;
+  }
+};
+
+TEST_F(FadingSameBitsTest, KeepTheSignsOfZerosAlongTheSpan) {
+  EXPECT_TRUE(HasNegativeZero(ExpectSameBits(LoadedAtOneEnd(500), "banded")));
+}
+
+TEST_F(FadingSameBitsTest, KeepTheSignsOfZerosByTheChords) {
+  ExpectSameBits(Renumbered(LoadedAtOneEnd(500), ChordsOrder(500)), "chords");
+}
+
+TEST_F(FadingSameBitsTest, KeepTheSignsOfZerosInAnyOrder) {
+  for (std::uint32_t seed = FirstSeed; seed < FirstSeed + 5; ++seed) {
+    std::mt19937 random(seed);
+    ExpectSameBits(Renumbered(LoadedAtOneEnd(400), RandomOrder(400, random)), "seed " + std::to_string(seed));
+  }
+}
+
+// The product of E and A is beyond the floats, so that K holds infinities and, where they meet, no numbers.
+TEST_F(SameBitsTest, ComeOfValuesThatAreNotFinite) {
+  ModelData model = WarrenGirder(40);
+  model.members[20].E = 1e30F;
+  model.members[20].A = 1e30F;
+  const Results literal = AnalyseLiterally(model);
+  EXPECT_TRUE(Analyse(model) == literal);
+  EXPECT_EQ(GlobalStiffness.LastRow(), DofCount);
+}
+
+// Every number of K is finite here, but not every displacement.
+TEST_F(SameBitsTest, ComeOfDisplacementsThatAreNotFinite) {
+  ModelData model = Triangle();
+  model.nodes[2].forceX = 3e38F;
+  for (MemberData& member : model.members) member.A = 0.01F;
+  const Results literal = AnalyseLiterally(model);
+  EXPECT_TRUE(literal.ok);
+  EXPECT_TRUE(Analyse(model) == literal);
+  EXPECT_EQ(GlobalStiffness.LastRow(), DofCount);
+}
+
+TEST_F(SameBitsTest, CanBeCancelledOnTheWay) {
+  static std::chrono::steady_clock::time_point theTime;
+  theTime = {};
+  ThePlatform().now = [] { return theTime += std::chrono::milliseconds(600); };
+  host.reportsUntilCancel = 0;
+  SetTables(WarrenGirder(200));
+  std::int16_t ok = FlagTrue;
+  EXPECT_THROW(AnalyseTruss(ok), WorkCancelled);
+  EXPECT_EQ(host.asked.front().substr(0, 34), "ShowProgress(Solving the equations");
+  EXPECT_EQ(host.asked.back(), "EndProgress");
+}
+
+} // namespace
+} // namespace strutwright

@@ -1,0 +1,117 @@
+"""An X display of its own with the program on it, which keyboard and mouse drive as a user does."""
+
+import os
+import pathlib
+import shutil
+import subprocess
+import tempfile
+import time
+
+DEADLINE = 90  # s; generous, for sanitizers on a busy machine
+KEPT_VARIABLES = ("PATH", "ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS")
+
+
+def wait_for(what, probe):
+    """The first true value that probe() gives; fails after the deadline."""
+    end = time.monotonic() + DEADLINE
+    while not (value := probe()):
+        if time.monotonic() > end:
+            raise TimeoutError(f"waited {DEADLINE} s in vain for {what}")
+        time.sleep(0.05)
+    return value
+
+
+class Desktop:
+    """Holds an X server without a window manager and a scratch folder with an installed copy of the program.
+
+    The copy keeps what the program writes beside itself out of the build, and offers the examples that are named.
+    """
+
+    def __init__(self, program, examples=(), size="1280x900"):
+        self.root = pathlib.Path(tempfile.mkdtemp(prefix="strutwright-desktop-"))
+        self.program = self.root / "bin" / "strutwright"
+        self.documents = self.root / "home" / "Documents"
+        for folder in (self.program.parent, self.documents, self.root / "run"):
+            folder.mkdir(parents=True)
+        (self.root / "run").chmod(0o700)
+        shutil.copy(program, self.program)
+        models = self.root / "share" / "strutwright" / "examples"
+        models.mkdir(parents=True)
+        for example in examples:
+            shutil.copy(example, models)
+        self.process = None
+        self.server = None
+        self.environment = self._environment(size)
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *failure):
+        for process in (self.process, self.server):
+            if process is not None and process.poll() is None:
+                process.kill()
+                process.wait()
+        shutil.rmtree(self.root)
+
+    def _environment(self, size):
+        environment = {name: os.environ[name] for name in KEPT_VARIABLES if name in os.environ}
+        home = self.root / "home"
+        environment.update(
+            DISPLAY=self._start_server(size), HOME=str(home), LANG="C.UTF-8", XDG_RUNTIME_DIR=str(self.root / "run"),
+            XDG_CONFIG_HOME=str(home / "config"), XDG_DATA_HOME=str(home / "data"), XDG_CACHE_HOME=str(home / "cache"))
+        return environment
+
+    def _start_server(self, size):
+        """Starts the server on the first free display and gives its name once it takes connections."""
+        ready, tell = os.pipe()
+        self.server = subprocess.Popen(
+            ["Xvfb", "-displayfd", str(tell), "-screen", "0", f"{size}x24", "-nolisten", "tcp", "-noreset"],
+            pass_fds=[tell], stderr=subprocess.DEVNULL)
+        os.close(tell)
+        with os.fdopen(ready) as line:
+            number = line.readline().strip()
+        if not number:
+            raise RuntimeError("Xvfb did not start")
+        return f":{number}"
+
+    def start(self):
+        self.process = subprocess.Popen([self.program], env=self.environment, stderr=subprocess.PIPE, text=True)
+
+    def run(self, *command):
+        """The output of a command on this display; None when it fails."""
+        done = subprocess.run(command, env=self.environment, capture_output=True, timeout=DEADLINE)
+        return done.stdout if done.returncode == 0 else None
+
+    def window(self, title):
+        """The identifier of the visible window with a title that matches, or None."""
+        found = self.run("xdotool", "search", "--onlyvisible", "--name", title)
+        return found.split()[0].decode() if found else None
+
+    def focus(self, title):
+        """Gives a window the keyboard once it is there, as a window manager does."""
+        window = wait_for(f"the window {title}", lambda: self.window(title))
+        wait_for(f"the keyboard in {title}", lambda: self.run("xdotool", "windowfocus", "--sync", window) is not None)
+        return window
+
+    def press(self, *keys):
+        self.run("xdotool", "key", "--delay", "40", *keys)
+
+    def type(self, text):
+        self.run("xdotool", "type", "--delay", "40", text)
+
+    def click(self, window, x, y):
+        self.run("xdotool", "mousemove", "--window", window, str(x), str(y), "click", "1")
+
+    def open_first_example(self):
+        """Chooses it in the File menu, whose title stands in the window's upper left corner."""
+        self.click(self.focus("^Strutwright$"), 20, 10)
+        self.press("e", "Return")
+        return self.focus(r"\.stw$")
+
+    def pixels(self, area):
+        """The colours (red, green, blue) of an area "WxH+X+Y" of the screen, row by row."""
+        data = self.run("import", "-silent", "-window", "root", "-crop", area, "-depth", "8", "rgb:-")
+        return list(zip(data[0::3], data[1::3], data[2::3])) if data else []
+
+    def save_picture(self, path, area):
+        self.run("import", "-silent", "-window", "root", "-crop", area, "+repage", str(path))
