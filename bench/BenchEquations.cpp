@@ -58,6 +58,16 @@ void Restrict(benchmark::State& state) {
   }
 }
 
+void Solve(benchmark::State& state) {
+  Prepare();
+  StepShowGlobalK();
+  StepRestrict();
+  for ([[maybe_unused]] auto step : state) {
+    StepSolve();
+    if (TheEquations.page.lastStep != EquationStep::Solve) state.SkipWithError("the truss should be stable");
+  }
+}
+
 /// Texts and tints of as many cells as a large screen shows, in the far corner.
 void FarCorner(benchmark::State& state) {
   constexpr int Rows = 60;
@@ -84,6 +94,7 @@ void Origin(benchmark::State& state) {
 BENCHMARK(ShowGlobalK)->Unit(benchmark::kMillisecond);
 BENCHMARK(AddMember)->Unit(benchmark::kMillisecond)->Iterations(200);
 BENCHMARK(Restrict)->Unit(benchmark::kMillisecond);
+BENCHMARK(Solve)->Unit(benchmark::kMillisecond);
 BENCHMARK(FarCorner)->Unit(benchmark::kMillisecond);
 BENCHMARK(Origin)->Unit(benchmark::kMillisecond);
 

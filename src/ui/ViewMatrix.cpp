@@ -42,6 +42,14 @@ std::size_t ViewMatrix::StoredCount() const {
   return count;
 }
 
+TiledMatrix ViewMatrix::InTiles() const {
+  TiledMatrix tiles(Last());
+  for (int row = 1; row <= Last(); ++row) {
+    for (const Entry& entry : Rows[static_cast<std::size_t>(row)]) tiles(row, entry.column) = entry.value;
+  }
+  return tiles;
+}
+
 Matrix ViewMatrix::InFull() const {
   Matrix full(Last(), Last() + 1);
   for (int row = 1; row <= Last(); ++row) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Matrix.h"
+#include "TiledMatrix.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -27,6 +28,9 @@ class ViewMatrix {
 
   /// How many entries take memory.
   std::size_t StoredCount() const;
+
+  /// The same for the solver, with a right-hand side of zeros.
+  TiledMatrix InTiles() const;
 
   /// The same as a matrix in full, (0..Last(), 0..Last() + 1), with a last column of zeros for a right-hand side.
   Matrix InFull() const;

@@ -31,6 +31,7 @@ class KeptAnalysisState {
     const bool changed = AnalysisDone != Done;
     AnalysisDone = Done;
     FailedCheck = Failed;
+    GlobalStiffness = std::move(Stiffness);
     if (changed) TheHost().RefreshStatusTexts();
   }
   KeptAnalysisState(const KeptAnalysisState&) = delete;
@@ -39,6 +40,7 @@ class KeptAnalysisState {
  private:
   std::int16_t Done = AnalysisDone;
   std::optional<int> Failed = FailedCheck;
+  Matrix Stiffness = std::exchange(GlobalStiffness, Matrix()); ///< the solver may need it for itself
 };
 
 bool CheckNodeCount() {
@@ -171,7 +173,7 @@ FreedomValues SolvePage(const EquationPage& page) {
   }
   std::vector<float> P = Loads(page);
   LeaveRestrainedLoadsOut(page, P);
-  Matrix K = page.viewStiffness ? page.viewStiffness->Values().InFull() : ViewMatrix(page.viewDofCount).InFull();
+  TiledMatrix K = page.viewStiffness ? page.viewStiffness->Values().InTiles() : TiledMatrix(page.viewDofCount);
   std::vector<float> D(EntryCount(page), 0.0F);
   std::int16_t ok = FlagTrue;
   SolveEquations(K, D, P, page.viewDofCount, ok);
