@@ -75,7 +75,7 @@ class FakeHost : public Host {
 
   std::vector<std::string> asked;
   ModelLayers layers;
-  std::string pictureFailure; ///< reason why no picture can be saved; empty when one can
+  std::string pictureFailure;              ///< reason why no picture can be saved; empty when one can
   std::function<int(float, float)> nodeAt; ///< answers NodeAt; without it there is no node
   int reportsUntilCancel = -1;             ///< how many reports of progress go by before the user cancels; -1: never
 };
