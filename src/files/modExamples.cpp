@@ -12,7 +12,7 @@ namespace strutwright {
 namespace {
 
 /// From the program's folder: as installed, beside the program, and in the tree that it was built in.
-constexpr std::array ExampleFolders{"/../share/strutwright/examples", "/examples", "/../../../../examples"};
+constexpr std::array ExampleFolders{"/../share/strutwright/examples/", "/examples/", "/../../../../examples/"};
 
 } // namespace
 
@@ -21,7 +21,7 @@ std::vector<std::string> ExampleModels() {
     const std::string folder = ProgramFolder() + each;
     std::vector<std::string> models;
     for (const std::string& name : Files().Names(folder)) {
-      if (name.ends_with(".stw")) models.push_back(folder + "/" + name);
+      if (name.ends_with(".stw")) models.push_back(folder + name);
     }
     if (!models.empty()) {
       std::sort(models.begin(), models.end());

@@ -19,7 +19,7 @@ QStringList QtFileDialog::NameFilters(const QString& filter) {
 }
 
 QString QtFileDialog::StartFolder() const {
-  const QString initial = QString::fromStdString(initialFolder);
+  QString initial = QString::fromStdString(initialFolder);
   if (!initial.isEmpty() && QDir(initial).exists()) return initial;
   if (!LastFolder.isEmpty() && QDir(LastFolder).exists()) return LastFolder;
   return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);

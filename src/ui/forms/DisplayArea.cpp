@@ -2,6 +2,7 @@
 
 #include "EventGuard.h"
 
+#include <QCoreApplication>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -34,8 +35,7 @@ DisplayArea::DisplayArea(DisplayListener& listener, QWidget* parent)
 void DisplayArea::paintEvent(QPaintEvent* /*event*/) {
   // Onto a screen of another density the window comes without a new size.
   if (Drawing.Image().devicePixelRatio() != devicePixelRatioF()) {
-    QMetaObject::invokeMethod(
-        this, [this] { resizeEvent(nullptr); }, Qt::QueuedConnection);
+    QCoreApplication::postEvent(this, new QResizeEvent(size(), size())); // the queue owns it
   }
   QPainter(this).drawImage(QPoint(0, 0), Drawing.Image());
 }

@@ -29,9 +29,7 @@ InputBarrier::InputBarrier(const QWidget* exception) : Exception(exception) { qA
 
 InputBarrier::~InputBarrier() {
   qApp->removeEventFilter(this);
-  if (CloseLater)
-    QMetaObject::invokeMethod(
-        CloseLater, [window = CloseLater.data()] { window->close(); }, Qt::QueuedConnection);
+  if (CloseLater) QMetaObject::invokeMethod(CloseLater, "close", Qt::QueuedConnection);
 }
 
 bool InputBarrier::eventFilter(QObject* watched, QEvent* event) {

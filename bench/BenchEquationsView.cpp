@@ -1,0 +1,96 @@
+// How long the equations view on screen takes for a truss of 5000 nodes and 10000 members: to show the whole matrix,
+// and to repaint its far corner; with the memory that the whole program then holds.
+
+#include "FileDialog.h"
+#include "MessageBoxes.h"
+#include "ModelBuilder.h"
+#include "NativeFileSystem.h"
+#include "Platform.h"
+#include "frmMain.h"
+#include "modModelStore.h"
+
+#include <fstream>
+#include <stdexcept>
+#include <string>
+
+#include <QApplication>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTableView>
+
+#include <benchmark/benchmark.h>
+
+namespace strutwright {
+namespace {
+
+constexpr int Nodes = 5000;
+constexpr QSize ViewSize{1200, 700};
+
+/// Shows nothing: a benchmark's models are sound.
+class SilentBoxes : public MessageBoxes {
+ public:
+  void Show(const Message& message) override { throw std::runtime_error(message.text); }
+  bool Ask(const Message& question) override { throw std::runtime_error(question.text); }
+};
+
+double ResidentMegabytes() {
+  std::ifstream status("/proc/self/statm");
+  double pages = 0;
+  status >> pages >> pages;
+  return pages * 4096 / 1e6;
+}
+
+/// The main frame with the model in its grids and the equations view in a window of its own size.
+frmMain& Frame() {
+  static SilentBoxes boxes;
+  static NativeFileSystem files;
+  static frmMain frame;
+  if (ThePlatform().host != nullptr) return frame;
+  ThePlatform() = {.messages = &boxes, .host = &frame, .files = &files, .dataFolder = "/nonexistent"};
+  frame.show();
+  frame.MDIForm_Load();
+  SetModel(PrattTruss(Nodes));
+  CopyModelToGrids();
+  frame.ActivateEquations();
+  frame.findChild<QWidget*>("frmEquations")->parentWidget()->resize(ViewSize);
+  QCoreApplication::processEvents();
+  return frame;
+}
+
+void ShowGlobalKOnScreen(benchmark::State& state) {
+  frmMain& frame = Frame();
+  auto* button = frame.findChild<QPushButton*>("btnShowGlobalK");
+  for ([[maybe_unused]] auto step : state) {
+    button->click();
+    QCoreApplication::processEvents();
+  }
+  state.counters["MB resident"] = ResidentMegabytes();
+}
+
+void RepaintFarCorner(benchmark::State& state) {
+  frmMain& frame = Frame();
+  frame.findChild<QPushButton*>("btnShowGlobalK")->click();
+  auto* matrix = frame.findChild<QTableView*>("grK");
+  for ([[maybe_unused]] auto step : state) {
+    matrix->horizontalScrollBar()->setValue(0);
+    matrix->verticalScrollBar()->setValue(0);
+    matrix->horizontalScrollBar()->setValue(matrix->horizontalScrollBar()->maximum());
+    matrix->verticalScrollBar()->setValue(matrix->verticalScrollBar()->maximum());
+    matrix->viewport()->repaint();
+  }
+  state.counters["MB resident"] = ResidentMegabytes();
+}
+
+BENCHMARK(ShowGlobalKOnScreen)->Unit(benchmark::kMillisecond);
+BENCHMARK(RepaintFarCorner)->Unit(benchmark::kMillisecond);
+
+} // namespace
+} // namespace strutwright
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QApplication application(argc, argv);
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}
