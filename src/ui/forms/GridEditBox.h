@@ -1,5 +1,6 @@
 #pragma once
 
+#include "DataGridView.h"
 #include "modCellEditing.h"
 
 #include <functional>
@@ -8,8 +9,6 @@
 #include <QPointer>
 
 namespace strutwright {
-
-class DataGridView;
 
 /// The one text box in which the cells of all data grids are edited.  While an edit is pending it lies over the
 /// current cell of its grid, whose name is in its property "tag".
