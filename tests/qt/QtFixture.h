@@ -1,10 +1,10 @@
 #pragma once
 
+#include "OffscreenApplication.h"
 #include "QtDrawingSurface.h"
 #include "ScratchFolder.h"
 
 #include <QColor>
-#include <QGuiApplication>
 #include <QImage>
 #include <QRect>
 
@@ -15,20 +15,7 @@ namespace strutwright {
 /// A surface of 80 by 60 pixels, ten of them a metre, that shows x 0..8 and y -6..0.
 class QtFixture : public testing::Test {
  protected:
-  QtFixture() {
-    EnsureApplication();
-    surface.SetWindow({0, 0, 8, 6});
-  }
-
-  static void EnsureApplication() {
-    if (QCoreApplication::instance() != nullptr) return;
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    static int count = 1;
-    static char name[] = "test_qt";
-    static char* arguments[] = {name, nullptr};
-    static QGuiApplication* const application = new QGuiApplication(count, arguments);
-    static_cast<void>(application);
-  }
+  QtFixture() { surface.SetWindow({0, 0, 8, 6}); }
 
   QColor At(int x, int y) const { return surface.Image().pixelColor(x, y); }
 
@@ -45,6 +32,7 @@ class QtFixture : public testing::Test {
 
   QRect Ink() const { return InkOf(surface.Image()); }
 
+  OffscreenApplication application;
   QtDrawingSurface surface{80, 60};
   ScratchFolder folder;
 };

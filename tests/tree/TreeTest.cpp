@@ -23,8 +23,8 @@ namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr std::array<const char*, 6> FoldersWithQt{"src/ui/forms/", "src/platform/qt/", "src/platform/widgets/",
-                                                   "src/app/",      "src/bracefold/",   "src/cli/"};
+constexpr std::array<const char*, 5> FoldersWithQt{"src/ui/forms/", "src/platform/qt/", "src/app/", "src/bracefold/",
+                                                   "src/cli/"};
 
 struct CompiledFile {
   std::string path; ///< relative to the tree
@@ -102,19 +102,41 @@ TEST(LayerTest, HasHeadersWithUniqueNames) {
   for (const auto& [name, times] : count) EXPECT_EQ(times, 1) << name;
 }
 
+/// Whether a text includes a header of Qt: <QWidget>, <QtMath> or <QtGui/QColor>; "QtShell.h" is the house's own.
+bool IncludesQt(const std::string& text) {
+  static const std::regex qt(R"(#\s*include\s*<Q[A-Za-z])");
+  return std::regex_search(text, qt);
+}
+
+TEST(LayerTest, IncludesQtOnlyInItsFolders) {
+  int found = 0;
+  for (const fs::path& source : SourcesBelow("src")) {
+    if (!IncludesQt(TextOf(source))) continue;
+    ++found;
+    EXPECT_TRUE(MayUseQt(fs::relative(source, SOURCE_DIR).generic_string())) << source;
+  }
+  EXPECT_GT(found, 10);
+}
+
+TEST(LayerTest, WouldFindAnIncludeOfQt) {
+  EXPECT_TRUE(IncludesQt("#include <string>\n#include <QtGui/QColor>\n"));
+  EXPECT_TRUE(IncludesQt("# include <QWidget>\n"));
+  EXPECT_FALSE(IncludesQt("#include \"QtShell.h\"\n// a QWidget\n"));
+  EXPECT_FALSE(MayUseQt("src/platform/widgets/QtClipboard.h"));
+}
+
 /// What each folder may use of the house.
 const std::map<std::string, std::set<std::string>> AllowedLayers{
     {"platform", {}},
     {"platform/native", {"platform"}},
     {"platform/qt", {"platform"}},
-    {"platform/widgets", {"platform"}},
     {"model", {"platform"}},
     {"analysis", {"platform", "model"}},
     {"files", {"platform", "model", "analysis"}},
     {"display", {"platform", "model", "analysis"}},
     {"ui", {"platform", "model", "analysis", "files", "display"}},
     {"ui/forms", {"platform", "qt", "model", "analysis", "files", "display", "ui"}},
-    {"app", {"platform", "native", "qt", "widgets", "model", "analysis", "files", "display", "ui", "forms"}},
+    {"app", {"platform", "native", "qt", "model", "analysis", "files", "display", "ui", "forms"}},
     {"cli", {"platform", "native", "qt", "model", "analysis", "files", "display", "ui"}},
 };
 

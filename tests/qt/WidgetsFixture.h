@@ -1,5 +1,7 @@
 #pragma once
 
+#include "OffscreenApplication.h"
+
 #include <functional>
 #include <string>
 
@@ -11,20 +13,9 @@
 
 namespace strutwright {
 
-/// An application on the offscreen platform whose modal dialogs are Qt's own and are driven while they are open.
+/// Drives modal dialogs while they are open.
 class WidgetsTest : public testing::Test {
  protected:
-  WidgetsTest() {
-    if (QCoreApplication::instance() != nullptr) return;
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    static int count = 1;
-    static char name[] = "test_widgets";
-    static char* arguments[] = {name, nullptr};
-    static QApplication* const application = new QApplication(count, arguments);
-    static_cast<void>(application);
-  }
-
   ~WidgetsTest() override { EXPECT_EQ(waiting, 0) << "dialogs that were not shown"; }
 
   /// Runs `drive` on the next modal dialog; one that it leaves open fails the test and is closed.
@@ -45,6 +36,7 @@ class WidgetsTest : public testing::Test {
   }
 
  private:
+  OffscreenApplication application;
   int waiting = 0;
 };
 
