@@ -50,6 +50,11 @@ Shell& TheShell() {
   return *ThePlatform().shell;
 }
 
+FileTypeRegistry& FileTypes() {
+  Ensure(ThePlatform().fileTypes != nullptr, "the register of file types is set up before it is used");
+  return *ThePlatform().fileTypes;
+}
+
 const std::string& ProgramFolder() {
   Ensure(!ThePlatform().programFolder.empty(), "the program's folder is known before it is used");
   return ThePlatform().programFolder;

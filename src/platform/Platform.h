@@ -3,6 +3,7 @@
 #include "Clipboard.h"
 #include "FileDialog.h"
 #include "FileSystem.h"
+#include "FileTypeRegistry.h"
 #include "Host.h"
 #include "MessageBoxes.h"
 #include "Shell.h"
@@ -22,6 +23,7 @@ struct Platform {
   std::string dataFolder = {};    ///< where the user's programs keep files; need not exist
   Clipboard* clipboard = nullptr;
   Shell* shell = nullptr;
+  FileTypeRegistry* fileTypes = nullptr;
   std::chrono::steady_clock::time_point (*now)() = &std::chrono::steady_clock::now;
 };
 
@@ -34,6 +36,7 @@ FileSystem& Files();
 FileDialog& TheFileDialog();
 Clipboard& TheClipboard();
 Shell& TheShell();
+FileTypeRegistry& FileTypes();
 const std::string& ProgramFolder();
 const std::string& DataFolder();
 

@@ -40,6 +40,7 @@ PlatformTest::PlatformTest() {
   ThePlatform().dialog = &dialog;
   ThePlatform().clipboard = &clipboard;
   ThePlatform().shell = &shell;
+  ThePlatform().fileTypes = &fileTypes;
 }
 
 PlatformTest::~PlatformTest() { ThePlatform() = {}; }

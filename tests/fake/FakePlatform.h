@@ -54,6 +54,15 @@ class FakeShell : public Shell {
   std::vector<std::string> opened;
 };
 
+/// Keeps what was set, a line each: "key = value"; "Announce" where that was called.
+class FakeFileTypes : public FileTypeRegistry {
+ public:
+  void SetDefault(const std::string& key, const std::string& value) override { written.push_back(key + " = " + value); }
+  void Announce() override { written.emplace_back("Announce"); }
+
+  std::vector<std::string> written;
+};
+
 /// Keeps what the host was asked, a line each: "EndAnalysis(true)", "RefreshStatusTexts", "SetCaption(bridge.stw)".
 class FakeHost : public Host {
  public:
@@ -98,6 +107,7 @@ class PlatformTest : public testing::Test {
   FakeFileDialog dialog;
   FakeClipboard clipboard;
   FakeShell shell;
+  FakeFileTypes fileTypes;
 };
 
 /// A box under the program's title, to compare with.
