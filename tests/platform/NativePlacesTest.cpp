@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -54,6 +55,29 @@ TEST(UserDataFolderTest, IsAnAbsolutePathWithoutALoginToo) {
   const Variable home("HOME", nullptr);
   const Variable data("XDG_DATA_HOME", nullptr);
   EXPECT_TRUE(fs::path(UserDataFolder()).is_absolute());
+}
+
+TEST(UserDesktopPlacesTest, AreWhereTheUserWantsThem) {
+  const Variable data("XDG_DATA_HOME", "/data/ada");
+  const Variable config("XDG_CONFIG_HOME", "/config/ada");
+  const Variable folders("XDG_DATA_DIRS", "/opt/share:relative::/usr/share");
+  const DesktopPlaces places = UserDesktopPlaces();
+  EXPECT_EQ(places.dataHome, "/data/ada");
+  EXPECT_EQ(places.configHome, "/config/ada");
+  EXPECT_EQ(places.dataFolders, (std::vector<std::string>{"/opt/share", "/usr/share"}));
+}
+
+TEST(UserDesktopPlacesTest, AreTheUsualOnesOtherwise) {
+  const Variable home("HOME", "/home/ada");
+  for (const char* useless : {static_cast<const char*>(nullptr), ""}) {
+    const Variable data("XDG_DATA_HOME", useless);
+    const Variable config("XDG_CONFIG_HOME", useless);
+    const Variable folders("XDG_DATA_DIRS", useless);
+    const DesktopPlaces places = UserDesktopPlaces();
+    EXPECT_EQ(places.dataHome, "/home/ada/.local/share");
+    EXPECT_EQ(places.configHome, "/home/ada/.config");
+    EXPECT_EQ(places.dataFolders, (std::vector<std::string>{"/usr/local/share", "/usr/share"}));
+  }
 }
 
 } // namespace

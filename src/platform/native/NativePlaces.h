@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace strutwright {
 
@@ -10,5 +11,16 @@ std::string ExecutableFolder();
 /// The folder for files that the program keeps for the user: "strutwright" in $XDG_DATA_HOME, or in ~/.local/share
 /// where that is not set or no absolute path.  It need not exist.  Throws FileError when the user has no home.
 std::string UserDataFolder();
+
+/// Where a free desktop looks for what it knows: for this user, and installed for everybody.
+struct DesktopPlaces {
+  std::string dataHome;                 ///< $XDG_DATA_HOME, else ~/.local/share
+  std::string configHome;               ///< $XDG_CONFIG_HOME, else ~/.config
+  std::vector<std::string> dataFolders; ///< $XDG_DATA_DIRS, else /usr/local/share and /usr/share
+};
+
+/// The places of this process's user.  Relative paths in the environment count as not set.
+/// Throws FileError when the user has no home.
+DesktopPlaces UserDesktopPlaces();
 
 } // namespace strutwright
