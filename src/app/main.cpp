@@ -1,3 +1,4 @@
+#include "DesktopFileTypes.h"
 #include "NativeFileSystem.h"
 #include "NativePlaces.h"
 #include "Platform.h"
@@ -22,6 +23,7 @@ int RunProgram(int argc, char** argv) {
   strutwright::QtClipboard clipboard;
   strutwright::QtShell shell;
   strutwright::NativeFileSystem files;
+  strutwright::DesktopFileTypes fileTypes(files, strutwright::UserDesktopPlaces(), strutwright::StartIndexTools);
   strutwright::frmMain frame;
   strutwright::ThePlatform() = {.messages = &messages,
                                 .host = &frame,
@@ -30,7 +32,8 @@ int RunProgram(int argc, char** argv) {
                                 .programFolder = strutwright::ExecutableFolder(),
                                 .dataFolder = strutwright::UserDataFolder(),
                                 .clipboard = &clipboard,
-                                .shell = &shell};
+                                .shell = &shell,
+                                .fileTypes = &fileTypes};
   frame.RestorePlace();
   frame.show();
   frame.MDIForm_Load();

@@ -25,23 +25,38 @@ class Desktop:
     """Holds an X server without a window manager and a scratch folder with an installed copy of the program.
 
     The copy keeps what the program writes beside itself out of the build, and offers the examples that are named.
+    A program that is installed already is started where it lies; user: as whom, by number, where the caller is root.
     """
 
-    def __init__(self, program, examples=(), size="1280x900"):
+    def __init__(self, program, examples=(), size="1280x900", installed=False, user=None):
         self.root = pathlib.Path(tempfile.mkdtemp(prefix="strutwright-desktop-"))
-        self.program = self.root / "bin" / "strutwright"
         self.documents = self.root / "home" / "Documents"
-        for folder in (self.program.parent, self.documents, self.root / "run"):
+        self.data = self.root / "home" / "data"
+        for folder in (self.documents, self.root / "run"):
             folder.mkdir(parents=True)
         (self.root / "run").chmod(0o700)
-        shutil.copy(program, self.program)
+        self.program = pathlib.Path(program) if installed else self._install(program, examples)
+        self.user = user
+        if user is not None:
+            self._give_to_user()
+        self.process = None
+        self.server = None
+        self.environment = self._environment(size)
+
+    def _install(self, program, examples):
+        copy = self.root / "bin" / "strutwright"
+        copy.parent.mkdir()
+        shutil.copy(program, copy)
         models = self.root / "share" / "strutwright" / "examples"
         models.mkdir(parents=True)
         for example in examples:
             shutil.copy(example, models)
-        self.process = None
-        self.server = None
-        self.environment = self._environment(size)
+        return copy
+
+    def _give_to_user(self):
+        self.root.chmod(0o755)
+        for folder in (self.root / "run", self.root / "home", self.documents):
+            os.chown(folder, self.user, self.user)
 
     def __enter__(self):
         return self
@@ -58,7 +73,7 @@ class Desktop:
         home = self.root / "home"
         environment.update(
             DISPLAY=self._start_server(size), HOME=str(home), LANG="C.UTF-8", XDG_RUNTIME_DIR=str(self.root / "run"),
-            XDG_CONFIG_HOME=str(home / "config"), XDG_DATA_HOME=str(home / "data"), XDG_CACHE_HOME=str(home / "cache"))
+            XDG_CONFIG_HOME=str(home / "config"), XDG_DATA_HOME=str(self.data), XDG_CACHE_HOME=str(home / "cache"))
         return environment
 
     def _start_server(self, size):
@@ -75,7 +90,8 @@ class Desktop:
         return f":{number}"
 
     def start(self):
-        self.process = subprocess.Popen([self.program], env=self.environment, stderr=subprocess.PIPE, text=True)
+        self.process = subprocess.Popen([self.program], env=self.environment, stderr=subprocess.PIPE, text=True,
+                                        user=self.user, group=self.user)
 
     def run(self, *command):
         """The output of a command on this display; None when it fails."""
@@ -102,10 +118,10 @@ class Desktop:
     def click(self, window, x, y):
         self.run("xdotool", "mousemove", "--window", window, str(x), str(y), "click", "1")
 
-    def open_first_example(self):
-        """Chooses it in the File menu, whose title stands in the window's upper left corner."""
+    def open_example(self, position=0):
+        """Chooses it by its position in the File menu, whose title stands in the window's upper left corner."""
         self.click(self.focus("^Strutwright$"), 20, 10)
-        self.press("e", "Return")
+        self.press("e", *["Down"] * position, "Return")
         return self.focus(r"\.stw$")
 
     def pixels(self, area):

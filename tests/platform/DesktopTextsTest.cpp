@@ -1,4 +1,5 @@
 #include "DesktopTexts.h"
+#include "ScratchFolder.h"
 
 #include <string>
 
@@ -29,6 +30,10 @@ TEST(MimePackageTest, NamesTypeTitleIconAndPattern) {
   </mime-type>
 </mime-info>
 )");
+}
+
+TEST(MimePackageTest, IsTheInstalledOne) {
+  EXPECT_EQ(MimePackage(TrussType()), FileBytes(PACKAGING_DIR "/strutwright.xml"));
 }
 
 TEST(MimePackageTest, KeepsMarkupOutOfTexts) {
