@@ -55,6 +55,11 @@ FileTypeRegistry& FileTypes() {
   return *ThePlatform().fileTypes;
 }
 
+SettingsStore& Settings() {
+  Ensure(ThePlatform().settings != nullptr, "the settings store is set up before it is used");
+  return *ThePlatform().settings;
+}
+
 const std::string& ProgramFolder() {
   Ensure(!ThePlatform().programFolder.empty(), "the program's folder is known before it is used");
   return ThePlatform().programFolder;

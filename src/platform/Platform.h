@@ -6,6 +6,7 @@
 #include "FileTypeRegistry.h"
 #include "Host.h"
 #include "MessageBoxes.h"
+#include "SettingsStore.h"
 #include "Shell.h"
 
 #include <chrono>
@@ -23,6 +24,7 @@ struct Platform {
   std::string dataFolder = {};    ///< where the user's programs keep files; need not exist
   Clipboard* clipboard = nullptr;
   Shell* shell = nullptr;
+  SettingsStore* settings = nullptr; ///< nullptr in a program that keeps no settings
   FileTypeRegistry* fileTypes = nullptr;
   std::chrono::steady_clock::time_point (*now)() = &std::chrono::steady_clock::now;
 };
@@ -36,6 +38,7 @@ FileSystem& Files();
 FileDialog& TheFileDialog();
 Clipboard& TheClipboard();
 Shell& TheShell();
+SettingsStore& Settings();
 FileTypeRegistry& FileTypes();
 const std::string& ProgramFolder();
 const std::string& DataFolder();
