@@ -33,7 +33,9 @@ int RunProgram(int argc, char** argv) {
                                 .dataFolder = strutwright::UserDataFolder(),
                                 .clipboard = &clipboard,
                                 .shell = &shell,
-                                .fileTypes = &fileTypes};
+                                .fileTypes = &fileTypes,
+                                .executable = strutwright::ExecutablePath(),
+                                .icon = strutwright::IconPath(strutwright::ExecutableFolder())};
   frame.RestorePlace();
   frame.show();
   frame.MDIForm_Load();

@@ -24,8 +24,10 @@ struct Platform {
   std::string dataFolder = {};    ///< where the user's programs keep files; need not exist
   Clipboard* clipboard = nullptr;
   Shell* shell = nullptr;
-  SettingsStore* settings = nullptr; ///< nullptr in a program that keeps no settings
-  FileTypeRegistry* fileTypes = nullptr;
+  SettingsStore* settings = nullptr;     ///< nullptr in a program that keeps no settings
+  FileTypeRegistry* fileTypes = nullptr; ///< nullptr in a program that registers no file type
+  std::string executable = {};           ///< full path of this program
+  std::string icon = {};                 ///< full path of its icon; the file need not exist
   std::chrono::steady_clock::time_point (*now)() = &std::chrono::steady_clock::now;
 };
 

@@ -42,6 +42,8 @@ PlatformTest::PlatformTest() {
   ThePlatform().shell = &shell;
   ThePlatform().settings = &settings;
   ThePlatform().fileTypes = &fileTypes;
+  ThePlatform().executable = "/opt/truss/strutwright";
+  ThePlatform().icon = "/opt/truss/strutwright.svg";
 }
 
 PlatformTest::~PlatformTest() { ThePlatform() = {}; }

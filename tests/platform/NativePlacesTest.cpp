@@ -1,4 +1,5 @@
 #include "NativePlaces.h"
+#include "ScratchFolder.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -33,6 +34,26 @@ class Variable {
   const char* Name;
   std::optional<std::string> Old;
 };
+
+TEST(ExecutablePathTest, IsThisProgram) {
+  EXPECT_EQ(fs::path(ExecutablePath()).filename(), "test_platform");
+  EXPECT_TRUE(fs::path(ExecutablePath()).is_absolute());
+}
+
+TEST(IconPathTest, IsTheInstalledIcon) {
+  const ScratchFolder folder;
+  fs::create_directories(folder.Path("usr/share/icons/hicolor/scalable/apps"));
+  PutFile(folder.Path("usr/share/icons/hicolor/scalable/apps/strutwright.svg"), "");
+  EXPECT_EQ(IconPath(folder.Path("usr/bin")), folder.Path("usr/share/icons/hicolor/scalable/apps/strutwright.svg"));
+}
+
+TEST(IconPathTest, IsTheTreesIconBesideABuild) {
+  const fs::path tree = fs::path(PACKAGING_DIR).parent_path();
+  EXPECT_EQ(IconPath((tree / "build/release/src/app").string()),
+            (tree / "src/ui/forms/icons/strutwright.svg").string());
+}
+
+TEST(IconPathTest, IsInTheProgramsFolderOtherwise) { EXPECT_EQ(IconPath("/opt/truss"), "/opt/truss/Strutwright.ico"); }
 
 TEST(ExecutableFolderTest, HoldsThisProgram) {
   EXPECT_TRUE(fs::exists(fs::path(ExecutableFolder()) / "test_platform"));

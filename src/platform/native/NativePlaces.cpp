@@ -47,11 +47,23 @@ std::vector<std::string> InstalledDataFolders() {
 
 } // namespace
 
-std::string ExecutableFolder() {
+std::string ExecutablePath() {
   std::error_code error;
   const fs::path executable = fs::read_symlink("/proc/self/exe", error);
   if (error) throw FileError(error);
-  return executable.parent_path().string();
+  return executable.string();
+}
+
+std::string ExecutableFolder() { return fs::path(ExecutablePath()).parent_path().string(); }
+
+std::string IconPath(const std::string& programFolder) {
+  for (const char* each :
+       {"../share/icons/hicolor/scalable/apps/strutwright.svg", "../../../../src/ui/forms/icons/strutwright.svg"}) {
+    const fs::path icon = (fs::path(programFolder) / each).lexically_normal();
+    std::error_code error;
+    if (fs::exists(icon, error)) return icon.string();
+  }
+  return (fs::path(programFolder) / "Strutwright.ico").string();
 }
 
 std::string UserDataFolder() { return (UserFolder("XDG_DATA_HOME", ".local/share") / "strutwright").string(); }

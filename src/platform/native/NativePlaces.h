@@ -5,6 +5,13 @@
 
 namespace strutwright {
 
+/// The full path of this process's executable, symbolic links followed.  Throws FileError.
+std::string ExecutablePath();
+
+/// The icon of the program in a folder: the one that was installed with it, the one of the tree that it was built in,
+/// or else "Strutwright.ico" in that folder, which need not exist.
+std::string IconPath(const std::string& programFolder);
+
 /// The folder in which the executable of this process lies, symbolic links followed.  Throws FileError.
 std::string ExecutableFolder();
 
