@@ -5,6 +5,7 @@
 #include "QtClipboard.h"
 #include "QtFileDialog.h"
 #include "QtMessageBoxes.h"
+#include "QtSettingsStore.h"
 #include "QtShell.h"
 #include "frmMain.h"
 
@@ -22,6 +23,7 @@ int RunProgram(int argc, char** argv) {
   strutwright::QtFileDialog dialog;
   strutwright::QtClipboard clipboard;
   strutwright::QtShell shell;
+  strutwright::QtSettingsStore settings;
   strutwright::NativeFileSystem files;
   strutwright::DesktopFileTypes fileTypes(files, strutwright::UserDesktopPlaces(), strutwright::StartIndexTools);
   strutwright::frmMain frame;
@@ -33,6 +35,7 @@ int RunProgram(int argc, char** argv) {
                                 .dataFolder = strutwright::UserDataFolder(),
                                 .clipboard = &clipboard,
                                 .shell = &shell,
+                                .settings = &settings,
                                 .fileTypes = &fileTypes,
                                 .executable = strutwright::ExecutablePath(),
                                 .icon = strutwright::IconPath(strutwright::ExecutableFolder())};
