@@ -10,8 +10,9 @@ import subprocess
 import sys
 import tempfile
 
-from desktop import Desktop
-from desktop_test import analyse, expect, leave
+from desktop import Desktop, expect, wait_for
+from desktop_test import analyse
+from settings_test import close_welcome
 
 NOBODY = 65534
 
@@ -30,7 +31,7 @@ def contents(folder):
 def expect_what_a_desktop_looks_for(usr):
     for path in ("bin/strutwright", "bin/strutwright-cli", "share/applications/strutwright.desktop",
                  "share/mime/packages/strutwright.xml", "share/icons/hicolor/scalable/apps/strutwright.svg",
-                 "share/metainfo/strutwright.metainfo.xml", "share/man/man1/strutwright.1.gz",
+                 "share/metainfo/org.strutwright.strutwright.metainfo.xml", "share/man/man1/strutwright.1.gz",
                  "share/man/man1/strutwright-cli.1.gz", "share/doc/strutwright/copyright",
                  "share/strutwright/examples/fink_roof.stw"):
         expect((usr / path).is_file(), f"the package has no {path}")
@@ -42,15 +43,30 @@ def analyse_on_the_command_line(usr):
     expect(done.stdout.startswith(f"{example}: ok\n"), f"strutwright-cli says\n{done.stdout}{done.stderr}")
 
 
+def expect_registration(desktop, model):
+    """The desktop knows type and program while the first run still welcomes its user."""
+    query = ("env", "XDG_CURRENT_DESKTOP=GNOME", "xdg-mime", "query")
+    wait_for("the type of model files",
+             lambda: desktop.run(*query, "filetype", model) == b"application/x-strutwright\n")
+    default = desktop.run(*query, "default", "application/x-strutwright")
+    expect(default == b"strutwright.desktop\n", f"model files are opened by {default}")
+    entry = (desktop.data / "applications/strutwright.desktop").read_text()
+    expect(f"\nExec={desktop.program} %f\n" in entry, f"the entry starts something else:\n{entry}")
+    icon = desktop.data / "icons/hicolor/scalable/mimetypes/application-x-strutwright.svg"
+    expect(icon.is_file(), "model files have no icon")
+
+
 def analyse_in_the_window(usr, picture):
     """As a user who may not write where the program is installed: that is root's alone."""
     examples = sorted(path.name for path in (usr / "share/strutwright/examples").glob("*.stw"))
     user = NOBODY if os.geteuid() == 0 else None
-    with Desktop(usr / "bin/strutwright", installed=True, user=user) as desktop:
+    with Desktop(usr / "bin/strutwright", fresh_home=True, installed=True, user=user) as desktop:
         try:
             desktop.start()
+            expect_registration(desktop, usr / "share/strutwright/examples" / examples[0])
+            close_welcome(desktop)
             analyse(desktop, examples.index("fink_roof.stw"))
-            leave(desktop)
+            desktop.leave()
             kept = desktop.data / "strutwright" / "temp_truss.stw"
             expect(kept.is_file(), "the scratch copy is not among the user's data")
         except Exception:

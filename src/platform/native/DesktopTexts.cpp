@@ -112,12 +112,11 @@ std::string MimePackage(const DesktopFileType& type) {
 
 std::string ExecCommand(const std::string& path) {
   const bool plain = path.find_first_of(Reserved) == std::string::npos;
-  const std::string word = plain ? path : Quoted(path);
-  // A percent sign alone would begin a field code.  Some desktops look for the program before they have made one of
-  // the two, and would not find it; they find env.
-  const std::string inEntry =
-      EntryText(Escaped(word, [](char character) { return std::string(character == '%' ? 2 : 1, character); }));
-  return inEntry == EntryText(word) ? inEntry : "env " + inEntry;
+  const std::string word = EntryText(plain ? path : Quoted(path));
+  if (path.find('%') == std::string::npos) return word;
+  // One percent sign would begin a field code, and two become one.  Some desktops look for the program before that,
+  // where it is not; env they find.
+  return "env " + Escaped(word, [](char character) { return std::string(character == '%' ? 2 : 1, character); });
 }
 
 std::string DesktopEntry(const DesktopFileType& type) {
