@@ -390,8 +390,10 @@ TEST_F(EquationsFormTest, RefusesToBeClosed) {
 }
 
 TEST_F(EquationsFormTest, ClosesWithoutAWordWhenTheProgramEnds) {
-  frame->close();
+  EXPECT_TRUE(frame->close());
 
+  EXPECT_TRUE(frame->IsEnding());
+  EXPECT_TRUE(Find<QWidget>("frmEquations").close());
   EXPECT_THAT(TakeMessages(), testing::IsEmpty());
 }
 
