@@ -12,7 +12,7 @@ namespace strutwright {
 namespace {
 
 /// What stands around and between cells.
-struct Frame {
+struct CellFrame {
   std::string begin;
   std::string rowBegin;
   std::string betweenCells;
@@ -21,14 +21,14 @@ struct Frame {
   std::string end;
 };
 
-const Frame PlainText{"", "", "\t", "", "\r", ""};
-const Frame SpreadsheetText{"", "", "\t", "\r\n", "", ""};
-const Frame HtmlTable{"<meta charset=\"utf-8\"><table>", "<tr><td>", "</td><td>", "</td></tr>", "", "</table>"};
-const Frame Bmatrix{"\\begin{bmatrix}\n", "  ", " & ", "", " \\\\\n", "\n\\end{bmatrix}\n"};
+const CellFrame PlainFrame{"", "", "\t", "", "\r", ""};
+const CellFrame SpreadsheetFrame{"", "", "\t", "\r\n", "", ""};
+const CellFrame HtmlFrame{"<meta charset=\"utf-8\"><table>", "<tr><td>", "</td><td>", "</td></tr>", "", "</table>"};
+const CellFrame BmatrixFrame{"\\begin{bmatrix}\n", "  ", " & ", "", " \\\\\n", "\n\\end{bmatrix}\n"};
 
 using CellText = std::function<std::string(int row, int column)>;
 
-std::string Write(const GridBlock& block, const Frame& frame, const CellText& cell) {
+std::string Write(const GridBlock& block, const CellFrame& frame, const CellText& cell) {
   std::string text = frame.begin;
   for (int row = block.firstRow; row <= block.lastRow; ++row) {
     text += (row > block.firstRow ? frame.betweenRows : "") + frame.rowBegin;
@@ -76,17 +76,17 @@ bool CheckSize(const GridBlock& block) {
 
 void CopyCells(EquationGrid grid, const GridBlock& block) {
   if (!CheckSize(block)) return;
-  TheClipboard().SetText(Write(block, PlainText, Shown(grid)), Write(block, HtmlTable, Shown(grid)));
+  TheClipboard().SetText(Write(block, PlainFrame, Shown(grid)), Write(block, HtmlFrame, Shown(grid)));
 }
 
 void CopyCellsInFullPrecision(EquationGrid grid, const GridBlock& block) {
   if (!CheckSize(block)) return;
-  TheClipboard().SetText(Write(block, SpreadsheetText, WithEveryDigit(grid)), "");
+  TheClipboard().SetText(Write(block, SpreadsheetFrame, WithEveryDigit(grid)), "");
 }
 
 void CopyCellsAsLatex(EquationGrid grid, const GridBlock& block) {
   if (!CheckSize(block)) return;
-  TheClipboard().SetText(Write(block, Bmatrix, InLatex(grid)), "");
+  TheClipboard().SetText(Write(block, BmatrixFrame, InLatex(grid)), "");
 }
 
 } // namespace strutwright

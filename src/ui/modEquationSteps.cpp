@@ -80,7 +80,7 @@ std::vector<float> Loads(const EquationPage& page) {
 }
 
 /// Member 1 comes next, and to zeros.
-void BeginAgain(EquationPage& page) {
+void BeginWithMember1(EquationPage& page) {
   page.memberIndex = 0;
   page.addMemberCaption = FirstCaption;
   page.memberStiffness.Recreate(4, 4);
@@ -90,12 +90,12 @@ void BeginAgain(EquationPage& page) {
 }
 
 void EmptyMatrix(EquationPage& page) {
-  BeginAgain(page);
+  BeginWithMember1(page);
   page.viewStiffness.reset();
 }
 
 void MakeMatrix(EquationPage& page) {
-  BeginAgain(page);
+  BeginWithMember1(page);
   page.viewStiffness = std::make_shared<ViewStiffness>(page.viewDofCount);
 }
 

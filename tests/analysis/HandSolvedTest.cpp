@@ -11,7 +11,7 @@ namespace strutwright {
 namespace {
 
 /// Part of the largest value of its kind by which a result may be off.
-constexpr double Tolerance = 1e-5;
+constexpr double SolvedTolerance = 1e-5;
 
 /// Trusses solved by hand, the working above each.
 class HandSolvedTest : public AnalysisFixture {
@@ -45,7 +45,7 @@ class HandSolvedTest : public AnalysisFixture {
     double largest = 0;
     for (const double value : expected) largest = std::max(largest, std::abs(value));
     for (std::size_t i = 0; i < got.size(); ++i) {
-      EXPECT_NEAR(got[i], expected[i], Tolerance * largest + 1e-9) << what << " " << i + 1;
+      EXPECT_NEAR(got[i], expected[i], SolvedTolerance * largest + 1e-9) << what << " " << i + 1;
     }
   }
 };
@@ -114,7 +114,7 @@ TEST_F(HandSolvedTest, PrestressBetweenFixedNodes) {
 TEST_F(HandSolvedTest, WarmBarThatMayGrow) {
   Analyse({{{0, 0, 0, 0, 3}, {1, 0, 0, 0, 1}}, {{1, 2, 206.01F, 400, -9.88848F}}});
   ExpectDisplacements({0, 0, 0.12, 0});
-  EXPECT_NEAR(MemberForce(1), 0, Tolerance * 9.88848);
+  EXPECT_NEAR(MemberForce(1), 0, SolvedTolerance * 9.88848);
 }
 
 // k = 50 kN/mm: 10 kN stretch the bar by 0.2 mm; 7 kN act on the pin itself.

@@ -20,7 +20,7 @@ constexpr double StiffnessTolerance = 1e-5;
 /// Two orders of the same elimination may differ by this part of the largest displacement.
 constexpr double OrderTolerance = 1e-3;
 
-constexpr std::uint32_t FirstSeed = 4711;
+constexpr std::uint32_t FirstLawSeed = 4711;
 constexpr std::uint32_t SeedCount = 40;
 
 /// A strip of triangles with uneven corners, bars of many sizes, loads and prestress everywhere, and now and then a bar
@@ -52,7 +52,7 @@ ModelData RandomTruss(std::uint32_t seed) {
   return model;
 }
 
-/// Laws of every truss, on trusses of the seeds FirstSeed and up; a failure names its seed.
+/// Laws of every truss, on trusses of the seeds FirstLawSeed and up; a failure names its seed.
 class LawsTest : public AnalysisFixture, public testing::WithParamInterface<std::uint32_t> {
  protected:
   LawsTest() : model(RandomTruss(GetParam())) {}
@@ -90,7 +90,7 @@ class LawsTest : public AnalysisFixture, public testing::WithParamInterface<std:
   ModelData model;
 };
 
-INSTANTIATE_TEST_SUITE_P(Seeds, LawsTest, testing::Range(FirstSeed, FirstSeed + SeedCount));
+INSTANTIATE_TEST_SUITE_P(Seeds, LawsTest, testing::Range(FirstLawSeed, FirstLawSeed + SeedCount));
 
 TEST_P(LawsTest, LoadsAndReactionsBalance) {
   Analyse();

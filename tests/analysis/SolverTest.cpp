@@ -12,7 +12,7 @@ namespace {
 
 using testing::ElementsAre;
 
-constexpr float Tolerance = 0.0001F;
+constexpr float PivotLimit = 0.0001F;
 constexpr std::int16_t OkMark = 5; // a value that only "untouched" explains
 
 class SolverTest : public AnalysisFixture {
@@ -84,13 +84,13 @@ TEST_F(SolverTest, DividesOnlyForOneFreedom) {
 }
 
 TEST_F(SolverTest, SolvesOneFreedomAtTheTolerance) {
-  K = MatrixOf<1, 2>({{{Tolerance, 0}}});
-  Solve({Tolerance});
+  K = MatrixOf<1, 2>({{{PivotLimit, 0}}});
+  Solve({PivotLimit});
   EXPECT_THAT(Used(D), ElementsAre(1));
 }
 
 TEST_F(SolverTest, GivesUpOneFreedomBelowTheTolerance) {
-  K = MatrixOf<1, 2>({{{std::nextafter(Tolerance, 0.0F), 0}}});
+  K = MatrixOf<1, 2>({{{std::nextafter(PivotLimit, 0.0F), 0}}});
   Solve({2});
   EXPECT_THAT(TakeMessages(), ElementsAre(FailureBox(2)));
 }
@@ -248,17 +248,17 @@ TEST(EliminateColumnTest, KeepsTheProductInDouble) {
 }
 
 TEST(IsStableTest, PassesADiagonalOfExactlyTheTolerance) {
-  EXPECT_TRUE(IsStable(MatrixOf<2, 3>({{{1, 0, 0}, {0, Tolerance, 0}}}), 2));
+  EXPECT_TRUE(IsStable(MatrixOf<2, 3>({{{1, 0, 0}, {0, PivotLimit, 0}}}), 2));
 }
 
 TEST(IsStableTest, FailsJustBelowTheTolerance) {
-  EXPECT_FALSE(IsStable(MatrixOf<2, 3>({{{1, 0, 0}, {0, std::nextafter(Tolerance, 0.0F), 0}}}), 2));
-  EXPECT_FALSE(IsStable(MatrixOf<2, 3>({{{std::nextafter(Tolerance, 0.0F), 0, 0}, {0, 1, 0}}}), 2));
+  EXPECT_FALSE(IsStable(MatrixOf<2, 3>({{{1, 0, 0}, {0, std::nextafter(PivotLimit, 0.0F), 0}}}), 2));
+  EXPECT_FALSE(IsStable(MatrixOf<2, 3>({{{std::nextafter(PivotLimit, 0.0F), 0, 0}, {0, 1, 0}}}), 2));
 }
 
 TEST(IsStableTest, GoesByTheSizeOfTheDiagonal) {
-  EXPECT_TRUE(IsStable(MatrixOf<1, 2>({{{-Tolerance, 0}}}), 1));
-  EXPECT_FALSE(IsStable(MatrixOf<1, 2>({{{std::nextafter(-Tolerance, 0.0F), 0}}}), 1));
+  EXPECT_TRUE(IsStable(MatrixOf<1, 2>({{{-PivotLimit, 0}}}), 1));
+  EXPECT_FALSE(IsStable(MatrixOf<1, 2>({{{std::nextafter(-PivotLimit, 0.0F), 0}}}), 1));
 }
 
 TEST(IsStableTest, LooksAtTheDiagonalOfTheFirstFreedomsOnly) {

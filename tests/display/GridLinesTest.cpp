@@ -1,4 +1,5 @@
 #include "DisplayFixture.h"
+#include "SpecialNumbers.h"
 #include "modModelRendering.h"
 
 #include <limits>
@@ -79,8 +80,7 @@ TEST_F(GridLinesTest, GiveWayToTheAxesWhereTheyWouldBeTooDense) {
 }
 
 TEST_F(GridLinesTest, NeedASpacingAboveZero) {
-  for (const float spacing : {0.0F, -1.0F, std::numeric_limits<float>::quiet_NaN(), 1e-6F,
-                              std::numeric_limits<float>::infinity(), std::numeric_limits<float>::denorm_min()}) {
+  for (const float spacing : {0.0F, -1.0F, NaN, 1e-6F, Infinity, std::numeric_limits<float>::denorm_min()}) {
     Draw(spacing, 1);
     EXPECT_EQ(surface.ink, Axes) << spacing;
     Draw(1, spacing);
@@ -103,7 +103,6 @@ TEST_F(GridLinesTest, SurviveAWindowWithoutSizeOrNumbers) {
   surface.window = {4, -2, 0, 0};
   Draw(1, 1);
   EXPECT_LT(surface.ink.size(), 10U);
-  const float NaN = std::numeric_limits<float>::quiet_NaN();
   surface.window = {NaN, NaN, NaN, NaN};
   Draw(1, 1);
   EXPECT_EQ(surface.ink.size(), 2U);

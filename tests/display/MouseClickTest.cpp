@@ -1,6 +1,5 @@
 #include "MouseFixture.h"
-
-#include <limits>
+#include "SpecialNumbers.h"
 
 #include <gmock/gmock.h>
 
@@ -143,11 +142,9 @@ TEST_F(MouseClickTest, NeedsASurface) {
 }
 
 TEST_F(MouseClickTest, IgnoresAPlaceThatIsNone) {
-  const float NaN = std::numeric_limits<float>::quiet_NaN();
-  const float infinite = std::numeric_limits<float>::infinity();
   SetMouseMode(MouseMode::SelectNode);
   EXPECT_EQ(Press(NaN, 0), MouseVerdict{});
-  EXPECT_EQ(Press(0, infinite), MouseVerdict{});
+  EXPECT_EQ(Press(0, Infinity), MouseVerdict{});
   EXPECT_EQ(Move(NaN, NaN), MouseVerdict{});
   EXPECT_EQ(MouseWheel({NaN, 0}, 1), MouseVerdict{});
 }

@@ -1,6 +1,5 @@
 #include "MouseFixture.h"
-
-#include <limits>
+#include "SpecialNumbers.h"
 
 #include <gmock/gmock.h>
 
@@ -196,7 +195,7 @@ TEST_F(MouseDragTest, EndsADragThatIsReleasedNowhere) {
   ArmZoom();
   Press(0, 2);
   Move(2, 1);
-  EXPECT_EQ(Release(std::numeric_limits<float>::quiet_NaN(), 0), MouseVerdict{});
+  EXPECT_EQ(Release(NaN, 0), MouseVerdict{});
   EXPECT_FALSE(TheMouse.ZoomDragging);
   EXPECT_THAT(InvertedInk(), IsEmpty());
 }

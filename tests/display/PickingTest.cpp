@@ -1,8 +1,8 @@
 #include "DisplayFixture.h"
+#include "SpecialNumbers.h"
 #include "modPicking.h"
 
 #include <cmath>
-#include <limits>
 #include <ostream>
 
 namespace strutwright {
@@ -10,9 +10,6 @@ namespace strutwright {
 void PrintTo(const WorldPoint& point, std::ostream* out) { *out << "(" << point.x << ", " << point.y << ")"; }
 
 namespace {
-
-constexpr float Infinity = std::numeric_limits<float>::infinity();
-constexpr float NaN = std::numeric_limits<float>::quiet_NaN();
 
 class PickingTest : public DisplayFixture {
  protected:

@@ -1,4 +1,5 @@
 #include "DisplayFixture.h"
+#include "SpecialNumbers.h"
 #include "modModelStore.h"
 #include "modRedraw.h"
 
@@ -141,8 +142,7 @@ TEST_F(RedrawTest, SurvivesCoordinatesOfAnySize) {
   ShowReactions = ShowMemberForces = ShowDeflectedShape = true;
   host.layers = ModelLayers{};
   const float huge = std::numeric_limits<float>::max();
-  const float NaN = std::numeric_limits<float>::quiet_NaN();
-  for (const float x : {1e30F, huge, -huge, 1e-30F, std::numeric_limits<float>::infinity(), NaN}) {
+  for (const float x : {1e30F, huge, -huge, 1e-30F, Infinity, NaN}) {
     SetTables({{{0, 0, x, x, 3}, {x, -x, x, x, x}}, {{1, 2}, {2, 2}}});
     MemberTable(1, MemberFieldForce) = x;
     Displacements = Reactions = {0, x, -x, x, x};

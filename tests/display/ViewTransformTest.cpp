@@ -1,4 +1,5 @@
 #include "DisplayFixture.h"
+#include "SpecialNumbers.h"
 #include "modViewTransform.h"
 
 #include <cmath>
@@ -6,9 +7,6 @@
 
 namespace strutwright {
 namespace {
-
-constexpr float Infinity = std::numeric_limits<float>::infinity();
-constexpr float NaN = std::numeric_limits<float>::quiet_NaN();
 
 class ViewTransformTest : public DisplayFixture {
  protected:

@@ -235,6 +235,15 @@ TEST_F(EquationsFormTest, SaysInWordsWhatAStepDidAndWhatComesNext) {
   EXPECT_EQ(LabelText("lblStepToCome"), "Add Member 2 adds the next member at its own freedoms.");
 }
 
+TEST_F(EquationsFormTest, NamesTheNextStepOfAModelThatIsEnteredMeanwhile) {
+  EXPECT_EQ(LabelText("lblStepToCome"),
+            "Enter nodes and members; then Add Member 1 or Show Global K begins the matrix.");
+  EnterFourNodesThreeBars();
+  QTest::keyClick(frame.get(), Qt::Key_F3);
+  EXPECT_EQ(LabelText("lblStepToCome"),
+            "Add Member 1 begins K with one member; Show Global K assembles all members at once.");
+}
+
 TEST_F(EquationsFormTest, SaysWhereTheSelectedCellComesFrom) {
   EnterFourNodesThreeBars();
   Click("btnShowGlobalK");
@@ -381,8 +390,10 @@ TEST_F(EquationsFormTest, RefusesToBeClosed) {
 }
 
 TEST_F(EquationsFormTest, ClosesWithoutAWordWhenTheProgramEnds) {
-  frame->close();
+  EXPECT_TRUE(frame->close());
 
+  EXPECT_TRUE(frame->IsEnding());
+  EXPECT_TRUE(Find<QWidget>("frmEquations").close());
   EXPECT_THAT(TakeMessages(), testing::IsEmpty());
 }
 

@@ -1,8 +1,8 @@
+#include "SpecialNumbers.h"
 #include "modNumberText.h"
 
 #include <cfloat>
 #include <cmath>
-#include <limits>
 #include <string>
 #include <string_view>
 
@@ -10,8 +10,6 @@
 
 namespace strutwright {
 namespace {
-
-constexpr float Infinite = std::numeric_limits<float>::infinity();
 
 TEST(FormatNumberTest, ShowsOneDigitBehindThePointOnTheDrawing) {
   EXPECT_EQ(FormatNumber(12.0F, "#0.0"), "12.0");
@@ -128,9 +126,9 @@ TEST(FormatNumberTest, ShowsTinyValuesAsZero) {
 
 TEST(FormatNumberTest, NamesWhatIsNotFinite) {
   for (const std::string_view pattern : {"#0.0", "0.00", "#.#", "#0"}) {
-    EXPECT_EQ(FormatNumber(std::numeric_limits<float>::quiet_NaN(), pattern), "NaN");
-    EXPECT_EQ(FormatNumber(Infinite, pattern), "Infinity");
-    EXPECT_EQ(FormatNumber(-Infinite, pattern), "-Infinity");
+    EXPECT_EQ(FormatNumber(NaN, pattern), "NaN");
+    EXPECT_EQ(FormatNumber(Infinity, pattern), "Infinity");
+    EXPECT_EQ(FormatNumber(-Infinity, pattern), "-Infinity");
   }
 }
 

@@ -1,3 +1,4 @@
+#include "SpecialNumbers.h"
 #include "modNumberText.h"
 
 #include <bit>
@@ -5,7 +6,6 @@
 #include <clocale>
 #include <cmath>
 #include <cstdint>
-#include <limits>
 #include <locale>
 #include <optional>
 #include <random>
@@ -15,9 +15,6 @@
 
 namespace strutwright {
 namespace {
-
-constexpr float Infinite = std::numeric_limits<float>::infinity();
-constexpr float NotANumber = std::numeric_limits<float>::quiet_NaN();
 
 TEST(NumberTextTest, WritesBothZerosAsZero) {
   EXPECT_EQ(NumberText(0.0F), "0");
@@ -67,9 +64,9 @@ TEST(NumberTextTest, WritesAnExponentBelowOneTenThousandth) {
 }
 
 TEST(NumberTextTest, NamesWhatIsNotFinite) {
-  EXPECT_EQ(NumberText(NotANumber), "NaN");
-  EXPECT_EQ(NumberText(Infinite), "Infinity");
-  EXPECT_EQ(NumberText(-Infinite), "-Infinity");
+  EXPECT_EQ(NumberText(NaN), "NaN");
+  EXPECT_EQ(NumberText(Infinity), "Infinity");
+  EXPECT_EQ(NumberText(-Infinity), "-Infinity");
 }
 
 constexpr std::uint32_t Seed = 20240611;
@@ -123,9 +120,9 @@ TEST(ShortestTextTest, WritesBothZerosAsZero) {
 }
 
 TEST(ShortestTextTest, NamesWhatIsNotFinite) {
-  EXPECT_EQ(ShortestText(NotANumber), "NaN");
-  EXPECT_EQ(ShortestText(Infinite), "Infinity");
-  EXPECT_EQ(ShortestText(-Infinite), "-Infinity");
+  EXPECT_EQ(ShortestText(NaN), "NaN");
+  EXPECT_EQ(ShortestText(Infinity), "Infinity");
+  EXPECT_EQ(ShortestText(-Infinity), "-Infinity");
 }
 
 struct CommaPunctuation : std::numpunct<char> {

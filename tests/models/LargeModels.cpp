@@ -11,7 +11,7 @@ namespace strutwright {
 namespace {
 
 constexpr float Bay = 3;
-constexpr float Depth = 2.5F;
+constexpr float GirderDepth = 2.5F;
 
 MemberData Bar(int i, int j) { return {static_cast<float>(i + 1), static_cast<float>(j + 1)}; }
 
@@ -21,7 +21,7 @@ ModelData WarrenGirder(int nodes, int baysToSupport) {
   ModelData model;
   for (int n = 0; n < nodes; ++n) {
     const bool lower = n % 2 == 0;
-    model.nodes.push_back({Bay / 2 * static_cast<float>(n), lower ? 0 : Depth, 0, lower ? -10.0F : 0.0F});
+    model.nodes.push_back({Bay / 2 * static_cast<float>(n), lower ? 0 : GirderDepth, 0, lower ? -10.0F : 0.0F});
     if (lower && n / 2 % baysToSupport == 0) model.nodes.back().support = 1;
     if (n >= 1) model.members.push_back(Bar(n - 1, n));
     if (n >= 2) model.members.push_back(Bar(n - 2, n));

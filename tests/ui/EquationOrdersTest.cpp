@@ -19,7 +19,7 @@
 namespace strutwright {
 namespace {
 
-using Vector = std::optional<std::vector<float>>;
+using Numbers = std::optional<std::vector<float>>;
 
 /// What the view should hold.
 struct Expected {
@@ -28,8 +28,8 @@ struct Expected {
   std::optional<Matrix> K;
   Matrix k{4, 4};
   std::vector<std::int16_t> fixed;
-  Vector forces;
-  Vector disp;
+  Numbers forces;
+  Numbers disp;
 
   std::vector<float> Loads() const {
     std::vector<float> P(static_cast<std::size_t>(DofCount) + 1);
@@ -92,7 +92,7 @@ class EquationOrdersTest : public EquationsTest {
  protected:
   static constexpr int LongestOrder = 5;
 
-  static Vector Shown(const FreedomValues& values) { return values ? Vector(*values) : std::nullopt; }
+  static Numbers Shown(const FreedomValues& values) { return values ? Numbers(*values) : std::nullopt; }
 
   void ExpectShown(const Expected& expected) const {
     const EquationPage& page = TheEquations.page;

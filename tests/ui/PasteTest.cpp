@@ -1,4 +1,5 @@
 #include "GridFixture.h"
+#include "Repeated.h"
 #include "modGridClipboard.h"
 #include "modPastedText.h"
 
@@ -20,12 +21,6 @@ using Line = std::vector<std::string>;
 Message NonNumericBox(const std::string& text, int row, int column) {
   return Box(MessageIcon::Exclamation, "Non-numeric entry found: " + text + ".\nEntry (" + std::to_string(row) + "," +
                                            std::to_string(column) + ") set to zero");
-}
-
-std::string Repeated(const std::string& text, int times) {
-  std::string all;
-  for (int time = 0; time < times; ++time) all += text;
-  return all;
 }
 
 class PasteTest : public GridFixture {

@@ -1,4 +1,5 @@
 #include "FakePlatform.h"
+#include "Repeated.h"
 #include "UiState.h"
 #include "modRangeList.h"
 
@@ -25,12 +26,6 @@ List Entries(const List& entries) {
   List list{0};
   list.insert(list.end(), entries.begin(), entries.end());
   return list;
-}
-
-std::string Repeated(const std::string& text, int times) {
-  std::string all;
-  for (int time = 0; time < times; ++time) all += text;
-  return all;
 }
 
 class RangeListTest : public PlatformTest {

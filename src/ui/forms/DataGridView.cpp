@@ -2,6 +2,7 @@
 
 #include "EventGuard.h"
 #include "GridEditBox.h"
+#include "GridMetrics.h"
 #include "modCellEditing.h"
 
 #include <optional>
@@ -17,10 +18,6 @@
 namespace strutwright {
 
 namespace {
-
-constexpr int RowPadding = 8;    // pixels, above and below a text together
-constexpr int ColumnPadding = 6; // pixels, left and right of a text together
-constexpr int HeaderLines = 2;   // a heading and its unit
 
 /// The character that opens the edit box; nothing for keys that are shortcuts or that move.
 std::optional<char32_t> OpeningCharacter(const QKeyEvent& key) {

@@ -1,6 +1,7 @@
 #include "EquationGridView.h"
 
 #include "EventGuard.h"
+#include "GridMetrics.h"
 
 #include <QHeaderView>
 #include <QLabel>
@@ -9,9 +10,7 @@ namespace strutwright {
 
 namespace {
 
-constexpr int RowPadding = 8;     // pixels, above and below a text together
-constexpr int ColumnPadding = 12; // pixels, left and right of a text together
-constexpr int HeaderLines = 2;    // a heading and its unit
+constexpr int NumberPadding = 2 * ColumnPadding; // a number needs more room around it than a heading
 
 } // namespace
 
@@ -32,13 +31,13 @@ void EquationGridView::LayOut() {
   Corner = new QLabel(this);
   Corner->setAlignment(Qt::AlignCenter);
   Corner->setAttribute(Qt::WA_TransparentForMouseEvents);
-  horizontalHeader()->setMinimumSectionSize(fontMetrics().horizontalAdvance("-0000.00") + ColumnPadding);
-  horizontalHeader()->setDefaultSectionSize(fontMetrics().horizontalAdvance("-00000.00") + ColumnPadding);
+  horizontalHeader()->setMinimumSectionSize(fontMetrics().horizontalAdvance("-0000.00") + NumberPadding);
+  horizontalHeader()->setDefaultSectionSize(fontMetrics().horizontalAdvance("-00000.00") + NumberPadding);
   horizontalHeader()->setFixedHeight(HeaderLines * fontMetrics().height() + RowPadding);
   horizontalHeader()->setHighlightSections(false);
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + RowPadding);
-  verticalHeader()->setMinimumWidth(fontMetrics().horizontalAdvance("DOF") + ColumnPadding);
+  verticalHeader()->setMinimumWidth(fontMetrics().horizontalAdvance("DOF") + NumberPadding);
   verticalHeader()->setHighlightSections(false);
   if (Kind() != EquationGrid::Stiffness) LayOutVector();
 }
@@ -48,7 +47,7 @@ void EquationGridView::LayOutVector() {
   horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  const int labels = fontMetrics().horizontalAdvance("0000 x") + ColumnPadding;
+  const int labels = fontMetrics().horizontalAdvance("0000 x") + NumberPadding;
   setMinimumWidth(labels + horizontalHeader()->minimumSectionSize() + 2 * frameWidth());
 }
 

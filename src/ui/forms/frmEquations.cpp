@@ -177,12 +177,14 @@ void frmEquations::ShowPage() {
   btnAddMember->setText(QString::fromStdString(page.addMemberCaption));
   btnStepBack->setEnabled(CanStepBack());
   lblStepDone->setText(QString::fromStdString(StepDoneText()));
-  lblStepToCome->setText(QString::fromStdString(StepToComeText()));
+  ShowStepToCome();
   ShowOrigin();
   if (page.lastMember == 0 && ShownMember == 0) return;
   ShownMember = page.lastMember;
   Frame.HighlightMember(ShownMember);
 }
+
+void frmEquations::ShowStepToCome() { lblStepToCome->setText(QString::fromStdString(StepToComeText())); }
 
 void frmEquations::ShowOrigin() {
   if (lblOrigin == nullptr) return;

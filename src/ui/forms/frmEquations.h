@@ -26,6 +26,9 @@ class frmEquations : public QWidget {
   /// Empties every value of the three grids; their labels stay.
   void Reset();
 
+  /// Names the step to come anew: the model may have changed since the last one.
+  void ShowStepToCome();
+
   /// The menus that the frame's menu bar shows while this window is active, in their order.
   const QList<QMenu*>& Menus() const { return MenuList; }
 

@@ -41,8 +41,8 @@ namespace strutwright {
 namespace {
 
 // The child windows' shares of the room above the board.
-constexpr QRectF DisplayShare{0, 0, 0.64, 1};
-constexpr QRectF EquationsShare{0.64, 0, 0.36, 1};
+constexpr QRectF DisplayShare{0, 0, 0.56, 1};
+constexpr QRectF EquationsShare{0.56, 0, 0.44, 1};
 
 QString PlaceFile() { return QString::fromStdString(DataFolder()) + "/window.ini"; }
 

@@ -27,6 +27,7 @@ void frmMain::Redraw(bool zoomToExtents) {
   if (Working) return;
   RedrawDisplay(DisplaySurface, zoomToExtents);
   if (Graph != nullptr) Graph->ShowDrawing();
+  if (Equations != nullptr) Equations->ShowStepToCome();
 }
 
 void frmMain::ClearSurface() {
