@@ -114,9 +114,8 @@ void ChooseGridLineStyle(int index) {
 
 void ChangeCapacity(const std::string& text) {
   TheOptions.maxTxt = text;
-  const std::optional<float> value = NumericValue(text);
   const std::optional<std::int16_t> capacity = IntegerValue(text);
-  TheOptions.capacityChanged = value < CapacityLimit && capacity.has_value();
+  TheOptions.capacityChanged = capacity.has_value() && NumericValue(text) < CapacityLimit;
   if (TheOptions.capacityChanged) GridCapacity = *capacity;
 }
 

@@ -1,3 +1,4 @@
+#include "DisplayState.h"
 #include "FileState.h"
 #include "FormFixture.h"
 #include "modModelStore.h"
@@ -157,7 +158,42 @@ TEST_F(RecentFilesFormTest, RemovesTheChosenEntryItselfWhereTheLimitWasLowered) 
   EXPECT_EQ(Find<QWidget>("frmGraph").findChild<QAction*>("mnuRUF_2"), nullptr);
 }
 
-TEST_F(RecentFilesFormTest, WelcomesTheUserOfAFreshHomeOverTheShownFrame) {
+/// Notes what is on screen under a box.
+class WatchfulBoxes : public FakeMessageBoxes {
+ public:
+  explicit WatchfulBoxes(const std::unique_ptr<frmMain>& window) : Window(window) {}
+  void Show(const Message& message) override {
+    FakeMessageBoxes::Show(message);
+    frameIsVisible = Window->isVisible();
+    displayIsVisible = Window->findChild<QWidget*>("frmGraph")->isVisible();
+  }
+
+  bool frameIsVisible = false;
+  bool displayIsVisible = false;
+
+ private:
+  const std::unique_ptr<frmMain>& Window;
+};
+
+TEST_F(RecentFilesFormTest, WelcomesTheUserOverTheShownFrame) {
+  WatchfulBoxes watchful(frame);
+  ThePlatform().messages = &watchful;
+  settings.texts.clear();
+  StartNextRun();
+  EXPECT_EQ(watchful.shown.size(), 1U);
+  EXPECT_TRUE(watchful.frameIsVisible);
+  EXPECT_TRUE(watchful.displayIsVisible);
+}
+
+TEST_F(RecentFilesFormTest, StartsWithTheScalesAndOptionsOfTheDesign) {
+  GridSpacingX = 7;
+  DeflectionScale = 7;
+  StartNextRun();
+  EXPECT_EQ(GridSpacingX, 1.0F);
+  EXPECT_EQ(DeflectionScale, 100.0F);
+}
+
+TEST_F(RecentFilesFormTest, WelcomesTheUserOfAFreshHomeUntilAFileWasOpened) {
   settings.texts.clear();
   StartNextRun();
   const auto shown = TakeMessages();

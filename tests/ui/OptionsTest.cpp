@@ -106,7 +106,7 @@ TEST_F(OptionsTest, TakeTheLineStyleAtOnce) {
 
 TEST_F(OptionsTest, TakeACapacityBelowFiveThousandAtOnce) {
   for (const auto& [text, capacity] : std::vector<std::pair<std::string, int>>{
-           {"4999", 4999}, {" 7 ", 7}, {"0", 0}, {"-5", -5}, {"2.5", 2}, {"4999.4", 4999}}) {
+           {"4999", 4999}, {" 7 ", 7}, {"0", 0}, {"-5", -5}, {"2.5", 2}, {"4999.4", 4999}, {"4999.6", 5000}}) {
     GridCapacity = 20;
     ChangeCapacity(text);
     EXPECT_EQ(GridCapacity, capacity) << text;
