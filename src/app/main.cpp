@@ -4,6 +4,7 @@
 #include "QtClipboard.h"
 #include "QtFileDialog.h"
 #include "QtMessageBoxes.h"
+#include "QtSettingsStore.h"
 #include "QtShell.h"
 #include "frmMain.h"
 
@@ -21,6 +22,7 @@ int RunProgram(int argc, char** argv) {
   strutwright::QtFileDialog dialog;
   strutwright::QtClipboard clipboard;
   strutwright::QtShell shell;
+  strutwright::QtSettingsStore settings;
   strutwright::NativeFileSystem files;
   strutwright::frmMain frame;
   strutwright::ThePlatform() = {.messages = &messages,
@@ -30,7 +32,8 @@ int RunProgram(int argc, char** argv) {
                                 .programFolder = strutwright::ExecutableFolder(),
                                 .dataFolder = strutwright::UserDataFolder(),
                                 .clipboard = &clipboard,
-                                .shell = &shell};
+                                .shell = &shell,
+                                .settings = &settings};
   frame.RestorePlace();
   frame.show();
   frame.MDIForm_Load();

@@ -5,6 +5,7 @@
 #include "FileSystem.h"
 #include "Host.h"
 #include "MessageBoxes.h"
+#include "SettingsStore.h"
 #include "Shell.h"
 
 #include <chrono>
@@ -22,6 +23,7 @@ struct Platform {
   std::string dataFolder = {};    ///< where the user's programs keep files; need not exist
   Clipboard* clipboard = nullptr;
   Shell* shell = nullptr;
+  SettingsStore* settings = nullptr; ///< nullptr in a program that keeps no settings
   std::chrono::steady_clock::time_point (*now)() = &std::chrono::steady_clock::now;
 };
 
@@ -34,6 +36,7 @@ FileSystem& Files();
 FileDialog& TheFileDialog();
 Clipboard& TheClipboard();
 Shell& TheShell();
+SettingsStore& Settings();
 const std::string& ProgramFolder();
 const std::string& DataFolder();
 

@@ -21,13 +21,19 @@ def wait_for(what, probe):
     return value
 
 
+def expect(condition, what):
+    if not condition:
+        raise AssertionError(what)
+
+
 class Desktop:
     """Holds an X server without a window manager and a scratch folder with an installed copy of the program.
 
     The copy keeps what the program writes beside itself out of the build, and offers the examples that are named.
+    Its user has opened a file before, so that no box welcomes the user, unless this is a fresh home.
     """
 
-    def __init__(self, program, examples=(), size="1280x900"):
+    def __init__(self, program, examples=(), size="1280x900", fresh_home=False):
         self.root = pathlib.Path(tempfile.mkdtemp(prefix="strutwright-desktop-"))
         self.program = self.root / "bin" / "strutwright"
         self.documents = self.root / "home" / "Documents"
@@ -35,6 +41,10 @@ class Desktop:
             folder.mkdir(parents=True)
         (self.root / "run").chmod(0o700)
         shutil.copy(program, self.program)
+        self.settings = self.root / "home" / "config" / "strutwright.ini"
+        if not fresh_home:
+            self.settings.parent.mkdir()
+            self.settings.write_text("[Recent%20Files]\n1=/models/earlier.stw\n")
         models = self.root / "share" / "strutwright" / "examples"
         models.mkdir(parents=True)
         for example in examples:
@@ -77,20 +87,39 @@ class Desktop:
     def start(self):
         self.process = subprocess.Popen([self.program], env=self.environment, stderr=subprocess.PIPE, text=True)
 
+    def leave(self):
+        """Leaves the program, whose window has the keyboard, and expects that it had nothing to complain of."""
+        self.press("ctrl+q")
+        errors = self.process.communicate(timeout=DEADLINE)[1]
+        expect(self.process.returncode == 0, f"the program ended with status {self.process.returncode}\n{errors}")
+        expect(errors == "", f"the program complained:\n{errors}")
+
     def run(self, *command):
         """The output of a command on this display; None when it fails."""
         done = subprocess.run(command, env=self.environment, capture_output=True, timeout=DEADLINE)
         return done.stdout if done.returncode == 0 else None
 
+    def windows(self, title):
+        """The identifiers of the visible windows with a title that matches."""
+        found = self.run("xdotool", "search", "--onlyvisible", "--name", title)
+        return found.decode().split() if found else []
+
     def window(self, title):
         """The identifier of the visible window with a title that matches, or None."""
-        found = self.run("xdotool", "search", "--onlyvisible", "--name", title)
-        return found.split()[0].decode() if found else None
+        return next(iter(self.windows(title)), None)
+
+    def area(self, window):
+        """How many pixels a window has."""
+        geometry = self.run("xdotool", "getwindowgeometry", "--shell", window).decode().split()
+        sizes = dict(line.split("=") for line in geometry)
+        return int(sizes["WIDTH"]) * int(sizes["HEIGHT"])
 
     def focus(self, title):
         """Gives a window the keyboard once it is there, as a window manager does."""
-        window = wait_for(f"the window {title}", lambda: self.window(title))
-        wait_for(f"the keyboard in {title}", lambda: self.run("xdotool", "windowfocus", "--sync", window) is not None)
+        return self.focus_window(wait_for(f"the window {title}", lambda: self.window(title)))
+
+    def focus_window(self, window):
+        wait_for("the keyboard", lambda: self.run("xdotool", "windowfocus", "--sync", window) is not None)
         return window
 
     def press(self, *keys):
@@ -104,9 +133,12 @@ class Desktop:
 
     def open_first_example(self):
         """Chooses it in the File menu, whose title stands in the window's upper left corner."""
-        self.click(self.focus("^Strutwright$"), 20, 10)
+        self.open_file_menu(self.focus("^Strutwright$"))
         self.press("e", "Return")
         return self.focus(r"\.stw$")
+
+    def open_file_menu(self, window):
+        self.click(window, 20, 10)
 
     def pixels(self, area):
         """The colours (red, green, blue) of an area "WxH+X+Y" of the screen, row by row."""

@@ -40,6 +40,7 @@ PlatformTest::PlatformTest() {
   ThePlatform().dialog = &dialog;
   ThePlatform().clipboard = &clipboard;
   ThePlatform().shell = &shell;
+  ThePlatform().settings = &settings;
 }
 
 PlatformTest::~PlatformTest() { ThePlatform() = {}; }

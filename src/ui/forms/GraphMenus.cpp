@@ -24,7 +24,9 @@ void frmGraph::BuildMenus() {
   build.Add(
       tools, "mnuGenerator", "&Bracefold", {}, [this] { mnuGenerator_Click(); },
       "Starts the companion program that generates trusses");
-  build.Add(tools, "mnuOptions", "&Options...", {}, [] {})->setEnabled(false);
+  build.Add(
+      tools, "mnuOptions", "&Options...", {}, [this] { Frame.ShowOptions(); },
+      "The drawing grid, snapping, the size of the grids and the list of recent files");
   build.AddHelpMenu();
   MenuList = build.Menus();
   BuildPopUp(build);
