@@ -1,3 +1,4 @@
+#include "DesktopFileTypes.h"
 #include "NativeFileSystem.h"
 #include "NativePlaces.h"
 #include "Platform.h"
@@ -24,6 +25,7 @@ int RunProgram(int argc, char** argv) {
   strutwright::QtShell shell;
   strutwright::QtSettingsStore settings;
   strutwright::NativeFileSystem files;
+  strutwright::DesktopFileTypes fileTypes(files, strutwright::UserDesktopPlaces(), strutwright::StartIndexTools);
   strutwright::frmMain frame;
   strutwright::ThePlatform() = {.messages = &messages,
                                 .host = &frame,
@@ -33,7 +35,10 @@ int RunProgram(int argc, char** argv) {
                                 .dataFolder = strutwright::UserDataFolder(),
                                 .clipboard = &clipboard,
                                 .shell = &shell,
-                                .settings = &settings};
+                                .settings = &settings,
+                                .fileTypes = &fileTypes,
+                                .executable = strutwright::ExecutablePath(),
+                                .icon = strutwright::IconPath(strutwright::ExecutableFolder())};
   frame.RestorePlace();
   frame.show();
   frame.MDIForm_Load();

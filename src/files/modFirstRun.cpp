@@ -1,5 +1,6 @@
 #include "modFirstRun.h"
 
+#include "CAssociate.h"
 #include "Platform.h"
 
 namespace strutwright {
@@ -12,8 +13,21 @@ constexpr const char* Welcome = "Welcome to Strutwright.\n"
                                 "\n"
                                 "https://strutwright.example";
 
+void AssociateModelFiles() {
+  CAssociate modelFile;
+  modelFile.Title = "Strutwright File";
+  modelFile.Class = "Strutwright.File";
+  modelFile.Extension = ".stw";
+  modelFile.AppCommand = ThePlatform().executable;
+  modelFile.DefaultIcon = ThePlatform().icon;
+  modelFile.Associate();
+}
+
 } // namespace
 
-void firstRun() { ShowMessage(MessageIcon::Information, Welcome); }
+void firstRun() {
+  if (ThePlatform().fileTypes != nullptr) AssociateModelFiles();
+  ShowMessage(MessageIcon::Information, Welcome);
+}
 
 } // namespace strutwright

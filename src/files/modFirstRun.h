@@ -2,7 +2,7 @@
 
 namespace strutwright {
 
-/// Greets the user of a program that has not opened a file yet.
+/// Registers the type of model files with the desktop and greets the user, who has not opened a file yet.
 void firstRun();
 
 } // namespace strutwright

@@ -31,27 +31,42 @@ class Desktop:
 
     The copy keeps what the program writes beside itself out of the build, and offers the examples that are named.
     Its user has opened a file before, so that no box welcomes the user, unless this is a fresh home.
+    A program that is installed already is started where it lies; user: as whom, by number, where the caller is root.
     """
 
-    def __init__(self, program, examples=(), size="1280x900", fresh_home=False):
+    def __init__(self, program, examples=(), size="1280x900", fresh_home=False, installed=False, user=None):
         self.root = pathlib.Path(tempfile.mkdtemp(prefix="strutwright-desktop-"))
-        self.program = self.root / "bin" / "strutwright"
         self.documents = self.root / "home" / "Documents"
-        for folder in (self.program.parent, self.documents, self.root / "run"):
+        self.data = self.root / "home" / "data"
+        for folder in (self.documents, self.root / "run"):
             folder.mkdir(parents=True)
         (self.root / "run").chmod(0o700)
-        shutil.copy(program, self.program)
+        self.program = pathlib.Path(program) if installed else self._install(program, examples)
         self.settings = self.root / "home" / "config" / "strutwright.ini"
         if not fresh_home:
             self.settings.parent.mkdir()
             self.settings.write_text("[Recent%20Files]\n1=/models/earlier.stw\n")
+        self.user = user
+        if user is not None:
+            self._give_to_user()
+        self.process = None
+        self.server = None
+        self.environment = self._environment(size)
+
+    def _install(self, program, examples):
+        copy = self.root / "bin" / "strutwright"
+        copy.parent.mkdir()
+        shutil.copy(program, copy)
         models = self.root / "share" / "strutwright" / "examples"
         models.mkdir(parents=True)
         for example in examples:
             shutil.copy(example, models)
-        self.process = None
-        self.server = None
-        self.environment = self._environment(size)
+        return copy
+
+    def _give_to_user(self):
+        self.root.chmod(0o755)
+        for path in (self.root / "run", self.root / "home", *(self.root / "home").rglob("*")):
+            os.chown(path, self.user, self.user)
 
     def __enter__(self):
         return self
@@ -68,7 +83,7 @@ class Desktop:
         home = self.root / "home"
         environment.update(
             DISPLAY=self._start_server(size), HOME=str(home), LANG="C.UTF-8", XDG_RUNTIME_DIR=str(self.root / "run"),
-            XDG_CONFIG_HOME=str(home / "config"), XDG_DATA_HOME=str(home / "data"), XDG_CACHE_HOME=str(home / "cache"))
+            XDG_CONFIG_HOME=str(home / "config"), XDG_DATA_HOME=str(self.data), XDG_CACHE_HOME=str(home / "cache"))
         return environment
 
     def _start_server(self, size):
@@ -85,7 +100,8 @@ class Desktop:
         return f":{number}"
 
     def start(self):
-        self.process = subprocess.Popen([self.program], env=self.environment, stderr=subprocess.PIPE, text=True)
+        self.process = subprocess.Popen([self.program], env=self.environment, stderr=subprocess.PIPE, text=True,
+                                        user=self.user, group=self.user)
 
     def leave(self):
         """Leaves the program, whose window has the keyboard, and expects that it had nothing to complain of."""
@@ -131,10 +147,10 @@ class Desktop:
     def click(self, window, x, y):
         self.run("xdotool", "mousemove", "--window", window, str(x), str(y), "click", "1")
 
-    def open_first_example(self):
-        """Chooses it in the File menu, whose title stands in the window's upper left corner."""
+    def open_example(self, position=0):
+        """Chooses it by its position in the File menu, whose title stands in the window's upper left corner."""
         self.open_file_menu(self.focus("^Strutwright$"))
-        self.press("e", "Return")
+        self.press("e", *["Down"] * position, "Return")
         return self.focus(r"\.stw$")
 
     def open_file_menu(self, window):

@@ -24,8 +24,8 @@ def has_ink(desktop, *colours):
     return all(counts[colour] >= 20 for colour in colours)
 
 
-def analyse(desktop):
-    desktop.open_first_example()
+def analyse(desktop, position=0):
+    desktop.open_example(position)
     wait_for("the loads and supports of the example", lambda: has_ink(desktop, RED, GREEN))
     expect(ink(desktop)[BLUE] == 0, "there are member forces before the analysis")
     desktop.press("F5")

@@ -41,6 +41,9 @@ PlatformTest::PlatformTest() {
   ThePlatform().clipboard = &clipboard;
   ThePlatform().shell = &shell;
   ThePlatform().settings = &settings;
+  ThePlatform().fileTypes = &fileTypes;
+  ThePlatform().executable = "/opt/truss/strutwright";
+  ThePlatform().icon = "/opt/truss/strutwright.svg";
 }
 
 PlatformTest::~PlatformTest() { ThePlatform() = {}; }

@@ -70,6 +70,15 @@ class FakeSettings : public SettingsStore {
   std::map<std::string, std::string> texts; ///< by "section/key"
 };
 
+/// Keeps what was set, a line each: "key = value"; "Announce" where that was called.
+class FakeFileTypes : public FileTypeRegistry {
+ public:
+  void SetDefault(const std::string& key, const std::string& value) override { written.push_back(key + " = " + value); }
+  void Announce() override { written.emplace_back("Announce"); }
+
+  std::vector<std::string> written;
+};
+
 /// Keeps what the host was asked, a line each: "EndAnalysis(true)", "RefreshStatusTexts", "SetCaption(bridge.stw)".
 class FakeHost : public Host {
  public:
@@ -116,6 +125,7 @@ class PlatformTest : public testing::Test {
   FakeClipboard clipboard;
   FakeShell shell;
   FakeSettings settings;
+  FakeFileTypes fileTypes;
 };
 
 /// A box under the program's title, to compare with.
