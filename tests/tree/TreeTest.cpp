@@ -141,6 +141,8 @@ const std::map<std::string, std::set<std::string>> AllowedLayers{
     {"ui/forms", {"platform", "qt", "model", "analysis", "files", "display", "ui"}},
     {"app", {"platform", "native", "qt", "model", "analysis", "files", "display", "ui", "forms"}},
     {"bracefold/families", {"platform", "model", "analysis", "files"}},
+    {"bracefold",
+     {"platform", "native", "qt", "model", "analysis", "files", "display", "ui", "forms", "families", "bracefold"}},
     {"cli", {"platform", "native", "qt", "model", "analysis", "files", "display", "ui"}},
 };
 

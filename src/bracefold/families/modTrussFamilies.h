@@ -22,6 +22,7 @@ struct FieldDescription {
   TrussField field;
   std::string_view option; ///< its name on the command line, without dashes
   std::string_view title;  ///< its name in words
+  char key;                ///< the letter of the title that leads to it with Alt
   std::string_view unit;   ///< empty where it has none
   float least;
   float most;
@@ -36,17 +37,18 @@ inline constexpr float MostBays = 200;
 inline constexpr float LeastSteepness = 0.01F;
 
 inline constexpr std::array<FieldDescription, TrussFieldCount> TrussFields{{
-    {TrussField::Span, "span", "Span", "m", 0.1F, 10000, 24, "Length between the supports; of a tower its width below"},
-    {TrussField::Height, "height", "Height", "m", 0.1F, 10000, 3, "Between the chords, or up to the highest node"},
-    {TrussField::Bays, "bays", "Bays", "", 1, MostBays, 8, "Number of bays along the span, or up the tower"},
-    {TrussField::E, "e", "E", "kN/mm2", 0.001F, 10000, 200, "Elastic modulus of every member"},
-    {TrussField::ChordArea, "chord-area", "Area of chords", "mm2", 1, 1000000, 2000,
+    {TrussField::Span, "span", "Span", 'S', "m", 0.1F, 10000, 24,
+     "Length between the supports; of a tower its width below"},
+    {TrussField::Height, "height", "Height", 'H', "m", 0.1F, 10000, 3, "Between the chords, or up to the highest node"},
+    {TrussField::Bays, "bays", "Bays", 'B', "", 1, MostBays, 8, "Number of bays along the span, or up the tower"},
+    {TrussField::E, "e", "E", 'E', "kN/mm2", 0.001F, 10000, 200, "Elastic modulus of every member"},
+    {TrussField::ChordArea, "chord-area", "Area of chords", 'c', "mm2", 1, 1000000, 2000,
      "Chords and end posts, rafters, legs of a tower"},
-    {TrussField::VerticalArea, "vertical-area", "Area of verticals", "mm2", 1, 1000000, 1000,
+    {TrussField::VerticalArea, "vertical-area", "Area of verticals", 'v', "mm2", 1, 1000000, 1000,
      "Verticals, struts of a Fink roof, horizontals of a tower"},
-    {TrussField::DiagonalArea, "diagonal-area", "Area of diagonals", "mm2", 1, 1000000, 1200,
+    {TrussField::DiagonalArea, "diagonal-area", "Area of diagonals", 'd', "mm2", 1, 1000000, 1200,
      "Diagonals, inner ties of a Fink roof"},
-    {TrussField::Load, "load", "Load at a node", "kN", -100000, 100000, 10,
+    {TrussField::Load, "load", "Load at a node", 'L', "kN", -100000, 100000, 10,
      "At each node of the loaded chord that has no support: downwards, at a tower to the right"},
 }};
 

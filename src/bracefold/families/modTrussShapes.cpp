@@ -222,7 +222,7 @@ TrussShape CantileverShape(const TrussSize& size) {
 
 TrussShape TowerShape(const TrussSize& size) {
   TrussShape shape;
-  Chords legs;
+  Chords legs; // the left one and the right one
   for (int i = 0; i <= size.bays; ++i) {
     const double part = static_cast<double>(i) / size.bays;
     const double lean = size.span / 4 * part;
@@ -230,7 +230,7 @@ TrussShape TowerShape(const TrussSize& size) {
     legs.upper.push_back(shape.AddNode(size.span - lean, size.height * part));
   }
   AddBracing(shape, legs, size, [](int bay) { return bay % 2 == 1; });
-  shape.MarkLoaded(legs.lower);
+  shape.MarkLoaded(legs.upper);
   Hold(shape, legs.Lower(0), legs.Upper(0), size.support, RollerOnGround);
   return shape;
 }

@@ -46,7 +46,8 @@ TrussShape FinkShape(const TrussSize& size);
 TrussShape CantileverShape(const TrussSize& size);
 
 /// Two legs that lean towards each other until half of their distance is left, diagonals to and fro; a member along
-/// the ground only where that does not hold both feet entirely.
+/// the ground only where that does not hold both feet entirely.  The right leg is loaded: arrows to the right lie there
+/// outside the tower.
 TrussShape TowerShape(const TrussSize& size);
 
 } // namespace strutwright
