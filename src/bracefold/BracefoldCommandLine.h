@@ -12,7 +12,8 @@ namespace strutwright {
 /// Exit statuses of bracefold.
 enum BracefoldStatus : int {
   BracefoldOk = 0,
-  BracefoldUsage = 2, ///< wrong usage, an unwritable file, or no display for the window
+  BracefoldNoWindow = 1, ///< the window can't be shown
+  BracefoldUsage = 2,    ///< wrong usage, an unwritable file, or no display named for the window
 };
 
 /// Opens the window on a truss and returns the exit status when the user has closed it.

@@ -126,7 +126,7 @@ QLayout* frmBracefold::BuildPicture() {
   preview->setMinimumSize(360, 240);
   numbersChk = new QCheckBox("&Numbers of nodes and members");
   Describe(*numbersChk, "numbersChk", "Shows the numbers of nodes and members in the picture");
-  OnSignal(numbersChk, &QCheckBox::toggled, this, [this] { Redraw(false); });
+  OnSignal(numbersChk, &QCheckBox::toggled, this, [this] { Draw(false); });
   auto* column = new QVBoxLayout;
   column->addWidget(preview, 1);
   column->addWidget(numbersChk);
@@ -203,7 +203,7 @@ void frmBracefold::TakeTruss() {
   ShowSummary("");
   TakeModel(model);
   ScaleLoadsToModel();
-  Redraw(true);
+  Draw(true);
 }
 
 void frmBracefold::ShowFault(const std::optional<TrussFault>& fault) {
@@ -230,7 +230,7 @@ ModelLayers frmBracefold::Layers() {
   return {.grid = false, .memberNumbers = numbers, .nodeNumbers = numbers};
 }
 
-void frmBracefold::Redraw(bool zoomToExtents) {
+void frmBracefold::Draw(bool zoomToExtents) {
   RedrawDisplay(&preview->Surface(), zoomToExtents);
   preview->update();
 }
@@ -238,7 +238,7 @@ void frmBracefold::Redraw(bool zoomToExtents) {
 /// The first size that the window gets lets the drawing begin.
 void frmBracefold::Resized() {
   DisplaySurface = &preview->Surface();
-  Redraw(true);
+  Draw(true);
 }
 
 void frmBracefold::MousePressed(const MouseEvent& event) { Grabbed = event; }
@@ -246,11 +246,11 @@ void frmBracefold::MousePressed(const MouseEvent& event) { Grabbed = event; }
 void frmBracefold::MouseMoved(const MouseEvent& event) {
   if (!event.leftHeld) return;
   PanWindow(preview->Surface(), Grabbed.x, Grabbed.y, event.x, event.y);
-  Redraw(false);
+  Draw(false);
 }
 
 void frmBracefold::WheelTurned(const MouseEvent& event, double steps) {
-  if (ZoomAbout(preview->Surface(), event.x, event.y, std::pow(ZoomStep, steps))) Redraw(false);
+  if (ZoomAbout(preview->Surface(), event.x, event.y, std::pow(ZoomStep, steps))) Draw(false);
 }
 
 } // namespace strutwright

@@ -27,7 +27,6 @@ class frmBracefold : public QWidget, public WindowlessHost, private DisplayListe
   ~frmBracefold() override;
 
   ModelLayers Layers() override;
-  void Redraw(bool zoomToExtents) override;
 
  private:
   QLayout* BuildFields();
@@ -42,6 +41,7 @@ class frmBracefold : public QWidget, public WindowlessHost, private DisplayListe
   TrussTexts Texts() const;
   void ChooseFamily();
   void TakeTruss();
+  void Draw(bool zoomToExtents);
   void ShowFault(const std::optional<TrussFault>& fault);
   void ShowSummary(const QString& text);
   void Save();

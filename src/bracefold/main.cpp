@@ -25,6 +25,13 @@ bool IsSet(const char* variable) {
 /// Qt ends the program where there is no display; it is asked for one only where there seems to be.
 bool HasDisplay() { return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY") || IsSet("QT_QPA_PLATFORM"); }
 
+/// Where there is no display after all, Qt would abort: the program ends in order instead.
+void EndInOrder(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
+  if (type != QtFatalMsg) return static_cast<void>(std::cerr << text.toStdString() << '\n');
+  std::cerr << "bracefold: the window can't be shown; --out FILE writes a model without one" << std::endl;
+  std::_Exit(BracefoldNoWindow);
+}
+
 int ShowWindow(char* programName, const TrussFamily& family, const TrussTexts& texts) {
   if (!HasDisplay()) {
     std::cerr << "bracefold: there is no display for the window; --out FILE writes a model without one\n";
@@ -32,7 +39,9 @@ int ShowWindow(char* programName, const TrussFamily& family, const TrussTexts& t
   }
   int count = 1; // the other arguments are not Qt's
   char* arguments[] = {programName, nullptr};
+  qInstallMessageHandler(EndInOrder);
   const QApplication application(count, arguments);
+  qInstallMessageHandler(nullptr);
   QtMessageBoxes messages;
   QtFileDialog dialog;
   frmBracefold window(family, texts);
@@ -61,6 +70,6 @@ int main(int argc, char** argv) {
     return strutwright::RunProgram(argc, argv);
   } catch (const std::exception& failure) {
     std::cerr << "bracefold: " << failure.what() << '\n';
-    return 1;
+    return strutwright::BracefoldNoWindow;
   }
 }

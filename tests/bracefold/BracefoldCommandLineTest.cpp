@@ -244,5 +244,14 @@ TEST_F(BracefoldCommandLineTest, SaysWhenThereIsNoDisplay) {
             "bracefold: there is no display for the window; --out FILE writes a model without one\n");
 }
 
+TEST_F(BracefoldCommandLineTest, EndsInOrderWhereTheDisplayIsNotThere) {
+  const std::string printed = folder.Path("printed");
+  EXPECT_EQ(StatusOf("env -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM DISPLAY=:9999 " + std::string(BRACEFOLD_PROGRAM) +
+                     " 2> " + printed),
+            1);
+  EXPECT_THAT(FileBytes(printed),
+              HasSubstr("bracefold: the window can't be shown; --out FILE writes a model without one\n"));
+}
+
 } // namespace
 } // namespace strutwright

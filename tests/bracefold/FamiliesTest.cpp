@@ -203,7 +203,7 @@ TEST(CrossingTest, WouldBeFound) {
 }
 
 /// Nodes as "x y" that carry a load, in the model's order.
-std::vector<std::string> LoadedNodes(const std::string& name, int bays, MemberField = MemberNodeI) {
+std::vector<std::string> LoadedNodes(const std::string& name, int bays) {
   const StoredModel model = MakeTruss(Family(name), WithBays(Family(name), bays));
   std::vector<std::string> loaded;
   for (int n = 1; n <= model.nodeCount; ++n) {
