@@ -13,7 +13,6 @@ namespace strutwright {
 namespace {
 
 constexpr int PixelsAtATime = 4;
-constexpr int BytesAtATime = 4 * PixelsAtATime;
 
 constexpr float LongRow = 16; // pixels, from which on it pays to look where in a row something lies
 const QPointF HalfAPixel(0.5, 0.5);
@@ -69,16 +68,24 @@ QRect InkOf(const QImage& picture) {
   return ink;
 }
 
-// ground = ink + ground (255 - alpha) / 255, rounded, where shine = 255 - alpha.   In blocks, so that the compiler
-// takes all bytes of one at once.
-void CopyBlocks(std::uint32_t* pixels, const std::uint8_t* ink, const std::uint8_t* shine, int blocks) {
-  auto* to = reinterpret_cast<std::uint8_t*>(pixels);
-  for (; blocks > 0; --blocks, to += BytesAtATime, ink += BytesAtATime, shine += BytesAtATime) {
-    for (int i = 0; i < BytesAtATime; ++i) {
-      const auto product = static_cast<std::uint16_t>(to[i] * shine[i] + 128);
-      to[i] = static_cast<std::uint8_t>(ink[i] + static_cast<std::uint16_t>(product + (product >> 8)) / 256);
-    }
-  }
+// p = ink + p shine, in parts of 256, rounded, so that white on white stays white; two of a pixel's four numbers at a
+// time.
+void Copy(std::uint32_t* pixels, const std::uint32_t* ink, const std::uint32_t* shine) {
+  using Bytes [[gnu::vector_size(16)]] = std::uint8_t;
+  Integers old;
+  Halves through;
+  Bytes over;
+  std::memcpy(&old, pixels, sizeof(old));
+  std::memcpy(&through, shine, sizeof(through));
+  std::memcpy(&over, ink, sizeof(over));
+  const Halves redBlue = reinterpret_cast<Halves>(old & 0xFF00FFU) * through + 128;
+  const Halves alphaGreen = reinterpret_cast<Halves>(old >> 8 & 0xFF00FFU) * through + 128;
+  const Bytes result = over + reinterpret_cast<Bytes>(redBlue >> 8 | (alphaGreen & 0xFF00U));
+  std::memcpy(pixels, &result, sizeof(result));
+}
+
+void CopyRow(std::uint32_t* pixels, const std::uint32_t* ink, const std::uint32_t* shine, int width) {
+  for (int x = 0; x < width; x += PixelsAtATime) Copy(pixels + x, ink + x, shine + x);
 }
 
 } // namespace
@@ -96,10 +103,9 @@ Stamp::Stamp(const QImage& ink) {
     const auto* row = reinterpret_cast<const QRgb*>(ink.constScanLine(Top + y));
     for (int x = 0; x < Width; ++x) {
       const QRgb pixel = x < area.width() ? row[Left + x] : 0;
-      for (int byte = 0; byte < 4; ++byte) {
-        Ink.push_back(static_cast<std::uint8_t>(pixel >> (8 * byte)));
-        Shine.push_back(static_cast<std::uint8_t>(255 - qAlpha(pixel)));
-      }
+      Ink.push_back(pixel);
+      const auto through = static_cast<std::uint32_t>(255 - qAlpha(pixel));
+      Shine.push_back((through + (through >> 7)) * 0x10001U); // 255 becomes 256
     }
   }
 }
@@ -112,9 +118,9 @@ void Stamp::CopyTo(const Pixels& ground, int x, int y) const {
   const int first = std::max(0, -y);
   const int last = std::min(Height, ground.height - y);
   for (int row = first; row < last; ++row) {
-    const std::size_t at = std::size_t{4} * static_cast<std::size_t>(row) * static_cast<std::size_t>(Width);
+    const std::size_t at = static_cast<std::size_t>(row) * static_cast<std::size_t>(Width);
     if (whole) {
-      CopyBlocks(ground.Row(y + row) + x, &Ink[at], &Shine[at], Width / PixelsAtATime);
+      CopyRow(ground.Row(y + row) + x, &Ink[at], &Shine[at], Width);
     } else {
       CopyPart(ground.Row(y + row), ground.width, x, at);
     }
@@ -127,7 +133,7 @@ void Stamp::CopyPart(std::uint32_t* pixels, int width, int x, std::size_t at) co
   const int from = std::max(0, -x);
   const int count = std::min(Width, width - x) - from;
   std::copy_n(pixels + x + from, count, row.begin() + from);
-  CopyBlocks(row.data(), &Ink[at], &Shine[at], Width / PixelsAtATime);
+  CopyRow(row.data(), &Ink[at], &Shine[at], Width);
   std::copy_n(row.begin() + from, count, pixels + x + from);
 }
 
@@ -175,6 +181,22 @@ struct PixelPen::Bar {
 
   Band along;
   Band across;
+};
+
+/// Dashes of four widths and gaps of two, counted along x or y, whichever the line runs through faster.
+struct PixelPen::DashedBar {
+  void Narrow(float y, float& from, float& to) const { bar.Narrow(y, from, to); }
+
+  auto InRow(float y) const {
+    return [whole = bar.InRow(y), a = a, rest = b * y - middle, width = width](Floats x) {
+      const Floats way = a * x + rest; // from the middle of the first dash
+      const Floats number = __builtin_convertvector(__builtin_convertvector(way / (6 * width) + 0.5F, Signed), Floats);
+      return whole(x) * Inside(2 * width - Size(way - 6 * width * number));
+    };
+  }
+
+  Bar bar;
+  float a, b, middle, width;
 };
 
 struct PixelPen::Ring {
@@ -225,23 +247,25 @@ void PixelPen::FillRow(const Shape& shape, int row, int from, int to) {
   }
 }
 
-void PixelPen::Line(const QLineF& line, double cap) {
+void PixelPen::Line(const QLineF& line, double cap, bool dashed) {
   const double length = std::sqrt(line.dx() * line.dx() + line.dy() * line.dy());
   const QPointF along = length > 0 ? QPointF(line.dx(), line.dy()) / length : QPointF(1, 0);
   const double half = length / 2 + cap;
   const QPointF size(std::abs(along.x()), std::abs(along.y()));
-  Fill(Bar{Band(along, line.center(), half), Band(QPointF(-along.y(), along.x()), line.center(), HalfWidth)},
-       line.center(), half * size + HalfWidth * QPointF(size.y(), size.x()) + HalfAPixel);
+  const QPointF reach = half * size + HalfWidth * QPointF(size.y(), size.x()) + HalfAPixel;
+  const Bar bar{Band(along, line.center(), half), Band(QPointF(-along.y(), along.x()), line.center(), HalfWidth)};
+  if (!dashed) return Fill(bar, line.center(), reach);
+  const bool level = size.x() >= size.y();
+  const float a = level ? std::copysign(1.0F, bar.along.a) : 0.0F;
+  const float b = level ? 0.0F : std::copysign(1.0F, bar.along.b);
+  const double start = a * line.x1() + b * line.y1();
+  Fill(DashedBar{bar, a, b, static_cast<float>(start + 4 * HalfWidth), static_cast<float>(2 * HalfWidth)},
+       line.center(), reach);
 }
 
-void PixelPen::DashedLine(const QLineF& line) {
-  const double length = std::max(std::abs(line.dx()), std::abs(line.dy()));
-  const double width = 2 * HalfWidth;
-  for (double from = 0; from < length; from += 6 * width) {
-    const double to = std::min(from + 4 * width, length);
-    Line(QLineF(line.pointAt(from / length), line.pointAt(to / length)), 0);
-  }
-}
+void PixelPen::SolidLine(const QLineF& line) { Line(line, HalfWidth, false); }
+
+void PixelPen::DashedLine(const QLineF& line) { Line(line, 0, true); }
 
 void PixelPen::Circle(const QPointF& centre, double radius) {
   const double reach = radius + HalfWidth;

@@ -39,9 +39,8 @@ class Stamp {
   int Top = 0;
   int Width = 0; ///< a multiple of what the processor takes at a time
   int Height = 0;
-  std::vector<std::uint8_t> Ink; ///< four bytes a pixel, premultiplied
-  std::vector<std::uint8_t>
-      Shine; ///< of the ground through the ink: 255 less the ink's alpha, once for each of the four
+  std::vector<std::uint32_t> Ink;   ///< premultiplied
+  std::vector<std::uint32_t> Shine; ///< of the ground through the ink, of 256, in either half
 };
 
 /// Draws what a model has by the ten thousand straight onto the pixels: Qt takes microseconds to prepare a line that
@@ -50,8 +49,8 @@ class PixelPen {
  public:
   PixelPen(QImage& picture, QRgb colour, double width);
 
-  /// Beyond its ends the line goes on by `cap`.
-  void Line(const QLineF& line, double cap);
+  /// Its ends stand out by half the width.
+  void SolidLine(const QLineF& line);
 
   /// Dashes of four widths and gaps of two, counted along the line's longer extent, as Qt counts them.
   void DashedLine(const QLineF& line);
@@ -60,7 +59,10 @@ class PixelPen {
 
  private:
   struct Bar;
+  struct DashedBar;
   struct Ring;
+
+  void Line(const QLineF& line, double cap, bool dashed);
 
   template <typename Shape>
   void Fill(const Shape& shape, const QPointF& middle, const QPointF& reach);

@@ -120,7 +120,7 @@ bool QtDrawingSurface::PaintPixels(const LineStroke& stroke) {
   if (stroke.pen.dashed) {
     pen.DashedLine(line);
   } else {
-    pen.Line(line, width / 2);
+    pen.SolidLine(line);
   }
   return true;
 }
