@@ -1,0 +1,63 @@
+#include "CheckedTruss.h"
+
+#include "modModelStore.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace strutwright {
+
+namespace {
+
+void ReadNode(int n, CheckedTruss& truss) {
+  truss.x[At(n)] = NodeTable(n, NodeX);
+  truss.y[At(n)] = NodeTable(n, NodeY);
+  truss.load[AlongX(n)] = NodeTable(n, NodeForceX);
+  truss.load[AlongY(n)] = NodeTable(n, NodeForceY);
+  const float code = NodeTable(n, NodeSupport);
+  truss.fixed[AlongX(n)] = code != 0.0F && code != 1.0F ? 1 : 0;
+  truss.fixed[AlongY(n)] = code != 0.0F && code != 2.0F ? 1 : 0;
+}
+
+void ReadMember(int m, CheckedTruss& truss) {
+  const int i = RoundNodeNumber(MemberTable(m, MemberNodeI));
+  const int j = RoundNodeNumber(MemberTable(m, MemberNodeJ));
+  if (std::min(i, j) < 1 || std::max(i, j) > truss.nodeCount) return;
+  const double dx = truss.x[At(j)] - truss.x[At(i)];
+  const double dy = truss.y[At(j)] - truss.y[At(i)];
+  const double length = std::hypot(dx, dy);
+  if (!(length > 0) || !std::isfinite(length)) return;
+  const double E = MemberTable(m, MemberE);
+  const double A = MemberTable(m, MemberA);
+  const bool bears = E > 0 && A > 0;
+  truss.members.push_back(
+      {m, i, j, dx / length, dy / length, 1000 * length, bears ? E * A : 0, MemberTable(m, MemberPS)});
+}
+
+double Extent(const std::vector<double>& coordinates) {
+  if (coordinates.size() < 2) return 0;
+  const auto [low, high] = std::minmax_element(coordinates.begin() + 1, coordinates.end());
+  return *high - *low;
+}
+
+} // namespace
+
+bool CheckedTruss::IsFixed(int node) const { return fixed[AlongX(node)] != 0 && fixed[AlongY(node)] != 0; }
+
+bool CheckedTruss::HasSupport(int node) const { return fixed[AlongX(node)] != 0 || fixed[AlongY(node)] != 0; }
+
+double CheckedTruss::Size() const { return std::max(Extent(x), Extent(y)); }
+
+CheckedTruss ReadTruss() {
+  CheckedTruss truss;
+  truss.nodeCount = NodeCount;
+  truss.x.assign(At(NodeCount) + 1, 0);
+  truss.y.assign(At(NodeCount) + 1, 0);
+  truss.load.assign(truss.FreedomCount() + 1, 0);
+  truss.fixed.assign(truss.FreedomCount() + 1, 0);
+  for (int n = 1; n <= NodeCount; ++n) ReadNode(n, truss);
+  for (int m = 1; m <= MemberCount; ++m) ReadMember(m, truss);
+  return truss;
+}
+
+} // namespace strutwright
