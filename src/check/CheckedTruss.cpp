@@ -48,9 +48,29 @@ bool CheckedTruss::HasSupport(int node) const { return fixed[AlongX(node)] != 0 
 
 double CheckedTruss::Size() const { return std::max(Extent(x), Extent(y)); }
 
+std::vector<double> LoadsWithPrestress(const CheckedTruss& truss) {
+  std::vector<double> P = truss.load;
+  // P(i) += PS (c, s), P(j) -= PS (c, s).   Checked: a bar between fixed ends bears PS.
+  for (const CheckedMember& member : truss.members) {
+    P[AlongX(member.i)] += member.prestress * member.c;
+    P[AlongY(member.i)] += member.prestress * member.s;
+    P[AlongX(member.j)] -= member.prestress * member.c;
+    P[AlongY(member.j)] -= member.prestress * member.s;
+  }
+  return P;
+}
+
+double LargestCause(const CheckedTruss& truss) {
+  double largest = 0;
+  for (const double load : truss.load) largest = std::max(largest, std::abs(load));
+  for (const CheckedMember& member : truss.members) largest = std::max(largest, std::abs(member.prestress));
+  return largest;
+}
+
 CheckedTruss ReadTruss() {
   CheckedTruss truss;
   truss.nodeCount = NodeCount;
+  truss.memberCount = MemberCount;
   truss.x.assign(At(NodeCount) + 1, 0);
   truss.y.assign(At(NodeCount) + 1, 0);
   truss.load.assign(truss.FreedomCount() + 1, 0);

@@ -15,13 +15,15 @@ struct CheckedMember {
   double length = 0;    ///< mm
   double rigidity = 0;  ///< E A in kN; 0 where E or A is not above zero
   double prestress = 0; ///< kN
-  bool bears() const { return rigidity > 0; }
+
+  bool Bears() const { return rigidity > 0; }
 };
 
 /// The model as the check sees it: read from the tables, kept in double, without what can't bear anything.
 /// The analysis has its own way with members that it ignores (docs/method.md, 3); the check leaves them out.
 struct CheckedTruss {
   int nodeCount = 0;
+  int memberCount = 0;                ///< all, also those that are left out
   std::vector<double> x;              ///< (0..nodeCount), m
   std::vector<double> y;              ///< (0..nodeCount), m
   std::vector<double> load;           ///< (0..2 nodeCount), kN, as applied at the nodes
@@ -39,6 +41,13 @@ struct CheckedTruss {
 constexpr std::size_t AlongX(int node) { return static_cast<std::size_t>(2 * node - 1); }
 constexpr std::size_t AlongY(int node) { return static_cast<std::size_t>(2 * node); }
 constexpr std::size_t At(int number) { return static_cast<std::size_t>(number); }
+
+/// Load of every freedom (0..2 nodeCount) in kN, with what prestress exerts on the nodes.  A member without stiffness
+/// exerts its prestress too, as in the analysis.
+std::vector<double> LoadsWithPrestress(const CheckedTruss& truss);
+
+/// The largest load or prestress, kN; the measure for what counts as no force.
+double LargestCause(const CheckedTruss& truss);
 
 /// Reads the model tables.  Members that name no existing node, join a node to itself or have no length stay out.
 CheckedTruss ReadTruss();

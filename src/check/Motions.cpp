@@ -42,7 +42,7 @@ std::array<Entry, 4> EntriesOf(const CheckedMember& member) {
 std::vector<char> TouchedFreedoms(const CheckedTruss& truss) {
   std::vector<char> touched(truss.FreedomCount() + 1, 0);
   for (const CheckedMember& member : truss.members) {
-    if (!member.bears()) continue;
+    if (!member.Bears()) continue;
     for (const Entry& entry : EntriesOf(member)) {
       if (entry.value != 0) touched[entry.freedom] = 1;
     }
@@ -62,7 +62,7 @@ Kinematics KinematicsOf(const CheckedTruss& truss) {
   std::vector<Eigen::Triplet<double>> entries;
   int row = 0;
   for (const CheckedMember& member : truss.members) {
-    if (!member.bears()) continue;
+    if (!member.Bears()) continue;
     for (const Entry& entry : EntriesOf(member)) {
       const int column = columnOf[entry.freedom];
       if (column >= 0 && entry.value != 0) entries.emplace_back(row, column, entry.value);
