@@ -169,7 +169,8 @@ std::vector<ZeroBar> FindZeroBars(const CheckedTruss& truss, const RefinedSoluti
     if (!member.Bears() || force > ZeroByRule * largest) continue;
     if (!reasons[m].empty()) bars.push_back({member.number, reasons[m]});
     if (reasons[m].empty() && force <= ZeroBySolution * largest) {
-      bars.push_back({member.number, "These loads give it no force, though no rule of joints shows it"});
+      bars.push_back(
+          {member.number, "Its force is below a ten-millionth of the largest, though no rule of joints shows why"});
     }
   }
   return bars;
