@@ -46,8 +46,6 @@ bool CheckedTruss::IsFixed(int node) const { return fixed[AlongX(node)] != 0 && 
 
 bool CheckedTruss::HasSupport(int node) const { return fixed[AlongX(node)] != 0 || fixed[AlongY(node)] != 0; }
 
-double CheckedTruss::Size() const { return std::max(Extent(x), Extent(y)); }
-
 std::vector<double> LoadsWithPrestress(const CheckedTruss& truss) {
   std::vector<double> P = truss.load;
   // P(i) += PS (c, s), P(j) -= PS (c, s).   Checked: a bar between fixed ends bears PS.
@@ -76,6 +74,7 @@ CheckedTruss ReadTruss() {
   truss.load.assign(truss.FreedomCount() + 1, 0);
   truss.fixed.assign(truss.FreedomCount() + 1, 0);
   for (int n = 1; n <= NodeCount; ++n) ReadNode(n, truss);
+  truss.size = std::max(Extent(truss.x), Extent(truss.y));
   for (int m = 1; m <= MemberCount; ++m) ReadMember(m, truss);
   return truss;
 }

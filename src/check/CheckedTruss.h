@@ -24,6 +24,7 @@ struct CheckedMember {
 struct CheckedTruss {
   int nodeCount = 0;
   int memberCount = 0;                ///< all, also those that are left out
+  double size = 0;                    ///< largest extent of the nodes, m
   std::vector<double> x;              ///< (0..nodeCount), m
   std::vector<double> y;              ///< (0..nodeCount), m
   std::vector<double> load;           ///< (0..2 nodeCount), kN, as applied at the nodes
@@ -33,8 +34,6 @@ struct CheckedTruss {
   std::size_t FreedomCount() const { return 2 * static_cast<std::size_t>(nodeCount); }
   bool IsFixed(int node) const;
   bool HasSupport(int node) const;
-  /// Largest extent of the nodes, m.
-  double Size() const;
 };
 
 /// The freedoms of a node in the arrays above.

@@ -10,8 +10,8 @@ namespace {
 constexpr double CoordinateRounding = 2e-7; // a few units in the last place of a 32-bit float
 constexpr double SizeShare = 1e-6;
 constexpr double MostCellsAcross = 2000;
-/// So many pairs are enough to say that a model is a tangle.
-constexpr std::size_t MostPairs = 2000000;
+/// How far the cells begin before the truss, in cells: nodes at equal distances then do not lie between two cells.
+constexpr double Offset = 0.37;
 
 double LargestCoordinate(const CheckedTruss& truss) {
   double largest = 0;
@@ -31,8 +31,8 @@ double MedianLength(const CheckedTruss& truss) {
 }
 
 double EdgeFor(const CheckedTruss& truss) {
-  const double spread = truss.Size() / std::sqrt(1.0 + truss.nodeCount);
-  const double edge = std::max(truss.members.empty() ? spread : MedianLength(truss), truss.Size() / MostCellsAcross);
+  const double spread = truss.size / std::sqrt(1.0 + truss.nodeCount);
+  const double edge = std::max(truss.members.empty() ? spread : MedianLength(truss), truss.size / MostCellsAcross);
   return edge > 0 ? edge : 1;
 }
 
@@ -43,8 +43,8 @@ double LowestOf(const std::vector<double>& coordinates) {
 } // namespace
 
 Neighbourhood::Neighbourhood(const CheckedTruss& truss)
-    : Margin(SizeShare * truss.Size() + CoordinateRounding * LargestCoordinate(truss)), Edge(EdgeFor(truss)),
-      Left(LowestOf(truss.x)), Bottom(LowestOf(truss.y)) {
+    : Margin(SizeShare * truss.size + CoordinateRounding * LargestCoordinate(truss)), Edge(EdgeFor(truss)),
+      Left(LowestOf(truss.x) - Offset * Edge), Bottom(LowestOf(truss.y) - Offset * Edge) {
   for (int n = 1; n <= truss.nodeCount; ++n) AddNode(truss, n);
   for (std::size_t m = 0; m < truss.members.size(); ++m) AddMember(truss, static_cast<int>(m));
   for (Entries* entries : {&Nodes, &Members}) {
@@ -78,6 +78,7 @@ void Neighbourhood::AddMember(const CheckedTruss& truss, int index) {
   const int first = rightward ? member.i : member.j;
   const int last = rightward ? member.j : member.i;
   const double x0 = truss.x[At(first)], y0 = truss.y[At(first)], x1 = truss.x[At(last)], y1 = truss.y[At(last)];
+  Boxes.push_back({x0 - Margin, x1 + Margin, std::min(y0, y1) - Margin, std::max(y0, y1) + Margin});
   const auto heightAt = [&](double x) { return y0 + (y1 - y0) * std::clamp((x - x0) / (x1 - x0), 0.0, 1.0); };
   for (std::int64_t column = Across(x0 - Margin); column <= Across(x1 + Margin); ++column) {
     const double left = Left + static_cast<double>(column) * Edge;
@@ -88,17 +89,10 @@ void Neighbourhood::AddMember(const CheckedTruss& truss, int index) {
   }
 }
 
-std::vector<std::pair<int, int>> Neighbourhood::PairsOf(const Entries& first, const Entries& second, bool oneKind) {
-  std::vector<std::pair<int, int>> pairs;
-  auto from = second.begin();
-  for (auto entry = first.begin(); entry != first.end() && pairs.size() < MostPairs; ++entry) {
-    while (from != second.end() && from->cell < entry->cell) ++from;
-    auto other = oneKind ? entry + 1 : Entries::const_iterator(from);
-    for (; other != second.end() && other->cell == entry->cell; ++other) pairs.emplace_back(entry->index, other->index);
-  }
-  std::sort(pairs.begin(), pairs.end());
-  pairs.erase(std::unique(pairs.begin(), pairs.end()), pairs.end());
-  return pairs;
+bool Neighbourhood::MayTouch(int first, int second) const {
+  const Box& a = Boxes[static_cast<std::size_t>(first)];
+  const Box& b = Boxes[static_cast<std::size_t>(second)];
+  return a.left <= b.right && b.left <= a.right && a.bottom <= b.top && b.bottom <= a.top;
 }
 
 } // namespace strutwright

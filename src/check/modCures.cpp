@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <set>
 #include <tuple>
 #include <utility>
 
@@ -14,8 +13,9 @@ using Motion = std::vector<double>;
 
 constexpr std::size_t MostMembers = 3;     // among the cures, where there are supports too
 constexpr std::size_t MostNeighbours = 12; // of one node that are paired with each other
-constexpr std::size_t MostMovers = 20;     // nodes that are paired with every node
+constexpr std::size_t MostMovers = 10;     // nodes that are paired with every node
 constexpr double LeastElongation = 1e-5;   // of the largest movement; what resists less is no cure
+constexpr double WellStrained = 0.05;      // of the largest strain met so far
 constexpr double LeastSupported = 0.1;     // of the largest movement
 
 /// A member that could be added.
@@ -51,19 +51,25 @@ std::vector<int> GreatestMovers(const CheckedTruss& truss, const Motion& motion)
 }
 
 /// Pairs of nodes that a member could join: those two members apart, and of the nodes that move most any.
-std::set<std::pair<int, int>> Pairs(const CheckedTruss& truss, const Motion& motion) {
-  std::set<std::pair<int, int>> pairs;
-  const auto neighboursOf = NeighboursOf(truss);
-  for (const std::vector<int>& neighbours : neighboursOf) {
+std::vector<std::pair<int, int>> Pairs(const CheckedTruss& truss, const Motion& motion) {
+  std::vector<std::pair<int, int>> pairs;
+  for (const std::vector<int>& neighbours : NeighboursOf(truss)) {
     const std::size_t count = std::min(neighbours.size(), MostNeighbours);
     for (std::size_t a = 0; a < count; ++a) {
-      for (std::size_t b = 0; b < a; ++b) pairs.insert(std::minmax(neighbours[a], neighbours[b]));
+      for (std::size_t b = 0; b < a; ++b) pairs.push_back(std::minmax({neighbours[a], neighbours[b]}));
     }
   }
   for (const int mover : GreatestMovers(truss, motion)) {
-    for (int n = 1; n <= truss.nodeCount; ++n) pairs.insert({std::min(mover, n), std::max(mover, n)});
+    for (int n = 1; n <= truss.nodeCount; ++n) pairs.push_back(std::minmax({mover, n}));
   }
-  for (const CheckedMember& member : truss.members) pairs.erase(std::minmax({member.i, member.j}));
+  return pairs;
+}
+
+/// The pairs of nodes that members join already, in order.
+std::vector<std::pair<int, int>> JoinedPairs(const CheckedTruss& truss) {
+  std::vector<std::pair<int, int>> pairs;
+  for (const CheckedMember& member : truss.members) pairs.push_back(std::minmax({member.i, member.j}));
+  std::sort(pairs.begin(), pairs.end());
   return pairs;
 }
 
@@ -72,7 +78,7 @@ Candidate CandidateOf(const CheckedTruss& truss, const Motion& motion, const std
   const double dx = truss.x[At(j)] - truss.x[At(i)];
   const double dy = truss.y[At(j)] - truss.y[At(i)];
   const double length = std::hypot(dx, dy);
-  if (!(length > 1e-6 * truss.Size())) return {};
+  if (!(length > 1e-6 * truss.size)) return {};
   const double elongation = Elongation(CheckedMember{0, i, j, dx / length, dy / length}, motion);
   if (std::abs(elongation) < LeastElongation) return {};
   return {i, j, length, std::abs(elongation) / length};
@@ -93,20 +99,26 @@ bool PassesOverANode(const CheckedTruss& truss, const Candidate& candidate) {
   return false;
 }
 
-/// Those that a motion strains, the most strained first: these stand where the truss comes apart.
+/// Those that a motion strains well, the most strained first: these stand where the truss comes apart.
 std::vector<Candidate> StrainedCandidates(const CheckedTruss& truss, const Motion& motion) {
   std::vector<Candidate> candidates;
+  const auto joined = JoinedPairs(truss);
+  double most = 0;
   for (const auto& ends : Pairs(truss, motion)) {
     const Candidate candidate = CandidateOf(truss, motion, ends);
-    if (candidate.strain > 0) candidates.push_back(candidate);
+    if (candidate.strain < WellStrained * most || candidate.strain <= 0) continue;
+    if (std::binary_search(joined.begin(), joined.end(), ends)) continue;
+    most = std::max(most, candidate.strain);
+    candidates.push_back(candidate);
   }
-  double most = 0;
-  for (const Candidate& candidate : candidates) most = std::max(most, candidate.strain);
+  // In steps, so that rounding does not decide which of two equal strains comes first.
   const auto rank = [most](const Candidate& each) {
     return std::tuple(-std::round(1e6 * each.strain / most), each.i, each.j);
   };
+  const auto same = [](const Candidate& a, const Candidate& b) { return a.i == b.i && a.j == b.j; };
   std::sort(candidates.begin(), candidates.end(),
             [&rank](const Candidate& a, const Candidate& b) { return rank(a) < rank(b); });
+  candidates.erase(std::unique(candidates.begin(), candidates.end(), same), candidates.end());
   return candidates;
 }
 

@@ -66,11 +66,23 @@ bool Cross(const CheckedTruss& truss, const CheckedMember& a, const CheckedMembe
   return apart(a, b) && apart(b, a);
 }
 
+using Pairs = std::vector<std::pair<int, int>>;
+
+/// In order, and each once.
+Pairs Sorted(Pairs pairs) {
+  std::sort(pairs.begin(), pairs.end());
+  pairs.erase(std::unique(pairs.begin(), pairs.end()), pairs.end());
+  return pairs;
+}
+
 void FindCoincidentNodes(const CheckedTruss& truss, const Neighbourhood& near, std::vector<Finding>& findings) {
-  for (const auto& [a, b] : near.NodePairs()) {
+  Pairs pairs;
+  near.ForNodePairs([&](int a, int b) {
     const Point first = PlaceOf(truss, a);
     const Point second = PlaceOf(truss, b);
-    if (std::hypot(second.x - first.x, second.y - first.y) > near.Tolerance()) continue;
+    if (std::hypot(second.x - first.x, second.y - first.y) <= near.Tolerance()) pairs.emplace_back(a, b);
+  });
+  for (const auto& [a, b] : Sorted(pairs)) {
     findings.push_back({FindingKind::CoincidentNodes,
                         "Nodes " + Number(a) + " and " + Number(b) + " are at the same place",
                         {a, b},
@@ -79,40 +91,50 @@ void FindCoincidentNodes(const CheckedTruss& truss, const Neighbourhood& near, s
 }
 
 void FindNodesOnMembers(const CheckedTruss& truss, const Neighbourhood& near, std::vector<Finding>& findings) {
-  for (const auto& [node, index] : near.NodesByMembers()) {
+  Pairs pairs;
+  near.ForNodesByMembers([&](int node, int index) {
     const CheckedMember& member = truss.members[static_cast<std::size_t>(index)];
     const Position position = PositionOn(truss, member, node);
     const double tolerance = near.Tolerance();
     const bool within = position.along > tolerance && position.along < member.length / 1000 - tolerance;
-    if (!within || std::abs(position.beside) > tolerance) continue;
-    findings.push_back(
-        {FindingKind::NodeOnMember,
-         "Node " + Number(node) + " lies on member " + Number(member.number) + " but is not joined to it",
-         {node},
-         {member.number}});
+    if (within && std::abs(position.beside) <= tolerance) pairs.emplace_back(node, member.number);
+  });
+  for (const auto& [node, member] : Sorted(pairs)) {
+    findings.push_back({FindingKind::NodeOnMember,
+                        "Node " + Number(node) + " lies on member " + Number(member) + " but is not joined to it",
+                        {node},
+                        {member}});
   }
 }
 
+std::string TextOf(const CheckedMember& a, const CheckedMember& b, FindingKind kind) {
+  const std::string both = "Members " + Number(a.number) + " and " + Number(b.number);
+  if (kind == FindingKind::CrossingMembers) return both + " cross without a node";
+  const auto [i, j] = std::minmax(a.i, a.j);
+  if (JoinTheSame(a, b)) return both + " join the same nodes, " + Number(i) + " and " + Number(j) + "; both bear";
+  return "Member " + Number(b.number) + " lies on top of member " + Number(a.number);
+}
+
 void FindMembersInTheWay(const CheckedTruss& truss, const Neighbourhood& near, std::vector<Finding>& findings) {
-  for (const auto& [first, second] : near.MemberPairs()) {
-    const CheckedMember& a = truss.members[static_cast<std::size_t>(first)];
-    const CheckedMember& b = truss.members[static_cast<std::size_t>(second)];
-    const std::string both = "Members " + Number(a.number) + " and " + Number(b.number);
-    if (JoinTheSame(a, b)) {
-      const auto [i, j] = std::minmax(a.i, a.j);
-      findings.push_back({FindingKind::MemberOnMember,
-                          both + " join the same nodes, " + Number(i) + " and " + Number(j) + "; both bear",
-                          {},
-                          {a.number, b.number}});
-    } else if (Overlap(truss, a, b, near.Tolerance())) {
-      findings.push_back({FindingKind::MemberOnMember,
-                          "Member " + Number(b.number) + " lies on top of member " + Number(a.number),
-                          {},
-                          {a.number, b.number}});
-    } else if (Cross(truss, a, b, near.Tolerance())) {
-      findings.push_back({FindingKind::CrossingMembers, both + " cross without a node", {}, {a.number, b.number}});
+  const auto member = [&truss](int index) -> const CheckedMember& {
+    return truss.members[static_cast<std::size_t>(index)];
+  };
+  Pairs onTop;
+  Pairs crossing;
+  near.ForMemberPairs([&](int first, int second) {
+    if (!near.MayTouch(first, second)) return;
+    const CheckedMember& a = member(first);
+    const CheckedMember& b = member(second);
+    if (Overlap(truss, a, b, near.Tolerance())) onTop.emplace_back(first, second);
+    if (Cross(truss, a, b, near.Tolerance())) crossing.emplace_back(first, second);
+  });
+  const auto report = [&](const Pairs& pairs, FindingKind kind) {
+    for (const auto& [a, b] : Sorted(pairs)) {
+      findings.push_back({kind, TextOf(member(a), member(b), kind), {}, {member(a).number, member(b).number}});
     }
-  }
+  };
+  report(onTop, FindingKind::MemberOnMember);
+  report(crossing, FindingKind::CrossingMembers);
 }
 
 void FindFreeNodes(const CheckedTruss& truss, std::vector<Finding>& findings) {
