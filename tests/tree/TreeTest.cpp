@@ -143,15 +143,16 @@ const std::map<std::string, std::set<std::string>> AllowedLayers{
     {"platform/qt", {"platform"}},
     {"model", {"platform"}},
     {"analysis", {"platform", "model"}},
+    {"check", {"platform", "model", "analysis"}},
     {"files", {"platform", "model", "analysis"}},
     {"display", {"platform", "model", "analysis"}},
-    {"ui", {"platform", "model", "analysis", "files", "display"}},
-    {"ui/forms", {"platform", "qt", "model", "analysis", "files", "display", "ui"}},
-    {"app", {"platform", "native", "qt", "model", "analysis", "files", "display", "ui", "forms"}},
+    {"ui", {"platform", "model", "analysis", "check", "files", "display"}},
+    {"ui/forms", {"platform", "qt", "model", "analysis", "check", "files", "display", "ui"}},
+    {"app", {"platform", "native", "qt", "model", "analysis", "check", "files", "display", "ui", "forms"}},
     {"bracefold/families", {"platform", "model", "analysis", "files"}},
     {"bracefold",
      {"platform", "native", "qt", "model", "analysis", "files", "display", "ui", "forms", "families", "bracefold"}},
-    {"cli", {"platform", "native", "qt", "model", "analysis", "files", "display", "ui"}},
+    {"cli", {"platform", "native", "qt", "model", "analysis", "check", "files", "display", "ui"}},
 };
 
 /// The libraries of the house that a folder's CMakeLists.txt links, by either way of saying so.
