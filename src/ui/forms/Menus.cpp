@@ -6,6 +6,7 @@
 #include "frmMain.h"
 #include "modExamples.h"
 #include "modFileCommands.h"
+#include "modManual.h"
 #include "modPlaces.h"
 #include "modRecovery.h"
 
@@ -104,6 +105,13 @@ void MenuBuilder::AddAnalyse(QMenu& menu) {
 void MenuBuilder::AddHelpMenu() {
   QMenu& help = *AddMenu("mnuHelp", "&Help");
   Add(help, "mnuSWHelp", "&Strutwright Help", QKeySequence::HelpContents, [] {});
+  const auto add = [&](const QString& name, const QString& text, const char* page, const QString& toolTip) {
+    Add(
+        help, name, text, {}, [page] { OpenManualPage(page); }, toolTip);
+  };
+  add("mnuManual", "User &Manual", "index", "Opens the manual in the browser");
+  add("mnuSigns", "Sign Conventions and &Units", "signs", "Which way is positive, and what is in which unit");
+  add("mnuKeys", "&Keyboard Shortcuts", "keys", "Every key of the program");
   Add(help, "mnuAbout", "&About Strutwright", {}, [&frame = Frame] { frmAbout(&frame).exec(); });
 }
 

@@ -1,0 +1,252 @@
+// The documents: that what they point to is there, and that the manual leaves out no message and no key.
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <regex>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace strutwright {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+const fs::path Tree = SOURCE_DIR;
+const fs::path Manual = Tree / "docs/manual";
+
+std::string TextOf(const fs::path& path) {
+  std::ifstream file(path);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::vector<fs::path> FilesBelow(const fs::path& folder, const std::string& extension) {
+  std::vector<fs::path> files;
+  for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+    if (entry.path().extension() == extension) files.push_back(entry.path());
+  }
+  return files;
+}
+
+std::vector<fs::path> Documents() {
+  std::vector<fs::path> documents = FilesBelow(Tree / "docs", ".md");
+  for (const char* name : {"README.md", "CONTRIBUTING.md", "examples/README.md"}) documents.push_back(Tree / name);
+  return documents;
+}
+
+/// All that the first group of a pattern matches in a text.
+std::vector<std::string> Matches(const std::string& text, const std::regex& pattern) {
+  std::vector<std::string> found;
+  for (std::sregex_iterator match(text.begin(), text.end(), pattern), end; match != end; ++match) {
+    found.push_back((*match)[1].str());
+  }
+  return found;
+}
+
+/// What links and pictures of a document point to within the tree, without the place in the file.
+std::vector<std::string> Targets(const std::string& text) {
+  static const std::regex link(R"(\]\(([^)#\s]+)[^)]*\))");
+  std::vector<std::string> targets = Matches(text, link);
+  std::erase_if(targets, [](const std::string& target) { return target.find("://") != std::string::npos; });
+  return targets;
+}
+
+TEST(LinkTest, PointsToAFile) {
+  int found = 0;
+  for (const fs::path& document : Documents()) {
+    for (const std::string& target : Targets(TextOf(document))) {
+      ++found;
+      EXPECT_TRUE(fs::exists(document.parent_path() / target)) << document << " links " << target;
+    }
+  }
+  EXPECT_GT(found, 60);
+}
+
+TEST(LinkTest, IsFoundInText) {
+  EXPECT_THAT(Targets("See [a](b.md), ![c](d/e.png) and [f](g.md#h); not [i](https://j.example) nor [k](#l)."),
+              ElementsAre("b.md", "d/e.png", "g.md"));
+}
+
+TEST(ManualTest, HasEveryChapterInItsContents) {
+  const std::vector<std::string> contents = Targets(TextOf(Manual / "index.md"));
+  for (const fs::path& chapter : FilesBelow(Manual, ".md")) {
+    if (chapter.filename() == "index.md") continue;
+    EXPECT_THAT(contents, Contains(chapter.filename().string()));
+  }
+}
+
+TEST(ManualTest, ShowsEveryPictureSmall) {
+  std::set<std::string> shown;
+  for (const fs::path& chapter : FilesBelow(Manual, ".md")) {
+    for (const std::string& target : Targets(TextOf(chapter))) shown.insert(fs::path(target).filename().string());
+  }
+  for (const fs::path& picture : FilesBelow(Manual, ".png")) {
+    EXPECT_THAT(shown, Contains(picture.filename().string()));
+    EXPECT_LT(fs::file_size(picture), 150000U) << picture;
+  }
+}
+
+TEST(ManualTest, HasThePagesOfTheHelpMenu) {
+  const std::string menus = TextOf(Tree / "src/ui/forms/Menus.cpp");
+  for (const char* page : {"index", "signs", "keys"}) {
+    EXPECT_THAT(menus, HasSubstr("\"" + std::string(page) + "\""));
+    EXPECT_TRUE(fs::exists(Manual / (std::string(page) + ".md"))) << page;
+  }
+  EXPECT_THAT(TextOf(Manual / "signs.md"), testing::StartsWith("# Sign Conventions and Units\n"));
+  EXPECT_THAT(TextOf(Manual / "keys.md"), testing::StartsWith("# Keyboard Shortcuts\n"));
+}
+
+/// The lines of the string literals in a piece of source, without blanks around them.
+std::vector<std::string> LiteralLines(const std::string& source) {
+  static const std::regex literal(R"re("((?:[^"\\]|\\.)*)")re");
+  static const std::regex line(R"((?:^|\\n)\s*((?:[^\\]|\\[^n])*))");
+  std::vector<std::string> lines;
+  for (const std::string& text : Matches(source, literal)) {
+    for (std::string each : Matches(text, line)) {
+      each.erase(each.find_last_not_of(' ') + 1);
+      if (!each.empty()) lines.push_back(each);
+    }
+  }
+  return lines;
+}
+
+/// The arguments of the calls that show a message; a statement ends with a semicolon at the end of a line.
+std::vector<std::string> MessageCalls(const std::string& source) {
+  static const std::regex call(
+      R"(\b(?:ShowMessage|AskQuestion|ShowHint|Confirm|ReportDrawingFailure)\(([^]*?)\);[^"\n]*\n)");
+  return Matches(source, call);
+}
+
+TEST(MessageTest, IsFoundInSource) {
+  const std::vector<std::string> calls =
+      MessageCalls("  ShowMessage(Icon, \"One \" + Text(1) +\n  \" two.\\nThree\");\n  return \"four\";\n");
+  ASSERT_EQ(calls.size(), 1U);
+  EXPECT_THAT(LiteralLines(calls[0]), ElementsAre("One", "two.", "Three"));
+}
+
+TEST(MessageTest, OfACallStandsInTheManual) {
+  const std::string manual = TextOf(Manual / "messages.md");
+  int found = 0;
+  for (const fs::path& source : FilesBelow(Tree / "src", ".cpp")) {
+    if (source.parent_path().filename() == "cli") continue;
+    for (const std::string& call : MessageCalls(TextOf(source))) {
+      for (const std::string& line : LiteralLines(call)) {
+        ++found;
+        EXPECT_THAT(manual, HasSubstr(line)) << source;
+      }
+    }
+  }
+  EXPECT_GT(found, 60);
+}
+
+/// Those that are put together elsewhere, each with the file that holds it.
+const std::vector<std::pair<std::string, std::string>> OtherMessages{
+    {"src/analysis/modMember.cpp", "E-value"},
+    {"src/analysis/modMember.cpp", "A-value"},
+    {"src/analysis/modMember.cpp", "has no length"},
+    {"src/analysis/modMember.cpp", "node numbers"},
+    {"src/analysis/modMember.cpp", "E is not valid"},
+    {"src/analysis/modMember.cpp", "E and A are not valid"},
+    {"src/analysis/modMember.cpp", "area is not valid"},
+    {"src/analysis/modSolver.cpp", "Solving the equations"},
+    {"src/display/modPicking.cpp", "Node not found:"},
+    {"src/display/modPicking.cpp", "Do you want to add this node?"},
+    {"src/display/modPicking.cpp", "Member not found:"},
+    {"src/display/modPicking.cpp", "The new member has no length"},
+    {"src/display/modPicking.cpp", "The new member is parallel to member"},
+    {"src/files/modFileCommands.cpp", "values are there; the others are read as zero."},
+    {"src/files/modFileCommands.cpp", "Not finite numbers and read as zero:"},
+    {"src/model/Grid.cpp", "The grid has no cell ("},
+    {"src/model/Grid.cpp", "A grid has at most 32767 data rows"},
+    {"src/ui/modEquationSteps.cpp", "the model has no nodes"},
+};
+
+TEST(MessageTest, OfAnotherPlaceStandsInTheManual) {
+  const std::string manual = TextOf(Manual / "messages.md");
+  for (const auto& [source, text] : OtherMessages) {
+    EXPECT_THAT(TextOf(Tree / source), HasSubstr(text)) << source;
+    EXPECT_THAT(manual, HasSubstr(text));
+  }
+}
+
+TEST(MessageTest, OfTheEquationsStandsInTheManual) {
+  const std::string source = TextOf(Tree / "src/ui/modEquationTexts.cpp");
+  const std::string table = source.substr(0, source.find("std::string Fill"));
+  const std::string manual = TextOf(Manual / "messages.md");
+  const std::vector<std::string> sentences = Matches(table, std::regex(R"re(string_view \w+ =[^"]*"([^"]*)")re"));
+  EXPECT_EQ(sentences.size(), 22U);
+  for (const std::string& sentence : sentences) {
+    static const std::regex between(R"((?:^|%\d)([^%]+))");
+    for (const std::string& part : Matches(sentence, between)) EXPECT_THAT(manual, HasSubstr(part));
+  }
+}
+
+/// How the manual calls the keys that the desktop has for a command.
+const std::map<std::string, std::string> StandardKeys{
+    {"New", "Ctrl+N"},        {"Open", "Ctrl+O"},     {"Save", "Ctrl+S"},      {"SaveAs", "Ctrl+Shift+S"},
+    {"Quit", "Ctrl+Q"},       {"HelpContents", "F1"}, {"Copy", "Ctrl+C"},      {"Cut", "Ctrl+X"},
+    {"Paste", "Ctrl+V"},      {"Delete", "Delete"},   {"SelectAll", "Ctrl+A"}, {"Undo", "Ctrl+Z"},
+    {"Redo", "Ctrl+Shift+Z"},
+};
+
+/// What stands in the first column of a table of the manual's keys.
+std::set<std::string> KeysOfTheManual() {
+  std::set<std::string> keys;
+  for (const std::string& cell : Matches(TextOf(Manual / "keys.md"), std::regex(R"(\n\| ([^|]*) \|)"))) {
+    for (const std::string& key : Matches(cell + ",", std::regex(R"(\s*([^,]+),)"))) keys.insert(key);
+  }
+  return keys;
+}
+
+TEST(KeyTest, OfACommandStandsInTheManual) {
+  const std::set<std::string> manual = KeysOfTheManual();
+  const std::regex standard(R"(QKeySequence::(?!StandardKey|keyBindings)(\w+))");
+  int found = 0;
+  for (const fs::path& source : FilesBelow(Tree / "src/ui/forms", ".cpp")) {
+    for (const std::string& command : Matches(TextOf(source), standard)) {
+      ++found;
+      ASSERT_TRUE(StandardKeys.contains(command)) << command << " in " << source;
+      EXPECT_THAT(manual, Contains(StandardKeys.at(command)));
+    }
+  }
+  EXPECT_GT(found, 12);
+}
+
+TEST(KeyTest, OfAFunctionStandsInTheManual) {
+  const std::set<std::string> manual = KeysOfTheManual();
+  for (const fs::path& source : FilesBelow(Tree / "src", ".cpp")) {
+    for (const std::string& key : Matches(TextOf(source), std::regex(R"(Qt::Key_(F\d+))"))) {
+      EXPECT_THAT(manual, Contains(key)) << source;
+    }
+  }
+  EXPECT_THAT(manual, Contains("Ctrl+R"));
+  EXPECT_THAT(manual, Not(IsEmpty()));
+}
+
+/// "&" before a letter of a caption makes it a key with Alt.
+TEST(KeyTest, OfTheControlBoardStandsInTheManual) {
+  const std::set<std::string> manual = KeysOfTheManual();
+  const std::string source = TextOf(Tree / "src/ui/forms/ControlBoard.cpp");
+  const std::vector<std::string> letters = Matches(source, std::regex(R"re("[^"]*&(\w)[^"]*")re"));
+  EXPECT_GT(letters.size(), 12U);
+  for (std::string letter : letters) {
+    std::transform(letter.begin(), letter.end(), letter.begin(), [](unsigned char c) { return std::toupper(c); });
+    EXPECT_THAT(manual, Contains("Alt+" + letter));
+  }
+}
+
+} // namespace
+} // namespace strutwright
