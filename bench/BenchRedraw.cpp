@@ -70,7 +70,7 @@ void Redraw(benchmark::State& state) {
   ThePlatform() = {.messages = &desktop, .host = &desktop};
   SetTables(Lattice());
   MakeUpResults();
-  QtDrawingSurface surface(1280, 800);
+  QtDrawingSurface surface(1600, 1000);
   DisplaySurface = &surface;
   for ([[maybe_unused]] auto step : state) {
     RedrawDisplay(&surface, true);

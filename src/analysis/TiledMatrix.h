@@ -18,6 +18,11 @@ inline constexpr int TileSize = TileRows * TileColumns;
 inline float* TileRow(float* tile, std::ptrdiff_t r) { return tile + TileColumns * r; }
 inline const float* TileRow(const float* tile, std::ptrdiff_t r) { return tile + TileColumns * r; }
 
+/// Has a tile, or nothing, brought from memory while something else is done.
+inline void FetchTile(const float* tile) {
+  for (int r = 0; tile != nullptr && r < TileRows; ++r) __builtin_prefetch(TileRow(tile, r));
+}
+
 /// The equations of an analysis, K beside P, of which only tiles that hold something are stored.
 /// An entry that is not stored is +0.
 class TiledMatrix {

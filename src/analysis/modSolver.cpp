@@ -5,9 +5,11 @@
 #include "LongWork.h"
 #include "TiledSolver.h"
 #include "modAnalysis.h"
+#include "modRenumbering.h"
 
 #include <cmath>
 #include <cstddef>
+#include <string>
 #include <utility>
 
 namespace strutwright {
@@ -15,6 +17,7 @@ namespace strutwright {
 namespace {
 
 constexpr const char* SolvingText = "Solving the equations";
+constexpr const char* RenumberingHint = " (Tools > Renumber Nodes Along the Span makes this faster)";
 
 /// The row from p on with the largest entry of column p; of equal ones the upper.
 int FindPivotRow(const Matrix& K, int p, int n) {
@@ -75,7 +78,7 @@ void SolveEquations(TiledMatrix& K, std::vector<float>& D, const std::vector<flo
   }
   Solution verdict = Solution::Found;
   {
-    LongWork work(SolvingText);
+    LongWork work(RenumberingWouldHelp() ? std::string(SolvingText) + RenumberingHint : SolvingText);
     verdict = SolveTiled(K, D, Kernels().front(), work);
   }
   if (verdict == Solution::Unstable) GiveUpUnstable(ok);

@@ -1,9 +1,11 @@
+#include "DesktopFileTypes.h"
 #include "NativeFileSystem.h"
 #include "NativePlaces.h"
 #include "Platform.h"
 #include "QtClipboard.h"
 #include "QtFileDialog.h"
 #include "QtMessageBoxes.h"
+#include "QtSettingsStore.h"
 #include "QtShell.h"
 #include "frmMain.h"
 
@@ -21,7 +23,9 @@ int RunProgram(int argc, char** argv) {
   strutwright::QtFileDialog dialog;
   strutwright::QtClipboard clipboard;
   strutwright::QtShell shell;
+  strutwright::QtSettingsStore settings;
   strutwright::NativeFileSystem files;
+  strutwright::DesktopFileTypes fileTypes(files, strutwright::UserDesktopPlaces(), strutwright::StartIndexTools);
   strutwright::frmMain frame;
   strutwright::ThePlatform() = {.messages = &messages,
                                 .host = &frame,
@@ -30,7 +34,11 @@ int RunProgram(int argc, char** argv) {
                                 .programFolder = strutwright::ExecutableFolder(),
                                 .dataFolder = strutwright::UserDataFolder(),
                                 .clipboard = &clipboard,
-                                .shell = &shell};
+                                .shell = &shell,
+                                .settings = &settings,
+                                .fileTypes = &fileTypes,
+                                .executable = strutwright::ExecutablePath(),
+                                .icon = strutwright::IconPath(strutwright::ExecutableFolder())};
   frame.RestorePlace();
   frame.show();
   frame.MDIForm_Load();

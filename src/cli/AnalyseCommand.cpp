@@ -6,6 +6,7 @@
 #include "Picture.h"
 #include "UiState.h"
 #include "modAnalysis.h"
+#include "modCheckAnswer.h"
 #include "modGrids.h"
 #include "modMember.h"
 #include "modModelStore.h"
@@ -14,6 +15,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <optional>
 #include <ostream>
 
 namespace strutwright {
@@ -96,35 +98,67 @@ std::string JsonMessage(const Message& message) {
                      {"text", JsonText(message.text)}});
 }
 
-void PrintJson(const ModelSession& session, Result result, std::ostream& out) {
+/// The check of a model's answer; nothing where it was not asked for or there is no model.
+using Check = std::optional<CheckReport>;
+
+/// Fewest digits that a result may have before a script is warned of it.
+constexpr int FewestDigits = 2;
+
+Check CheckOf(Result result, bool asked) {
+  if (!asked || result == Result::Unreadable) return std::nullopt;
+  return CheckAnswer(LastOutcome());
+}
+
+/// Whether results were given that nobody should use.
+bool IsMisleading(Result result, const Check& check) {
+  if (result != Result::Ok || !check) return false;
+  return !check->accuracy || check->accuracy->digits < FewestDigits;
+}
+
+std::string JsonCheck(const CheckReport& check) {
+  std::vector<std::string> zeroMembers;
+  for (const ZeroBar& bar : check.zeroBars) zeroMembers.push_back(std::to_string(bar.member));
+  return JsonObject({{"stable", check.stability.Stable() ? "true" : "false"},
+                     {"mechanisms", std::to_string(check.stability.mechanismCount)},
+                     {"indeterminacy", std::to_string(check.stability.indeterminacy)},
+                     {"digits", check.accuracy ? std::to_string(check.accuracy->digits) : "null"},
+                     {"residual", check.balance ? JsonNumber(static_cast<float>(check.balance->nodeResidual)) : "null"},
+                     {"zero_members", JsonList(zeroMembers)}});
+}
+
+void PrintJson(const ModelSession& session, Result result, const Check& check, std::ostream& out) {
   std::vector<std::string> messages;
   std::vector<std::string> nodes;
   std::vector<std::string> members;
   for (const Message& message : session.Shown()) messages.push_back(JsonMessage(message));
   for (int n = 1; result == Result::Ok && n <= NodeCount; ++n) nodes.push_back(JsonNode(n));
   for (int m = 1; result == Result::Ok && m <= MemberCount; ++m) members.push_back(JsonMember(m));
-  out << JsonObject({{"file", JsonText(session.File())},
-                     {"result", JsonText(ResultName(result))},
-                     {"messages", JsonList(messages)},
-                     {"nodes", JsonList(nodes)},
-                     {"members", JsonList(members)}})
-      << '\n';
+  std::vector<std::pair<std::string_view, std::string>> values{{"file", JsonText(session.File())},
+                                                               {"result", JsonText(ResultName(result))},
+                                                               {"messages", JsonList(messages)},
+                                                               {"nodes", JsonList(nodes)},
+                                                               {"members", JsonList(members)}};
+  if (check) values.emplace_back("check", JsonCheck(*check));
+  out << JsonObject(values) << '\n';
 }
 
-void PrintText(const ModelSession& session, Result result, std::ostream& out) {
+void PrintText(const ModelSession& session, Result result, const Check& check, std::ostream& out) {
   out << ValidText(session.File()) << ": " << ResultName(result) << "\n\n";
-  if (result != Result::Ok) return;
-  PrintTable(jResGr, out);
-  out << '\n';
-  PrintTable(mResGr, out);
-  out << '\n';
+  if (result == Result::Ok) {
+    PrintTable(jResGr, out);
+    out << '\n';
+    PrintTable(mResGr, out);
+    out << '\n';
+  }
+  if (check) out << CheckText(*check) << '\n';
 }
 
-void Print(const ModelSession& session, Result result, OutputFormat format, bool nameFile, std::ostream& out) {
-  switch (format) {
-  case OutputFormat::Text: return PrintText(session, result, out);
-  case OutputFormat::Csv: return PrintCsv(session, result, nameFile, out);
-  case OutputFormat::Json: return PrintJson(session, result, out);
+void Print(const ModelSession& session, Result result, const Check& check, const AnalyseRequest& request,
+           std::ostream& out) {
+  switch (request.format) {
+  case OutputFormat::Text: return PrintText(session, result, check, out);
+  case OutputFormat::Csv: return PrintCsv(session, result, request.models.size() > 1, out);
+  case OutputFormat::Json: return PrintJson(session, result, check, out);
   }
 }
 
@@ -144,15 +178,17 @@ int Depict(ModelSession& session, Result result, const PictureRequest& picture, 
 
 } // namespace
 
-int AnalyseModels(const std::vector<std::string>& files, OutputFormat format, const PictureRequest& picture,
-                  std::ostream& out, std::ostream& err) {
+int AnalyseModels(const AnalyseRequest& request, std::ostream& out, std::ostream& err) {
+  const bool several = request.models.size() > 1;
   int status = ExitOk;
-  for (const std::string& file : files) {
+  for (const std::string& file : request.models) {
     ModelSession session(file, err);
     const Result result = OpenAndAnalyse(session);
-    Print(session, result, format, files.size() > 1, out);
+    const Check check = CheckOf(result, request.check);
+    Print(session, result, check, request, out);
     out.flush();
-    status = std::max({status, StatusOf(result), Depict(session, result, picture, files.size() > 1)});
+    status = std::max({status, StatusOf(result), Depict(session, result, request.picture, several),
+                       static_cast<int>(IsMisleading(result, check) ? ExitMisleading : ExitOk)});
   }
   return status;
 }

@@ -21,11 +21,10 @@ constexpr const char* FormatHelp = "text: tables to read; csv: every digit, for 
 
 /// What the arguments ask for.
 struct Request {
-  std::vector<std::string> models;
+  AnalyseRequest analysis;
   std::string input;
   std::string output;
   std::string format = "text";
-  PictureRequest picture;
   std::function<int(std::ostream&, std::ostream&)> command;
 };
 
@@ -79,12 +78,15 @@ void AddPicture(CLI::App& command, PictureRequest& picture) {
 void AddAnalyse(CLI::App& program, Request& request) {
   CLI::App& command = *program.add_subcommand("analyse", "Analyse models and print displacements, reactions and "
                                                          "member forces");
-  command.add_option("MODEL", request.models, "Model files (.stw)")->required();
+  command.add_option("MODEL", request.analysis.models, "Model files (.stw)")->required();
   AddFormat(command, request);
-  AddPicture(command, request.picture);
+  command.add_flag("--check", request.analysis.check,
+                   "Also tell how far each answer can be trusted; exit status 3 where it can't");
+  AddPicture(command, request.analysis.picture);
   command.callback([&request] {
     request.command = [&request](std::ostream& out, std::ostream& err) {
-      return AnalyseModels(request.models, FormatNamed(request.format), request.picture, out, err);
+      request.analysis.format = FormatNamed(request.format);
+      return AnalyseModels(request.analysis, out, err);
     };
   });
 }
@@ -119,7 +121,7 @@ std::optional<int> Parse(const std::vector<std::string>& arguments, Request& req
                    "strutwright-cli");
   program.set_version_flag("--version", std::string("strutwright-cli ") + STRUTWRIGHT_VERSION);
   program.footer("Exit status: 0 all well, 1 a model is unstable or failed, 2 usage or an unreadable or unwritable "
-                 "file.");
+                 "file, 3 a checked answer is misleading.");
   program.require_subcommand(1);
   AddAnalyse(program, request);
   AddShow(program, request);

@@ -11,9 +11,16 @@ namespace strutwright {
 
 // The commands of strutwright-cli.  Each returns the exit status; results go to `out`, messages to `err`.
 
+/// What to analyse, and what to make of it.
+struct AnalyseRequest {
+  std::vector<std::string> models;
+  OutputFormat format = OutputFormat::Text;
+  bool check = false; ///< also judge each answer; csv has no place for it, the exit status has
+  PictureRequest picture;
+};
+
 /// For each file what Open and Run Analysis do in the window; prints the results and makes the picture asked for.
-int AnalyseModels(const std::vector<std::string>& files, OutputFormat format, const PictureRequest& picture,
-                  std::ostream& out, std::ostream& err);
+int AnalyseModels(const AnalyseRequest& request, std::ostream& out, std::ostream& err);
 
 /// Prints the input tables of a model.
 int ShowModel(const std::string& file, OutputFormat format, std::ostream& out, std::ostream& err);

@@ -6,6 +6,7 @@
 #include "modModelFile.h"
 #include "modModelStore.h"
 #include "modPlaces.h"
+#include "modRecentFiles.h"
 #include "modSavedModels.h"
 
 #include <exception>
@@ -88,14 +89,31 @@ void ShowOpenedModel() {
   TheHost().Redraw(true);
 }
 
-void OpenCurrentFile() {
+enum class Listing { Listed, Unlisted };
+
+void OpenCurrentFile(Listing listing) {
   StoredModel model = LoadModelFile(CurrentFileName);
   const std::string shortcomings = Shortcomings(model);
   TheHost().EndAnalysis(false); // or its results would be drawn on the new model
   TakeModel(std::move(model));
+  if (listing == Listing::Listed) addRecentFile(CurrentFileName);
   ShowOpenedModel();
   if (!shortcomings.empty()) {
     ShowMessage(MessageIcon::Information, "The file " + CurrentFileName + " is damaged." + shortcomings);
+  }
+}
+
+bool Open(const std::string& fileName, Listing listing, std::string* reason) {
+  try {
+    if (fileName.empty() && !TakeNameToOpen()) return false;
+    if (!fileName.empty()) CurrentFileName = fileName;
+    OpenCurrentFile(listing);
+    return true;
+  } catch (const std::exception& failure) {
+    ShowMessage(MessageIcon::None, "Unkown error while opening file " + CurrentFileName);
+    CurrentFileName.clear();
+    if (reason != nullptr) *reason = failure.what();
+    return false;
   }
 }
 
@@ -121,18 +139,15 @@ void saveModel(bool asSave) {
   }
 }
 
-bool openModel(const std::string& fileName, std::string* reason) {
-  try {
-    if (fileName.empty() && !TakeNameToOpen()) return false;
-    if (!fileName.empty()) CurrentFileName = fileName;
-    OpenCurrentFile();
-    return true;
-  } catch (const std::exception& failure) {
-    ShowMessage(MessageIcon::None, "Unkown error while opening file " + CurrentFileName);
-    CurrentFileName.clear();
-    if (reason != nullptr) *reason = failure.what();
-    return false;
-  }
+bool openModel(const std::string& fileName, std::string* reason) { return Open(fileName, Listing::Listed, reason); }
+
+bool OpenUnlisted(const std::string& fileName) { return Open(fileName, Listing::Unlisted, nullptr); }
+
+void OpenRecentFile(int index) {
+  const std::string path = mnuRUF.at(static_cast<std::size_t>(index - 1)).tag;
+  CurrentFileName = path;
+  addRecentFile(path);
+  openModel(path);
 }
 
 void newModel() {

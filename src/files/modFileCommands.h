@@ -19,8 +19,17 @@ void saveModel(bool asSave);
 /// Values that the file does not hold, or that are not finite, are read as zero and told to the user.
 /// A file that can't be read shows "Unkown error while opening file " and its name; the open model then stays,
 /// and CurrentFileName is emptied.
+/// A file that was opened takes the top of the recent files.
 /// Returns whether a model was opened; `reason`, where given, takes the description of a failure.
 bool openModel(const std::string& fileName, std::string* reason = nullptr);
+
+/// The same for a file that is the program's own business: it takes no place among the recent files.
+/// fileName: not empty.
+bool OpenUnlisted(const std::string& fileName);
+
+/// Opens an entry of the recent files.  It moves to the top of the list first, whether or not it can be opened.
+/// index: from 1, of an entry that exists.
+void OpenRecentFile(int index);
 
 /// Empties the model and the grids, which get GridCapacity rows.  Save then writes to newTruss.stw among the
 /// program's own files without asking, on purpose: a new model can be kept without thinking of a name.

@@ -114,7 +114,7 @@ void PutAside(const std::string& path) {
 
 void Restore(RecoveryFile file) {
   const std::string nameBefore = CurrentFileName;
-  if (!openModel(file.path)) {
+  if (!OpenUnlisted(file.path)) {
     CurrentFileName = nameBefore;
     return PutAside(file.path);
   }

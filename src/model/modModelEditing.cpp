@@ -141,13 +141,6 @@ void FollowNode(int member, MemberField end, const std::vector<int>& newNumbers)
   if (newNumber != number) GrMembers.SetText(member, end, std::to_string(newNumber));
 }
 
-void FollowNodes(const RowMarks& removed) {
-  const std::vector<int> newNumbers = NewNodeNumbers(removed);
-  for (int member = 1; member < GrMembers.RowCount(); ++member) {
-    for (const MemberField end : {MemberNodeI, MemberNodeJ}) FollowNode(member, end, newNumbers);
-  }
-}
-
 } // namespace
 
 void DeleteNode(int n, bool ask) {
@@ -181,8 +174,14 @@ bool CompressZeroRows(Grid& grid) {
   const bool nodesGo = &grid == &GrJoints;
   if (nodesGo) SpareOriginNode(removed);
   if (!RemoveRows(grid, removed)) return false;
-  if (nodesGo) FollowNodes(removed);
+  if (nodesGo) RenumberMemberNodes(NewNodeNumbers(removed));
   return true;
+}
+
+void RenumberMemberNodes(const std::vector<int>& newNumbers) {
+  for (int member = 1; member < GrMembers.RowCount(); ++member) {
+    for (const MemberField end : {MemberNodeI, MemberNodeJ}) FollowNode(member, end, newNumbers);
+  }
 }
 
 void AfterModelEdit() {

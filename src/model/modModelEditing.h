@@ -4,6 +4,7 @@
 
 #include <array>
 #include <string_view>
+#include <vector>
 
 namespace strutwright {
 
@@ -28,6 +29,10 @@ bool CompressGrid(Grid& grid);
 /// The members' node numbers follow the nodes; those that named a removed row become 0.
 /// The tables must hold what the grids do.  Rows and message otherwise as for CompressGrid.
 bool CompressZeroRows(Grid& grid);
+
+/// Gives the nodes that the members in GrMembers name their new numbers.
+/// newNumbers: (0..), entry n for the old number n.  A text without a number, and a number beyond it, stay as they are.
+void RenumberMemberNodes(const std::vector<int>& newNumbers);
 
 /// The common ending of all that edits the grids: ends the analysis, reads the model from the grids, draws the truss.
 void AfterModelEdit();

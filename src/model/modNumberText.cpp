@@ -178,6 +178,12 @@ std::optional<float> NumericValue(std::string_view text) {
   return negative ? -value : value;
 }
 
+bool IsNumberForm(std::string_view text) {
+  text = TrimBlanks(text);
+  TakeSign(text);
+  return TakeApart(text).has_value();
+}
+
 std::optional<std::int16_t> IntegerValue(std::string_view text) {
   if (!NumericValue(text)) return std::nullopt;
   text = TrimBlanks(text);

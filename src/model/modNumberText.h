@@ -13,6 +13,9 @@ namespace strutwright {
 /// small for it is 0.  Independent of the locale.
 std::optional<float> NumericValue(std::string_view text);
 
+/// Whether a text has the form of a number, however large.
+bool IsNumberForm(std::string_view text);
+
 /// The value of a numeric text as a 16-bit integer, rounded to the nearest, ties to even; nothing when the text is not
 /// numeric or the integer does not fit.
 std::optional<std::int16_t> IntegerValue(std::string_view text);

@@ -43,6 +43,9 @@ class Host {
   /// Empties the four grids and gives each GridCapacity data rows.
   virtual void ClearGrids() = 0;
 
+  /// Shows the list of recent files, as it is now, in the menus.
+  virtual void ShowRecentFiles() = 0;
+
   /// Empties the numbers of the equations view.
   virtual void ResetEquations() = 0;
 

@@ -50,6 +50,16 @@ Shell& TheShell() {
   return *ThePlatform().shell;
 }
 
+FileTypeRegistry& FileTypes() {
+  Ensure(ThePlatform().fileTypes != nullptr, "the register of file types is set up before it is used");
+  return *ThePlatform().fileTypes;
+}
+
+SettingsStore& Settings() {
+  Ensure(ThePlatform().settings != nullptr, "the settings store is set up before it is used");
+  return *ThePlatform().settings;
+}
+
 const std::string& ProgramFolder() {
   Ensure(!ThePlatform().programFolder.empty(), "the program's folder is known before it is used");
   return ThePlatform().programFolder;

@@ -3,8 +3,10 @@
 #include "Clipboard.h"
 #include "FileDialog.h"
 #include "FileSystem.h"
+#include "FileTypeRegistry.h"
 #include "Host.h"
 #include "MessageBoxes.h"
+#include "SettingsStore.h"
 #include "Shell.h"
 
 #include <chrono>
@@ -22,6 +24,10 @@ struct Platform {
   std::string dataFolder = {};    ///< where the user's programs keep files; need not exist
   Clipboard* clipboard = nullptr;
   Shell* shell = nullptr;
+  SettingsStore* settings = nullptr;     ///< nullptr in a program that keeps no settings
+  FileTypeRegistry* fileTypes = nullptr; ///< nullptr in a program that registers no file type
+  std::string executable = {};           ///< full path of this program
+  std::string icon = {};                 ///< full path of its icon; the file need not exist
   std::chrono::steady_clock::time_point (*now)() = &std::chrono::steady_clock::now;
 };
 
@@ -34,6 +40,8 @@ FileSystem& Files();
 FileDialog& TheFileDialog();
 Clipboard& TheClipboard();
 Shell& TheShell();
+SettingsStore& Settings();
+FileTypeRegistry& FileTypes();
 const std::string& ProgramFolder();
 const std::string& DataFolder();
 

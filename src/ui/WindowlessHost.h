@@ -15,6 +15,7 @@ class WindowlessHost : public Host {
   void ResetScales() override {}
   void SetCaption(const std::string& /*caption*/) override {}
   void ClearGrids() override;
+  void ShowRecentFiles() override {}
   void ResetEquations() override {}
   int NodeAt(float /*x*/, float /*y*/) override { return 0; }
   void DropHighlight() override {}

@@ -7,7 +7,7 @@ PICTURE: where a picture of the screen is kept when the test fails.
 import pathlib
 import sys
 
-from desktop import DEADLINE, Desktop, wait_for
+from desktop import Desktop, expect, wait_for
 
 DISPLAY_AREA = "700x380+10+85"  # of the truss display, well inside its window
 RED, GREEN, BLUE = (255, 0, 0), (0, 255, 0), (0, 0, 255)
@@ -24,13 +24,8 @@ def has_ink(desktop, *colours):
     return all(counts[colour] >= 20 for colour in colours)
 
 
-def expect(condition, what):
-    if not condition:
-        raise AssertionError(what)
-
-
-def analyse(desktop):
-    desktop.open_first_example()
+def analyse(desktop, position=0):
+    desktop.open_example(position)
     wait_for("the loads and supports of the example", lambda: has_ink(desktop, RED, GREEN))
     expect(ink(desktop)[BLUE] == 0, "there are member forces before the analysis")
     desktop.press("F5")
@@ -46,18 +41,11 @@ def save(desktop, name):
     return desktop.documents / name
 
 
-def leave(desktop):
-    desktop.press("ctrl+q")
-    errors = desktop.process.communicate(timeout=DEADLINE)[1]
-    expect(desktop.process.returncode == 0, f"the program ended with status {desktop.process.returncode}\n{errors}")
-    expect(errors == "", f"the program complained:\n{errors}")
-
-
 def do_the_task(desktop, example):
     desktop.start()
     analyse(desktop)
     saved = save(desktop, "saved.stw")
-    leave(desktop)
+    desktop.leave()
     model = example.read_bytes()
     expect(saved.read_bytes() == model, "the saved model is not the example")
     expect((desktop.program.parent / "temp_truss.stw").read_bytes() == model, "the scratch copy is not the example")

@@ -40,6 +40,10 @@ PlatformTest::PlatformTest() {
   ThePlatform().dialog = &dialog;
   ThePlatform().clipboard = &clipboard;
   ThePlatform().shell = &shell;
+  ThePlatform().settings = &settings;
+  ThePlatform().fileTypes = &fileTypes;
+  ThePlatform().executable = "/opt/truss/strutwright";
+  ThePlatform().icon = "/opt/truss/strutwright.svg";
 }
 
 PlatformTest::~PlatformTest() { ThePlatform() = {}; }

@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <deque>
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -54,6 +55,30 @@ class FakeShell : public Shell {
   std::vector<std::string> opened;
 };
 
+/// Keeps the settings in memory.
+class FakeSettings : public SettingsStore {
+ public:
+  std::string Get(const std::string& section, const std::string& key, const std::string& fallback) override {
+    const auto found = texts.find(section + "/" + key);
+    return found == texts.end() ? fallback : found->second;
+  }
+  void Save(const std::string& section, const std::string& key, const std::string& text) override {
+    texts[section + "/" + key] = text;
+  }
+  void Delete(const std::string& section, const std::string& key) override { texts.erase(section + "/" + key); }
+
+  std::map<std::string, std::string> texts; ///< by "section/key"
+};
+
+/// Keeps what was set, a line each: "key = value"; "Announce" where that was called.
+class FakeFileTypes : public FileTypeRegistry {
+ public:
+  void SetDefault(const std::string& key, const std::string& value) override { written.push_back(key + " = " + value); }
+  void Announce() override { written.emplace_back("Announce"); }
+
+  std::vector<std::string> written;
+};
+
 /// Keeps what the host was asked, a line each: "EndAnalysis(true)", "RefreshStatusTexts", "SetCaption(bridge.stw)".
 class FakeHost : public Host {
  public:
@@ -65,6 +90,7 @@ class FakeHost : public Host {
   void ResetScales() override { asked.emplace_back("ResetScales"); }
   void SetCaption(const std::string& caption) override { asked.push_back("SetCaption(" + caption + ")"); }
   void ClearGrids() override { asked.emplace_back("ClearGrids"); }
+  void ShowRecentFiles() override { asked.emplace_back("ShowRecentFiles"); }
   void ResetEquations() override { asked.emplace_back("ResetEquations"); }
   int NodeAt(float x, float y) override;
   void DropHighlight() override { asked.emplace_back("DropHighlight"); }
@@ -98,6 +124,8 @@ class PlatformTest : public testing::Test {
   FakeFileDialog dialog;
   FakeClipboard clipboard;
   FakeShell shell;
+  FakeSettings settings;
+  FakeFileTypes fileTypes;
 };
 
 /// A box under the program's title, to compare with.

@@ -255,8 +255,8 @@ TEST_F(OpenTest, WithoutANameShowsTheDialogWithItsProperties) {
 TEST_F(OpenTest, EndsTheAnalysisThenRefreshesTheWindowInItsOrder) {
   SaveSquare();
   openModel(path);
-  EXPECT_THAT(host.asked, ElementsAre("EndAnalysis(false)", "ResetEquations", "SetCaption(bridge.stw)", "ClearSurface",
-                                      "ResetScales", "Redraw(true)"));
+  EXPECT_THAT(host.asked, ElementsAre("EndAnalysis(false)", "ShowRecentFiles", "ResetEquations",
+                                      "SetCaption(bridge.stw)", "ClearSurface", "ResetScales", "Redraw(true)"));
 }
 
 /// A host that looks at the model when it is asked to end the analysis and to redraw.

@@ -165,6 +165,37 @@ TEST_F(EditFormTest, UndoesAndRedoesACellEdit) {
   EXPECT_EQ(NodeCount, 1);
 }
 
+TEST_F(EditFormTest, NumbersTheNodesAlongTheSpanInOneStep) {
+  EnterThreeBarTruss(); // 1 (0, 0), 2 (4, 0), 3 (2, 2)
+  frame->runAnalysis();
+  const float force = MemberTable(2, MemberFieldForce);
+  auto& tools = Find<QMenu>("mnuTools");
+  tools.popup(frame->mapToGlobal(QPoint(0, 0)));
+  QTest::keyClick(&tools, Qt::Key_R);
+
+  EXPECT_EQ(GrJoints.Text(2, NodeX), "2");
+  EXPECT_EQ(AnalysisDone, FlagFalse);
+  frame->runAnalysis();
+  EXPECT_NEAR(MemberTable(2, MemberFieldForce), force, 1e-3);
+  EXPECT_EQ(Command("mnuUndo").text(), "&Undo Renumber Nodes");
+  Command("mnuUndo").trigger();
+  EXPECT_EQ(GrJoints.Text(2, NodeX), "4");
+}
+
+TEST_F(EditFormTest, KeepsTheResultsWhereTheNodesAreNumberedAlongTheSpanAlready) {
+  EnterThreeBarTruss();
+  Command("mnuRenumber").trigger();
+  frame->runAnalysis();
+  const FieldTable before = MemberTable;
+
+  Command("mnuRenumber").trigger();
+
+  EXPECT_THAT(TakeMessages(),
+              ElementsAre(Box(MessageIcon::Information, "The nodes are numbered along the span already")));
+  EXPECT_EQ(AnalysisDone, FlagTrue);
+  EXPECT_EQ(MemberTable, before);
+}
+
 TEST_F(EditFormTest, EndsTheAnalysisWhenAStepIsUndone) {
   Push("nLineBtn");
   EnterThreeBarTruss();

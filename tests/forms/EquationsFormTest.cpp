@@ -225,6 +225,16 @@ TEST_F(EquationsFormTest, HighlightsTheMemberInTheDisplay) {
   EXPECT_EQ(HighlightInk(), 0);
 }
 
+TEST_F(EquationsFormTest, ScrollsToTheCellsThatAMemberWasAddedTo) {
+  SetModel(PrattTruss(40));
+  for (int member = 1; member <= 30; ++member) Click("btnAddMember");
+  const QTableView& view = View("grK");
+
+  const int freedom = 2 * static_cast<int>(MemberTable(30, MemberNodeI)) - 1;
+
+  EXPECT_TRUE(view.viewport()->rect().contains(view.visualRect(view.model()->index(freedom - 1, freedom - 1))));
+}
+
 TEST_F(EquationsFormTest, SaysInWordsWhatAStepDidAndWhatComesNext) {
   EnterFourNodesThreeBars();
 
@@ -390,8 +400,10 @@ TEST_F(EquationsFormTest, RefusesToBeClosed) {
 }
 
 TEST_F(EquationsFormTest, ClosesWithoutAWordWhenTheProgramEnds) {
-  frame->close();
+  EXPECT_TRUE(frame->close());
 
+  EXPECT_TRUE(frame->IsEnding());
+  EXPECT_TRUE(Find<QWidget>("frmEquations").close());
   EXPECT_THAT(TakeMessages(), testing::IsEmpty());
 }
 

@@ -129,8 +129,12 @@ TEST_F(FileFormTest, DrawsCoordinatesOfAnySizeWithoutHanging) {
   Command("mnuZoomExtents").trigger();
   GridSpacingX = 1e-6F;
   Command("mnuRefresh").trigger();
-  TakeMessages();
-  EXPECT_EQ(NodeCount, 3);
+  EXPECT_THAT(TakeMessages(), testing::IsEmpty());
+
+  GrJoints.SetText(2, 1, "4");
+  GrJoints.SetText(3, 2, "3");
+  Command("mnuZoomExtents").trigger();
+  EXPECT_GT(Ink(Qt::black), 0);
 }
 
 TEST_F(FileFormTest, ListsTheExamplesThatLieBesideTheProgram) {

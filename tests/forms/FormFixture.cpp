@@ -56,6 +56,7 @@ FormTest::FormTest() {
   TheFiles = FileState{};
   TheUi = UiState{};
   TheDisplay = DisplayState{};
+  settings.texts["Recent Files/1"] = "/models/earlier.stw"; // or a box would welcome the user
   frame = std::make_unique<frmMain>();
   ThePlatform().host = frame.get();
   ThePlatform().files = &disk;

@@ -1,9 +1,13 @@
 #include "FormFixture.h"
 
+#include "AnalysisState.h"
 #include "LongWork.h"
 #include "MainStatusBar.h"
 #include "modModelStore.h"
 
+#include <chrono>
+
+#include <QCheckBox>
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
@@ -77,6 +81,26 @@ TEST_F(ProgressFormTest, EndsCancelledWorkWithoutABox) {
   EnterThreeBarTruss();
   frame->Run([] { throw WorkCancelled(); });
   EXPECT_EQ(LabelText("stsBar_Analysis"), "No Analysis");
+}
+
+TEST_F(ProgressFormTest, LeavesNoAnalysisWhereOneIsCancelled) {
+  EnterThreeBarTruss();
+  frame->runAnalysis();
+  ASSERT_TRUE(Find<QCheckBox>("ReactionsChk").isChecked());
+  ThePlatform().now = [] {
+    static std::chrono::steady_clock::time_point time;
+    return time += std::chrono::seconds(2);
+  };
+  QTimer::singleShot(0, frame.get(), [this] { QTest::mouseClick(&Cancel(), Qt::LeftButton); });
+
+  Press(Qt::Key_F5);
+
+  EXPECT_EQ(AnalysisDone, FlagFalse);
+  EXPECT_EQ(LabelText("stsBar_Analysis"), "No Analysis");
+  for (const char* box : {"ReactionsChk", "MbrForcesChk", "DSDchk"}) {
+    EXPECT_FALSE(Find<QCheckBox>(box).isChecked()) << box;
+  }
+  EXPECT_TRUE(Cancel().isHidden());
 }
 
 TEST_F(ProgressFormTest, ShowsWhatNobodyCaughtAndGoesOn) {

@@ -44,5 +44,17 @@ TEST(IntegerValueTest, RefusesWhatIsNotNumeric) {
   }
 }
 
+TEST(NumberFormTest, DoesNotCareAboutTheSize) {
+  for (const char* text : {"7", " -1.5\t", ".5", "5.", "1e39", "-1e999", "40000", "1E+999999999999999999999"}) {
+    EXPECT_TRUE(IsNumberForm(text)) << text;
+  }
+}
+
+TEST(NumberFormTest, RefusesWhatIsNoNumber) {
+  for (const char* text : {"", " ", ".", "-", "abc", "1 2", "1,5", "0x10", "1e", "inf", "nan", "+-3"}) {
+    EXPECT_FALSE(IsNumberForm(text)) << text;
+  }
+}
+
 } // namespace
 } // namespace strutwright

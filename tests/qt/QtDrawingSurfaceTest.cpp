@@ -296,6 +296,23 @@ TEST_F(QtDrawingSurfaceTest, SurvivesAnyWindow) {
   EXPECT_EQ(surface.Image().size(), QSize(80, 60));
 }
 
+TEST_F(QtDrawingSurfaceTest, CutsOffAtItsEdgesWhatHangsOverThem) {
+  QtDrawingSurface larger(120, 100);
+  larger.SetWindow({-2, -2, 12, 10});
+  for (QtDrawingSurface* each : {&surface, &larger}) {
+    for (const double x : {-0.33, 3.9, 7.81}) {
+      for (const double y : {-0.72, 2.6, 5.23}) {
+        each->DrawCircle(x, y, 0.31);
+        each->DrawLine(x - 0.43, y - 0.2, x + 0.57, y + 0.9);
+        each->MoveTo(x - 0.2, y);
+        each->DrawText("-4.8");
+      }
+    }
+  }
+  EXPECT_FALSE(Ink().isEmpty());
+  EXPECT_TRUE(surface.Image() == larger.Image().copy(20, 20, 80, 60));
+}
+
 TEST_F(QtDrawingSurfaceTest, DrawsThePartOfALargeCircleThatIsInSight) {
   surface.DrawCircle(4 - 10000, 3, 10000); // passes upright through the middle
   EXPECT_LE(std::abs(Ink().center().x() - 40), 2);

@@ -63,6 +63,17 @@ TEST_F(QtMessageBoxesTest, ClosesByReturnAndByEscape) {
   }
 }
 
+TEST_F(QtMessageBoxesTest, StandsOverTheWindowThatIsThereBeforeItIsActive) {
+  QWidget window;
+  window.show();
+  QApplication::setActiveWindow(nullptr);
+  WhenShown<QMessageBox>([&window](QMessageBox& box) {
+    EXPECT_EQ(box.parentWidget(), &window);
+    box.close();
+  });
+  boxes.Show({MessageIcon::Information, ProgramTitle, "Welcome"});
+}
+
 TEST_F(QtMessageBoxesTest, AsksWithYesAndNo) {
   WhenShown<QMessageBox>([](QMessageBox& box) {
     EXPECT_EQ(box.standardButtons(), QMessageBox::Yes | QMessageBox::No);

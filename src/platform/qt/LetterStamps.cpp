@@ -1,7 +1,7 @@
 #include "LetterStamps.h"
 
-#include <algorithm>
-#include <cmath>
+#include <cstddef>
+#include <string_view>
 
 #include <QFont>
 #include <QFontMetricsF>
@@ -36,10 +36,8 @@ void PaintLetters(QPainter& painter, const QPointF& baseline, const QString& tex
   painter.drawText(baseline, text);
 }
 
-/// Numbers: signs whose shape and place do not hang on their neighbours.
-bool StandAlone(const QString& text) {
-  return std::all_of(text.begin(), text.end(), [](QChar each) { return QStringView(u"0123456789.-").contains(each); });
-}
+/// The signs of numbers: their shape and place do not hang on their neighbours.
+constexpr std::string_view Signs = "0123456789.-";
 
 /// An empty picture that takes one letter.
 QImage Blank(const QFontMetricsF& metrics, const QString& letter, double ratio) {
@@ -63,35 +61,43 @@ void PaintText(QPainter& painter, const QPointF& corner, const QString& text, co
   PaintLetters(painter, baseline, text, colour);
 }
 
-void LetterStamps::PaintText(QPainter& painter, const QPointF& corner, const QString& text, const QColor& colour,
-                             double ratio) {
-  if (!StandAlone(text)) return strutwright::PaintText(painter, corner, text, colour, true);
-  const auto whole = [ratio](double pixel) { return std::round(pixel * ratio) / ratio; };
+bool LetterStamps::Print(QImage& picture, const QPointF& corner, const std::string& text, QRgb colour) {
+  if (text.find_first_not_of(Signs) != std::string::npos) return false;
+  const double ratio = picture.devicePixelRatio();
+  const Alphabet& alphabet = AlphabetOf(colour, ratio);
+  const int y = qRound((corner.y() - Margin) * ratio);
+  const Pixels ground(picture);
   // All halos first: a letter must not disappear under its neighbour's.
-  for (QImage Stamp::*layer : {&Stamp::halo, &Stamp::letter}) {
-    double x = corner.x();
-    for (const QChar letter : text) {
-      const Stamp& stamp = StampOf(letter, colour, ratio);
-      painter.drawImage(QPointF(whole(x - Margin), whole(corner.y() - Margin)), stamp.*layer);
-      x += stamp.advance;
+  for (Stamp Letter::*layer : {&Letter::halo, &Letter::ink}) {
+    double x = corner.x() - Margin;
+    for (const char sign : text) {
+      const Letter& letter = alphabet[Signs.find(sign)];
+      (letter.*layer).CopyTo(ground, qRound(x * ratio), y);
+      x += letter.advance;
     }
   }
+  return true;
 }
 
-const LetterStamps::Stamp& LetterStamps::StampOf(QChar letter, const QColor& colour, double ratio) {
-  if (ratio != Ratio) Stamps.clear();
+LetterStamps::Alphabet& LetterStamps::AlphabetOf(QRgb colour, double ratio) {
+  if (ratio != Ratio) Alphabets.clear();
   Ratio = ratio;
-  Stamp& stamp = Stamps[{letter.unicode(), colour.rgb()}];
-  if (!stamp.letter.isNull()) return stamp;
-  const QFontMetricsF metrics(TextFont());
-  const QPointF baseline(Margin, Margin + metrics.ascent());
-  stamp = {Blank(metrics, letter, ratio), Blank(metrics, letter, ratio), metrics.horizontalAdvance(letter)};
-  QPainter halo(&stamp.halo);
-  halo.setRenderHint(QPainter::Antialiasing);
-  PaintHalo(halo, baseline, letter);
-  QPainter letters(&stamp.letter);
-  PaintLetters(letters, baseline, letter, colour);
-  return stamp;
+  const auto [found, isNew] = Alphabets.try_emplace(colour);
+  if (!isNew) return found->second;
+  for (std::size_t i = 0; i < Signs.size(); ++i) {
+    const QString sign(QChar::fromLatin1(Signs[i]));
+    const QFontMetricsF metrics(TextFont());
+    const QPointF baseline(Margin, Margin + metrics.ascent());
+    QImage halo = Blank(metrics, sign, ratio);
+    QPainter haloPainter(&halo);
+    haloPainter.setRenderHint(QPainter::Antialiasing);
+    PaintHalo(haloPainter, baseline, sign);
+    QImage ink = Blank(metrics, sign, ratio);
+    QPainter inkPainter(&ink);
+    PaintLetters(inkPainter, baseline, sign, QColor(colour));
+    found->second[i] = {Stamp(halo), Stamp(ink), metrics.horizontalAdvance(sign)};
+  }
+  return found->second;
 }
 
 } // namespace strutwright

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "PixelPen.h"
+
+#include <array>
 #include <map>
-#include <utility>
+#include <string>
 
 #include <QColor>
 #include <QImage>
@@ -16,25 +19,26 @@ namespace strutwright {
 /// corner: its upper left one, in logical pixels.
 void PaintText(QPainter& painter, const QPointF& corner, const QString& text, const QColor& colour, bool halo);
 
-/// Paints the same, with halo, from letters that it keeps as small pictures: to trace the outline of a halo takes a
+/// Paints numbers, with halo, from letters that it keeps as small pictures: to trace the outline of a halo takes a
 /// hundred times as long as to copy it, and a large model shows thousands of numbers.
 class LetterStamps {
  public:
-  /// Letters begin at whole device pixels, which leaves them as sharp as they were made.
-  /// ratio: device pixels a logical one.
-  void PaintText(QPainter& painter, const QPointF& corner, const QString& text, const QColor& colour, double ratio);
+  /// False, and nothing is done, where the text is no number.  Letters begin at whole pixels of the picture, which
+  /// leaves them as sharp as they were made.
+  bool Print(QImage& picture, const QPointF& corner, const std::string& text, QRgb colour);
 
  private:
-  struct Stamp {
-    QImage halo;
-    QImage letter;
+  struct Letter {
+    Stamp halo;
+    Stamp ink;
     double advance = 0; ///< logical pixels
   };
+  using Alphabet = std::array<Letter, 12>;
 
-  const Stamp& StampOf(QChar letter, const QColor& colour, double ratio);
+  Alphabet& AlphabetOf(QRgb colour, double ratio);
 
-  double Ratio = 1; ///< of the stamps below
-  std::map<std::pair<char16_t, QRgb>, Stamp> Stamps;
+  double Ratio = 1; ///< of the letters below
+  std::map<QRgb, Alphabet> Alphabets;
 };
 
 } // namespace strutwright

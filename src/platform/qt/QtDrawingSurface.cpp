@@ -1,6 +1,7 @@
 #include "QtDrawingSurface.h"
 
 #include "PictureFile.h"
+#include "PixelPen.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,7 +11,6 @@
 #include <utility>
 
 #include <QLineF>
-#include <QPen>
 #include <QRectF>
 #include <QString>
 
@@ -21,8 +21,10 @@ namespace {
 constexpr double ClipMargin = 16;    // pixels, more than any pen is wide
 constexpr double LargeRadius = 4096; // pixels
 constexpr int LargeCircleSides = 720;
+constexpr double SmallRadius = 64; // pixels; PixelPen looks at all of a circle's square
+constexpr double Roundness = 0.01; // pixels by which the radii of a circle may differ
 
-QColor QtColour(Colour colour) { return {colour.red, colour.green, colour.blue}; }
+QRgb QtColour(Colour colour) { return qRgb(colour.red, colour.green, colour.blue); }
 
 bool IsPlace(const QPointF& point) { return std::isfinite(point.x()) && std::isfinite(point.y()); }
 
@@ -104,12 +106,39 @@ void QtDrawingSurface::MoveTo(double x, double y) {
 }
 
 void QtDrawingSurface::Paint(Stroke stroke) {
-  stroke(OpenPainter());
-  Keep(std::move(stroke));
+  if (Mode == PenMode::Invert) return PaintStroke(OpenPainter(), stroke);
+  const bool done = std::visit([this](const auto& each) { return PaintPixels(each); }, stroke);
+  if (!done) PaintStroke(OpenPainter(), stroke);
+  Strokes.push_back(std::move(stroke));
 }
 
-void QtDrawingSurface::Keep(Stroke stroke) {
-  if (Mode != PenMode::Invert) Strokes.push_back(std::move(stroke));
+bool QtDrawingSurface::PaintPixels(const LineStroke& stroke) {
+  ClosePainter();
+  const double width = std::max(stroke.pen.width, 1) * Ratio;
+  const QLineF line(stroke.line.p1() * Ratio, stroke.line.p2() * Ratio);
+  PixelPen pen(Picture, stroke.pen.colour, width);
+  if (stroke.pen.dashed) {
+    pen.DashedLine(line);
+  } else {
+    pen.SolidLine(line);
+  }
+  return true;
+}
+
+bool QtDrawingSurface::PaintPixels(const CircleStroke& stroke) {
+  const double radius = stroke.bounds.width() / 2;
+  const bool round = std::abs(stroke.bounds.height() / 2 - radius) <= Roundness;
+  if (!round || radius > SmallRadius || stroke.fill || stroke.pen.dashed) return false;
+  ClosePainter();
+  PixelPen(Picture, stroke.pen.colour, std::max(stroke.pen.width, 1) * Ratio)
+      .Circle(stroke.bounds.center() * Ratio, radius * Ratio);
+  return true;
+}
+
+bool QtDrawingSurface::PaintPixels(const TextStroke& stroke) {
+  if (!stroke.halo) return false;
+  ClosePainter();
+  return Stamps.Print(Picture, stroke.corner, stroke.text, stroke.colour);
 }
 
 /// What inverts is not antialiased, because half a pixel inverted twice would not be what it was.
@@ -125,11 +154,7 @@ void QtDrawingSurface::ClosePainter() const {
   if (Painter.isActive()) Painter.end();
 }
 
-QPen QtDrawingSurface::Pen() const {
-  QPen pen(PenColour, PenWidth, Style == LineStyle::Dashed ? Qt::DashLine : Qt::SolidLine);
-  pen.setCapStyle(Style == LineStyle::Dashed ? Qt::FlatCap : Qt::SquareCap);
-  return pen;
-}
+PenLook QtDrawingSurface::Pen() const { return {PenColour, PenWidth, Style == LineStyle::Dashed}; }
 
 /// Where an upright or level line must lie to fill whole device pixels.
 double QtDrawingSurface::Sharp(double pixel) const {
@@ -143,10 +168,7 @@ void QtDrawingSurface::DrawPixelLine(QPointF from, QPointF to) {
   QLineF line = *part;
   if (from.x() == to.x()) line.setLine(Sharp(line.x1()), line.y1(), Sharp(line.x1()), line.y2());
   if (from.y() == to.y()) line.setLine(line.x1(), Sharp(line.y1()), line.x2(), Sharp(line.y1()));
-  Paint([pen = Pen(), line](QPainter& painter) {
-    painter.setPen(pen);
-    painter.drawLine(line);
-  });
+  Paint(LineStroke{line, Pen()});
 }
 
 void QtDrawingSurface::DrawLine(double x1, double y1, double x2, double y2) {
@@ -158,8 +180,7 @@ void QtDrawingSurface::DrawBox(double x1, double y1, double x2, double y2) {
   const QPointF first = ToPixel(x1, y1);
   const QPointF last = ToPixel(x2, y2);
   if (Fill == FillStyle::Solid && IsPlace(first) && IsPlace(last)) {
-    const QRectF inside = QRectF(first, last).normalized() & ClipArea(Size);
-    Paint([inside, colour = FillColour](QPainter& painter) { painter.fillRect(inside, colour); });
+    Paint(BoxStroke{QRectF(first, last).normalized() & ClipArea(Size), FillColour});
   }
   DrawPixelLine(first, {last.x(), first.y()});
   DrawPixelLine({last.x(), first.y()}, last);
@@ -176,11 +197,7 @@ void QtDrawingSurface::DrawCircle(double x, double y, double radius) {
   const QRectF bounds(centre.x() - radiusX, centre.y() - radiusY, 2 * radiusX, 2 * radiusY);
   if (!bounds.intersects(ClipArea(Size))) return;
   if (std::max(radiusX, radiusY) > LargeRadius) return DrawLargeCircle(centre, radiusX, radiusY);
-  Paint([bounds, pen = Pen(), brush = Fill == FillStyle::Solid ? QBrush(FillColour) : QBrush()](QPainter& painter) {
-    painter.setPen(pen);
-    painter.setBrush(brush);
-    painter.drawEllipse(bounds);
-  });
+  Paint(CircleStroke{bounds, Pen(), Fill == FillStyle::Solid ? std::optional(FillColour) : std::nullopt});
 }
 
 /// Side by side, so that only those in sight are painted; a circle of this size is never filled.
@@ -194,23 +211,17 @@ void QtDrawingSurface::DrawLargeCircle(const QPointF& centre, double radiusX, do
 
 void QtDrawingSurface::DrawText(const std::string& text) {
   const QPointF corner = ToPixel(X, Y);
-  const QString letters = QString::fromStdString(text);
   // Texts are short: one that starts farther out than the picture is wide can't reach into it.
   if (!IsPlace(corner) || corner.x() < -Size.width() || corner.x() > Size.width()) return;
   if (corner.y() < -Size.height() || corner.y() > Size.height()) return;
-  const Stroke stroke = [corner, letters, colour = TextColour, halo = TextAttribute](QPainter& painter) {
-    PaintText(painter, corner, letters, colour, halo);
-  };
-  if (!TextAttribute || Mode == PenMode::Invert) return Paint(stroke);
-  Stamps.PaintText(OpenPainter(), corner, letters, TextColour, Ratio);
-  Keep(stroke);
+  Paint(TextStroke{corner, text, TextColour, TextAttribute});
 }
 
 void QtDrawingSurface::SavePicture(const std::string& path) {
   WritePicture(path, Image(), Size, [this](QPainter& painter) {
     for (const Stroke& stroke : Strokes) {
       painter.save();
-      stroke(painter);
+      PaintStroke(painter, stroke);
       painter.restore();
     }
   });

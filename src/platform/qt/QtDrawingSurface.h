@@ -2,8 +2,8 @@
 
 #include "DrawingSurface.h"
 #include "LetterStamps.h"
+#include "Stroke.h"
 
-#include <functional>
 #include <vector>
 
 #include <QColor>
@@ -11,8 +11,6 @@
 #include <QPainter>
 #include <QPointF>
 #include <QSize>
-
-class QPen;
 
 namespace strutwright {
 
@@ -58,13 +56,17 @@ class QtDrawingSurface : public DrawingSurface {
   void SavePicture(const std::string& path) override;
 
  private:
-  using Stroke = std::function<void(QPainter&)>;
-
   void Paint(Stroke stroke);
-  void Keep(Stroke stroke);
+
+  /// Draw straight onto the picture what can be drawn so, or say that it can't.
+  bool PaintPixels(const LineStroke& stroke);
+  bool PaintPixels(const CircleStroke& stroke);
+  bool PaintPixels(const TextStroke& stroke);
+  static bool PaintPixels(const BoxStroke& /*stroke*/) { return false; }
+
   QPainter& OpenPainter();
   void ClosePainter() const;
-  QPen Pen() const;
+  PenLook Pen() const;
   void DrawPixelLine(QPointF from, QPointF to);
   void DrawLargeCircle(const QPointF& centre, double radiusX, double radiusY);
   double Sharp(double pixel) const;
@@ -77,9 +79,9 @@ class QtDrawingSurface : public DrawingSurface {
   LetterStamps Stamps;
   ViewWindow View;
   int PenWidth = 1;
-  QColor PenColour = Qt::black;
-  QColor FillColour = Qt::black;
-  QColor TextColour = Qt::black;
+  QRgb PenColour = qRgb(0, 0, 0);
+  QRgb FillColour = qRgb(0, 0, 0);
+  QRgb TextColour = qRgb(0, 0, 0);
   PenMode Mode = PenMode::Copy;
   LineStyle Style = LineStyle::Solid;
   FillStyle Fill = FillStyle::Transparent;

@@ -19,10 +19,19 @@ QMessageBox::Icon QtIcon(MessageIcon icon) {
   return QMessageBox::NoIcon;
 }
 
+/// The window that a box stands over: the active one or, while the program starts, the one that is there already.
+QWidget* Parent() {
+  if (QWidget* active = QApplication::activeWindow()) return active;
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible() && window->windowType() == Qt::Window) return window;
+  }
+  return nullptr;
+}
+
 /// Returns the button that closed the box.
 int Run(const Message& message, QMessageBox::StandardButtons buttons) {
   QMessageBox box(QtIcon(message.icon), QString::fromStdString(message.title), QString::fromStdString(message.text),
-                  buttons, QApplication::activeWindow());
+                  buttons, Parent());
   box.setObjectName("MessageBox");
   // A file's name or a cell's text is shown as it is, not as markup.
   box.setTextFormat(Qt::PlainText);

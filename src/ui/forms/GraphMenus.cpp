@@ -3,6 +3,7 @@
 #include "frmMain.h"
 #include "modFileCommands.h"
 #include "modKeepResults.h"
+#include "modRenumbering.h"
 
 // The menus of the truss display, and its pop-up menu.
 
@@ -24,7 +25,18 @@ void frmGraph::BuildMenus() {
   build.Add(
       tools, "mnuGenerator", "&Bracefold", {}, [this] { mnuGenerator_Click(); },
       "Starts the companion program that generates trusses");
-  build.Add(tools, "mnuOptions", "&Options...", {}, [] {})->setEnabled(false);
+  build.Add(
+      tools, "mnuRenumber", "&Renumber Nodes Along the Span", {},
+      [this] {
+        Frame.Edit("Renumber Nodes", [] {
+          RebuildKeepingResults();
+          RenumberNodesAlongSpan();
+        });
+      },
+      "Numbers the nodes by x and then by y; large trusses are analysed faster so");
+  build.Add(
+      tools, "mnuOptions", "&Options...", {}, [this] { Frame.ShowOptions(); },
+      "The drawing grid, snapping, the size of the grids and the list of recent files");
   build.AddHelpMenu();
   MenuList = build.Menus();
   BuildPopUp(build);

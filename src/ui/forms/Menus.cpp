@@ -1,6 +1,7 @@
 #include "Menus.h"
 
 #include "EventGuard.h"
+#include "RecentFilesMenu.h"
 #include "frmAbout.h"
 #include "frmMain.h"
 #include "modExamples.h"
@@ -63,7 +64,10 @@ void MenuBuilder::AddFileMenu() {
   AddRestore(file);
   Add(file, "mnuSave", "&Save", QKeySequence::Save, SaveFromMenu);
   Add(file, "mnuSaveAs", "Save &As...", Keys(QKeySequence::SaveAs, Qt::CTRL | Qt::SHIFT | Qt::Key_S), SaveAsFromMenu);
-  file.addSeparator()->setObjectName("mnuBar4");
+  // Neither separator of the list shows at all times; of two that follow each other the menu shows one.
+  file.addSeparator();
+  Frame.AddRecentFiles(*new RecentFilesMenu(file, Owner, Frame));
+  file.addSeparator();
   Add(file, "mnuExit", "E&xit", Keys(QKeySequence::Quit, Qt::CTRL | Qt::Key_Q),
       [&frame = Frame] { frame.EndProgram(); });
 }

@@ -11,6 +11,8 @@
 #include "modEquationSteps.h"
 #include "modEquationTexts.h"
 
+#include <algorithm>
+
 #include <QCloseEvent>
 #include <QGridLayout>
 #include <QLabel>
@@ -178,10 +180,19 @@ void frmEquations::ShowPage() {
   btnStepBack->setEnabled(CanStepBack());
   lblStepDone->setText(QString::fromStdString(StepDoneText()));
   ShowStepToCome();
+  ShowAddedCells();
   ShowOrigin();
   if (page.lastMember == 0 && ShownMember == 0) return;
   ShownMember = page.lastMember;
   Frame.HighlightMember(ShownMember);
+}
+
+/// Scrolls to what the member that was just added has changed, to its first node where not all of it fits.
+void frmEquations::ShowAddedCells() {
+  const EquationPage& page = TheEquations.page;
+  if (page.lastStep != EquationStep::AddMember || page.lastFreedoms[1] == 0) return;
+  const auto [first, last] = std::minmax_element(page.lastFreedoms.begin() + 1, page.lastFreedoms.end());
+  for (const int freedom : {*last, *first}) grK->scrollTo(grK->model()->index(freedom - 1, freedom - 1));
 }
 
 void frmEquations::ShowStepToCome() { lblStepToCome->setText(QString::fromStdString(StepToComeText())); }

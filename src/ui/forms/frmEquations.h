@@ -49,6 +49,7 @@ class frmEquations : public QWidget {
   QPushButton* AddStep(const QString& name, const QString& caption, const QString& toolTip, void (*step)());
   void Press(void (*step)());
   void ShowPage();
+  void ShowAddedCells();
   void ShowOrigin();
   void Copy(CopyCommand copy);
   void CopyOrigin();

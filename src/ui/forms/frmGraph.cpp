@@ -11,6 +11,7 @@
 #include "modModelRendering.h"
 #include "modModelStore.h"
 #include "modPicking.h"
+#include "modRecentFiles.h"
 #include "modScales.h"
 
 #include <QCloseEvent>
@@ -40,8 +41,12 @@ frmGraph::frmGraph(frmMain& frame, MainStatusBar& status) : Frame(frame), Status
   whole->setContentsMargins(0, 0, 0, 0);
   whole->addWidget(Disp);
   BuildMenus();
-  ResetScales();
   ShowMouseState();
+}
+
+void frmGraph::Load() {
+  startUpList();
+  ResetScales();
 }
 
 std::int16_t frmGraph::seekJoint(float x, float y, bool offer) {

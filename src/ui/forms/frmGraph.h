@@ -21,6 +21,10 @@ class frmGraph : public QWidget, private DisplayListener {
  public:
   frmGraph(frmMain& frame, MainStatusBar& status);
 
+  /// What the display does once, as the program starts: takes the recent files, which may welcome the user, and the
+  /// scales.  To be called while it is on screen, so that a box stands over a whole window.
+  void Load();
+
   /// The first node closer than PickRadius to a world point, in m, which is drawn highlighted; 0 when there is none.
   /// offer: ask then whether to add a node at the nearest grid point; the result is 0 all the same.
   std::int16_t seekJoint(float x, float y, bool offer);

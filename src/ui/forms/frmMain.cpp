@@ -10,11 +10,13 @@
 #include "UiState.h"
 #include "frmEquations.h"
 #include "frmGraph.h"
+#include "frmOptions.h"
 #include "modAnimation.h"
 #include "modGenerators.h"
 #include "modGrids.h"
 #include "modModelRendering.h"
 #include "modModelStore.h"
+#include "modOptions.h"
 #include "modRedraw.h"
 #include "modRunAnalysis.h"
 #include "modScales.h"
@@ -79,12 +81,14 @@ void frmMain::MDIForm_Load() {
   NodeCount = 0;
   NodeTable.Recreate(NodeCount);
   MemberTable.Recreate(MemberCount);
+  TakeOptions();
   initGrids();
   Equations = new frmEquations(*this);
   EquationsWindow = Children->AddChild(*Equations, EquationsShare);
   Graph = new frmGraph(*this, *stsBar);
   GraphWindow = Children->AddChild(*Graph, DisplayShare);
   ActivateDisplay();
+  Graph->Load();
   DisplaySurface = &Graph->Surface();
   SetViewWindow(*DisplaySurface, -1.0F, 10.0F, 0.0F, 3.0F);
   RefreshStatusTexts();
@@ -134,6 +138,8 @@ void frmMain::DrawMember(int i, int j) {
   RebuildModelFromGrids();
   Redraw(false);
 }
+
+void frmMain::ShowOptions() { frmOptions(*this).exec(); }
 
 void frmMain::ActivateDisplay() { Children->setActiveSubWindow(GraphWindow); }
 

@@ -27,6 +27,7 @@ class frmEquations;
 class frmGraph;
 class MainStatusBar;
 class MenuBuilder;
+class RecentFilesMenu;
 
 /// The main frame: tool bar, status bar, control board and the two child windows.
 class frmMain : public QMainWindow, public Host {
@@ -80,6 +81,12 @@ class frmMain : public QMainWindow, public Host {
   void AddHistoryActions(MenuBuilder& build, QMenu& menu);
   void AddGridActions(QMenu& menu);
 
+  /// Shows the recent files in a File menu from now on.
+  void AddRecentFiles(RecentFilesMenu& menu) { RecentLists << &menu; }
+
+  /// Shows the options dialog until the user closes it.
+  void ShowOptions();
+
   bool IsEnding() const { return Ending; }
   void ActivateDisplay();
   void ActivateEquations();
@@ -97,6 +104,7 @@ class frmMain : public QMainWindow, public Host {
   void ResetScales() override;
   void SetCaption(const std::string& caption) override;
   void ClearGrids() override;
+  void ShowRecentFiles() override;
   void ResetEquations() override;
   int NodeAt(float x, float y) override;
   void DropHighlight() override;
@@ -146,8 +154,9 @@ class frmMain : public QMainWindow, public Host {
   QMdiSubWindow* GraphWindow = nullptr;
   QMdiSubWindow* EquationsWindow = nullptr;
   QMenu* mnuGrid = nullptr;
-  Grid* menuGrid = &GrJoints;     ///< the grid that the grid menu's commands work on: the visible one
-  QString Caption{"Strutwright"}; ///< without what a child window that fills the frame adds to the title
+  QList<RecentFilesMenu*> RecentLists; ///< one in each File menu
+  Grid* menuGrid = &GrJoints;          ///< the grid that the grid menu's commands work on: the visible one
+  QString Caption{"Strutwright"};      ///< without what a child window that fills the frame adds to the title
   EditHistory History{Caption};
   RecoveryKeeper Recovery{*this, History.Steps()};
   QTimer Timer1;

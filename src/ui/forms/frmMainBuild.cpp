@@ -82,7 +82,7 @@ void frmMain::BuildToolBar() {
   add("bracefold", "Bracefold", [this] { Graph->mnuGenerator_Click(); });
   add("analyse", "Run Analysis", [this] { runAnalysis(); });
   add("picture", "Save Truss Display as Picture", savePicture);
-  add("options", "Options Box", [] {})->setEnabled(false);
+  add("options", "Options Box", [this] { ShowOptions(); });
   bar->addSeparator();
   add("about", "About", [this] { frmAbout(this).exec(); });
   addToolBar(bar);

@@ -5,6 +5,7 @@
 #include "ControlBoard.h"
 #include "DisplayState.h"
 #include "MainStatusBar.h"
+#include "RecentFilesMenu.h"
 #include "UiState.h"
 #include "frmEquations.h"
 #include "frmGraph.h"
@@ -50,6 +51,10 @@ void frmMain::SetCaption(const std::string& caption) {
 void frmMain::ClearGrids() {
   for (Grid* grid : {&GrJoints, &GrMembers, &jResGr, &mResGr}) ClearGrid(*grid, GridCapacity);
   for (Grid* grid : {&GrJoints, &GrMembers}) NumberRows(*grid);
+}
+
+void frmMain::ShowRecentFiles() {
+  for (RecentFilesMenu* list : RecentLists) list->Refresh();
 }
 
 void frmMain::ResetEquations() {

@@ -1,0 +1,137 @@
+// Prints the figures of docs/trust.md: how often and how far the analysis is wrong, as the check sees it.
+
+#include "AnalysisState.h"
+#include "LargeModels.h"
+#include "Platform.h"
+#include "WindowlessHost.h"
+#include "modAnalysis.h"
+#include "modCheckAnswer.h"
+#include "modMember.h"
+#include "modModelStore.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <random>
+#include <string>
+
+namespace strutwright {
+namespace {
+
+/// Refusals are counted, not shown.
+class SilentDesktop : public MessageBoxes, public WindowlessHost {
+ public:
+  void Show(const Message&) override {}
+  bool Ask(const Message&) override { return false; }
+};
+
+CheckReport Judge(const ModelData& model) {
+  SetTables(model);
+  AnalysisDone = FlagTrue;
+  std::int16_t ok = FlagTrue;
+  AnalyseTruss(ok);
+  if (ok == FlagFalse) AnalysisDone = FlagFalse;
+  return CheckAnswer(LastOutcome());
+}
+
+/// The largest displacement of the analysis in mm.
+double LargestDisplacement() {
+  double largest = 0;
+  for (const float d : Displacements) largest = std::max(largest, static_cast<double>(std::abs(d)));
+  return largest;
+}
+
+/// A Pratt truss on two supports, panels of 3 m and 4 m deep.
+ModelData Pratt(int panels) { return PrattTruss(2 * panels + 2); }
+
+void PrintSpans() {
+  std::printf("| Panels | Span / depth | Right digits | Largest difference | Loads | Loads and reactions leave |\n"
+              "|---|---|---|---|---|---|\n");
+  for (const int panels : {8, 20, 40, 66, 100, 134, 160}) {
+    const CheckReport report = Judge(Pratt(panels));
+    if (report.outcome != AnalysisOutcome::Done) {
+      std::printf("| %d | %.0f | refused as unstable | | %d kN | |\n", panels, panels * 0.75, 10 * (panels + 1));
+      continue;
+    }
+    const double difference = std::max({report.accuracy->displacementDifference, report.accuracy->forceDifference,
+                                        report.accuracy->reactionDifference});
+    std::printf("| %d | %.0f | %d | %.2g | %d kN | %.2g kN |\n", panels, panels * 0.75, report.accuracy->digits,
+                difference, 10 * (panels + 1), report.balance->wholeResidual);
+  }
+}
+
+/// A Pratt truss of 20 nodes, each up to 5 cm out of its place, without one of its diagonals.
+ModelData WithoutADiagonal(float area, std::mt19937& random) {
+  ModelData model = PrattTruss(20);
+  for (NodeData& node : model.nodes) {
+    node.x += static_cast<float>(Below(1001, random) - 500) / 10000;
+    node.y += static_cast<float>(Below(1001, random) - 500) / 10000;
+  }
+  for (MemberData& member : model.members) member.A = area;
+  model.members.erase(model.members.begin() + 3 + 4 * Below(9, random)); // the fourth of each panel's members
+  return model;
+}
+
+void PrintMechanisms() {
+  std::printf("| A (mm2) | Accepted | Median of the largest displacement (mm) | Recognised by the check |\n"
+              "|---|---|---|---|\n");
+  for (const float area : {1000.0F, 2000.0F, 5000.0F}) {
+    std::mt19937 random(80);
+    int recognised = 0;
+    std::vector<double> displacements;
+    for (int model = 0; model < 80; ++model) {
+      const CheckReport report = Judge(WithoutADiagonal(area, random));
+      if (report.stability.mechanismCount == 1) ++recognised;
+      if (report.outcome == AnalysisOutcome::Done) displacements.push_back(LargestDisplacement());
+    }
+    std::sort(displacements.begin(), displacements.end());
+    const double median = displacements.empty() ? 0 : displacements[displacements.size() / 2];
+    std::printf("| %.0f | %zu of 80 | %.1e | %d of 80 |\n", static_cast<double>(area), displacements.size(), median,
+                recognised);
+  }
+}
+
+void PrintUnits() {
+  std::printf("| A | Typed | Analysis | Check |\n|---|---|---|---|\n");
+  for (const float area : {1000.0F, 0.001F}) {
+    ModelData model = Pratt(8);
+    for (MemberData& member : model.members) member.A = area;
+    const CheckReport report = Judge(model);
+    const bool done = report.outcome == AnalysisOutcome::Done;
+    std::printf("| 1000 mm2 | %g | %s | %s |\n", static_cast<double>(area), done ? "Analysis Done" : "unstable",
+                report.status.c_str());
+  }
+}
+
+void PrintZeroBars() {
+  std::printf("| Panels | Zero bars | Labelled T or C |\n|---|---|---|\n");
+  for (const int panels : {8, 20, 40, 66, 100}) {
+    const CheckReport report = Judge(Pratt(panels));
+    const auto labelled = std::count_if(report.zeroBars.begin(), report.zeroBars.end(),
+                                        [](const ZeroBar& bar) { return MemberState(bar.member) != "Zero Bar"; });
+    std::printf("| %d | %zu | %d |\n", panels, report.zeroBars.size(), static_cast<int>(labelled));
+  }
+}
+
+void PrintFigures() {
+  SilentDesktop desktop;
+  ThePlatform() = {&desktop, &desktop, nullptr, nullptr};
+  std::printf("Long spans\n\n");
+  PrintSpans();
+  std::printf("\nA missing diagonal\n\n");
+  PrintMechanisms();
+  std::printf("\nAn area in m2\n\n");
+  PrintUnits();
+  std::printf("\nZero bars\n\n");
+  PrintZeroBars();
+}
+
+} // namespace
+} // namespace strutwright
+
+int main() {
+  strutwright::PrintFigures();
+  return 0;
+}

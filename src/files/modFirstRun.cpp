@@ -1,0 +1,33 @@
+#include "modFirstRun.h"
+
+#include "CAssociate.h"
+#include "Platform.h"
+
+namespace strutwright {
+
+namespace {
+
+constexpr const char* Welcome = "Welcome to Strutwright.\n"
+                                "Consult the help file for information\n"
+                                "on getting the most from the program\n"
+                                "\n"
+                                "https://strutwright.example";
+
+void AssociateModelFiles() {
+  CAssociate modelFile;
+  modelFile.Title = "Strutwright File";
+  modelFile.Class = "Strutwright.File";
+  modelFile.Extension = ".stw";
+  modelFile.AppCommand = ThePlatform().executable;
+  modelFile.DefaultIcon = ThePlatform().icon;
+  modelFile.Associate();
+}
+
+} // namespace
+
+void firstRun() {
+  if (ThePlatform().fileTypes != nullptr) AssociateModelFiles();
+  ShowMessage(MessageIcon::Information, Welcome);
+}
+
+} // namespace strutwright

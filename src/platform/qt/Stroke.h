@@ -1,0 +1,53 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <variant>
+
+#include <QColor>
+#include <QLineF>
+#include <QPointF>
+#include <QRectF>
+
+class QPainter;
+
+namespace strutwright {
+
+/// How a line looks; the width is in logical pixels.
+struct PenLook {
+  QRgb colour = 0;
+  int width = 1;
+  bool dashed = false;
+};
+
+/// What a surface draws, in logical pixels.  A large model has a hundred thousand strokes, hence the plain structs.
+struct LineStroke {
+  QLineF line;
+  PenLook pen;
+};
+
+struct CircleStroke {
+  QRectF bounds;
+  PenLook pen;
+  std::optional<QRgb> fill;
+};
+
+struct BoxStroke {
+  QRectF inside;
+  QRgb fill = 0;
+};
+
+/// corner: the upper left one of the text.  It stands on a thin white halo, or on a white box where halo is false.
+struct TextStroke {
+  QPointF corner;
+  std::string text;
+  QRgb colour = 0;
+  bool halo = true;
+};
+
+using Stroke = std::variant<LineStroke, CircleStroke, BoxStroke, TextStroke>;
+
+/// Draws a stroke the way of Qt, on anything that it can paint on.
+void PaintStroke(QPainter& painter, const Stroke& stroke);
+
+} // namespace strutwright
