@@ -69,6 +69,18 @@ TEST_F(CellEditingFormTest, LeavesShortcutsAlone) {
   EXPECT_FALSE(box.isVisible());
 }
 
+TEST_F(CellEditingFormTest, GoesOnAfterKeysThatMeanNothingToIt) {
+  ClickCell(joints, 2, 2);
+  Type("9");
+  for (const Qt::Key key : {Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_PageDown, Qt::Key_F9}) {
+    Press(key);
+    Press(key, Qt::AltModifier);
+    EXPECT_TRUE(box.isVisible()) << key;
+  }
+  EXPECT_EQ(box.text(), "9");
+  EXPECT_EQ(GrJoints.CurrentRow(), 2);
+}
+
 TEST_F(CellEditingFormTest, LeavesTheCellAsItWasOnEscape) {
   GrJoints.SetText(2, 2, "3");
   ClickCell(joints, 2, 2);

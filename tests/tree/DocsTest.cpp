@@ -1,10 +1,10 @@
 // The documents: that what they point to is there, and that the manual leaves out no message and no key.
 
+#include "TreeFiles.h"
+
 #include <algorithm>
 #include <cctype>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <regex>
 #include <set>
@@ -28,11 +28,6 @@ using testing::Not;
 const fs::path Tree = SOURCE_DIR;
 const fs::path Manual = Tree / "docs/manual";
 
-std::string TextOf(const fs::path& path) {
-  std::ifstream file(path);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
 std::vector<fs::path> FilesBelow(const fs::path& folder, const std::string& extension) {
   std::vector<fs::path> files;
   for (const auto& entry : fs::recursive_directory_iterator(folder)) {
@@ -45,15 +40,6 @@ std::vector<fs::path> Documents() {
   std::vector<fs::path> documents = FilesBelow(Tree / "docs", ".md");
   for (const char* name : {"README.md", "CONTRIBUTING.md", "examples/README.md"}) documents.push_back(Tree / name);
   return documents;
-}
-
-/// All that the first group of a pattern matches in a text.
-std::vector<std::string> Matches(const std::string& text, const std::regex& pattern) {
-  std::vector<std::string> found;
-  for (std::sregex_iterator match(text.begin(), text.end(), pattern), end; match != end; ++match) {
-    found.push_back((*match)[1].str());
-  }
-  return found;
 }
 
 /// What links and pictures of a document point to within the tree, without the place in the file.

@@ -1,10 +1,10 @@
 // The rules of the house that no compiler checks.
 
+#include "TreeFiles.h"
+
 #include <algorithm>
 #include <array>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <regex>
 #include <set>
@@ -31,11 +31,6 @@ struct CompiledFile {
   std::string path; ///< relative to the tree
   std::string command;
 };
-
-std::string TextOf(const fs::path& path) {
-  std::ifstream file(path);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
 
 /// A path relative to the tree.  Files that the build itself makes, each of several sources, lie in its folder as those
 /// sources lie in the tree.

@@ -74,14 +74,18 @@ void DataGridView::CommitPendingEdit() {
 }
 
 void DataGridView::keyPressEvent(QKeyEvent* event) {
-  // Fast fingers can be ahead of the focus.
-  if (EditBox != nullptr && EditBox->IsPending()) {
-    QCoreApplication::sendEvent(EditBox, event);
-    return;
-  }
+  if (EditBox != nullptr && EditBox->IsPending()) return PassToEditBox(*event);
   const std::optional<char32_t> typed = OpeningCharacter(*event);
   if (typed && EditBox != nullptr) return OpenEditBox(*typed);
   QTableView::keyPressEvent(event);
+}
+
+/// Fast fingers can be ahead of the focus.  What the box has no use for comes back here, as to everything that holds
+/// it.
+void DataGridView::PassToEditBox(QKeyEvent& event) {
+  if (PassingKey) return event.ignore();
+  const QScopedValueRollback guard(PassingKey, true);
+  QCoreApplication::sendEvent(EditBox, &event);
 }
 
 /// The edit belongs to the cell that was current before the click.

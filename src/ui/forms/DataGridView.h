@@ -46,6 +46,7 @@ class DataGridView : public QTableView {
   void LayOut();
   void OpenEditBox(char32_t typed);
   void CommitPendingEdit();
+  void PassToEditBox(QKeyEvent& event);
   void ShowSelection();
   void TakeSelection();
 
@@ -54,6 +55,7 @@ class DataGridView : public QTableView {
   GridEditBox* EditBox = nullptr;
   std::function<void(const QPoint&)> MenuListener;
   bool Synchronising = false;
+  bool PassingKey = false;
 };
 
 } // namespace strutwright
