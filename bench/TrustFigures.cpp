@@ -72,7 +72,8 @@ ModelData WithoutADiagonal(float area, std::mt19937& random) {
     node.y *= depth / 4;
   }
   for (MemberData& member : model.members) member.A = area;
-  model.members.erase(model.members.begin() + 3 + 4 * Below(9, random)); // the fourth of each panel's members
+  const int diagonal = 3 + 4 * Below(9, random); // the fourth of each panel's members
+  model.members.erase(model.members.begin() + diagonal);
   return model;
 }
 
@@ -111,7 +112,7 @@ void PrintUnits() {
 ModelData WarrenWithVerticals(int panels) {
   ModelData model = Pratt(panels);
   for (int panel = 0; panel < panels; ++panel) {
-    MemberData& diagonal = model.members[static_cast<std::size_t>(3 + 4 * panel)];
+    MemberData& diagonal = model.members[3 + 4 * static_cast<std::size_t>(panel)];
     const auto lower = static_cast<float>(2 * panel + 1);
     diagonal.i = panel % 2 == 0 ? lower : lower + 1;
     diagonal.j = panel % 2 == 0 ? lower + 3 : lower + 2;
