@@ -62,15 +62,18 @@ void PrintSpans() {
   }
 }
 
-/// A Pratt truss of 20 nodes, each up to 5 cm out of its place, without one of its diagonals.
+/// A Pratt truss of 20 nodes without one of its diagonals; panels of 2 to 6 m, 2 to 6 m deep, by decimetres.
 ModelData WithoutADiagonal(float area, std::mt19937& random) {
   ModelData model = PrattTruss(20);
+  const auto panel = static_cast<float>(20 + Below(41, random)) / 10;
+  const auto depth = static_cast<float>(20 + Below(41, random)) / 10;
   for (NodeData& node : model.nodes) {
-    node.x += static_cast<float>(Below(1001, random) - 500) / 10000;
-    node.y += static_cast<float>(Below(1001, random) - 500) / 10000;
+    node.x *= panel / 3;
+    node.y *= depth / 4;
   }
   for (MemberData& member : model.members) member.A = area;
-  model.members.erase(model.members.begin() + 3 + 4 * Below(9, random)); // the fourth of each panel's members
+  const int diagonal = 3 + 4 * Below(9, random); // the fourth of each panel's members
+  model.members.erase(model.members.begin() + diagonal);
   return model;
 }
 
@@ -105,13 +108,30 @@ void PrintUnits() {
   }
 }
 
+/// A Warren truss with verticals on a slope, loaded below: every other vertical only holds the upper chord in place.
+ModelData WarrenWithVerticals(int panels) {
+  ModelData model = Pratt(panels);
+  for (int panel = 0; panel < panels; ++panel) {
+    MemberData& diagonal = model.members[3 + 4 * static_cast<std::size_t>(panel)];
+    const auto lower = static_cast<float>(2 * panel + 1);
+    diagonal.i = panel % 2 == 0 ? lower : lower + 1;
+    diagonal.j = panel % 2 == 0 ? lower + 3 : lower + 2;
+  }
+  for (NodeData& node : model.nodes) node.y += 0.1F * node.x;
+  return model;
+}
+
 void PrintZeroBars() {
-  std::printf("| Panels | Zero bars | Labelled T or C |\n|---|---|---|\n");
-  for (const int panels : {8, 20, 40, 66, 100}) {
-    const CheckReport report = Judge(Pratt(panels));
-    const auto labelled = std::count_if(report.zeroBars.begin(), report.zeroBars.end(),
-                                        [](const ZeroBar& bar) { return MemberState(bar.member) != "Zero Bar"; });
-    std::printf("| %d | %zu | %d |\n", panels, report.zeroBars.size(), static_cast<int>(labelled));
+  std::printf("| Panels | Zero bars | Labelled T or C | Largest force among them |\n|---|---|---|---|\n");
+  for (const int panels : {20, 40, 66, 100, 134}) {
+    const CheckReport report = Judge(WarrenWithVerticals(panels));
+    int labelled = 0;
+    double largest = 0;
+    for (const ZeroBar& bar : report.zeroBars) {
+      if (MemberState(bar.member) != "Zero Bar") ++labelled;
+      largest = std::max(largest, static_cast<double>(std::abs(MemberForce(bar.member))));
+    }
+    std::printf("| %d | %zu | %d | %.2g kN |\n", panels, report.zeroBars.size(), labelled, largest);
   }
 }
 

@@ -38,7 +38,8 @@ class Neighbourhood {
   struct Entry {
     std::int64_t cell;
     int index;
-    auto operator<=>(const Entry&) const = default;
+    bool operator==(const Entry&) const = default;
+    bool operator<(const Entry& other) const { return cell != other.cell ? cell < other.cell : index < other.index; }
   };
   using Entries = std::vector<Entry>;
   struct Box {

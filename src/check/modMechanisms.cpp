@@ -137,8 +137,8 @@ void Localise(std::vector<Motion>& motions) {
 }
 
 std::string DirectionWords(double dx, double dy) {
-  const std::string across = dx > 0 ? "to the right" : "to the left";
-  const std::string along = dy > 0 ? "up" : "down";
+  std::string across = dx > 0 ? "to the right" : "to the left";
+  std::string along = dy > 0 ? "up" : "down";
   if (std::abs(dy) < 0.1 * std::abs(dx)) return across;
   if (std::abs(dx) < 0.1 * std::abs(dy)) return along;
   return along + " and " + across;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <deque>
+#include <limits>
 #include <numeric>
 #include <string>
 
@@ -10,8 +11,7 @@ namespace strutwright {
 
 namespace {
 
-constexpr double InLine = 1e-6;     // sine of the angle up to which two directions are one, given 32-bit coordinates
-constexpr double ZeroByRule = 1e-5; // of the largest force: a force beyond this contradicts a rule
+constexpr double ZeroByRule = 1e-4;     // of the largest force: a force beyond this contradicts a rule
 constexpr double ZeroBySolution = 1e-7; // of the largest force: below what 32-bit coordinates let one tell
 constexpr std::size_t NoMember = static_cast<std::size_t>(-1);
 
@@ -24,12 +24,22 @@ struct ForceLine {
 
 using Group = std::vector<ForceLine>; // along one line
 
-bool AreInLine(const ForceLine& a, const ForceLine& b) { return std::abs(a.c * b.s - a.s * b.c) < InLine; }
+/// The sine of the angle up to which two directions are one: 32-bit coordinates far out turn short members a little.
+double InLineSine(const CheckedTruss& truss) {
+  double farthest = 0;
+  for (const double x : truss.x) farthest = std::max(farthest, std::abs(x));
+  for (const double y : truss.y) farthest = std::max(farthest, std::abs(y));
+  double shortest = std::numeric_limits<double>::infinity();
+  for (const CheckedMember& member : truss.members) shortest = std::min(shortest, member.length / 1000);
+  constexpr double rounding = 2.4e-7; // four half units in the last place
+  return std::min(1e-6 + rounding * farthest / shortest, 1e-4);
+}
 
 /// Rules out members joint by joint, until no rule shows any more.
 class JointRules {
  public:
-  explicit JointRules(const CheckedTruss& checked) : Truss(checked), Reasons(checked.members.size()) {
+  explicit JointRules(const CheckedTruss& checked)
+      : Truss(checked), InLine(InLineSine(checked)), Reasons(checked.members.size()) {
     MembersAt.resize(At(Truss.nodeCount) + 1);
     for (std::size_t m = 0; m < Truss.members.size(); ++m) {
       MembersAt[At(Truss.members[m].i)].push_back(m);
@@ -51,6 +61,8 @@ class JointRules {
   }
 
  private:
+  bool AreInLine(const ForceLine& a, const ForceLine& b) const { return std::abs(a.c * b.s - a.s * b.c) < InLine; }
+
   bool IsOut(std::size_t m) const { return !Reasons[m].empty() || !Truss.members[m].Bears(); }
 
   /// Load in the directions in which the node is free.
@@ -76,11 +88,11 @@ class JointRules {
     return forces;
   }
 
-  static std::vector<Group> GroupsOf(const std::vector<ForceLine>& forces) {
+  std::vector<Group> GroupsOf(const std::vector<ForceLine>& forces) const {
     std::vector<Group> groups;
     for (const ForceLine& force : forces) {
       auto group = std::find_if(groups.begin(), groups.end(),
-                                [&force](const Group& each) { return AreInLine(each.front(), force); });
+                                [this, &force](const Group& each) { return AreInLine(each.front(), force); });
       if (group == groups.end()) group = groups.insert(groups.end(), Group{});
       group->push_back(force);
     }
@@ -151,6 +163,7 @@ class JointRules {
   }
 
   const CheckedTruss& Truss;
+  double InLine;                                   ///< sine of an angle
   std::vector<std::vector<std::size_t>> MembersAt; ///< by node, indices in the truss
   std::vector<std::string> Reasons;
   std::deque<int> Waiting;

@@ -44,6 +44,24 @@ TEST_F(ZeroBarTest, AreTheThirdAtAJointWithTwoInLine) {
   EXPECT_THAT(ZeroBars(model), ElementsAre("3: Node 2 has no load, and its other two members are in line"));
 }
 
+TEST_F(ZeroBarTest, AreFoundFarOutWhereCoordinatesAreRounded) {
+  ModelData model{{{0, 0, 0, 0, 3}, {2, 0}, {4, 0, 0, 0, 1}, {2, 3, 0, -10}}, {{1, 2}, {2, 3}, {2, 4}, {1, 4}, {3, 4}}};
+  for (NodeData& node : model.nodes) {
+    node.x += 700;
+    node.y += 0.1F * node.x;
+  }
+  EXPECT_THAT(ZeroBars(model), ElementsAre("3: Node 2 has no load, and its other two members are in line"));
+}
+
+TEST_F(ZeroBarTest, AreThoseOfAPrattTruss) {
+  // The middle vertical holds only the upper chord, the last lower chord only its roller; the first would pull at the
+  // pin, which nothing else pushes sideways.
+  EXPECT_THAT(ZeroBars(PrattTruss(10)),
+              ElementsAre("2: Its force is below a ten-millionth of the largest, though no rule of joints shows why",
+                          "9: Node 6 has no load, and its other two members are in line",
+                          "14: All other forces at node 9 act along one line"));
+}
+
 TEST_F(ZeroBarTest, AreFoundOneAfterAnother) {
   // Node 4 has two in line and a third; without that, node 5 has only one left.
   const ModelData model{{{0, 0, 0, 0, 3}, {4, 0, 0, 0, 1}, {2, 3, 0, -10}, {1, 1.5F}, {0, 3}},
