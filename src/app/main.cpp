@@ -1,4 +1,5 @@
 #include "DesktopFileTypes.h"
+#include "EventGuard.h"
 #include "NativeFileSystem.h"
 #include "NativePlaces.h"
 #include "Platform.h"
@@ -41,7 +42,7 @@ int RunProgram(int argc, char** argv) {
                                 .icon = strutwright::IconPath(strutwright::ExecutableFolder())};
   frame.RestorePlace();
   frame.show();
-  frame.MDIForm_Load();
+  strutwright::Guard([&frame] { frame.MDIForm_Load(); });
   return QApplication::exec();
 }
 

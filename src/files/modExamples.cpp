@@ -6,8 +6,11 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 
 namespace strutwright {
+
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -21,7 +24,7 @@ std::vector<std::string> ExampleModels() {
     const std::string folder = ProgramFolder() + each;
     std::vector<std::string> models;
     for (const std::string& name : Files().Names(folder)) {
-      if (name.ends_with(".stw")) models.push_back(folder + name);
+      if (name.ends_with(".stw")) models.push_back(fs::path(folder + name).lexically_normal().string());
     }
     if (!models.empty()) {
       std::sort(models.begin(), models.end());
@@ -29,6 +32,11 @@ std::vector<std::string> ExampleModels() {
     }
   }
   return {};
+}
+
+bool IsExample(const std::string& path) {
+  const std::vector<std::string> examples = ExampleModels();
+  return std::find(examples.begin(), examples.end(), path) != examples.end();
 }
 
 void OpenExample(const std::string& path) {

@@ -2,6 +2,7 @@
 
 #include "FileState.h"
 #include "Platform.h"
+#include "modExamples.h"
 #include "modKeepResults.h"
 #include "modModelFile.h"
 #include "modModelStore.h"
@@ -147,7 +148,8 @@ void OpenRecentFile(int index) {
   const std::string path = mnuRUF.at(static_cast<std::size_t>(index - 1)).tag;
   CurrentFileName = path;
   addRecentFile(path);
-  openModel(path);
+  // An example stays what it is: Save asks for a name.
+  if (openModel(path) && IsExample(path)) CurrentFileName.clear();
 }
 
 void newModel() {

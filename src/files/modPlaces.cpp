@@ -8,9 +8,21 @@ namespace strutwright {
 
 std::string LastComponent(const std::string& path) { return path.substr(path.find_last_of("\\/") + 1); }
 
+namespace {
+
+/// Where it can't be created, writing the file will say why.
+void CreateDataFolder() {
+  try {
+    Files().CreateFolder(DataFolder());
+  } catch (const FileError&) {
+  }
+}
+
+} // namespace
+
 std::string OwnFile(const std::string& name) {
   const bool installed = !Files().TakesFiles(ProgramFolder());
-  if (installed) Files().CreateFolder(DataFolder());
+  if (installed) CreateDataFolder();
   return (std::filesystem::path(installed ? DataFolder() : ProgramFolder()) / name).string();
 }
 

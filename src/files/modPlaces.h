@@ -8,7 +8,7 @@ namespace strutwright {
 std::string LastComponent(const std::string& path);
 
 /// The path of a file that the program keeps for itself: in the program's folder or, where that takes no files, in
-/// the user's data folder, which is then created if need be.  Throws FileError.
+/// the user's data folder, which is then created if need be and possible.
 std::string OwnFile(const std::string& name);
 
 } // namespace strutwright

@@ -92,20 +92,16 @@ void MoveToTop(int place) {
 
 void DropEntriesBeyondLimit() {
   if (noRUF <= MAX_FILES) return;
+  StoreNumber(LimitKey, MAX_FILES);
   for (int place = MAX_FILES + 1; place <= noRUF; ++place) Settings().Delete(PathSection, std::to_string(place));
   mnuRUF.resize(static_cast<std::size_t>(MAX_FILES));
-  noRUF = MAX_FILES;
-  StoreNumber(CountKey, noRUF);
+  noRUF = StoredNumber(LimitKey, MAX_FILES);
+  StoreNumber(CountKey, noRUF); // or the next start would show entries without a path
 }
 
 void Trim() {
   TakeLimit();
   DropEntriesBeyondLimit();
-}
-
-void WriteEntries() {
-  if (noRUF > MAX_FILES) Trim();
-  for (int place = 1; place <= noRUF; ++place) WriteEntry(place, StoredPath(place));
 }
 
 void BeginFirstRun() {
@@ -147,12 +143,13 @@ void startUpList() {
 
 void addRecentFile(const std::string& path) {
   if (ThePlatform().settings == nullptr) return;
+  Settings().Refresh();
   if (const std::optional<int> place = PlaceInMenu(path)) {
     MoveToTop(*place);
   } else {
     Grow();
     StoreAtTop(path);
-    WriteEntries();
+    refreshCaptions();
   }
   Trim();
   TheHost().ShowRecentFiles();
@@ -160,12 +157,14 @@ void addRecentFile(const std::string& path) {
 
 void refreshCaptions() {
   if (ThePlatform().settings == nullptr) return;
-  WriteEntries();
+  if (noRUF > MAX_FILES) Trim();
+  for (int place = 1; place <= noRUF; ++place) WriteEntry(place, StoredPath(place));
   TheHost().ShowRecentFiles();
 }
 
 void applyMaxFiles() {
   if (ThePlatform().settings == nullptr) return;
+  Settings().Refresh();
   Trim();
   TheHost().ShowRecentFiles();
 }

@@ -10,6 +10,9 @@ class SettingsStore {
  public:
   virtual ~SettingsStore() = default;
 
+  /// Takes in what other copies of the program have written meanwhile.
+  virtual void Refresh() = 0;
+
   /// The text kept under a key; `fallback` where there is none.
   virtual std::string Get(const std::string& section, const std::string& key, const std::string& fallback) = 0;
 

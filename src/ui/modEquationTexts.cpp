@@ -25,7 +25,7 @@ constexpr std::string_view MemberAdded = // member, its freedoms
 constexpr std::string_view MemberIgnored = // member, its predecessor
     "Member %1 was ignored, so the matrix of member %2 was added once more, at the freedoms of member %1.";
 constexpr std::string_view FirstMemberIgnored = // member
-    "Member %1 was ignored, and no member came before it: zeros were added.";
+    "Member %1 was ignored, and no valid member came before it: zeros were added.";
 constexpr std::string_view MemberWithoutNodes = // member
     "Member %1 was ignored: without two nodes there is no place in K for it.";
 constexpr std::string_view StiffnessCleared = "K was cleared.";
@@ -95,7 +95,7 @@ int FixedCount(const EquationPage& page) {
 
 std::string FailureToCome(const EquationPage& page) {
   if (!page.allAdded) return std::string(MembersBeforeSolution);
-  return std::string(FixedCount(page) == 0 ? SupportsBeforeSolution : MendModel);
+  return std::string(page.fixed ? MendModel : SupportsBeforeSolution);
 }
 
 // Where an entry comes from.
@@ -168,7 +168,7 @@ std::string StepToComeText() {
   if (page.lastStep == EquationStep::Solve) return std::string(BeginAgain);
   if (page.lastStep == EquationStep::SolveFailed) return FailureToCome(page);
   if (!page.viewStiffness) return std::string(FirstMemberNext);
-  if (page.fixed) return std::string(SolutionNext);
+  if (page.fixed) return std::string(FixedCount(page) > 0 ? SolutionNext : MendModel);
   if (!page.allAdded) return Fill(MemberNext, page.memberIndex + 1);
   return std::string(SupportsNext);
 }

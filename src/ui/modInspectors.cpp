@@ -183,11 +183,13 @@ void LayOutNodeDetails(NodeDetails& details) {
 void ShowMemberDetails(MemberDetails& details, std::int16_t m) {
   FillMemberProperties(details.grProperties, m);
   FillMatrix(details.grStiffnessMatrix, m);
+  LayOut(details.grResults, MemberResults);
   if (AnalysisDone != FlagFalse) FillMemberResults(details.grResults, m);
 }
 
 void ShowNodeDetails(NodeDetails& details, std::int16_t n) {
   FillNodeProperties(details.grProperties, n);
+  LayOut(details.grResults, NodeResults);
   if (AnalysisDone != FlagFalse) FillNodeResults(details.grResults, n);
 }
 

@@ -76,19 +76,6 @@ class KeptRows {
   std::vector<std::vector<std::string>> Texts;
 };
 
-void LayOutForCapacity() {
-  const KeptRows joints(GrJoints);
-  const KeptRows members(GrMembers);
-  const KeptRows jointResults(jResGr);
-  const KeptRows memberResults(mResGr);
-  initGrids();
-  joints.PutBack();
-  members.PutBack();
-  if (AnalysisDone == FlagFalse) return;
-  jointResults.PutBack();
-  memberResults.PutBack();
-}
-
 } // namespace
 
 void TakeOptions() {
@@ -117,6 +104,19 @@ void ChangeCapacity(const std::string& text) {
   const std::optional<std::int16_t> capacity = IntegerValue(text);
   TheOptions.capacityChanged = capacity.has_value() && NumericValue(text) < CapacityLimit;
   if (TheOptions.capacityChanged) GridCapacity = *capacity;
+}
+
+void LayOutForCapacity() {
+  const KeptRows joints(GrJoints);
+  const KeptRows members(GrMembers);
+  const KeptRows jointResults(jResGr);
+  const KeptRows memberResults(mResGr);
+  initGrids();
+  joints.PutBack();
+  members.PutBack();
+  if (AnalysisDone == FlagFalse) return;
+  jointResults.PutBack();
+  memberResults.PutBack();
 }
 
 void ApplyOptions() {

@@ -20,9 +20,11 @@ void ChooseGridLineStyle(int index);
 /// it. Any other text changes nothing.
 void ChangeCapacity(const std::string& text);
 
+/// Lays the grids out for GridCapacity.  Rows that hold data keep it, and so do the results of a current analysis.
+void LayOutForCapacity();
+
 /// Takes the fields: spacings, radius and start number as far as they are numeric, each then reads what is in force;
 /// the layout of the grids where the capacity has changed; the length of the list of recent files.  Draws anew.
-/// Rows that hold data keep it, and the results of a current analysis stay in their grids.
 void ApplyOptions();
 
 } // namespace strutwright

@@ -99,8 +99,8 @@ class Desktop:
             raise RuntimeError("Xvfb did not start")
         return f":{number}"
 
-    def start(self):
-        self.process = subprocess.Popen([self.program], env=self.environment, stderr=subprocess.PIPE, text=True,
+    def start(self, *arguments):
+        self.process = subprocess.Popen([self.program, *arguments], env=self.environment, stderr=subprocess.PIPE, text=True,
                                         user=self.user, group=self.user)
 
     def leave(self):

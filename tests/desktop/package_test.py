@@ -29,10 +29,10 @@ def contents(folder):
 
 
 def expect_what_a_desktop_looks_for(usr):
-    for path in ("bin/strutwright", "bin/strutwright-cli", "share/applications/strutwright.desktop",
+    for path in ("bin/strutwright", "bin/strutwright-cli", "bin/bracefold", "share/applications/strutwright.desktop",
                  "share/mime/packages/strutwright.xml", "share/icons/hicolor/scalable/apps/strutwright.svg",
                  "share/metainfo/org.strutwright.strutwright.metainfo.xml", "share/doc/strutwright/copyright",
-                 "share/strutwright/examples/fink_roof.stw"):
+                 "share/strutwright/examples/fink_roof.stw", "share/doc/strutwright/manual/index.html"):
         expect((usr / path).is_file(), f"the package has no {path}")
     for program in (usr / "bin").iterdir():
         expect((usr / f"share/man/man1/{program.name}.1.gz").is_file(), f"{program.name} has no manual page")

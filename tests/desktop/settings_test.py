@@ -60,7 +60,7 @@ def do_the_runs(desktop, names):
     desktop.leave()
     expect(stored(desktop) == {"Config": {"MAX_FILES": "3", "noRUF": "0"}}, f"a first run stored {stored(desktop)}")
 
-    desktop.start()
+    desktop.start("/models/bridge.stw")  # as the desktop does for a file that is double-clicked
     close_welcome(desktop)
     for number, name in enumerate(names):
         open_example(desktop, number, name)

@@ -58,16 +58,25 @@ class FakeShell : public Shell {
 /// Keeps the settings in memory.
 class FakeSettings : public SettingsStore {
  public:
+  void Refresh() override {
+    if (elsewhere) elsewhere(*this);
+  }
   std::string Get(const std::string& section, const std::string& key, const std::string& fallback) override {
     const auto found = texts.find(section + "/" + key);
     return found == texts.end() ? fallback : found->second;
   }
   void Save(const std::string& section, const std::string& key, const std::string& text) override {
     texts[section + "/" + key] = text;
+    written.push_back(section + "/" + key + " = " + text);
   }
-  void Delete(const std::string& section, const std::string& key) override { texts.erase(section + "/" + key); }
+  void Delete(const std::string& section, const std::string& key) override {
+    texts.erase(section + "/" + key);
+    written.push_back(section + "/" + key + " deleted");
+  }
 
-  std::map<std::string, std::string> texts; ///< by "section/key"
+  std::map<std::string, std::string> texts;       ///< by "section/key"
+  std::vector<std::string> written;               ///< what was saved and deleted, in its order
+  std::function<void(FakeSettings&)> elsewhere{}; ///< what another copy of the program has done
 };
 
 /// Keeps what was set, a line each: "key = value"; "Announce" where that was called.

@@ -56,6 +56,18 @@ class OpenRecentFileTest : public PlatformTest {
   std::string square = folder.Path("square.stw");
 };
 
+TEST_F(OpenRecentFileTest, LeavesAnExampleWithoutAFileToSaveTo) {
+  fs::create_directory(folder.Path("examples"));
+  fs::copy(triangle, folder.Path("examples/a.stw"));
+  OpenExample(ExampleModels().front());
+  ASSERT_THAT(Shown(), ElementsAre(folder.Path("examples/a.stw")));
+
+  OpenRecentFile(1);
+
+  EXPECT_EQ(CurrentFileName, "");
+  EXPECT_EQ(NodeCount, 3);
+}
+
 TEST_F(OpenRecentFileTest, ListsEveryFileThatWasOpened) {
   openModel(triangle);
   dialog.WillChoose(square);

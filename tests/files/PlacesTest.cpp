@@ -38,6 +38,12 @@ TEST_F(OwnFileTest, LiesInTheProgramsFolder) {
   EXPECT_EQ(folder.EntryCount(), 0);
 }
 
+TEST_F(OwnFileTest, HasANameEvenWhereNoFolderTakesIt) {
+  ThePlatform().programFolder = "/dev/null/bin";
+  ThePlatform().dataFolder = "/dev/null/share";
+  EXPECT_EQ(OwnFile("newTruss.stw"), "/dev/null/share/newTruss.stw");
+}
+
 TEST_F(OwnFileTest, LiesInTheDataFolderWhereTheProgramsTakesNone) {
   ThePlatform().programFolder = folder.Path("missing");
   EXPECT_EQ(OwnFile("newTruss.stw"), folder.Path("share/strutwright/newTruss.stw"));

@@ -69,6 +69,12 @@ TEST_F(StartUpListTest, GreetsOnAFirstRunAndStoresTheStartValues) {
   EXPECT_THAT(settings.texts, UnorderedElementsAre(Pair("Config/MAX_FILES", "3"), Pair("Config/noRUF", "0")));
 }
 
+TEST_F(StartUpListTest, StoresTheCountOfAFirstRunBeforeTheLimit) {
+  startUpList();
+  TakeMessages();
+  EXPECT_THAT(settings.written, ElementsAre("Config/noRUF = 0", "Config/MAX_FILES = 3"));
+}
+
 TEST_F(StartUpListTest, ShowsNeitherEntryNorSeparatorOnAFirstRun) {
   startUpList();
   TakeMessages();
@@ -186,6 +192,22 @@ TEST_F(AddRecentFileTest, PutsAFourthFileOnTopAndDropsTheLastOfThree) {
   EXPECT_THAT(mnuRUF, ElementsAre(RecentFileEntry{"&1   d", "d", true}, RecentFileEntry{"&2   c", "c", true},
                                   RecentFileEntry{"&3   b", "b", true}));
   EXPECT_EQ(noRUF, 3);
+}
+
+TEST_F(AddRecentFileTest, MovesTheStoredPathsDownFromTheLast) {
+  settings.written.clear();
+  addRecentFile("d");
+  EXPECT_THAT(settings.written, ElementsAre("Config/MAX_FILES = 3", "Recent Files/3 = b", "Recent Files/2 = c",
+                                            "Recent Files/1 = d", "Config/MAX_FILES = 3"));
+}
+
+TEST_F(AddRecentFileTest, KeepsWhatAnotherCopyOfTheProgramHasOpened) {
+  settings.elsewhere = [](FakeSettings& store) {
+    store.texts["Recent Files/2"] = "c";
+    store.texts["Recent Files/1"] = "other";
+  };
+  addRecentFile("d");
+  EXPECT_THAT(StoredPaths(2), ElementsAre("d", "other"));
 }
 
 TEST_F(AddRecentFileTest, MovesAKnownFileInTheMenuAlone) {

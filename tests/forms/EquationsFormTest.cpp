@@ -220,6 +220,8 @@ TEST_F(EquationsFormTest, HighlightsTheMemberInTheDisplay) {
 
   Click("btnAddMember");
   EXPECT_GT(HighlightInk(), 10);
+  Press(Qt::Key_F4);
+  EXPECT_GT(HighlightInk(), 10) << "another view shows it too";
 
   Click("btnStepBack");
   EXPECT_EQ(HighlightInk(), 0);
@@ -249,7 +251,9 @@ TEST_F(EquationsFormTest, NamesTheNextStepOfAModelThatIsEnteredMeanwhile) {
   EXPECT_EQ(LabelText("lblStepToCome"),
             "Enter nodes and members; then Add Member 1 or Show Global K begins the matrix.");
   EnterFourNodesThreeBars();
-  QTest::keyClick(frame.get(), Qt::Key_F3);
+  ClickCell(View("GrJoints"), 1, 2);
+  Type("1");
+  Press(Qt::Key_Return);
   EXPECT_EQ(LabelText("lblStepToCome"),
             "Add Member 1 begins K with one member; Show Global K assembles all members at once.");
 }
@@ -334,6 +338,25 @@ TEST_F(EquationsFormTest, OffersItsCommandsInItsMenus) {
   EXPECT_EQ(View("grK").actions().size(), 6) << "the grids' own menu offers what the Edit menu does";
 }
 
+TEST_F(EquationsFormTest, ScrollsToTheEndAtOnceInAWindowOfAnyHeight) {
+  SetModel(PrattTruss(100));
+  Click("btnShowGlobalK");
+  for (const int height : {700, 707, 714, 721}) {
+    frame->resize(frame->width(), height);
+    QApplication::processEvents();
+    for (const char* moved : {"grK", "grForce", "grDisp"}) {
+      View("grK").verticalScrollBar()->setValue(0);
+
+      View(moved).scrollToBottom();
+
+      for (const char* name : {"grK", "grForce", "grDisp"}) {
+        const QScrollBar& bar = *View(name).verticalScrollBar();
+        EXPECT_EQ(bar.value(), bar.maximum()) << name << " after " << moved << " at height " << height;
+      }
+    }
+  }
+}
+
 TEST_F(EquationsFormTest, KeepsTheCellWhileStepsChangeIt) {
   EnterFourNodesThreeBars();
   Click("btnAddMember");
@@ -388,6 +411,15 @@ TEST_F(EquationsFormTest, EmptiesItsNumbersWhenAModelIsRead) {
   EXPECT_THAT(Row("grK", 5), Each(""));
   EXPECT_THAT(Labels("grK", Qt::Vertical), testing::Contains("4 y"));
   EXPECT_EQ(Caption("btnAddMember"), "Add Member 1");
+}
+
+TEST_F(EquationsFormTest, RefusesToBeClosedFromItsFrame) {
+  QWidget& view = Find<QWidget>("frmEquations");
+
+  EXPECT_FALSE(view.parentWidget()->close());
+
+  EXPECT_TRUE(view.isVisible());
+  EXPECT_THAT(TakeMessages(), ElementsAre(Box(MessageIcon::Critical, "Window cannot be closed")));
 }
 
 TEST_F(EquationsFormTest, RefusesToBeClosed) {

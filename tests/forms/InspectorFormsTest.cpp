@@ -118,6 +118,19 @@ TEST_F(InspectorFormTest, DeletesTheMemberAfterAQuestion) {
   EXPECT_FALSE(details.isVisible());
 }
 
+TEST_F(InspectorFormTest, KeepsTheMemberWhenTheUserDeclines) {
+  frmMemberDetails details(*frame);
+  details.setMember(2);
+  details.show();
+  messages.WillAnswer(false);
+
+  Click(details, "cmdDelete");
+
+  TakeMessages();
+  EXPECT_EQ(MemberCount, 3);
+  EXPECT_FALSE(details.isVisible());
+}
+
 TEST_F(InspectorFormTest, ClosesTheMemberOnEnter) {
   frmMemberDetails details(*frame);
   details.setMember(1);

@@ -9,6 +9,7 @@
 #include <functional>
 
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -153,6 +154,17 @@ TEST_F(OptionsFormTest, BlocksKeysThatNoNumberIsWrittenWith) {
   EXPECT_EQ(FieldText("txtMaxFiles"), "abc");
 }
 
+TEST_F(OptionsFormTest, LetsTheDeleteKeyOfAKeyboardThrough) {
+  Tabs().setCurrentIndex(1);
+  QLineEdit& field = Field("xSpaceTxt");
+  field.setText("12");
+  field.setCursorPosition(0);
+  // A real keyboard sends the key with its control character, which the test's own helper leaves out.
+  QKeyEvent press(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier, "\x7f");
+  QApplication::sendEvent(&field, &press);
+  EXPECT_EQ(FieldText("xSpaceTxt"), "2");
+}
+
 TEST_F(OptionsFormTest, RevertsWhatIsNoNumber) {
   Tabs().setCurrentIndex(1);
   TypeInto("xSpaceTxt", "1.2.3");
@@ -167,6 +179,30 @@ TEST_F(OptionsFormTest, KeepsTheLineStyleThatWasChosenBeforeCancel) {
   Click("cmdCancel");
   EXPECT_EQ(GridLineStyle, 0);
   EXPECT_FALSE(options->isVisible());
+}
+
+TEST_F(OptionsFormTest, KeepsTheCapacityThatWasTypedBeforeCancel) {
+  TypeInto("maxTxt", "30");
+  Click("cmdCancel");
+  EXPECT_EQ(GridCapacity, 30);
+  EXPECT_EQ(GrJoints.RowCount(), 21) << "the grids are laid out on Apply only";
+}
+
+TEST_F(OptionsFormTest, UndoesAnEditWithoutTheLayoutThatCameAfterIt) {
+  options->hide();
+  ClickCell(View("GrJoints"), 1, 1);
+  Type("7");
+  Press(Qt::Key_Return);
+  Open();
+  TypeInto("maxTxt", "30");
+  Click("cmdOK");
+
+  Command("mnuUndo").trigger();
+
+  EXPECT_EQ(GrJoints.Text(1, 1), "");
+  EXPECT_EQ(GridCapacity, 30);
+  EXPECT_EQ(GrJoints.RowCount(), 31);
+  EXPECT_EQ(GrJoints.Text(30, 0), "30");
 }
 
 TEST_F(OptionsFormTest, TakesTheCapacityAtOnceAndLaysTheGridsOutOnApply) {

@@ -118,6 +118,14 @@ TEST_F(DesktopFileTypesTest, KeepsListAndModeAndLinkOfTheUsersDefaults) {
   EXPECT_TRUE(fs::is_symlink(Home(".config/mimeapps.list")));
 }
 
+TEST_F(DesktopFileTypesTest, WaitsForTheDiskOnlyWhereThereIsSomethingToLose) {
+  FirstRun();
+  EXPECT_THAT(faulty.steps, Not(Contains("Flush")));
+  PutFile(Home(".config/mimeapps.list"), "[Default Applications]\ntext/plain=vim.desktop\n");
+  FirstRun();
+  EXPECT_THAT(faulty.steps, Contains("Flush"));
+}
+
 TEST_F(DesktopFileTypesTest, LeavesTheApplicationThatTheUserChose) {
   fs::create_directories(Home(".config"));
   PutFile(Home(".config/mimeapps.list"), "[Default Applications]\napplication/x-strutwright=vim.desktop\n");

@@ -104,6 +104,16 @@ TEST_F(QtSettingsStoreTest, KeepsKeysThatAnotherCopyWritesMeanwhile) {
   EXPECT_EQ(Read("Config", "MAX_FILES"), "7");
 }
 
+TEST_F(QtSettingsStoreTest, SeesOnRefreshWhatAnotherCopyHasWritten) {
+  QtSettingsStore one(File());
+  EXPECT_EQ(one.Get("Recent Files", "1", ""), "");
+  Write("1", "/models/a.stw");
+
+  one.Refresh();
+
+  EXPECT_EQ(one.Get("Recent Files", "1", ""), "/models/a.stw");
+}
+
 TEST_F(QtSettingsStoreTest, LeavesNothingBesideItsOneFile) {
   Write("1", "/models/a.stw");
   Write("1", "/models/b.stw");

@@ -142,7 +142,7 @@ TEST_F(StepTextTest, ExplainsAnIgnoredFirstMember) {
   StepAddMember();
 
   TakeMessages();
-  EXPECT_EQ(StepDoneText(), "Member 1 was ignored, and no member came before it: zeros were added.");
+  EXPECT_EQ(StepDoneText(), "Member 1 was ignored, and no valid member came before it: zeros were added.");
 }
 
 TEST_F(StepTextTest, ExplainsAMemberWithoutTwoNodes) {
@@ -205,6 +205,18 @@ TEST_F(StepTextTest, ExplainsAFailureWithoutRestriction) {
   TakeMessages();
   EXPECT_EQ(StepDoneText(), "K D = P has no single solution: something can move without any member resisting it.");
   EXPECT_EQ(StepToComeText(), "Nothing holds the truss in place before Restrict DOFs, so restrict first, then solve.");
+}
+
+TEST_F(StepTextTest, AsksForSupportsWhereThereAreNone) {
+  SetModel({{{0, 0}, {4, 0}}, {{1, 2, 200, 1000}}});
+  StepShowGlobalK();
+  StepRestrict();
+
+  EXPECT_EQ(StepToComeText(), "Add the members or supports that are missing, and begin again with Show Global K.");
+
+  StepSolve();
+  TakeMessages();
+  EXPECT_EQ(StepToComeText(), "Add the members or supports that are missing, and begin again with Show Global K.");
 }
 
 TEST_F(StepTextTest, ExplainsAFailureWithMembersMissing) {

@@ -98,13 +98,13 @@ TEST_F(MemberDetailsTest, ShowsTheMatrixBeforeAnyAnalysis) {
 }
 
 TEST_F(MemberDetailsTest, ShowsResultsOfACurrentAnalysis) {
-  SetModel({{{0, 0, 0, 0, 3}, {4, 0, 100, 0, 1}}, {{1, 2, 200, 800}}});
+  SetModel({{{0, 0, 0, 0, 3}, {4, 0, 100, 0, 1}}, {{1, 2, 200, 810}}});
   ASSERT_TRUE(runAnalysis(ScratchCopy::None));
 
   ShowMemberDetails(details, 1);
 
-  // dL = F L / (E A) = 100 * 4000 / (200 * 800), stress = 1000 * 100 / 800
-  EXPECT_THAT(Values(details.grResults), ElementsAre("100.0", "T", "2.5", "125.0"));
+  // dL = F L / (E A) = 100 * 4000 / (200 * 810), stress = 1000 * 100 / 810
+  EXPECT_THAT(Values(details.grResults), ElementsAre("100.0", "T", "2.469", "123.457"));
 }
 
 TEST_F(MemberDetailsTest, LeavesTheResultsOfTheAnalysisAsTheyAre) {
@@ -162,12 +162,15 @@ TEST_F(NodeDetailsTest, ShowsTheStoredNumbersAndTheSupportTwice) {
 }
 
 TEST_F(NodeDetailsTest, ShowsDeflectionsOfACurrentAnalysis) {
-  SetModel({{{0, 0, 0, 0, 3}, {4, 0, 100, 0, 1}}, {{1, 2, 200, 800}}});
+  SetModel({{{0, 0, 0, 0, 3}, {4, 0, 100, 0, 1}}, {{1, 2, 200, 810}}});
   ASSERT_TRUE(runAnalysis(ScratchCopy::None));
 
   ShowNodeDetails(details, 2);
 
-  EXPECT_THAT(Values(details.grResults), ElementsAre("2.5", "0.0"));
+  EXPECT_THAT(Values(details.grResults), ElementsAre("2.47", "0.0"));
+  AnalysisDone = FlagFalse;
+  ShowNodeDetails(details, 1);
+  EXPECT_THAT(Values(details.grResults), ElementsAre("", "")) << "what it said was about another node";
 }
 
 TEST_F(NodeDetailsTest, AppliesALoadByItsAngle) {

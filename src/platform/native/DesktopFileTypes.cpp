@@ -121,8 +121,10 @@ bool DesktopFileTypes::Put(const std::string& path, const std::function<std::str
   const std::string temporary = Files.CreateBeside(target);
   try {
     Files.Write(temporary, fresh);
-    if (isThere) Files.CopyMode(target, temporary);
-    Files.Flush(temporary);
+    if (isThere) {
+      Files.CopyMode(target, temporary);
+      Files.Flush(temporary); // a power cut must not take what was there; what is new, the next start writes again
+    }
     Files.Replace(temporary, target);
   } catch (const FileError&) {
     Files.Remove(temporary);

@@ -20,13 +20,12 @@ fs::path FolderFromEnvironment(const char* name) {
   return value == nullptr ? fs::path() : fs::path(value);
 }
 
-/// Whoever runs the program without a login has a home all the same.
+/// Whoever runs the program without a login has a home all the same; who has none keeps nothing.
 fs::path HomeFolder() {
   fs::path home = FolderFromEnvironment("HOME");
   if (home.is_absolute()) return home;
   const passwd* user = getpwuid(getuid());
-  if (user == nullptr) throw FileError("The user has no home folder");
-  return user->pw_dir;
+  return user == nullptr ? "/" : user->pw_dir;
 }
 
 /// A folder of the user: the variable's, or the one in the home folder where that is not set or no absolute path.

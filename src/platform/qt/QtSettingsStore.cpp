@@ -23,6 +23,8 @@ QtSettingsStore::QtSettingsStore() : QtSettingsStore(FileOfProgram()) {}
 
 QtSettingsStore::QtSettingsStore(const QString& file) : File(file, QSettings::IniFormat) {}
 
+void QtSettingsStore::Refresh() { File.sync(); }
+
 /// A text that somebody has written into the file by hand, with a comma in it, reads as a list.
 std::string QtSettingsStore::Get(const std::string& section, const std::string& key, const std::string& fallback) {
   const QVariant text = File.value(FullKey(section, key));

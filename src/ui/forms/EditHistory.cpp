@@ -4,6 +4,7 @@
 #include "FileState.h"
 #include "Platform.h"
 #include "modModelStore.h"
+#include "modOptions.h"
 
 #include <utility>
 
@@ -69,6 +70,7 @@ void EditHistory::Restore(const State& state, bool withFile) {
     model.gridCapacity = GridCapacity;
   }
   RestoreSnapshot(model);
+  if (GridCapacity != state.model.gridCapacity) LayOutForCapacity();
   if (!withFile) return;
   TheHost().SetCaption(state.caption.toStdString());
   TheHost().ResetEquations();

@@ -23,6 +23,7 @@ EquationGridView::EquationGridView(EquationGrid grid, const QString& name, QWidg
   setTabKeyNavigation(false);
   setCornerButtonEnabled(false);
   setHorizontalScrollMode(ScrollPerPixel);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // the three grids scroll together: as many rows fit in each
   LayOut();
 }
 
@@ -45,7 +46,6 @@ void EquationGridView::LayOut() {
 /// A vector is always seen in its full width; its rows move with those of the matrix.
 void EquationGridView::LayOutVector() {
   horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   const int labels = fontMetrics().horizontalAdvance("0000 x") + NumberPadding;
   setMinimumWidth(labels + horizontalHeader()->minimumSectionSize() + 2 * frameWidth());

@@ -61,7 +61,8 @@ QVariant EquationModel::Value(int row, int column, int role) const {
   // The views may ask while they have not yet heard of a new size.
   if (row >= EquationRowCount() || column >= EquationColumnCount(TheGrid)) return {};
   if (role == Qt::TextAlignmentRole) return QVariant::fromValue(int{Qt::AlignCenter} | int{Qt::TextWordWrap});
-  if (role == Qt::DisplayRole) return QString::fromStdString(EquationCell(TheGrid, row, column));
+  if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
+    return QString::fromStdString(EquationCell(TheGrid, row, column));
   if (role != Qt::BackgroundRole) return {};
   const CellTint tint = EquationTint(TheGrid, row, column);
   return tint == CellTint::None ? QVariant() : QBrush(TintColour(tint, View.palette()));

@@ -10,6 +10,7 @@ namespace strutwright {
 namespace {
 
 constexpr char32_t FirstPrintable = U' ';
+constexpr char32_t DeleteKey = 0x7f; // what the Delete key of a keyboard writes
 
 } // namespace
 
@@ -25,7 +26,7 @@ bool NumericKeyFilter::eventFilter(QObject* watched, QEvent* event) {
   const bool shortcut = (press->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
   if (shortcut || characters.isEmpty()) return false;
   auto key = static_cast<char32_t>(characters.first());
-  if (key < FirstPrintable) return false;
+  if (key < FirstPrintable || key == DeleteKey) return false;
   FilterNumericKey(key, AllowMinus);
   return key == 0;
 }

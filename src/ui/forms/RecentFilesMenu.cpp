@@ -4,6 +4,8 @@
 #include "frmMain.h"
 #include "modFileCommands.h"
 
+#include <QTextDocument>
+
 namespace strutwright {
 
 namespace {
@@ -11,7 +13,7 @@ namespace {
 /// The caption with the mark of its key at its beginning; what looks like another one belongs to the path.
 QString MenuText(const std::string& caption) {
   const QString text = QString::fromStdString(caption);
-  return text.left(1) + text.mid(1).replace('&', "&&");
+  return text.left(1) + text.mid(1).replace('&', "&&").replace('\t', ' ');
 }
 
 } // namespace
@@ -41,7 +43,7 @@ void RecentFilesMenu::Refresh() {
     const QString path = QString::fromStdString(entry.tag);
     action.setText(MenuText(entry.caption));
     action.setData(path);
-    action.setToolTip(path);
+    action.setToolTip(Qt::mightBeRichText(path) ? path.toHtmlEscaped() : path);
     action.setVisible(entry.visible);
     action.setEnabled(!entry.tag.empty());
   }

@@ -49,6 +49,7 @@ frmAbout::frmAbout(QWidget* parent) : QDialog(parent) {
   whole->addWidget(NewText("lblDisclaimer", Disclaimer));
   auto* cmdOK = new QPushButton("OK");
   cmdOK->setObjectName("cmdOK");
+  cmdOK->setToolTip("Closes this window");
   cmdOK->setDefault(true);
   OnSignal(cmdOK, &QPushButton::clicked, this, [this] { accept(); });
   whole->addWidget(cmdOK, 0, Qt::AlignRight);

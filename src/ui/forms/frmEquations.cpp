@@ -165,10 +165,8 @@ void frmEquations::BuildEditMenu(MenuBuilder& build) {
 
 void frmEquations::Press(void (*step)()) {
   Frame.Run([this, step] {
-    {
-      const BusyPointer busy;
-      step();
-    }
+    const BusyPointer busy;
+    step();
     ShowPage();
   });
 }

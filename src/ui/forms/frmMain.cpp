@@ -63,6 +63,7 @@ void frmMain::runAnalysis() {
 
 /// The boxes are unticked while AnalysisDone still holds, so that none of them says that there are no results.
 void frmMain::EndAnalysis(bool redraw) {
+  HighlightedMember = 0;
   TickResultSwitches(false);
   AnalysisDone = FlagFalse;
   RefreshStatusTexts();
@@ -146,14 +147,24 @@ void frmMain::ActivateDisplay() { Children->setActiveSubWindow(GraphWindow); }
 void frmMain::ActivateEquations() { Children->setActiveSubWindow(EquationsWindow); }
 
 void frmMain::HighlightMember(int m) {
+  HighlightedMember = m;
   RedrawWhatCanBeDrawn(false);
-  if (m < 1 || m > MemberCount || DisplaySurface == nullptr) return;
+}
+
+void frmMain::DrawHighlight() {
+  if (HighlightedMember < 1 || HighlightedMember > MemberCount || DisplaySurface == nullptr) return;
   try {
-    strutwright::DrawMember(*DisplaySurface, m, Orange);
+    strutwright::DrawMember(*DisplaySurface, HighlightedMember, Orange);
   } catch (const std::out_of_range&) {
-    return; // its nodes have gone since it was chosen
+    HighlightedMember = 0; // its nodes have gone since it was chosen
   }
-  Graph->ShowDrawing();
+}
+
+/// Puts the truss on screen as it has been drawn, and what depends on the model with it.
+void frmMain::ShowDrawing() {
+  DrawHighlight();
+  if (Graph != nullptr) Graph->ShowDrawing();
+  if (Equations != nullptr) Equations->ShowStepToCome();
 }
 
 /// An edit shows at once.  What can't be drawn yet, such as a member whose node is still to be typed, is no reason to
@@ -170,7 +181,7 @@ void frmMain::TakeCell(const std::function<bool()>& take) {
 void frmMain::RedrawWhatCanBeDrawn(bool zoomToExtents) {
   if (Working) return;
   const std::vector<std::string> failures = RedrawQuietly(DisplaySurface, zoomToExtents);
-  if (Graph != nullptr) Graph->ShowDrawing();
+  ShowDrawing();
   if (failures.empty()) return;
   std::string hint = failures.front();
   std::replace(hint.begin(), hint.end(), '\n', ' ');

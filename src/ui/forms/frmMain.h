@@ -94,7 +94,7 @@ class frmMain : public QMainWindow, public Host {
   /// Draws the truss again; what can't be drawn is said in the status bar and not in a box.
   void RedrawWhatCanBeDrawn(bool zoomToExtents);
 
-  /// Draws the truss with member m highlighted; 0: without a highlight.
+  /// Draws the truss with member m highlighted until the model is edited; 0: without a highlight.
   void HighlightMember(int m);
 
   void RefreshStatusTexts() override;
@@ -140,6 +140,8 @@ class frmMain : public QMainWindow, public Host {
   void Tick();
   void ShowGrid(int index);
   void SavePlace();
+  void DrawHighlight();
+  void ShowDrawing();
   void HideBoard();
   void ShowBoard();
 
@@ -160,6 +162,7 @@ class frmMain : public QMainWindow, public Host {
   EditHistory History{Caption};
   RecoveryKeeper Recovery{*this, History.Steps()};
   QTimer Timer1;
+  int HighlightedMember = 0; ///< 0 for none
   bool reactionsGuard = false; ///< the next click of the box is the program's own
   bool forcesGuard = false;
   bool deflectedGuard = false;

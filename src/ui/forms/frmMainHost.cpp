@@ -26,8 +26,7 @@ void frmMain::RefreshStatusTexts() {
 void frmMain::Redraw(bool zoomToExtents) {
   if (Working) return;
   RedrawDisplay(DisplaySurface, zoomToExtents);
-  if (Graph != nullptr) Graph->ShowDrawing();
-  if (Equations != nullptr) Equations->ShowStepToCome();
+  ShowDrawing();
 }
 
 void frmMain::ClearSurface() {

@@ -79,6 +79,8 @@ QWidget* frmNodeDetails::BuildLoad() {
 QRadioButton* frmNodeDetails::AddMode(int index, const QString& caption, LoadMode mode) {
   auto* button = new QRadioButton(caption);
   button->setObjectName("optForce_" + QString::number(index));
+  button->setToolTip(mode == LoadMode::Overwrite ? "The applied load takes the place of what the node bears"
+                                                 : "The applied load is added to what the node bears");
   button->setChecked(mode == Mode);
   OnSignal(button, &QRadioButton::toggled, this, [this, mode](bool chosen) {
     if (chosen) Mode = mode;
