@@ -33,7 +33,6 @@ void OpenRecentFile(int index);
 
 /// Empties the model and the grids, which get GridCapacity rows.  Save then writes to newTruss.stw among the
 /// program's own files without asking, on purpose: a new model can be kept without thinking of a name.
-/// Throws FileError when there is no place for the program's own files; nothing has changed then.
 void newModel();
 
 /// Saves the drawing under a name that the user is asked for, with the same second chance as saveModel.

@@ -104,6 +104,11 @@ void Trim() {
   DropEntriesBeyondLimit();
 }
 
+void WriteEntries() {
+  if (noRUF > MAX_FILES) Trim();
+  for (int place = 1; place <= noRUF; ++place) WriteEntry(place, StoredPath(place));
+}
+
 void BeginFirstRun() {
   firstRun();
   StoreNumber(CountKey, noRUF);
@@ -149,7 +154,7 @@ void addRecentFile(const std::string& path) {
   } else {
     Grow();
     StoreAtTop(path);
-    refreshCaptions();
+    WriteEntries();
   }
   Trim();
   TheHost().ShowRecentFiles();
@@ -157,8 +162,7 @@ void addRecentFile(const std::string& path) {
 
 void refreshCaptions() {
   if (ThePlatform().settings == nullptr) return;
-  if (noRUF > MAX_FILES) Trim();
-  for (int place = 1; place <= noRUF; ++place) WriteEntry(place, StoredPath(place));
+  WriteEntries();
   TheHost().ShowRecentFiles();
 }
 

@@ -22,6 +22,7 @@ namespace {
 namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::StartsWith;
 
 constexpr const char* StwFolder = "C:\\windows\\desktop\\STW";
 constexpr const char* Models = "Strutwright files|*.stw|All files|*.*";
@@ -373,14 +374,17 @@ TEST_F(NewTest, LetsSaveWriteIntoTheProgramsFolderWithoutAsking) {
   EXPECT_EQ(LoadModelFile(folder.Path("newTruss.stw")).nodeCount, 4);
 }
 
-TEST_F(NewTest, ChangesNothingWhereTheProgramHasNoPlaceForItsFiles) {
-  CurrentFileName = path;
+TEST_F(NewTest, BeginsEvenWhereTheProgramHasNoPlaceForItsFiles) {
   ThePlatform().programFolder = folder.Path("missing");
   ThePlatform().dataFolder = "/dev/null/strutwright";
-  EXPECT_THROW(newModel(), FileError);
-  EXPECT_EQ(NodeCount, 3);
-  EXPECT_EQ(CurrentFileName, path);
-  EXPECT_THAT(host.asked, IsEmpty());
+  newModel();
+  EXPECT_EQ(NodeCount, 0);
+  EXPECT_EQ(CurrentFileName, "/dev/null/strutwright/newTruss.stw");
+
+  SaveFromMenu();
+  const std::vector<Message> boxes = TakeMessages();
+  ASSERT_EQ(boxes.size(), 1U);
+  EXPECT_THAT(boxes[0].text, StartsWith("Error while saving file /dev/null/strutwright/newTruss.stw\n"));
 }
 
 using SavePictureTest = FileCommandsTest;
