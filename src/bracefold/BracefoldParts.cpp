@@ -43,7 +43,7 @@ void Describe(QWidget& control, const QString& name, const QString& description)
 }
 
 std::string FieldText(const QWidget& control) {
-  if (const auto* bays = qobject_cast<const QSpinBox*>(&control)) return std::to_string(bays->value());
+  if (const auto* bays = qobject_cast<const QSpinBox*>(&control)) return bays->cleanText().toStdString();
   return qobject_cast<const QLineEdit*>(&control)->text().toStdString();
 }
 

@@ -109,7 +109,7 @@ QWidget* frmBracefold::NewField(const FieldDescription& field) {
   if (field.field == TrussField::Bays) {
     auto* bays = new QSpinBox;
     bays->setRange(static_cast<int>(field.least), static_cast<int>(field.most));
-    OnSignal(bays, &QSpinBox::valueChanged, this, [this] { TakeTruss(); });
+    OnSignal(bays, &QSpinBox::textChanged, this, [this] { TakeTruss(); });
     control = bays;
   } else {
     auto* text = new QLineEdit;

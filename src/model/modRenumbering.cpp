@@ -73,6 +73,7 @@ void RenumberNodesAlongSpan() {
   }
   ReorderRows(order);
   RenumberMemberNodes(NewNumbers(order));
+  TheHost().ResetEquations(); // a half-built matrix is of the old numbers
   AfterModelEdit();
 }
 

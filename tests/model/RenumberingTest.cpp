@@ -82,7 +82,7 @@ TEST_F(RenumberingTest, EndsLikeEveryChangeOfTheModel) {
 
   RenumberNodesAlongSpan();
 
-  EXPECT_THAT(host.asked, ElementsAre("EndAnalysis(false)", "Redraw(false)"));
+  EXPECT_THAT(host.asked, ElementsAre("ResetEquations", "EndAnalysis(false)", "Redraw(false)"));
   EXPECT_EQ(NodeTable(1, NodeX), 1);
   EXPECT_EQ(MemberTable(1, MemberNodeI), 2);
 }

@@ -296,6 +296,18 @@ TEST_F(QtDrawingSurfaceTest, SurvivesAnyWindow) {
   EXPECT_EQ(surface.Image().size(), QSize(80, 60));
 }
 
+TEST_F(QtDrawingSurfaceTest, DrawsTheVisiblePartOfALineThatComesFromFarAway) {
+  for (const double far : {1e5, 1e25, 1e30, 3e37}) {
+    for (const LineStyle style : {LineStyle::Solid, LineStyle::Dashed}) {
+      surface.Clear();
+      surface.SetLineStyle(style);
+      surface.DrawLine(4, -far, 4, 1.1 * far);
+      surface.DrawLine(-far, 3, 1.3 * far, 3);
+      EXPECT_TRUE(Ink().contains(QRect(4, 4, 72, 52))) << far << ": no more than a gap between dashes is missing";
+    }
+  }
+}
+
 TEST_F(QtDrawingSurfaceTest, CutsOffAtItsEdgesWhatHangsOverThem) {
   QtDrawingSurface larger(120, 100);
   larger.SetWindow({-2, -2, 12, 10});

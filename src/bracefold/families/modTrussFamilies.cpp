@@ -78,11 +78,14 @@ std::string NumberReason(const FieldDescription& field, const std::string& text)
   return "must be a number from " + Range(field.least, field.most) + " " + std::string(field.unit);
 }
 
+/// A limit as it is printed, so that the number in the message is one that is taken.
+float Printed(float limit) { return NumericValue(NumberText(limit)).value_or(limit); }
+
 /// Only for a span and a height that are numbers within their own limits.
 std::string SteepnessReason(const TrussFamily& family, const TrussTexts& texts) {
   const float span = ValueOf(texts, TrussField::Span);
-  const float least = std::max(span * LeastSteepness, Description(TrussField::Height).least);
-  const float most = std::min(span * family.mostSteepness, Description(TrussField::Height).most);
+  const float least = Printed(std::max(span * LeastSteepness, Description(TrussField::Height).least));
+  const float most = Printed(std::min(span * family.mostSteepness, Description(TrussField::Height).most));
   if (IsIn(ValueOf(texts, TrussField::Height), least, most)) return "";
   return "must be a number from " + Range(least, most) + " m for a span of " + NumberText(span) + " m";
 }

@@ -38,7 +38,7 @@ inline constexpr float LeastSteepness = 0.01F;
 
 inline constexpr std::array<FieldDescription, TrussFieldCount> TrussFields{{
     {TrussField::Span, "span", "Span", 'S', "m", 0.1F, 10000, 24,
-     "Length between the supports; of a tower its width below"},
+     "Length between the supports; of a cantilever up to its tip, of a tower its width below"},
     {TrussField::Height, "height", "Height", 'H', "m", 0.1F, 10000, 3, "Between the chords, or up to the highest node"},
     {TrussField::Bays, "bays", "Bays", 'B', "", 1, MostBays, 8, "Number of bays along the span, or up the tower"},
     {TrussField::E, "e", "E", 'E', "kN/mm2", 0.001F, 10000, 200, "Elastic modulus of every member"},

@@ -132,9 +132,9 @@ void Stamp::CopyPart(std::uint32_t* pixels, int width, int x, std::size_t at) co
   std::vector<std::uint32_t> row(static_cast<std::size_t>(Width));
   const int from = std::max(0, -x);
   const int count = std::min(Width, width - x) - from;
-  std::copy_n(pixels + x + from, count, row.begin() + from);
+  std::copy_n(pixels + (x + from), count, row.begin() + from);
   CopyRow(row.data(), &Ink[at], &Shine[at], Width);
-  std::copy_n(row.begin() + from, count, pixels + x + from);
+  std::copy_n(row.begin() + from, count, pixels + (x + from));
 }
 
 PixelPen::PixelPen(QImage& picture, QRgb colour, double width)
@@ -217,8 +217,9 @@ struct PixelPen::Ring {
 template <typename Shape>
 void PixelPen::Fill(const Shape& shape, const QPointF& middle, const QPointF& reach) {
   // What is half a pixel outside still has a part in it.
-  const int top = std::max(0, static_cast<int>(std::floor(middle.y() - reach.y())));
-  const int bottom = std::min(Ground.height, static_cast<int>(std::ceil(middle.y() + reach.y()))) - 1;
+  const double height = Ground.height;
+  const int top = static_cast<int>(std::floor(std::clamp(middle.y() - reach.y(), 0.0, height)));
+  const int bottom = static_cast<int>(std::ceil(std::clamp(middle.y() + reach.y(), 0.0, height))) - 1;
   const auto left = std::max(0.0F, static_cast<float>(middle.x() - reach.x()));
   const auto right = std::min(static_cast<float>(Ground.width), static_cast<float>(middle.x() + reach.x()));
   for (int row = top; row <= bottom; ++row) {

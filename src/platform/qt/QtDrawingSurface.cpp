@@ -28,25 +28,41 @@ QRgb QtColour(Colour colour) { return qRgb(colour.red, colour.green, colour.blue
 
 bool IsPlace(const QPointF& point) { return std::isfinite(point.x()) && std::isfinite(point.y()); }
 
-/// Narrows from..to, fractions of a line that runs from `start` by `step` in one coordinate, to low..high.
-bool Narrow(double start, double step, double low, double high, double& from, double& to) {
+/// Where a rectangle cuts a line: the fraction of the line before it, and the coordinate of the edge that cuts.
+struct Cut {
+  double at;
+  std::optional<double> x = {};
+  std::optional<double> y = {};
+};
+
+/// Narrows from..to of a line that runs from `start` by `step` in one coordinate to what lies in low..high.
+bool Narrow(double start, double step, double low, double high, std::optional<double> Cut::*coordinate, Cut& from,
+            Cut& to) {
   if (step == 0) return start >= low && start <= high;
-  const double first = (low - start) / step;
-  const double second = (high - start) / step;
-  from = std::max(from, std::min(first, second));
-  to = std::min(to, std::max(first, second));
-  return from <= to;
+  if (step < 0) std::swap(low, high);
+  Cut entry{(low - start) / step};
+  Cut leave{(high - start) / step};
+  entry.*coordinate = low;
+  leave.*coordinate = high;
+  if (entry.at > from.at) from = entry;
+  if (leave.at < to.at) to = leave;
+  return from.at <= to.at;
 }
 
-/// The part of a line inside a rectangle (Liang and Barsky).
+/// The part of a line inside a rectangle (Liang and Barsky).  Where its ends lie far out, a sum loses more than the
+/// rectangle is wide; so the edge itself counts where it cuts.
 std::optional<QLineF> Clipped(const QPointF& start, const QPointF& end, const QRectF& area) {
   const QPointF step = end - start;
   if (!IsPlace(start) || !IsPlace(step)) return std::nullopt;
-  double from = 0;
-  double to = 1;
-  if (!Narrow(start.x(), step.x(), area.left(), area.right(), from, to)) return std::nullopt;
-  if (!Narrow(start.y(), step.y(), area.top(), area.bottom(), from, to)) return std::nullopt;
-  return QLineF(start + from * step, start + to * step);
+  Cut from{0};
+  Cut to{1};
+  if (!Narrow(start.x(), step.x(), area.left(), area.right(), &Cut::x, from, to)) return std::nullopt;
+  if (!Narrow(start.y(), step.y(), area.top(), area.bottom(), &Cut::y, from, to)) return std::nullopt;
+  const auto place = [&](const Cut& cut) {
+    return QPointF(std::clamp(cut.x.value_or(start.x() + cut.at * step.x()), area.left(), area.right()),
+                   std::clamp(cut.y.value_or(start.y() + cut.at * step.y()), area.top(), area.bottom()));
+  };
+  return QLineF(place(from), place(to));
 }
 
 QRectF ClipArea(const QSize& size) {
@@ -59,11 +75,12 @@ QtDrawingSurface::QtDrawingSurface(int width, int height, double ratio) { Resize
 
 void QtDrawingSurface::Resize(int width, int height, double ratio) {
   ClosePainter();
-  const QSize old = std::exchange(Size, QSize(std::max(width, 1), std::max(height, 1)));
+  const QSize size(std::max(width, 1), std::max(height, 1));
+  QImage picture(qRound(size.width() * ratio), qRound(size.height() * ratio), QImage::Format_RGB32);
+  if (picture.isNull()) throw std::runtime_error("There is no memory for the picture");
+  Picture = std::move(picture);
   Ratio = ratio;
-  const QSize device(qRound(Size.width() * ratio), qRound(Size.height() * ratio));
-  Picture = QImage(device, QImage::Format_RGB32);
-  if (Picture.isNull()) throw std::runtime_error("There is no memory for the picture");
+  const QSize old = std::exchange(Size, size);
   Picture.setDevicePixelRatio(ratio);
   QtDrawingSurface::Clear();
   if (old.isEmpty()) return;
@@ -107,7 +124,7 @@ void QtDrawingSurface::MoveTo(double x, double y) {
 
 void QtDrawingSurface::Paint(Stroke stroke) {
   if (Mode == PenMode::Invert) return PaintStroke(OpenPainter(), stroke);
-  const bool done = std::visit([this](const auto& each) { return PaintPixels(each); }, stroke);
+  const bool done = std::visit([this](const auto& each) { return this->PaintPixels(each); }, stroke);
   if (!done) PaintStroke(OpenPainter(), stroke);
   Strokes.push_back(std::move(stroke));
 }

@@ -162,7 +162,7 @@ class frmMain : public QMainWindow, public Host {
   EditHistory History{Caption};
   RecoveryKeeper Recovery{*this, History.Steps()};
   QTimer Timer1;
-  int HighlightedMember = 0; ///< 0 for none
+  int HighlightedMember = 0;   ///< 0 for none
   bool reactionsGuard = false; ///< the next click of the box is the program's own
   bool forcesGuard = false;
   bool deflectedGuard = false;
