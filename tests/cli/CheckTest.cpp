@@ -58,7 +58,7 @@ TEST_F(CheckTest, AddsSixValuesToTheJson) {
   EXPECT_EQ(check["indeterminacy"], 0);
   EXPECT_EQ(check["digits"], 6);
   EXPECT_LT(check["residual"].get<float>(), 1e-5F);
-  EXPECT_EQ(check["zero_members"], json::array());
+  EXPECT_EQ(check["zero_members"], nlohmann::ordered_json::array());
 }
 
 TEST_F(CheckTest, ListsZeroMembersByNumber) {
