@@ -112,7 +112,7 @@ std::string MimePackage(const DesktopFileType& type) {
 
 std::string ExecCommand(const std::string& path) {
   const bool plain = path.find_first_of(Reserved) == std::string::npos;
-  const std::string word = EntryText(plain ? path : Quoted(path));
+  std::string word = EntryText(plain ? path : Quoted(path));
   if (path.find('%') == std::string::npos) return word;
   // One percent sign would begin a field code, and two become one.  Some desktops look for the program before that,
   // where it is not; env they find.
