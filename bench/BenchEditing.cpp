@@ -3,18 +3,16 @@
 
 #include "AnalysisState.h"
 #include "Clipboard.h"
-#include "MessageBoxes.h"
 #include "ModelBuilder.h"
 #include "NativeFileSystem.h"
 #include "Platform.h"
+#include "WindowBench.h"
 #include "frmMain.h"
 #include "modFileCommands.h"
 #include "modModelFile.h"
 #include "modModelStore.h"
 
 #include <filesystem>
-#include <fstream>
-#include <stdexcept>
 #include <string>
 
 #include <QAction>
@@ -32,13 +30,6 @@ namespace {
 constexpr int Nodes = 5000;
 constexpr QSize FrameSize{1600, 1000};
 
-/// Shows nothing: a benchmark's models are sound.
-class SilentBoxes : public MessageBoxes {
- public:
-  void Show(const Message& message) override { throw std::runtime_error(message.text); }
-  bool Ask(const Message& question) override { throw std::runtime_error(question.text); }
-};
-
 /// Holds 5000 rows of nodes.
 class FullClipboard : public Clipboard {
  public:
@@ -51,13 +42,6 @@ class FullClipboard : public Clipboard {
  private:
   std::string rows;
 };
-
-double ResidentMegabytes() {
-  std::ifstream status("/proc/self/statm");
-  double pages = 0;
-  status >> pages >> pages;
-  return pages * 4096 / 1e6;
-}
 
 /// A folder with the model in a file, which goes with the program.
 class ModelFolder {

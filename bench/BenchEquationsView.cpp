@@ -2,15 +2,13 @@
 // and to repaint its far corner; with the memory that the whole program then holds.
 
 #include "FileDialog.h"
-#include "MessageBoxes.h"
 #include "ModelBuilder.h"
 #include "NativeFileSystem.h"
 #include "Platform.h"
+#include "WindowBench.h"
 #include "frmMain.h"
 #include "modModelStore.h"
 
-#include <fstream>
-#include <stdexcept>
 #include <string>
 
 #include <QApplication>
@@ -25,20 +23,6 @@ namespace {
 
 constexpr int Nodes = 5000;
 constexpr QSize ViewSize{1200, 700};
-
-/// Shows nothing: a benchmark's models are sound.
-class SilentBoxes : public MessageBoxes {
- public:
-  void Show(const Message& message) override { throw std::runtime_error(message.text); }
-  bool Ask(const Message& question) override { throw std::runtime_error(question.text); }
-};
-
-double ResidentMegabytes() {
-  std::ifstream status("/proc/self/statm");
-  double pages = 0;
-  status >> pages >> pages;
-  return pages * 4096 / 1e6;
-}
 
 /// The main frame with the model in its grids and the equations view in a window of its own size.
 frmMain& Frame() {

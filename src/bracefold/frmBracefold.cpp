@@ -66,7 +66,11 @@ frmBracefold::frmBracefold(const TrussFamily& family, const TrussTexts& texts) :
   resize(StartSize);
 }
 
-frmBracefold::~frmBracefold() { DisplaySurface = nullptr; }
+frmBracefold::~frmBracefold() {
+  // A box that has the focus ends its edit while it goes, when nothing is left here to take it.
+  for (QWidget* each : Fields) each->disconnect(this);
+  DisplaySurface = nullptr;
+}
 
 QLayout* frmBracefold::BuildFields() {
   auto* places = new QGridLayout;
@@ -90,7 +94,10 @@ void frmBracefold::AddChoices(QGridLayout& places) {
   supportBox->setMinimumContentsLength(LongestChoice);
   for (const TrussFamily& each : TrussFamilies()) familyBox->addItem(ToQt(each.title), ToQt(each.name));
   OnSignal(familyBox, &QComboBox::activated, this, [this] { ChooseFamily(); });
-  OnSignal(supportBox, &QComboBox::activated, this, [this] { TakeTruss(); });
+  OnSignal(supportBox, &QComboBox::activated, this, [this] {
+    SupportChosen = true;
+    TakeTruss();
+  });
   PutRow(places, 0, *new QLabel("&Family"), *familyBox);
 }
 
@@ -109,11 +116,14 @@ QWidget* frmBracefold::NewField(const FieldDescription& field) {
   if (field.field == TrussField::Bays) {
     auto* bays = new QSpinBox;
     bays->setRange(static_cast<int>(field.least), static_cast<int>(field.most));
-    OnSignal(bays, &QSpinBox::textChanged, this, [this] { TakeTruss(); });
+    // An emptied box keeps its value, of which it tells nothing, and shows it again when it is left.
+    OnSignal(bays->findChild<QLineEdit*>(), &QLineEdit::textEdited, this, [this] { TakeField(TrussField::Bays); });
+    OnSignal(bays, &QSpinBox::valueChanged, this, [this] { TakeField(TrussField::Bays); });
+    OnSignal(bays, &QSpinBox::editingFinished, this, [this] { TakeTruss(); });
     control = bays;
   } else {
     auto* text = new QLineEdit;
-    OnSignal(text, &QLineEdit::textEdited, this, [this] { TakeTruss(); });
+    OnSignal(text, &QLineEdit::textEdited, this, [this, each = field.field] { TakeField(each); });
     control = text;
   }
   Describe(*control, FieldName(field), ToQt(field.help));
@@ -187,9 +197,19 @@ TrussTexts frmBracefold::Texts() const {
 
 void frmBracefold::ChooseFamily() {
   const TrussFamily* chosen = FamilyNamed(familyBox->currentData().toString().toStdString());
-  const TrussTexts texts = TextsForFamily(Texts(), *Family, *chosen);
+  const TrussTexts shown = Texts();
+  TrussTexts texts = TextsForFamily(shown, *Family, *chosen);
+  for (std::size_t i = 0; i < TrussFieldCount; ++i) {
+    if (Edited[i]) texts.values[i] = shown.values[i];
+  }
+  if (SupportChosen) texts.support = shown.support;
   Family = chosen;
   ShowTexts(texts);
+  TakeTruss();
+}
+
+void frmBracefold::TakeField(TrussField field) {
+  Edited[static_cast<std::size_t>(field)] = true;
   TakeTruss();
 }
 

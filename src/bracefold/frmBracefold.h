@@ -39,6 +39,7 @@ class frmBracefold : public QWidget, public WindowlessHost, private DisplayListe
 
   void ShowTexts(const TrussTexts& texts);
   TrussTexts Texts() const;
+  void TakeField(TrussField field);
   void ChooseFamily();
   void TakeTruss();
   void Draw(bool zoomToExtents);
@@ -58,6 +59,8 @@ class frmBracefold : public QWidget, public WindowlessHost, private DisplayListe
   MouseEvent Grabbed;  ///< where the mouse took hold of the drawing
   std::array<QLabel*, TrussFieldCount> Labels{};
   std::array<QWidget*, TrussFieldCount> Fields{};
+  std::array<bool, TrussFieldCount> Edited{}; ///< by the user, who may have typed what is another family's standard
+  bool SupportChosen = false;
   QComboBox* familyBox = nullptr;
   QComboBox* supportBox = nullptr;
   QCheckBox* numbersChk = nullptr;

@@ -164,6 +164,30 @@ TEST_F(BracefoldFormTest, KeepsWhatWasTypedForAnotherFamily) {
   EXPECT_EQ(Line("spanTxt").text(), "20");
 }
 
+TEST_F(BracefoldFormTest, KeepsWhatWasTypedEvenIfItIsAnotherFamilysStandard) {
+  auto& family = Find<QComboBox>("familyBox");
+  auto& support = Find<QComboBox>("supportBox");
+  Type(Line("heightTxt"), "20");
+  Choose(support, "Pins at both ends");
+  Choose(family, "Tower");
+  Choose(family, "Pratt truss");
+  EXPECT_EQ(Line("heightTxt").text(), "20");
+  EXPECT_EQ(support.currentText(), "Pins at both ends");
+}
+
+TEST_F(BracefoldFormTest, TakesNoTrussWithoutANumberOfBays) {
+  auto& bays = Find<QSpinBox>("baysSpin");
+  bays.setFocus();
+  bays.selectAll();
+  QTest::keyClick(&bays, Qt::Key_Backspace);
+  EXPECT_FALSE(Button("btnSave").isEnabled());
+  EXPECT_EQ(Label("errorLbl"), "Bays must be a whole number from 2 to 200 for the family pratt");
+
+  QTest::keyClick(&bays, Qt::Key_Tab);
+  EXPECT_EQ(bays.text(), "8");
+  EXPECT_TRUE(Button("btnSave").isEnabled());
+}
+
 TEST_F(BracefoldFormTest, OffersEveryFamily) {
   const auto& box = Find<QComboBox>("familyBox");
   std::vector<std::string> families;

@@ -73,6 +73,17 @@ FormTest::~FormTest() {
   qInstallMessageHandler(nullptr);
 }
 
+void FormTest::StartNextRun() {
+  frame->close();
+  frame.reset();
+  TheFiles = FileState{};
+  TheModel = ModelState{};
+  frame = std::make_unique<frmMain>();
+  ThePlatform().host = frame.get();
+  frame->show();
+  frame->MDIForm_Load();
+}
+
 QAction& FormTest::Command(const QString& name) {
   auto* action = Find<QWidget>("frmGraph").findChild<QAction*>(name);
   if (action == nullptr) throw std::runtime_error("There is no command " + name.toStdString());

@@ -29,6 +29,9 @@ class FormTest : public PlatformTest {
   FormTest();
   ~FormTest() override;
 
+  /// Ends this run of the program, and starts the next one on what it has left on disk and in the settings.
+  void StartNextRun();
+
   /// A control of the main frame or its children, by its name.
   template <class Control>
   Control& Find(const QString& name) {

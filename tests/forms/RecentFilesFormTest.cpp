@@ -17,18 +17,6 @@ using testing::IsEmpty;
 /// The recent files as both File menus show them.
 class RecentFilesFormTest : public FormTest {
  protected:
-  /// Starts the program anew on the store as it is, with nothing open.
-  void StartNextRun() {
-    frame->close();
-    frame.reset();
-    TheFiles = FileState{};
-    TheModel = ModelState{};
-    frame = std::make_unique<frmMain>();
-    ThePlatform().host = frame.get();
-    frame->show();
-    frame->MDIForm_Load();
-  }
-
   /// Saves the three-bar truss under a name in the scratch folder.
   std::string Model(const std::string& name) {
     EnterThreeBarTruss();

@@ -29,18 +29,6 @@ class RecoveryFormTest : public FormTest {
     return QTest::qWaitFor([this] { return !Timer().isActive(); });
   }
 
-  /// Ends this run without a word to the user, and starts the next one.
-  void StartNextRun() {
-    frame->close();
-    frame.reset();
-    TheFiles = FileState{};
-    TheModel = ModelState{};
-    frame = std::make_unique<frmMain>();
-    ThePlatform().host = frame.get();
-    frame->show();
-    frame->MDIForm_Load();
-  }
-
   /// Opens the File menu of a child window; whether its entry can be chosen.
   bool IsOffered(const QString& child) {
     auto& window = Find<QWidget>(child);
