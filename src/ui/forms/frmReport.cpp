@@ -45,7 +45,7 @@ QPalette PaperColours(QPalette palette) {
 
 } // namespace
 
-frmReport::frmReport(frmMain& frame, std::function<void()> renew) : QDialog(&frame, Qt::Window), Frame(frame) {
+frmReport::frmReport(frmMain& frame, const std::function<void()>& renew) : QDialog(&frame, Qt::Window), Frame(frame) {
   setObjectName("frmReport");
   reportTxt = new ReportView;
   reportTxt->setObjectName("reportTxt");

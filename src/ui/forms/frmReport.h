@@ -19,7 +19,7 @@ class frmMain;
 class frmReport : public QDialog {
  public:
   /// renew: makes the report anew, as the menu does.
-  frmReport(frmMain& frame, std::function<void()> renew);
+  frmReport(frmMain& frame, const std::function<void()>& renew);
 
   /// Shows a report from its beginning.
   void ShowReport(Report report);
