@@ -234,6 +234,18 @@ TEST_F(ReportTest, PutsWhatTheCheckFoundBelowItsHeading) {
   EXPECT_THAT(Section(HtmlOf(truss), "Check"), HasSubstr("<li>Zero bars: 1</li>\n<ul>\n<li>Member 2: "));
 }
 
+// Without one of its diagonals, and so stiff that what rounding leaves of its pivot passes.
+TEST_F(ReportTest, SaysAtItsTopThatResultsOfAMechanismMeanNothing) {
+  ModelData truss = PrattTruss(20);
+  for (MemberData& member : truss.members) member.A = 5000000;
+  truss.members.erase(truss.members.begin() + 7);
+  const std::string html = HtmlOf(truss);
+  const std::string verdict = "so these results mean nothing.</p>";
+  EXPECT_LT(html.find(verdict), html.find("<h2>Model</h2>"));
+  EXPECT_THAT(Section(html, "Check"), HasSubstr(verdict));
+  EXPECT_THAT(Section(html, "Check"), HasSubstr("<li>Mechanisms: 1</li>\n<ul>\n<li>"));
+}
+
 TEST_F(ReportTest, IsTheSameOfTheSameModelAndDate) {
   const std::string html = HtmlOf(PrattTruss(10));
   EXPECT_EQ(HtmlOf(PrattTruss(10)), html);

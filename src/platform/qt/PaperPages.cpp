@@ -1,5 +1,6 @@
 #include "PaperPages.h"
 
+#include "BusyPointer.h"
 #include "FileSystem.h"
 
 #include <algorithm>
@@ -93,6 +94,7 @@ void LayOut(QTextDocument& text, const PaperDocument& document, QPagedPaintDevic
 }
 
 int PaintPages(const PaperDocument& document, QPagedPaintDevice& device, PageRange range) {
+  const BusyPointer busy; // a few seconds for hundreds of pages
   QPainter painter;
   if (!painter.begin(&device)) throw FileError("The pages could not be made");
   painter.setRenderHint(QPainter::LosslessImageRendering);
