@@ -156,7 +156,6 @@ struct Echelon {
 };
 
 Echelon Factorise(const Matrix& B) {
-  if (B.rows() == 0 || B.cols() == 0) return {RowMatrix(0, B.cols()), {}, {}, {}};
   Eigen::SPQR<Matrix> QR;
   QR.setPivotThreshold(RankTolerance);
   QR.setSPQROrdering(SPQR_ORDERING_AMD);
@@ -272,7 +271,7 @@ void AddMotionsWithinRounding(const CheckedTruss& truss, const Kinematics& kinem
 /// Judges the truss as its members were given these directions; rounding of coordinates may have hidden a motion.
 /// most: motions to describe.
 Motions Judge(const CheckedTruss& truss, const Kinematics& kinematics, std::size_t most) {
-  const Echelon echelon = Factorise(kinematics.elongations);
+  const Echelon echelon = kinematics.freedoms.empty() ? Echelon{} : Factorise(kinematics.elongations);
   const auto dependent = static_cast<int>(echelon.dependent.size());
   Motions motions;
   motions.mechanisms = dependent + static_cast<int>(kinematics.loose.size());
