@@ -3,16 +3,18 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
 
 namespace strutwright {
 
 namespace {
 
-/// Three significant digits, which is all that an error deserves.
-std::string Short(double value) {
+/// Three significant digits, which is all that an error deserves, and the unit.
+std::string Short(double value, const std::string& unit = "") {
+  if (!std::isfinite(value)) return "no number";
   std::array<char, 32> text{};
   const auto end = std::to_chars(text.begin(), text.end(), value, std::chars_format::general, 3).ptr;
-  return {text.begin(), end};
+  return std::string(text.begin(), end) + unit;
 }
 
 std::string Line(const std::string& text) { return text + "\n"; }
@@ -43,12 +45,12 @@ std::string AccuracyLines(const AccuracyReport& accuracy) {
 }
 
 std::string BalanceLines(const BalanceReport& balance) {
-  return Line("Largest residual of a node: " + Short(balance.nodeResidual) + " kN" +
+  return Line("Largest residual of a node: " + Short(balance.nodeResidual, " kN") +
               Worst("node", balance.nodeOfResidual)) +
-         Line("Residual of the whole: " + Short(balance.wholeResidual) + " kN, " + Short(balance.momentResidual) +
-              " kN m") +
-         Line("Work of loads and prestress: " + Short(balance.work) +
-              " J, stored energy: " + Short(balance.storedEnergy) + " J");
+         Line("Residual of the whole: " + Short(balance.wholeResidual, " kN") + ", " +
+              Short(balance.momentResidual, " kN m")) +
+         Line("Work of loads and prestress: " + Short(balance.work, " J") +
+              ", stored energy: " + Short(balance.storedEnergy, " J"));
 }
 
 std::string ZeroBarLines(const std::vector<ZeroBar>& bars) {
