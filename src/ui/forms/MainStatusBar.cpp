@@ -15,6 +15,13 @@ constexpr int HintTime = 10000; // ms
 constexpr int Percent = 100;
 constexpr int ProgressWidth = 140; // pixels
 
+/// Black and white are legible on these under a light and under a dark desktop theme.
+QString LookOf(CheckLevel level) {
+  const QString look("QLabel { background: %1; color: %2; padding: 0 6px; border-radius: 3px; }");
+  if (level == CheckLevel::Doubtful) return look.arg("#ffb347", "black");
+  return level == CheckLevel::Bad ? look.arg("#c62828", "white") : QString();
+}
+
 } // namespace
 
 MainStatusBar::MainStatusBar(QWidget* parent) : QStatusBar(parent) {
@@ -22,6 +29,7 @@ MainStatusBar::MainStatusBar(QWidget* parent) : QStatusBar(parent) {
   Coordinates = AddPanel("stsBar_Coords", "Position of the mouse in the truss display, m", 24);
   MouseMode = AddPanel("stsBar_MouseMode", "What a click in the truss display does", 16);
   Analysis = AddPanel("stsBar_Analysis", "Whether there are results of an analysis", 14);
+  Check = AddPanel("stsBar_Check", "How far the results can be trusted; Analysis > Check says more", 9);
   Hint = new QLabel(this);
   Hint->setObjectName("stsBar_Hint");
   Hint->setAccessibleName("Hint");
@@ -58,6 +66,11 @@ void MainStatusBar::ShowCoordinates(const QString& text) { Coordinates->setText(
 void MainStatusBar::ShowMouseMode(const QString& text) { MouseMode->setText(text); }
 
 void MainStatusBar::ShowAnalysis(const QString& text) { Analysis->setText(text); }
+
+void MainStatusBar::ShowCheck(const QString& text, CheckLevel level) {
+  Check->setText(text);
+  Check->setStyleSheet(LookOf(level));
+}
 
 void MainStatusBar::ShowHint(const QString& text) {
   Hint->setText(text);

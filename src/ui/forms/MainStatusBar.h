@@ -1,5 +1,7 @@
 #pragma once
 
+#include "CheckReport.h"
+
 #include <QPointer>
 #include <QStatusBar>
 #include <QTimer>
@@ -10,7 +12,7 @@ class QPushButton;
 
 namespace strutwright {
 
-/// The status bar `stsBar`: three panels, then a hint that goes by itself, or the progress of long work.
+/// The status bar `stsBar`: four panels, then a hint that goes by itself, or the progress of long work.
 class MainStatusBar : public QStatusBar {
  public:
   explicit MainStatusBar(QWidget* parent);
@@ -18,6 +20,8 @@ class MainStatusBar : public QStatusBar {
   void ShowCoordinates(const QString& text);
   void ShowMouseMode(const QString& text);
   void ShowAnalysis(const QString& text);
+  /// What the check of the answer has to say; where it has something against it, the words stand on orange or red.
+  void ShowCheck(const QString& text, CheckLevel level);
   void ShowHint(const QString& text);
 
   /// Shows how far long work is and takes paint events and clicks on Cancel, nothing else; a request to close the
@@ -34,6 +38,7 @@ class MainStatusBar : public QStatusBar {
   QLabel* Coordinates = nullptr;
   QLabel* MouseMode = nullptr;
   QLabel* Analysis = nullptr;
+  QLabel* Check = nullptr;
   QLabel* Hint = nullptr;
   QProgressBar* Progress = nullptr;
   QPushButton* Cancel = nullptr;

@@ -12,6 +12,7 @@
 #include "frmGraph.h"
 #include "frmOptions.h"
 #include "modAnimation.h"
+#include "modCheck.h"
 #include "modGenerators.h"
 #include "modGrids.h"
 #include "modModelRendering.h"
@@ -56,9 +57,12 @@ frmMain::~frmMain() {
 
 void frmMain::runAnalysis() {
   CommitPendingEdit();
-  if (!strutwright::runAnalysis()) return;
-  TickResultSwitches(true);
-  Redraw(false);
+  DropCheck();
+  if (strutwright::runAnalysis()) {
+    TickResultSwitches(true);
+    Redraw(false);
+  }
+  CheckAnalysis();
 }
 
 /// The boxes are unticked while AnalysisDone still holds, so that none of them says that there are no results.
@@ -66,6 +70,7 @@ void frmMain::EndAnalysis(bool redraw) {
   HighlightedMember = 0;
   TickResultSwitches(false);
   AnalysisDone = FlagFalse;
+  DropCheck();
   RefreshStatusTexts();
   if (redraw) Redraw(false);
 }
@@ -165,6 +170,7 @@ void frmMain::ShowDrawing() {
   DrawHighlight();
   if (Graph != nullptr) Graph->ShowDrawing();
   if (Equations != nullptr) Equations->ShowStepToCome();
+  FollowModel();
 }
 
 /// An edit shows at once.  What can't be drawn yet, such as a member whose node is still to be typed, is no reason to

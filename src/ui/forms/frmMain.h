@@ -142,6 +142,9 @@ class frmMain : public QMainWindow, public Host {
   void SavePlace();
   void DrawHighlight();
   void ShowDrawing();
+  void CheckAnalysis();
+  void FollowModel();
+  void ShowCheckStatus();
   void HideBoard();
   void ShowBoard();
 
