@@ -17,9 +17,10 @@ constexpr int ProgressWidth = 140; // pixels
 
 /// Black and white are legible on these under a light and under a dark desktop theme.
 QString LookOf(CheckLevel level) {
-  const QString look("QLabel { background: %1; color: %2; padding: 0 6px; border-radius: 3px; }");
-  if (level == CheckLevel::Doubtful) return look.arg("#ffb347", "black");
-  return level == CheckLevel::Bad ? look.arg("#c62828", "white") : QString();
+  const QString look("QLabel { padding: 0 6px; %1 }");
+  if (level == CheckLevel::Doubtful) return look.arg("background: #ffb347; color: black; border-radius: 3px;");
+  if (level == CheckLevel::Bad) return look.arg("background: #c62828; color: white; border-radius: 3px;");
+  return look.arg("");
 }
 
 } // namespace

@@ -31,10 +31,12 @@ std::string WorstText(const CheckRow& row) {
   return row.worstMember != 0 ? "member " + std::to_string(row.worstMember) : "";
 }
 
-/// Room for so many rows of one line, and no less.
-void KeepRows(QListWidget& list, int rows) {
-  const int row = list.fontMetrics().lineSpacing() + 4;
-  list.setMinimumHeight(qBound(1, rows, MostVisibleRows) * row + 2 * list.frameWidth() + 2);
+/// Room for so many lines, of which some may be broken in two: not less than a few, not more than all.
+void KeepRoom(QListWidget& list, int lines) {
+  const int line = list.fontMetrics().lineSpacing() + 4;
+  const int frame = 2 * list.frameWidth() + 2;
+  list.setMinimumHeight(qBound(1, lines, MostVisibleRows) * line + frame);
+  list.setMaximumHeight((lines == 1 ? 1 : 2 * lines) * line + frame);
 }
 
 std::vector<int> OnlyIf(int number) { return number == 0 ? std::vector<int>{} : std::vector{number}; }
@@ -78,7 +80,7 @@ void frmCheck::Fill(QListWidget& list, const std::vector<CheckLine>& lines) {
     auto* item = new QListWidgetItem(QString::fromStdString(line.text), &list); // the list owns it
     if (!line.Selects()) item->setFlags(Qt::ItemIsEnabled);
   }
-  KeepRows(list, static_cast<int>(lines.size()));
+  KeepRoom(list, static_cast<int>(lines.size()));
 }
 
 /// Every command first takes a pending edit, after which the lists may be others.

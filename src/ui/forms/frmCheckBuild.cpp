@@ -65,7 +65,8 @@ frmCheck::frmCheck(frmMain& frame) : QDialog(&frame), Frame(frame) {
       "zeroBarsList", "&Zero bars:", "Members without force and why they have none; choose a line to see the member");
   BuildMechanism();
   BuildButtons();
-  for (const char* command : {"mnuAnalyse", "mnuUndo", "mnuRedo"}) addAction(Frame.findChild<QAction*>(command));
+  for (const char* command : {"mnuAnalyse", "mnuCheck", "mnuUndo", "mnuRedo"})
+    addAction(Frame.findChild<QAction*>(command));
   MotionTimer.setParent(this);
   MotionTimer.setObjectName("MotionTimer");
   MotionTimer.setSingleShot(true);
@@ -106,7 +107,7 @@ void frmCheck::BuildTable() {
 QListWidget* frmCheck::AddList(const QString& name, const QString& caption, const QString& description) {
   QListWidget* list = NewList(name, description);
   layout()->addWidget(ListCaption(caption, list));
-  layout()->addWidget(list);
+  static_cast<QVBoxLayout*>(layout())->addWidget(list, 1);
   OnSignal(list, &QListWidget::itemSelectionChanged, this, [this, list] { ShowChosen(*list); });
   return list;
 }
@@ -170,7 +171,10 @@ void frmCheck::BuildButtons() {
   row->addWidget(btnCopy);
   row->addStretch();
   row->addWidget(btnClose);
-  static_cast<QVBoxLayout*>(layout())->addLayout(row);
+  auto* column = static_cast<QVBoxLayout*>(layout());
+  column->addStretch(1);
+  column->addLayout(row);
+  btnClose->setFocus(); // not the table, where it would look like a choice
 }
 
 QPushButton* frmCheck::NewButton(const QString& name, const QString& caption, const QString& toolTip) {
