@@ -119,6 +119,15 @@ TEST_F(CheckFormTest, OpensByF6AndByBothMenusWithoutStoppingAnything) {
   EXPECT_EQ(frame->findChildren<QDialog*>("frmCheck").size(), 1);
 }
 
+TEST_F(CheckFormTest, OpensByAClickOnTheStatusPanelOnceThatSaysSomething) {
+  QTest::mouseClick(&Find<QLabel>("stsBar_Check"), Qt::LeftButton);
+  EXPECT_FALSE(IsOpen());
+  EnterThreeBarTruss();
+  frame->runAnalysis();
+  QTest::mouseClick(&Find<QLabel>("stsBar_Check"), Qt::LeftButton);
+  EXPECT_TRUE(IsOpen());
+}
+
 TEST_F(CheckFormTest, ClosesByEscapeAndByItsButton) {
   OpenCheck();
   ASSERT_EQ(QApplication::activeWindow(), &Window());

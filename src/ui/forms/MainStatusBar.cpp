@@ -30,7 +30,8 @@ MainStatusBar::MainStatusBar(QWidget* parent) : QStatusBar(parent) {
   Coordinates = AddPanel("stsBar_Coords", "Position of the mouse in the truss display, m", 24);
   MouseMode = AddPanel("stsBar_MouseMode", "What a click in the truss display does", 16);
   Analysis = AddPanel("stsBar_Analysis", "Whether there are results of an analysis", 14);
-  Check = AddPanel("stsBar_Check", "How far the results can be trusted; Analysis > Check says more", 9);
+  Check = AddPanel("stsBar_Check", "How far the results can be trusted; a click, or F6, says more", 9);
+  Check->installEventFilter(this);
   Hint = new QLabel(this);
   Hint->setObjectName("stsBar_Hint");
   Hint->setAccessibleName("Hint");
@@ -71,6 +72,12 @@ void MainStatusBar::ShowAnalysis(const QString& text) { Analysis->setText(text);
 void MainStatusBar::ShowCheck(const QString& text, CheckLevel level) {
   Check->setText(text);
   Check->setStyleSheet(LookOf(level));
+}
+
+bool MainStatusBar::eventFilter(QObject* watched, QEvent* event) {
+  const bool clicked = watched == Check && event->type() == QEvent::MouseButtonRelease && !Check->text().isEmpty();
+  if (clicked && CheckListener) CheckListener();
+  return QStatusBar::eventFilter(watched, event);
 }
 
 void MainStatusBar::ShowHint(const QString& text) {

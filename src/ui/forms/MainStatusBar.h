@@ -2,6 +2,9 @@
 
 #include "CheckReport.h"
 
+#include <functional>
+#include <utility>
+
 #include <QPointer>
 #include <QStatusBar>
 #include <QTimer>
@@ -22,6 +25,8 @@ class MainStatusBar : public QStatusBar {
   void ShowAnalysis(const QString& text);
   /// What the check of the answer has to say; where it has something against it, the words stand on orange or red.
   void ShowCheck(const QString& text, CheckLevel level);
+  /// Called when the user clicks on what the check has to say.
+  void SetCheckNotice(std::function<void()> listener) { CheckListener = std::move(listener); }
   void ShowHint(const QString& text);
 
   /// Shows how far long work is and takes paint events and clicks on Cancel, nothing else; a request to close the
@@ -31,6 +36,9 @@ class MainStatusBar : public QStatusBar {
 
   /// The widget in which clicks get through while progress shows.
   const QPushButton* CancelButton() const { return Cancel; }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   QLabel* AddPanel(const QString& name, const QString& description, int characters);
@@ -42,6 +50,7 @@ class MainStatusBar : public QStatusBar {
   QLabel* Hint = nullptr;
   QProgressBar* Progress = nullptr;
   QPushButton* Cancel = nullptr;
+  std::function<void()> CheckListener;
   QTimer HintTimer;
   bool Cancelled = false;
   QPointer<QWidget> FocusBefore; ///< what had the focus when the progress was shown
