@@ -6,6 +6,8 @@
 #include "QtClipboard.h"
 #include "QtFileDialog.h"
 #include "QtMessageBoxes.h"
+#include "QtPaper.h"
+#include "QtPrinters.h"
 #include "QtSettingsStore.h"
 #include "QtShell.h"
 #include "frmMain.h"
@@ -27,6 +29,8 @@ int RunProgram(int argc, char** argv) {
   strutwright::QtSettingsStore settings;
   strutwright::NativeFileSystem files;
   strutwright::DesktopFileTypes fileTypes(files, strutwright::UserDesktopPlaces(), strutwright::StartIndexTools);
+  strutwright::QtPaper paper;
+  strutwright::QtPrinters printers;
   strutwright::frmMain frame;
   strutwright::ThePlatform() = {.messages = &messages,
                                 .host = &frame,
@@ -39,7 +43,9 @@ int RunProgram(int argc, char** argv) {
                                 .settings = &settings,
                                 .fileTypes = &fileTypes,
                                 .executable = strutwright::ExecutablePath(),
-                                .icon = strutwright::IconPath(strutwright::ExecutableFolder())};
+                                .icon = strutwright::IconPath(strutwright::ExecutableFolder()),
+                                .paper = &paper,
+                                .printers = &printers};
   frame.RestorePlace();
   frame.show();
   strutwright::Guard([&frame] { frame.MDIForm_Load(); });

@@ -11,6 +11,8 @@
 #include "modMember.h"
 #include "modModelStore.h"
 #include "modNumberText.h"
+#include "modPlaces.h"
+#include "modReportFiles.h"
 #include "modRunAnalysis.h"
 
 #include <algorithm>
@@ -206,10 +208,28 @@ void Print(const ModelSession& session, Result result, const Check& check, const
 /// The status of making the picture, if there is something to make it of.  A failure has been told.
 int Depict(ModelSession& session, Result result, const PictureRequest& picture, bool several) {
   if (picture.file.empty() || result == Result::Unreadable) return ExitOk;
-  const std::string file = PictureFileFor(picture, session.File(), several);
+  const std::string file = FileFor(picture.file, session.File(), several);
   session.SetLayers(picture.layers);
   try {
     MakePicture(picture, file, result == Result::Ok);
+  } catch (const FileError& error) {
+    session.Tell("Error while saving file " + file + "\n" + error.what());
+    return ExitUsage;
+  }
+  return ExitOk;
+}
+
+/// The same of writing the report.
+int Document(ModelSession& session, Result result, const AnalyseRequest& request) {
+  if (request.report.empty() || result == Result::Unreadable) return ExitOk;
+  if (result != Result::Ok) {
+    session.Tell("No report is written, because there are no results");
+    return ExitOk;
+  }
+  const std::string file = FileFor(request.report, session.File(), request.models.size() > 1);
+  try {
+    EnsureApplication();
+    WriteReport(MakeReport(LastComponent(session.File())), file);
   } catch (const FileError& error) {
     session.Tell("Error while saving file " + file + "\n" + error.what());
     return ExitUsage;
@@ -228,8 +248,8 @@ int AnalyseModels(const AnalyseRequest& request, std::ostream& out, std::ostream
     const Check check = CheckOf(session, result, request, judge);
     Print(session, result, check, request, out);
     out.flush();
-    status = std::max(
-        {status, StatusOf(result), StatusOf(result, check), Depict(session, result, request.picture, several)});
+    status = std::max({status, StatusOf(result), StatusOf(result, check),
+                       Depict(session, result, request.picture, several), Document(session, result, request)});
   }
   return status;
 }

@@ -3,6 +3,7 @@
 #include "Commands.h"
 #include "Picture.h"
 #include "modNumberText.h"
+#include "modReportFiles.h"
 
 #include <CLI/CLI.hpp>
 
@@ -83,6 +84,11 @@ void AddAnalyse(CLI::App& program, Request& request) {
   command.add_flag("--check", request.analysis.check,
                    "Also tell how far each answer can be trusted; exit status 3 where it can't");
   AddPicture(command, request.analysis.picture);
+  command.add_option("--report", request.analysis.report, "Also write a report of each model: .pdf or .html")
+      ->check([](const std::string& name) {
+        return IsNameOfReport(name) ? "" : "\"" + name + "\" does not end in .pdf or .html";
+      })
+      ->type_name("FILE");
   command.callback([&request] {
     request.command = [&request](std::ostream& out, std::ostream& err) {
       request.analysis.format = FormatNamed(request.format);

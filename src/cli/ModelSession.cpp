@@ -33,7 +33,7 @@ std::string OnOneLine(const std::string& text) {
 
 ModelSession::ModelSession(std::string file, std::ostream& err) : FileName(std::move(file)), Err(err) {
   Ensure(ThePlatform().host == nullptr, "one model is open at a time");
-  ThePlatform() = {this, this, &Disk, nullptr};
+  ThePlatform() = {.messages = this, .host = this, .files = &Disk, .paper = &Pages};
   TheModel = ModelState{};
   TheAnalysis = AnalysisState{};
   TheFiles = FileState{};

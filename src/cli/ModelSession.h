@@ -3,6 +3,7 @@
 #include "Host.h"
 #include "MessageBoxes.h"
 #include "NativeFileSystem.h"
+#include "QtPaper.h"
 #include "WindowlessHost.h"
 
 #include <iosfwd>
@@ -46,6 +47,7 @@ class ModelSession : private MessageBoxes, private WindowlessHost {
   std::string FileName;
   std::ostream& Err;
   NativeFileSystem Disk;
+  QtPaper Pages;
   std::vector<Message> Messages;
   ModelLayers Shows;
 };

@@ -22,6 +22,15 @@ constexpr int MostSize = 8192;
 /// Qt's remarks about a desktop that is not there; what fails is told by its own message.
 void DropMessage(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& /*text*/) {}
 
+std::map<std::string, bool*> LayerSwitches(PictureRequest& request) {
+  return {{"supports", &request.layers.supports}, {"loads", &request.layers.loads},
+          {"grid", &request.layers.grid},         {"members", &request.layers.memberNumbers},
+          {"nodes", &request.layers.nodeNumbers}, {"reactions", &request.reactions},
+          {"forces", &request.memberForces},      {"deflected", &request.deflectedShape}};
+}
+
+} // namespace
+
 /// Fonts need an application.  It is kept for the life of the process, as Qt allows only one.
 void EnsureApplication() {
   if (QCoreApplication::instance() != nullptr) return;
@@ -33,15 +42,6 @@ void EnsureApplication() {
   static QGuiApplication* const application = new QGuiApplication(count, arguments);
   static_cast<void>(application);
 }
-
-std::map<std::string, bool*> LayerSwitches(PictureRequest& request) {
-  return {{"supports", &request.layers.supports}, {"loads", &request.layers.loads},
-          {"grid", &request.layers.grid},         {"members", &request.layers.memberNumbers},
-          {"nodes", &request.layers.nodeNumbers}, {"reactions", &request.reactions},
-          {"forces", &request.memberForces},      {"deflected", &request.deflectedShape}};
-}
-
-} // namespace
 
 std::optional<std::string> ChooseLayers(PictureRequest& request, const std::string& names) {
   PictureRequest chosen = request;
@@ -68,9 +68,9 @@ bool ChooseSize(PictureRequest& request, const std::string& text) {
   return true;
 }
 
-std::string PictureFileFor(const PictureRequest& request, const std::string& model, bool several) {
-  if (!several) return request.file;
-  std::filesystem::path path(request.file);
+std::string FileFor(const std::string& asked, const std::string& model, bool several) {
+  if (!several) return asked;
+  std::filesystem::path path(asked);
   const std::string name = path.stem().string() + "-" + std::filesystem::path(model).stem().string();
   return path.replace_filename(name + path.extension().string()).string();
 }

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "DrawingSurface.h"
+#include "Host.h"
 #include "MouseState.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -34,6 +36,8 @@ struct DisplayState {
   bool DrawNodeMode = false;   ///< a click adds a node at the nearest grid point
   bool DrawMemberMode = false; ///< two clicks on nodes add a member
   MouseState Mouse;            ///< the other modes, and what the mouse is in the middle of
+
+  std::optional<ModelLayers> OwnLayers; ///< while set, drawn instead of the layers that the user wants to see
 
   std::vector<std::string>* DrawingFailures = nullptr; ///< while set, failures are kept here and show no box
 };

@@ -172,7 +172,7 @@ void DrawAxes(DrawingSurface& surface, const ViewWindow& window) {
 
 void DrawModelLayers(DrawingSurface& surface) {
   ResetPen(surface);
-  const ModelLayers layers = TheHost().Layers();
+  const ModelLayers layers = TheDisplay.OwnLayers ? *TheDisplay.OwnLayers : TheHost().Layers();
   if (!KeepView) {
     ComputeModelExtents();
     SetViewWindow(surface, MinX, MaxX, MinY, MaxY);

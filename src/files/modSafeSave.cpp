@@ -45,17 +45,28 @@ void SaveOverFile(const std::string& target, const std::string& bytes) {
   }
 }
 
-} // namespace
+void SaveInsteadOfFile(const std::string& target, const std::string& bytes) {
+  Files().CheckWritable(target);
+  ReplaceByNewFile(Files(), target, bytes, true);
+}
 
-void SaveBytes(const std::string& path, const std::string& bytes) {
+/// overFile: saves where there is a file already.
+void SaveTo(const std::string& path, const std::string& bytes,
+            void (*overFile)(const std::string& target, const std::string& bytes)) {
   if (path.empty()) throw FileError(std::make_error_code(std::errc::no_such_file_or_directory));
   if (Files().Kind(path) == FileKind::Special) return WriteInPlace(path, bytes);
   const std::string target = Files().FollowLinks(path);
   switch (Files().Kind(target)) {
   case FileKind::Folder: throw FileError(std::make_error_code(std::errc::is_a_directory));
   case FileKind::Missing: return ReplaceByNewFile(Files(), target, bytes, false);
-  default: return SaveOverFile(target, bytes);
+  default: return overFile(target, bytes);
   }
 }
+
+} // namespace
+
+void SaveBytes(const std::string& path, const std::string& bytes) { SaveTo(path, bytes, SaveOverFile); }
+
+void SaveWholeFile(const std::string& path, const std::string& bytes) { SaveTo(path, bytes, SaveInsteadOfFile); }
 
 } // namespace strutwright

@@ -13,4 +13,9 @@ namespace strutwright {
 /// Throws FileError; the old file is then as it was, unless it had to be written itself.
 void SaveBytes(const std::string& path, const std::string& bytes);
 
+/// Makes `bytes` the whole file, as safely; only devices and pipes are written themselves.  A folder that can't take a
+/// second file therefore refuses, on purpose: what the old file held beyond the new end could not be taken away.
+/// Throws FileError; the old file is then as it was.
+void SaveWholeFile(const std::string& path, const std::string& bytes);
+
 } // namespace strutwright

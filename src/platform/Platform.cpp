@@ -2,6 +2,10 @@
 
 #include "Ensure.h"
 
+#include <ctime>
+#include <iomanip>
+#include <sstream>
+
 namespace strutwright {
 
 std::string IconName(MessageIcon icon) {
@@ -58,6 +62,23 @@ FileTypeRegistry& FileTypes() {
 SettingsStore& Settings() {
   Ensure(ThePlatform().settings != nullptr, "the settings store is set up before it is used");
   return *ThePlatform().settings;
+}
+
+Paper& ThePaper() {
+  Ensure(ThePlatform().paper != nullptr, "paper is there before it is used");
+  return *ThePlatform().paper;
+}
+
+Printers& ThePrinters() {
+  Ensure(ThePlatform().printers != nullptr, "the printers are set up before they are used");
+  return *ThePlatform().printers;
+}
+
+std::string LocalDate() {
+  const std::time_t now = std::time(nullptr);
+  std::ostringstream text;
+  text << std::put_time(std::localtime(&now), "%Y-%m-%d");
+  return text.str();
 }
 
 const std::string& ProgramFolder() {

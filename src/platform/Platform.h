@@ -6,6 +6,7 @@
 #include "FileTypeRegistry.h"
 #include "Host.h"
 #include "MessageBoxes.h"
+#include "Paper.h"
 #include "SettingsStore.h"
 #include "Shell.h"
 
@@ -13,6 +14,9 @@
 #include <string>
 
 namespace strutwright {
+
+/// The date where the user is, as "2026-11-21".
+std::string LocalDate();
 
 /// Everything that the program asks of a desktop.  main() or a test fixture fills it; nothing here is owned.
 struct Platform {
@@ -29,6 +33,9 @@ struct Platform {
   std::string executable = {};           ///< full path of this program
   std::string icon = {};                 ///< full path of its icon; the file need not exist
   std::chrono::steady_clock::time_point (*now)() = &std::chrono::steady_clock::now;
+  Paper* paper = nullptr;
+  Printers* printers = nullptr; ///< nullptr in a program that prints nothing
+  std::string (*today)() = &LocalDate;
 };
 
 /// The one platform of the process, filled before the first call into any floor above.
@@ -42,6 +49,8 @@ Clipboard& TheClipboard();
 Shell& TheShell();
 SettingsStore& Settings();
 FileTypeRegistry& FileTypes();
+Paper& ThePaper();
+Printers& ThePrinters();
 const std::string& ProgramFolder();
 const std::string& DataFolder();
 

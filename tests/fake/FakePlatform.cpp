@@ -1,5 +1,7 @@
 #include "FakePlatform.h"
 
+#include "RecordingSurface.h"
+
 #include <cmath>
 #include <ostream>
 #include <utility>
@@ -34,6 +36,21 @@ void FakeHost::SavePicture(const std::string& path) {
   if (!pictureFailure.empty()) throw FileError(pictureFailure);
 }
 
+std::string FakePaper::Picture(int width, int height, const std::function<void(DrawingSurface&)>& draw) {
+  RecordingSurface surface;
+  surface.width = static_cast<float>(width);
+  surface.height = static_cast<float>(height);
+  draw(surface);
+  drawn = surface.ink;
+  return "PNG " + std::to_string(width) + "x" + std::to_string(height);
+}
+
+bool FakePaper::Print(const PaperDocument& document) {
+  if (!printFailure.empty()) throw FileError(printFailure);
+  printed.push_back(document.title);
+  return true;
+}
+
 PlatformTest::PlatformTest() {
   ThePlatform().messages = &messages;
   ThePlatform().host = &host;
@@ -42,6 +59,9 @@ PlatformTest::PlatformTest() {
   ThePlatform().shell = &shell;
   ThePlatform().settings = &settings;
   ThePlatform().fileTypes = &fileTypes;
+  ThePlatform().paper = &paper;
+  ThePlatform().printers = &paper;
+  ThePlatform().today = [] { return std::string("2026-11-21"); };
   ThePlatform().executable = "/opt/truss/strutwright";
   ThePlatform().icon = "/opt/truss/strutwright.svg";
 }

@@ -4,6 +4,7 @@
 #include "FakeFileDialog.h"
 #include "Host.h"
 #include "MessageBoxes.h"
+#include "Paper.h"
 #include "Platform.h"
 
 #include <cstddef>
@@ -88,6 +89,18 @@ class FakeFileTypes : public FileTypeRegistry {
   std::vector<std::string> written;
 };
 
+/// Makes texts that say what they were made of, and keeps what was drawn and printed.
+class FakePaper : public Paper, public Printers {
+ public:
+  std::string Picture(int width, int height, const std::function<void(DrawingSurface&)>& draw) override;
+  std::string Pdf(const PaperDocument& document) override { return "%PDF of " + document.title; }
+  bool Print(const PaperDocument& document) override;
+
+  std::vector<std::string> drawn;   ///< what can be seen on the last picture, a line each
+  std::vector<std::string> printed; ///< the titles
+  std::string printFailure;         ///< reason why nothing can be printed; empty when it can
+};
+
 /// Keeps what the host was asked, a line each: "EndAnalysis(true)", "RefreshStatusTexts", "SetCaption(bridge.stw)".
 class FakeHost : public Host {
  public:
@@ -135,6 +148,7 @@ class PlatformTest : public testing::Test {
   FakeShell shell;
   FakeSettings settings;
   FakeFileTypes fileTypes;
+  FakePaper paper;
 };
 
 /// A box under the program's title, to compare with.

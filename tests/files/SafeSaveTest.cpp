@@ -267,6 +267,36 @@ TEST_F(SafeSaveTest, NeverShowsOthersAPrivateModel) {
   EXPECT_EQ(FileBytes(path), "new");
 }
 
+TEST_F(SafeSaveTest, LeavesNothingOfTheOldFileWhereItIsToBeReplaced) {
+  SaveWholeFile(ExistingFile("0123456789"), "abc");
+  EXPECT_EQ(FileBytes(path), "abc");
+  EXPECT_THAT(files.steps, ElementsAre("Kind", "FollowLinks", "Kind", "CheckWritable", "CreateBeside", "CopyMode",
+                                       "Write", "Flush", "Replace"));
+  EXPECT_EQ(folder.EntryCount(), 1);
+}
+
+TEST_F(SafeSaveTest, CreatesAWholeFileThatIsMissing) {
+  SaveWholeFile(path, "abc");
+  EXPECT_EQ(FileBytes(path), "abc");
+}
+
+TEST_F(SafeSaveTest, KeepsTheOldFileWhereItCannotBeReplaced) {
+  for (const char* failing : {"CheckWritable", "CreateBeside", "CopyMode", "Write", "Flush", "Replace"}) {
+    ExistingFile("old");
+    files.before = [failing](const std::string& step, int) {
+      if (step == failing) throw FileError(std::make_error_code(std::errc::permission_denied));
+    };
+    EXPECT_THROW(SaveWholeFile(path, "new content"), FileError) << failing;
+    EXPECT_EQ(FileBytes(path), "old") << failing;
+    EXPECT_EQ(folder.EntryCount(), 1) << failing;
+  }
+}
+
+TEST_F(SafeSaveTest, RefusesAFolderAndNoNameForAWholeFile) {
+  EXPECT_THROW(SaveWholeFile(folder.Path(""), "new"), FileError);
+  EXPECT_THROW(SaveWholeFile("", "new"), FileError);
+}
+
 TEST_F(SafeSaveTest, WritesAPipeBehindALink) {
   const std::string printed = folder.Path("printed");
   InChildProcess([&] {

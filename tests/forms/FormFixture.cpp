@@ -60,6 +60,7 @@ FormTest::FormTest() {
   frame = std::make_unique<frmMain>();
   ThePlatform().host = frame.get();
   ThePlatform().files = &disk;
+  ThePlatform().paper = &pages;
   ThePlatform().programFolder = folder.Path("");
   ThePlatform().dataFolder = folder.Path("data");
   frame->show();

@@ -2,6 +2,7 @@
 
 #include "FakePlatform.h"
 #include "NativeFileSystem.h"
+#include "QtPaper.h"
 #include "ScratchFolder.h"
 #include "frmMain.h"
 
@@ -63,6 +64,7 @@ class FormTest : public PlatformTest {
   int Ink(Qt::GlobalColor colour);
 
   NativeFileSystem disk;
+  QtPaper pages;
   ScratchFolder folder;
   std::unique_ptr<frmMain> frame;
 };

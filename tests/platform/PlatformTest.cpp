@@ -2,8 +2,13 @@
 #include "Ensure.h"
 #include "FakePlatform.h"
 
+#include <array>
+#include <ctime>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace strutwright {
@@ -26,8 +31,27 @@ TEST(PlatformWithoutPartsTest, IsABugToUse) {
   EXPECT_THROW(TheFileDialog(), EnsureFailed);
   EXPECT_THROW(TheClipboard(), EnsureFailed);
   EXPECT_THROW(TheShell(), EnsureFailed);
+  EXPECT_THROW(ThePaper(), EnsureFailed);
+  EXPECT_THROW(ThePrinters(), EnsureFailed);
   EXPECT_THROW(ProgramFolder(), EnsureFailed);
   EXPECT_THROW(DataFolder(), EnsureFailed);
+}
+
+/// The calendar's date in UTC and, half a day off at the most, in every other place.
+std::vector<std::string> DatesAroundNow() {
+  std::vector<std::string> dates;
+  for (const int hours : {-14, 0, 14}) {
+    const std::time_t then = std::time(nullptr) + hours * 3600;
+    std::array<char, 16> text{};
+    std::strftime(text.data(), text.size(), "%Y-%m-%d", std::gmtime(&then));
+    dates.emplace_back(text.data());
+  }
+  return dates;
+}
+
+TEST(LocalDateTest, IsTodayAsScriptsWriteIt) {
+  EXPECT_THAT(DatesAroundNow(), testing::Contains(LocalDate()));
+  EXPECT_EQ(Platform{}.today, &LocalDate);
 }
 
 TEST(MessageIconTest, HasANameForScripts) {

@@ -135,6 +135,16 @@ TEST_F(QtFileDialogTest, OffersTheNameOfItsLastUse) {
   EXPECT_FALSE(dialog.ShowSave());
 }
 
+TEST_F(QtFileDialogTest, OffersANameWithoutAFolderWhereItStarts) {
+  dialog.fileName = "bridge.pdf";
+  WhenShown<QFileDialog>([&](QFileDialog& box) {
+    EXPECT_EQ(NameField(box).text(), "bridge.pdf");
+    EXPECT_EQ(box.directory(), QDir(InFolder("papers")));
+    box.reject();
+  });
+  EXPECT_FALSE(dialog.ShowSave());
+}
+
 TEST_F(QtFileDialogTest, TakesAnyLettersInAName) {
   EXPECT_TRUE(SavesAs("br\xc3\xbc"
                       "cke \xe6\xa9\x8b.stw"));

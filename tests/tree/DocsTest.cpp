@@ -185,7 +185,7 @@ const std::map<std::string, std::string> StandardKeys{
     {"New", "Ctrl+N"},        {"Open", "Ctrl+O"},     {"Save", "Ctrl+S"},      {"SaveAs", "Ctrl+Shift+S"},
     {"Quit", "Ctrl+Q"},       {"HelpContents", "F1"}, {"Copy", "Ctrl+C"},      {"Cut", "Ctrl+X"},
     {"Paste", "Ctrl+V"},      {"Delete", "Delete"},   {"SelectAll", "Ctrl+A"}, {"Undo", "Ctrl+Z"},
-    {"Redo", "Ctrl+Shift+Z"},
+    {"Redo", "Ctrl+Shift+Z"}, {"Print", "Ctrl+P"},
 };
 
 /// What stands in the first column of a table of the manual's keys.

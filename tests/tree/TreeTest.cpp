@@ -142,12 +142,13 @@ const std::map<std::string, std::set<std::string>> AllowedLayers{
     {"files", {"platform", "model", "analysis"}},
     {"display", {"platform", "model", "analysis"}},
     {"ui", {"platform", "model", "analysis", "check", "files", "display"}},
-    {"ui/forms", {"platform", "qt", "model", "analysis", "check", "files", "display", "ui"}},
-    {"app", {"platform", "native", "qt", "model", "analysis", "check", "files", "display", "ui", "forms"}},
+    {"report", {"platform", "model", "analysis", "check", "files", "display", "ui"}},
+    {"ui/forms", {"platform", "qt", "model", "analysis", "check", "files", "display", "ui", "report"}},
+    {"app", {"platform", "native", "qt", "model", "analysis", "check", "files", "display", "ui", "report", "forms"}},
     {"bracefold/families", {"platform", "model", "analysis", "files"}},
     {"bracefold",
      {"platform", "native", "qt", "model", "analysis", "files", "display", "ui", "forms", "families", "bracefold"}},
-    {"cli", {"platform", "native", "qt", "model", "analysis", "check", "files", "display", "ui"}},
+    {"cli", {"platform", "native", "qt", "model", "analysis", "check", "files", "display", "ui", "report"}},
 };
 
 /// The libraries of the house that a folder's CMakeLists.txt links, by either way of saying so.

@@ -15,14 +15,6 @@ namespace strutwright {
 
 namespace {
 
-QByteArray ImageBytes(const QImage& image, const char* format) {
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  buffer.open(QIODevice::WriteOnly);
-  if (!image.save(&buffer, format)) throw FileError("The picture could not be made");
-  return bytes;
-}
-
 QByteArray SvgBytes(const QSize& size, const std::function<void(QPainter&)>& paint) {
   QByteArray bytes;
   QBuffer buffer(&bytes);
@@ -60,6 +52,14 @@ void WriteBytes(const QString& path, const QByteArray& bytes) {
 }
 
 } // namespace
+
+QByteArray ImageBytes(const QImage& image, const char* format) {
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  if (!image.save(&buffer, format)) throw FileError("The picture could not be made");
+  return bytes;
+}
 
 void WritePicture(const std::string& path, const QImage& image, const QSize& size,
                   const std::function<void(QPainter&)>& paint) {

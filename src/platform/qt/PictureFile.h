@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 
+class QByteArray;
 class QImage;
 class QPainter;
 class QSize;
@@ -14,5 +15,8 @@ namespace strutwright {
 /// A failure throws FileError and leaves an older file as it was, unless its folder takes no second file.
 void WritePicture(const std::string& path, const QImage& image, const QSize& size,
                   const std::function<void(QPainter&)>& paint);
+
+/// The bytes of a picture file.  format: "PNG" or "BMP".  Throws FileError.
+QByteArray ImageBytes(const QImage& image, const char* format);
 
 } // namespace strutwright

@@ -38,7 +38,7 @@ bool QtFileDialog::Show(bool save) {
   dialog.setNameFilters(NameFilters(QString::fromStdString(filter)));
   if (save) dialog.setDefaultSuffix(QString::fromStdString(defaultExtension));
   const QFileInfo last(QString::fromStdString(fileName));
-  if (!fileName.empty() && last.dir().exists()) dialog.selectFile(last.absoluteFilePath());
+  if (!fileName.empty() && last.dir().exists()) dialog.selectFile(last.filePath());
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return false;
   const QString chosen = QDir::toNativeSeparators(dialog.selectedFiles().first());
   LastFolder = QFileInfo(chosen).absolutePath();

@@ -21,7 +21,9 @@ void frmGraph::BuildMenus() {
       analysis, "mnuAnimate", "A&nimate", {}, [this] { Frame.AnimateDSD(); },
       "Lets the deflected shape grow and shrink");
   build.AddCheck(analysis);
-  build.Add(analysis, "mnuResults", "&Results Report", {}, [this] { mnuResults_Click(); });
+  build.Add(
+      analysis, "mnuResults", "&Results Report", {}, [this] { mnuResults_Click(); },
+      "Model, drawing, results and check as a document to save or print");
   QMenu& tools = *build.AddMenu("mnuTools", "&Tools");
   build.Add(
       tools, "mnuGenerator", "&Bracefold", {}, [this] { mnuGenerator_Click(); },

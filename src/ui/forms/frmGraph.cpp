@@ -1,5 +1,7 @@
 #include "frmGraph.h"
 
+#include "AnalysisState.h"
+#include "BusyPointer.h"
 #include "DisplayState.h"
 #include "EventGuard.h"
 #include "MainStatusBar.h"
@@ -7,12 +9,16 @@
 #include "frmMain.h"
 #include "frmMemberDetails.h"
 #include "frmNodeDetails.h"
+#include "frmReport.h"
+#include "modKeepResults.h"
 #include "modModelEditing.h"
 #include "modModelRendering.h"
 #include "modModelStore.h"
 #include "modPicking.h"
 #include "modRecentFiles.h"
 #include "modScales.h"
+
+#include <utility>
 
 #include <QCloseEvent>
 #include <QCursor>
@@ -64,7 +70,27 @@ void frmGraph::mnuGenerator_Click() { vLaunch(ProgramFolder() + "/bracefold"); }
 
 void frmGraph::vLaunch(const std::string& path) { TheShell().Open(path); }
 
-void frmGraph::mnuResults_Click() { ShowMessage(MessageIcon::Information, "No results report available yet"); }
+/// What has been pasted meanwhile ends the results.
+void frmGraph::mnuResults_Click() {
+  RebuildKeepingResults();
+  if (HasResultsToReport()) return ShowReport();
+  ShowMessage(MessageIcon::Information, AnalysisDone == FlagFalse ? "No results report available yet"
+                                                                  : "The model has been changed since its analysis.\n"
+                                                                    "Analyse it again for a results report.");
+}
+
+void frmGraph::ShowReport() {
+  const BusyPointer busy;
+  Report report = MakeReport(Frame.ModelName());
+  if (ReportWindow == nullptr) {
+    ReportWindow = new frmReport(Frame, [this] { mnuResults_Click(); });
+    OnSignal(&Frame.EditSteps(), &QUndoStack::indexChanged, ReportWindow, [this] { ReportWindow->NoteModel(); });
+  }
+  ReportWindow->ShowReport(std::move(report));
+  ReportWindow->show();
+  ReportWindow->raise();
+  ReportWindow->activateWindow();
+}
 
 void frmGraph::stsBarUpdate() { Status.ShowAnalysis(QString::fromStdString(AnalysisText())); }
 

@@ -15,6 +15,7 @@ namespace strutwright {
 class frmMain;
 class MainStatusBar;
 class MenuBuilder;
+class frmReport;
 
 /// The truss display, a child window of the main frame.
 class frmGraph : public QWidget, private DisplayListener {
@@ -35,7 +36,7 @@ class frmGraph : public QWidget, private DisplayListener {
   /// Has the desktop open a path.
   void vLaunch(const std::string& path);
 
-  /// Shows the results report; there is none yet.
+  /// Shows the results report of the model, made anew; says so where there are no results.
   void mnuResults_Click();
 
   /// Writes the analysis panel: "Analysis Done" while there are results, "No Analysis" otherwise.
@@ -79,11 +80,13 @@ class frmGraph : public QWidget, private DisplayListener {
   void AddViewMenu(MenuBuilder& build);
   void BuildPopUp(MenuBuilder& build);
   void Refresh();
+  void ShowReport();
 
   frmMain& Frame;
   MainStatusBar& Status;
   DisplayArea* Disp = nullptr;
   QMenu* PopUp = nullptr;
+  frmReport* ReportWindow = nullptr; ///< nullptr until the first report; the frame owns it
   QList<QMenu*> MenuList;
 };
 

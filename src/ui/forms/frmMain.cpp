@@ -159,6 +159,9 @@ void frmMain::DrawMember(int i, int j) {
   Redraw(false);
 }
 
+/// At the start the title is the program's name.
+std::string frmMain::ModelName() const { return Caption == ProgramTitle ? "Untitled" : Caption.toStdString(); }
+
 void frmMain::ShowOptions() { frmOptions(*this).exec(); }
 
 void frmMain::ActivateDisplay() { Children->setActiveSubWindow(GraphWindow); }

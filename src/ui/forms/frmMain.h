@@ -74,6 +74,12 @@ class frmMain : public QMainWindow, public Host {
   /// what: its name, as in "Undo Paste".
   void Edit(const QString& what, const std::function<void()>& command) { History.Run(what, command); }
 
+  /// What the user calls the model: its file's name, or what the title says in its place.
+  std::string ModelName() const;
+
+  /// The steps that changed the model, so that it can be known when it changes.
+  const QUndoStack& EditSteps() const { return History.Steps(); }
+
   void CommitPendingEdit();
 
   /// Add a node or a member to the model as it stands in the grids, and draw it.

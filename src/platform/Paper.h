@@ -1,0 +1,38 @@
+#pragma once
+
+#include "DrawingSurface.h"
+
+#include <functional>
+#include <string>
+
+namespace strutwright {
+
+/// A document to read or to print: HTML of the plain kind that QTextDocument knows, its pictures inside it.
+struct PaperDocument {
+  std::string title; ///< plain text, UTF-8
+  std::string html;
+};
+
+/// Makes documents without a desktop: the same on every screen.  Each routine throws FileError when it fails.
+class Paper {
+ public:
+  virtual ~Paper() = default;
+
+  /// The bytes of a PNG picture of what `draw` draws on a white surface of this size, in logical pixels; fine enough
+  /// for print.
+  virtual std::string Picture(int width, int height, const std::function<void(DrawingSurface&)>& draw) = 0;
+
+  /// The bytes of a PDF file: pages of A4, numbered.
+  virtual std::string Pdf(const PaperDocument& document) = 0;
+};
+
+/// The desktop's printers.
+class Printers {
+ public:
+  virtual ~Printers() = default;
+
+  /// Asks the user where to print and prints.  False when the user cancelled.  Throws FileError.
+  virtual bool Print(const PaperDocument& document) = 0;
+};
+
+} // namespace strutwright

@@ -1,0 +1,27 @@
+#include "QtPrinters.h"
+
+#include "PaperPages.h"
+
+#include <algorithm>
+
+#include <QApplication>
+#include <QPrintDialog>
+#include <QPrinter>
+
+namespace strutwright {
+
+bool QtPrinters::Print(const PaperDocument& document) {
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setPageSize(QPageSize(QPageSize::A4));
+  printer.setPageMargins(PageMargins, QPageLayout::Millimeter);
+  printer.setDocName(QString::fromStdString(document.title));
+  QPrintDialog dialog(&printer, QApplication::activeWindow());
+  dialog.setObjectName("PrintDialog");
+  dialog.setWindowTitle("Print Report");
+  dialog.setOption(QAbstractPrintDialog::PrintPageRange);
+  if (dialog.exec() != QDialog::Accepted) return false;
+  PaintPages(document, printer, {std::max(1, printer.fromPage()), printer.toPage()});
+  return true;
+}
+
+} // namespace strutwright

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace strutwright {
+
+// Building blocks of a document: HTML that QTextDocument and every browser show alike.  Texts are UTF-8.
+
+/// A text with its special characters written out; line ends and other control characters become blanks.
+std::string Escaped(const std::string& text);
+
+/// A column of a table.
+struct HtmlColumn {
+  std::string heading;
+  bool isText = false; ///< set to the left; numbers are set to the right
+};
+
+inline constexpr std::size_t MostTableRows = 500;
+
+/// A table: its headings come again on every page.  rows: as many texts as there are columns, not escaped yet.
+/// More than MostTableRows rows are set in columns of plain text, on purpose: to lay a table out takes Qt a tenth of a
+/// second for every hundred rows.
+std::string HtmlTable(const std::vector<HtmlColumn>& columns, const std::vector<std::vector<std::string>>& rows);
+
+/// A heading, 1 the highest, and a paragraph.  The text is not escaped yet.
+std::string HtmlHeading(int level, const std::string& text);
+std::string HtmlParagraph(const std::string& text);
+
+/// A list of lines; a line that is set in by two blanks more than the one before belongs below it.
+std::string HtmlList(const std::vector<std::string>& lines);
+
+/// A PNG picture that lies in the document.
+std::string HtmlPicture(const std::string& png, int width, int height);
+
+/// The whole document.  body: HTML.
+std::string HtmlPage(const std::string& title, const std::string& body);
+
+} // namespace strutwright

@@ -1,0 +1,177 @@
+#include "modReportText.h"
+
+#include "UiState.h"
+#include "modCheckAnswer.h"
+#include "modColumns.h"
+#include "modGrids.h"
+#include "modHtml.h"
+#include "modModelStore.h"
+#include "modNumberText.h"
+
+#include <sstream>
+#include <vector>
+
+namespace strutwright {
+
+namespace {
+
+using Row = std::vector<std::string>;
+using Rows = std::vector<Row>;
+
+HtmlColumn Number(std::string_view heading) { return {std::string(heading), false}; }
+
+HtmlColumn Words(std::string_view heading) { return {std::string(heading), true}; }
+
+// Columns of the joint results.
+constexpr std::size_t ReactionX = 3;
+constexpr std::size_t ReactionY = 4;
+
+std::string SupportWords(float code) {
+  const std::string number = NumberText(code);
+  if (code == 0) return number + " free";
+  if (code == 1) return number + " held in y";
+  return number + (code == 2 ? " held in x" : " held in x and y");
+}
+
+std::string Count(int count, const std::string& one) {
+  return std::to_string(count) + " " + one + (count == 1 ? "" : "s");
+}
+
+bool HasLoads() {
+  for (int n = 1; n <= NodeCount; ++n) {
+    if (NodeTable(n, NodeForceX) != 0 || NodeTable(n, NodeForceY) != 0) return true;
+  }
+  return false;
+}
+
+std::string Head(const ReportParts& parts) {
+  return HtmlHeading(1, ReportTitle(parts.name)) +
+         HtmlParagraph(parts.date + ". " + Count(NodeCount, "node") + ", " + Count(MemberCount, "member") + ". " +
+                       parts.check.verdict + ".");
+}
+
+std::string NodeTableHtml() {
+  Rows rows;
+  for (int n = 1; n <= NodeCount; ++n) {
+    Row row{std::to_string(n)};
+    for (int field = NodeX; field < NodeSupport; ++field) row.push_back(NumberText(NodeTable(n, field)));
+    row.push_back(SupportWords(NodeTable(n, NodeSupport)));
+    rows.push_back(row);
+  }
+  std::vector<HtmlColumn> columns{Number("Node")};
+  for (std::size_t field = NodeX; field < NodeSupport; ++field)
+    columns.push_back(Number(JointColumns.at(field).heading));
+  columns.push_back(Words(JointColumns.at(NodeSupport).heading));
+  return HtmlTable(columns, rows);
+}
+
+std::string MemberTableHtml() {
+  Rows rows;
+  for (int m = 1; m <= MemberCount; ++m) {
+    Row row{std::to_string(m)};
+    for (int field = MemberNodeI; field <= MemberPS; ++field) row.push_back(NumberText(MemberTable(m, field)));
+    rows.push_back(row);
+  }
+  std::vector<HtmlColumn> columns{Number("Member")};
+  for (std::size_t field = MemberNodeI; field <= MemberPS; ++field) {
+    columns.push_back(Number(MemberColumns.at(field).heading));
+  }
+  return HtmlTable(columns, rows);
+}
+
+std::string ModelSection() {
+  return HtmlHeading(2, "Model") + HtmlHeading(3, "Nodes, loads and supports") + NodeTableHtml() +
+         (HasLoads() ? "" : HtmlParagraph("No node bears a load.")) + HtmlHeading(3, "Members") + MemberTableHtml();
+}
+
+std::string Legend(const ReportFrame& frame) {
+  std::string legend = "Green: supports, and reactions in kN. Red: loads in kN, and dashed the deflected shape, its "
+                       "displacements drawn " +
+                       NumberText(frame.deflectionScale) +
+                       " times as large. An arrow as long as 1 m of the truss stands for " +
+                       NumberText(frame.loadsScale) + " kN.";
+  legend += frame.numbers ? " Numbers of nodes are black, those of members red."
+                          : " Numbers of nodes and members are left out: members are drawn too short for them.";
+  legend += frame.forces ? " Blue: member forces in kN, their arrows pulling at the nodes in tension and pressing on "
+                           "them in compression."
+                         : " Member forces are left out for want of room.";
+  return legend;
+}
+
+std::string DrawingSection(const ReportParts& parts) {
+  const ReportFrame& frame = parts.frame;
+  return HtmlHeading(2, "Drawing") + HtmlPicture(parts.picture, ReportWidth, frame.height * ReportWidth / frame.width) +
+         HtmlParagraph(Legend(frame));
+}
+
+/// A row of a results grid, its number first.
+Row ResultRow(const Grid& grid, int row) {
+  Row texts;
+  for (int column = 0; column < grid.ColumnCount(); ++column) texts.push_back(grid.Text(row, column));
+  return texts;
+}
+
+/// In a direction that no support holds, a node has no reaction, whatever its grid shows.
+std::string NodeResultsHtml() {
+  Rows rows;
+  for (int n = 1; n <= NodeCount; ++n) {
+    const float code = NodeTable(n, NodeSupport);
+    Row row = ResultRow(jResGr, n);
+    if (code == 0 || code == 1) row[ReactionX].clear();
+    if (code == 0 || code == 2) row[ReactionY].clear();
+    rows.push_back(row);
+  }
+  std::vector<HtmlColumn> columns{Number("Node")};
+  for (std::size_t column = 1; column < JointResultColumns.size(); ++column) {
+    columns.push_back(
+        Number((column < ReactionX ? "" : "Reaction ") + std::string(JointResultColumns.at(column).heading)));
+  }
+  return HtmlTable(columns, rows);
+}
+
+std::string MemberResultsHtml() {
+  Rows rows;
+  for (int m = 1; m <= MemberCount; ++m) rows.push_back(ResultRow(mResGr, m));
+  return HtmlTable({Number("Member"), Number(MemberResultColumns[1].heading), Words(MemberResultColumns[2].heading),
+                    Number(MemberResultColumns[3].heading), Number(MemberResultColumns[4].heading)},
+                   rows);
+}
+
+std::string ResultsSection() {
+  return HtmlHeading(2, "Results") + HtmlHeading(3, "Displacements and reactions") + NodeResultsHtml() +
+         HtmlHeading(3, "Members") + MemberResultsHtml();
+}
+
+template <class Explanations>
+std::string ExplanationsHtml(const std::string& quantity, const std::string& meaning,
+                             const Explanations& explanations) {
+  Rows rows;
+  for (const Explanation& each : explanations) rows.push_back({std::string(each.quantity), std::string(each.meaning)});
+  return HtmlTable({Words(quantity), Words(meaning)}, rows);
+}
+
+std::string ExplanationSections() {
+  return HtmlHeading(2, "Sign conventions") + ExplanationsHtml("Quantity", "Positive means", SignConventions) +
+         HtmlParagraph(std::string(ReactionConvention)) + HtmlHeading(2, "Units") +
+         ExplanationsHtml("Quantity", "Unit", UnitsOfReport);
+}
+
+/// The verdict, which is the first line of the check's text, and then its facts.
+std::string CheckSection(const CheckReport& check) {
+  std::istringstream text(CheckText(check));
+  std::vector<std::string> lines;
+  for (std::string line; std::getline(text, line);) lines.push_back(line);
+  lines.erase(lines.begin());
+  return HtmlHeading(2, "Check") + HtmlParagraph(check.verdict + ".") + HtmlList(lines);
+}
+
+} // namespace
+
+std::string ReportTitle(const std::string& name) { return "Truss report: " + name; }
+
+std::string ReportHtml(const ReportParts& parts) {
+  return HtmlPage(ReportTitle(parts.name), Head(parts) + ModelSection() + DrawingSection(parts) + ResultsSection() +
+                                               ExplanationSections() + CheckSection(parts.check));
+}
+
+} // namespace strutwright

@@ -1,0 +1,107 @@
+#include "frmReport.h"
+
+#include "EventGuard.h"
+#include "frmMain.h"
+#include "modReportDrawing.h"
+#include "modReportFiles.h"
+
+#include <utility>
+
+#include <QHBoxLayout>
+#include <QImage>
+#include <QLabel>
+#include <QPushButton>
+#include <QShortcut>
+#include <QTextBrowser>
+#include <QTextDocument>
+#include <QUrl>
+#include <QVBoxLayout>
+
+namespace strutwright {
+
+namespace {
+
+constexpr double PaperMargin = 14;   // pixels
+constexpr QSize FirstSize{740, 720}; // a page's width and a scroll bar beside it
+
+/// Shows the drawing, which is fine enough for print, as smooth as the screen can: Qt would leave pixels out.
+class ReportView : public QTextBrowser {
+ public:
+  QVariant loadResource(int type, const QUrl& name) override {
+    if (type != QTextDocument::ImageResource || name.scheme() != "data") return QTextBrowser::loadResource(type, name);
+    const QByteArray letters = name.path(QUrl::FullyEncoded).section(',', 1).toLatin1();
+    const QImage drawing = QImage::fromData(QByteArray::fromBase64(letters));
+    const int width = qRound(ReportWidth * devicePixelRatioF());
+    return drawing.width() > width ? drawing.scaledToWidth(width, Qt::SmoothTransformation) : drawing;
+  }
+};
+
+/// A report is paper, also under a dark desktop theme.
+QPalette PaperColours(QPalette palette) {
+  palette.setColor(QPalette::Base, Qt::white);
+  palette.setColor(QPalette::Text, Qt::black);
+  return palette;
+}
+
+} // namespace
+
+frmReport::frmReport(frmMain& frame, const std::function<void()>& renew) : QDialog(&frame, Qt::Window), Frame(frame) {
+  setObjectName("frmReport");
+  reportTxt = new ReportView;
+  reportTxt->setObjectName("reportTxt");
+  reportTxt->setAccessibleName("Results report");
+  reportTxt->setToolTip("The report as it is saved and printed");
+  reportTxt->setPalette(PaperColours(reportTxt->palette()));
+  reportTxt->setOpenLinks(false);
+  reportTxt->document()->setDocumentMargin(PaperMargin);
+  lblState = new QLabel("The model has been changed since this report was made. Analyse it and press Renew for a "
+                        "report of the model as it is now.");
+  lblState->setObjectName("lblState");
+  lblState->setWordWrap(true);
+  lblState->hide();
+  auto* whole = new QVBoxLayout(this);
+  whole->addWidget(lblState);
+  whole->addWidget(reportTxt, 1);
+  whole->addLayout(BuildButtons(renew));
+  resize(FirstSize);
+}
+
+QLayout* frmReport::BuildButtons(const std::function<void()>& renew) {
+  const auto saveAsPdf = [this] { SaveReportAsPdf(Shown); };
+  const auto print = [this] { PrintReport(Shown); };
+  auto* row = new QHBoxLayout;
+  row->addWidget(AddButton("btnRenew", "&Renew", "Makes the report of the model as it is now", renew));
+  row->addStretch();
+  row->addWidget(AddButton("btnSavePdf", "Save as P&DF...", "Saves the report as pages (Ctrl+S)", saveAsPdf));
+  row->addWidget(AddButton("btnSaveHtml", "Save as &HTML...", "Saves the report as a page for browsers",
+                           [this] { SaveReportAsHtml(Shown); }));
+  row->addWidget(AddButton("btnPrint", "&Print...", "Prints the report (Ctrl+P)", print));
+  row->addWidget(AddButton("btnClose", "&Close", "Closes this window (Escape)", [this] { close(); }));
+  const auto connectKey = [this](QKeySequence::StandardKey key, const std::function<void()>& command) {
+    OnSignal(new QShortcut(key, this), &QShortcut::activated, this, [this, command] { Frame.Run(command); });
+  };
+  connectKey(QKeySequence::Save, saveAsPdf);
+  connectKey(QKeySequence::Print, print);
+  return row;
+}
+
+QPushButton* frmReport::AddButton(const QString& name, const QString& caption, const QString& toolTip,
+                                  const std::function<void()>& command) {
+  auto* button = new QPushButton(caption);
+  button->setObjectName(name);
+  button->setToolTip(toolTip);
+  button->setAutoDefault(false);
+  OnSignal(button, &QPushButton::clicked, this, [this, command] { Frame.Run(command); });
+  return button;
+}
+
+void frmReport::ShowReport(Report report) {
+  Shown = std::move(report);
+  setWindowTitle("Results Report - " + QString::fromStdString(Shown.name));
+  reportTxt->setHtml(QString::fromStdString(Shown.document.html));
+  lblState->hide();
+}
+
+void frmReport::NoteModel() { lblState->setVisible(!IsUpToDate(Shown)); }
+
+} // namespace strutwright

@@ -1,0 +1,177 @@
+#include "FileSystem.h"
+#include "PaperPages.h"
+#include "QtPaper.h"
+#include "QtPrinters.h"
+#include "ScratchFolder.h"
+#include "WidgetsFixture.h"
+
+#include <stdexcept>
+#include <string>
+
+#include <QAbstractTextDocumentLayout>
+#include <QBuffer>
+#include <QComboBox>
+#include <QImage>
+#include <QLineEdit>
+#include <QPdfWriter>
+#include <QPrintDialog>
+#include <QTextBlock>
+#include <QTextDocument>
+
+#include <gmock/gmock.h>
+
+namespace strutwright {
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+class PaperTest : public WidgetsTest {
+ protected:
+  PaperTest() {
+    sheet.open(QIODevice::WriteOnly);
+    writer.setPageLayout({QPageSize(QPageSize::A4), QPageLayout::Portrait, PageMargins, QPageLayout::Millimeter});
+  }
+
+  int PageOf(const QTextBlock& block) {
+    const QRectF place = text.documentLayout()->blockBoundingRect(block);
+    const int page = static_cast<int>(place.top() / text.pageSize().height());
+    EXPECT_LE(place.bottom(), (page + 1) * text.pageSize().height() + 1) << block.text().toStdString() << " is cut";
+    return page;
+  }
+
+  QBuffer sheet;
+  QPdfWriter writer{&sheet};
+  QTextDocument text;
+  QtPaper paper;
+  ScratchFolder folder;
+};
+
+std::string Lines(int count) {
+  std::string html;
+  for (int line = 0; line < count; ++line) html += "<p>line</p>";
+  return html;
+}
+
+std::string Rows(int count) {
+  std::string html = "<table><thead><tr><th>head</th></tr></thead>";
+  for (int row = 0; row < count; ++row) html += "<tr><td>row</td></tr>";
+  return html + "</table>";
+}
+
+int PagesIn(const std::string& pdf) {
+  int count = 0;
+  for (std::size_t at = pdf.find("/Type /Page\n"); at != std::string::npos; at = pdf.find("/Type /Page\n", at + 1))
+    ++count;
+  return count;
+}
+
+TEST_F(PaperTest, MakesPdfOfA4) {
+  const std::string pdf = paper.Pdf({"a title", "<p>a line</p>"});
+  EXPECT_THAT(pdf, StartsWith("%PDF-1.4"));
+  EXPECT_THAT(pdf, HasSubstr("%%EOF"));
+  EXPECT_THAT(pdf, HasSubstr("/MediaBox [0 0 595.000000 842.000000]"));
+  EXPECT_EQ(PagesIn(pdf), 1);
+}
+
+TEST_F(PaperTest, BreaksLongDocumentsIntoPages) {
+  const std::string pdf = paper.Pdf({"a title", Lines(200)});
+  EXPECT_GT(PagesIn(pdf), 3);
+  EXPECT_EQ(PaintPages({"a title", Lines(200)}, writer), PagesIn(pdf));
+}
+
+TEST_F(PaperTest, PaintsARangeOfPages) {
+  EXPECT_GT(PaintPages({"a title", Lines(200)}, writer, {2, 3}), 3);
+  EXPECT_EQ(PagesIn(sheet.data().toStdString()), 2);
+}
+
+TEST_F(PaperTest, PaintsNoMorePagesThanThereAre) {
+  EXPECT_EQ(PaintPages({"a title", "<p>a line</p>"}, writer, {1, 99}), 1);
+  EXPECT_EQ(PagesIn(sheet.data().toStdString()), 1);
+}
+
+TEST_F(PaperTest, ThrowsWhereNothingCanBePainted) {
+  sheet.close();
+  QPdfWriter nowhere(QString::fromStdString(folder.Path("missing/a.pdf")));
+  EXPECT_THROW(PaintPages({"a title", "<p>a line</p>"}, nowhere), FileError);
+}
+
+// Wherever on a page it would come to stand.
+TEST_F(PaperTest, KeepsAHeadingWithWhatItHeads) {
+  for (int before = 0; before < 60; ++before) {
+    LayOut(text, {"", Lines(before) + "<h2>Results</h2><h3>Members</h3>" + Rows(5)}, writer);
+    QTextBlock heading = text.begin();
+    while (heading.text() != "Results") heading = heading.next();
+    const int page = PageOf(heading);
+    EXPECT_EQ(PageOf(heading.next()), page) << before;
+    EXPECT_EQ(PageOf(heading.next().next()), page) << before;               // the table's headings
+    EXPECT_EQ(PageOf(heading.next().next().next().next()), page) << before; // and its second row
+  }
+}
+
+TEST_F(PaperTest, KeepsAHeadingWithAPicture) {
+  const std::string png =
+      QByteArray::fromStdString(paper.Picture(64, 58, [](DrawingSurface&) {})).toBase64().toStdString();
+  const std::string picture =
+      "<h2>Drawing</h2><p><img width=\"640\" height=\"576\" src=\"data:image/png;base64," + png + "\"></p>";
+  for (int before = 0; before < 60; before += 3) {
+    LayOut(text, {"", Lines(before) + picture}, writer);
+    const QTextBlock drawing = text.lastBlock();
+    EXPECT_EQ(PageOf(drawing.previous()), PageOf(drawing)) << before;
+    EXPECT_LE(text.documentLayout()->blockBoundingRect(drawing).width(), text.pageSize().width());
+    EXPECT_LE(text.idealWidth(), text.pageSize().width());
+  }
+}
+
+TEST_F(PaperTest, CutsNoRowOfATable) {
+  LayOut(text, {"", Rows(300)}, writer);
+  EXPECT_GT(text.pageCount(), 3);
+  for (QTextBlock block = text.begin(); block.isValid(); block = block.next()) PageOf(block);
+}
+
+TEST_F(PaperTest, MakesPicturesFineEnoughForPrint) {
+  const std::string png = paper.Picture(200, 100, [](DrawingSurface& surface) {
+    EXPECT_EQ(surface.PixelWidth(), 200.0F);
+    EXPECT_EQ(surface.PixelHeight(), 100.0F);
+    surface.SetWindow({0, 0, 2, 1});
+    surface.SetPenColour(Red);
+    surface.DrawLine(0, 0, 2, 1);
+  });
+  const QImage image = QImage::fromData(QByteArray::fromStdString(png), "PNG");
+  EXPECT_EQ(image.size(), QSize(600, 300));
+  EXPECT_EQ(image.pixelColor(300, 150), QColor(Qt::red));
+  EXPECT_EQ(image.pixelColor(10, 290), QColor(Qt::white));
+}
+
+TEST_F(PaperTest, MakesTheSamePictureTwice) {
+  const auto draw = [](DrawingSurface& surface) {
+    surface.MoveTo(0.2, 0.2);
+    surface.DrawText("12.3");
+  };
+  EXPECT_EQ(paper.Picture(60, 60, draw), paper.Picture(60, 60, draw));
+}
+
+TEST_F(PaperTest, PrintsNothingWhenTheUserCancels) {
+  WhenShown<QPrintDialog>([](QPrintDialog& dialog) {
+    EXPECT_EQ(dialog.windowTitle(), "Print Report");
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+  });
+  EXPECT_FALSE(QtPrinters().Print({"a title", "<p>a line</p>"}));
+}
+
+TEST_F(PaperTest, PrintsIntoAFile) {
+  const std::string file = folder.Path("printed.pdf");
+  WhenShown<QPrintDialog>([&file](QPrintDialog& dialog) {
+    auto* printers = dialog.findChild<QComboBox*>("printers");
+    auto* name = dialog.findChild<QLineEdit*>("filename");
+    if (printers == nullptr || name == nullptr) throw std::runtime_error("The print dialog looks different");
+    printers->setCurrentText("Print to File (PDF)");
+    name->setText(QString::fromStdString(file));
+    dialog.accept();
+  });
+  EXPECT_TRUE(QtPrinters().Print({"a title", Lines(100)}));
+  EXPECT_GT(PagesIn(FileBytes(file)), 1);
+}
+
+} // namespace
+} // namespace strutwright
