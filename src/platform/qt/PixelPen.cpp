@@ -137,8 +137,8 @@ void Stamp::CopyPart(std::uint32_t* pixels, int width, int x, std::size_t at) co
   std::copy_n(row.begin() + from, count, pixels + (x + from));
 }
 
-PixelPen::PixelPen(QImage& picture, QRgb colour, double width)
-    : Ground(picture), Colour(colour | 0xFF000000U), HalfWidth(width / 2) {}
+PixelPen::PixelPen(const Pixels& ground, QRgb colour, double width)
+    : Ground(ground), Colour(colour | 0xFF000000U), HalfWidth(width / 2) {}
 
 /// What lies no farther than `half` from a straight line: |a x + b y - c| <= half, (a, b) of length 1.
 struct Band {

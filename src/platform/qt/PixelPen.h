@@ -47,7 +47,7 @@ class Stamp {
 /// covers ten of them.  All in device pixels of a picture of the format RGB32, antialiased.
 class PixelPen {
  public:
-  PixelPen(QImage& picture, QRgb colour, double width);
+  PixelPen(const Pixels& ground, QRgb colour, double width);
 
   /// Its ends stand out by half the width.
   void SolidLine(const QLineF& line);
