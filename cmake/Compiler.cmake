@@ -23,6 +23,10 @@ if(STRUTWRIGHT_WERROR)
   target_compile_options(strutwright_compiler INTERFACE -Werror)
 endif()
 
+# What is reached tells a fuzz target which of its inputs are worth changing further.
+if(STRUTWRIGHT_FUZZ)
+  target_compile_options(strutwright_compiler INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 if(STRUTWRIGHT_SANITIZE)
   target_compile_options(strutwright_compiler INTERFACE -fsanitize=${STRUTWRIGHT_SANITIZE} -fno-sanitize-recover=all
                                                         -fno-omit-frame-pointer

@@ -143,11 +143,13 @@ void Panel::ComputeFactors(int j) {
 }
 
 void Panel::UpdateColumnsAfter(int j, const Kernel& kernel) {
-  const auto below = static_cast<std::size_t>(j) + 1;
+  // Most entries of the pivot row are zero, so that all that counts is how soon the next one is looked at.
+  float* entry = Column(j) + j;
   for (int c = j + 1; c < Pivots; ++c) {
-    const auto entry = static_cast<double>(Column(c)[j]);
-    if (entry == 0.0) continue;
-    kernel.UpdateColumn(Column(c) + below, FactorColumn(j) + below, entry, RowCount - below);
+    entry += RowCount;
+    if (*entry == 0.0F) continue;
+    const auto below = static_cast<std::size_t>(j) + 1;
+    kernel.UpdateColumn(entry + 1, FactorColumn(j) + below, static_cast<double>(*entry), RowCount - below);
   }
 }
 

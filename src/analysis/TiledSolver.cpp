@@ -68,6 +68,7 @@ class Elimination {
   bool FinishPivotRows(int column);
   void FinishPivotRow(float* row, int j);
   void KeepPivotRow(float* row, int j);
+  void GivePivotZerosTheirSigns(float* row, int j);
   void UpdateTilesBelow(int column);
   void UpdateTile(int column, const Touched& each);
   void UpdateUntouchedZeros(int column, int group);
@@ -184,22 +185,31 @@ void Elimination::FinishPivotRow(float* row, int j) {
 }
 
 void Elimination::KeepPivotRow(float* row, int j) {
+  std::uint32_t minusZero = 0;
+  for (int c = 0; c < TileColumns; ++c) minusZero |= IsNegativeZero(row[c]) ? 1U : 0U;
+  if (minusZero != 0) GivePivotZerosTheirSigns(row, j);
+  // One loop for each result, which the compiler turns into a few instructions for all columns.
   double* entries = pivotRows.Row(j);
   std::uint32_t some = 0;
   std::uint32_t minus = 0;
+  std::uint32_t notFinite = 0;
+  for (int c = 0; c < TileColumns; ++c) entries[c] = static_cast<double>(row[c]);
+  for (int c = 0; c < TileColumns; ++c) minus |= std::bit_cast<std::uint32_t>(row[c]);
+  for (int c = 0; c < TileColumns; ++c) some |= std::bit_cast<std::uint32_t>(row[c]) & ~NegativeZeroBits;
   for (int c = 0; c < TileColumns; ++c) {
-    if (IsNegativeZero(row[c]) && LosesMinusSign(panel.RowFactors(static_cast<std::size_t>(j / TileRows), j % TileRows),
-                                                 panel.FactorStep(), pivotRows.Row(0) + c, TileColumns, j)) {
-      row[c] = 0.0F;
-    }
-    entries[c] = static_cast<double>(row[c]);
-    const auto bits = std::bit_cast<std::uint32_t>(row[c]);
-    minus |= bits;
-    some |= bits & ~NegativeZeroBits;
-    pivotRows.finite &= (bits & InfinityBits) != InfinityBits;
+    notFinite |= (std::bit_cast<std::uint32_t>(row[c]) & InfinityBits) == InfinityBits ? 1U : 0U;
   }
+  pivotRows.finite &= notFinite == 0;
   pivotRows.bits |= std::uint64_t{some != 0 ? 1U : 0U} << j;
   pivotRows.minus |= (minus & NegativeZeroBits) != 0;
+}
+
+void Elimination::GivePivotZerosTheirSigns(float* row, int j) {
+  const double* factors = panel.RowFactors(static_cast<std::size_t>(j / TileRows), j % TileRows);
+  for (int c = 0; c < TileColumns; ++c) {
+    if (!IsNegativeZero(row[c])) continue;
+    if (LosesMinusSign(factors, panel.FactorStep(), pivotRows.Row(0) + c, TileColumns, j)) row[c] = 0.0F;
+  }
 }
 
 void Elimination::UpdateTilesBelow(int column) {

@@ -24,27 +24,33 @@ MemberEnds EndsOf(int m) {
   return {RoundNodeNumber(MemberTable(m, MemberNodeI)), RoundNodeNumber(MemberTable(m, MemberNodeJ))};
 }
 
-double EndDifference(int m, NodeField coordinate) {
+/// From node i to node j, in m.
+struct MemberSpan {
+  double dx = 0;
+  double dy = 0;
+
+  float Length() const { return static_cast<float>(std::sqrt(dy * dy + dx * dx)); }
+  float Cos(float length) const { return static_cast<float>(dx / static_cast<double>(length)); }
+  float Sin(float length) const { return static_cast<float>(dy / static_cast<double>(length)); }
+};
+
+MemberSpan SpanOf(int m) {
   const MemberEnds ends = EndsOf(m);
-  return static_cast<double>(NodeTable(ends.j, coordinate)) - static_cast<double>(NodeTable(ends.i, coordinate));
+  const auto difference = [&ends](NodeField coordinate) {
+    return static_cast<double>(NodeTable(ends.j, coordinate)) - static_cast<double>(NodeTable(ends.i, coordinate));
+  };
+  return {difference(NodeX), difference(NodeY)};
 }
 
 void ReportIgnored(int m, const std::string& what) {
   ShowMessage(MessageIcon::Critical, "Error: member index " + std::to_string(m) + " " + what + "\nMember ignored");
 }
 
-/// The component of the unit direction along a coordinate.  length: the member's, in m.
-float ComponentAlong(int m, NodeField coordinate, float length) {
-  return static_cast<float>(EndDifference(m, coordinate) / static_cast<double>(length));
-}
-
-/// The same for whoever may name a member that cannot be.
-float DirectionComponent(int m, NodeField coordinate) {
-  if (m <= 0) {
-    ShowMessage(MessageIcon::Critical, "Error: member index of " + std::to_string(m) + " called");
-    return 0.0F;
-  }
-  return ComponentAlong(m, coordinate, MemberLength(m));
+/// Whether the number can be a member's; reports it where not.
+bool CanBeMember(int m) {
+  if (m > 0) return true;
+  ShowMessage(MessageIcon::Critical, "Error: member index of " + std::to_string(m) + " called");
+  return false;
 }
 
 /// Reports everything that makes the member invalid, in the order E, A, length.
@@ -87,17 +93,16 @@ void FillStiffness(Matrix& k, double E, double A, double length, double c, doubl
   }
 }
 
-template <typename Equations>
-void AddMember(int m, const Matrix& k, Equations& K) {
-  const std::optional<std::array<int, 5>> freedoms = MemberFreedoms(m);
-  if (!freedoms) return;
-  const std::array<int, 5>& freedom = *freedoms;
-  for (std::size_t p = 1; p <= 4; ++p) {
-    for (std::size_t q = 1; q <= 4; ++q) {
-      float& entry = K(freedom[p], freedom[q]);
-      const float addend = k(static_cast<int>(p), static_cast<int>(q));
-      entry = static_cast<float>(static_cast<double>(entry) + static_cast<double>(addend));
-    }
+int Freedom(const std::array<int, 5>& freedoms, int p) { return freedoms[static_cast<std::size_t>(p)]; }
+
+void AddTo(float& entry, float addend) {
+  entry = static_cast<float>(static_cast<double>(entry) + static_cast<double>(addend));
+}
+
+/// Adds what k holds from (p, q) on for two freedoms of one node by two of one node.
+void AddNodeBlock(const Matrix& k, int p, int q, float* block) {
+  for (int r = 0; r < 2; ++r) {
+    for (int c = 0; c < 2; ++c) AddTo(TileRow(block, r)[c], k(p + r, q + c));
   }
 }
 
@@ -109,21 +114,18 @@ float EndMovement(std::size_t freedomAtJ, std::size_t freedomAtI) {
 
 } // namespace
 
-float MemberLength(int m) {
-  const double dy = EndDifference(m, NodeY);
-  const double dx = EndDifference(m, NodeX);
-  return static_cast<float>(std::sqrt(dy * dy + dx * dx));
-}
+float MemberLength(int m) { return SpanOf(m).Length(); }
 
-float MemberCos(int m) { return DirectionComponent(m, NodeX); }
+float MemberCos(int m) { return CanBeMember(m) ? SpanOf(m).Cos(MemberLength(m)) : 0.0F; }
 
-float MemberSin(int m) { return DirectionComponent(m, NodeY); }
+float MemberSin(int m) { return CanBeMember(m) ? SpanOf(m).Sin(MemberLength(m)) : 0.0F; }
 
 bool MemberStiffness(Matrix& k, int m) {
-  const float length = MemberLength(m);
+  const MemberSpan span = SpanOf(m);
+  const float length = span.Length();
   if (!CheckMember(m, length)) return false;
-  const float c = ComponentAlong(m, NodeX, length);
-  const float s = ComponentAlong(m, NodeY, length);
+  const float c = span.Cos(length);
+  const float s = span.Sin(length);
   const auto lengthInMm = static_cast<float>(length * Thousand);
   MemberTable(m, MemberFieldLength) = lengthInMm;
   MemberTable(m, MemberFieldCos) = c;
@@ -141,9 +143,22 @@ std::optional<std::array<int, 5>> MemberFreedoms(int m) {
   return {{0, 2 * ends.i - 1, 2 * ends.i, 2 * ends.j - 1, 2 * ends.j}};
 }
 
-void AddMemberToGlobal(int m, const Matrix& k, Matrix& K) { AddMember(m, k, K); }
+void AddMemberToGlobal(int m, const Matrix& k, Matrix& K) {
+  const std::optional<std::array<int, 5>> freedoms = MemberFreedoms(m);
+  if (!freedoms) return;
+  for (int p = 1; p <= 4; ++p) {
+    for (int q = 1; q <= 4; ++q) AddTo(K(Freedom(*freedoms, p), Freedom(*freedoms, q)), k(p, q));
+  }
+}
 
-void AddMemberToGlobal(int m, const Matrix& k, TiledMatrix& K) { AddMember(m, k, K); }
+void AddMemberToGlobal(int m, const Matrix& k, TiledMatrix& K) {
+  const std::optional<std::array<int, 5>> freedoms = MemberFreedoms(m);
+  if (!freedoms) return;
+  // The two freedoms of a node are never in different tiles.
+  for (const int p : {1, 3}) {
+    for (const int q : {1, 3}) AddNodeBlock(k, p, q, &K(Freedom(*freedoms, p), Freedom(*freedoms, q)));
+  }
+}
 
 void ComputeMemberForce(int m) {
   const MemberEnds ends = EndsOf(m);

@@ -5,7 +5,6 @@
 
 #include <CLI/CLI.hpp>
 
-#include <exception>
 #include <iomanip>
 #include <map>
 #include <optional>

@@ -50,8 +50,9 @@ struct AccuracyReport {
   double displacementDifference = 0; ///< largest relative one
   double forceDifference = 0;        ///< of member forces
   double reactionDifference = 0;
-  int worstNode = 0;   ///< displaced with the largest difference; 0 where all agree
-  int worstMember = 0; ///< force with the largest difference; 0 where all agree
+  int worstNode = 0;         ///< displaced with the largest difference; 0 where all agree
+  int worstMember = 0;       ///< force with the largest difference; 0 where all agree
+  double directionError = 0; ///< what rounding of the coordinates does to forces, relative; it limits the digits
 };
 
 /// Whether the results balance, in kN, kN m and J.

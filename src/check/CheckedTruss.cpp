@@ -19,6 +19,15 @@ void ReadNode(int n, CheckedTruss& truss) {
   truss.fixed[AlongY(n)] = code != 0.0F && code != 2.0F ? 1 : 0;
 }
 
+constexpr double MuchDoubt = 0.02;
+
+/// rounding: how far a coordinate may be from what was meant.
+double DoubtOf(const CheckedTruss& truss, const CheckedMember& member, double (*rounding)(double)) {
+  const double x = rounding(truss.x[At(member.i)]) + rounding(truss.x[At(member.j)]);
+  const double y = rounding(truss.y[At(member.i)]) + rounding(truss.y[At(member.j)]);
+  return 1000 * (x * std::abs(member.s) + y * std::abs(member.c)) / member.length;
+}
+
 void ReadMember(int m, CheckedTruss& truss) {
   const int i = RoundNodeNumber(MemberTable(m, MemberNodeI));
   const int j = RoundNodeNumber(MemberTable(m, MemberNodeJ));
@@ -30,8 +39,9 @@ void ReadMember(int m, CheckedTruss& truss) {
   const double E = MemberTable(m, MemberE);
   const double A = MemberTable(m, MemberA);
   const bool bears = E > 0 && A > 0;
-  truss.members.push_back(
-      {m, i, j, dx / length, dy / length, 1000 * length, bears ? E * A : 0, MemberTable(m, MemberPS)});
+  CheckedMember member{m, i, j, dx / length, dy / length, 1000 * length, bears ? E * A : 0, MemberTable(m, MemberPS)};
+  member.doubt = DoubtOf(truss, member, RoundingOf);
+  truss.members.push_back(member);
 }
 
 double Extent(const std::vector<double>& coordinates) {
@@ -50,6 +60,7 @@ std::vector<double> LoadsWithPrestress(const CheckedTruss& truss) {
   std::vector<double> P = truss.load;
   // P(i) += PS (c, s), P(j) -= PS (c, s).   Checked: a bar between fixed ends bears PS.
   for (const CheckedMember& member : truss.members) {
+    if (!member.Bears()) continue;
     P[AlongX(member.i)] += member.prestress * member.c;
     P[AlongY(member.i)] += member.prestress * member.s;
     P[AlongX(member.j)] -= member.prestress * member.c;
@@ -62,6 +73,17 @@ double LargestCause(const CheckedTruss& truss) {
   double largest = 0;
   for (const double load : truss.load) largest = std::max(largest, std::abs(load));
   for (const CheckedMember& member : truss.members) largest = std::max(largest, std::abs(member.prestress));
+  return largest;
+}
+
+double LargestTurn(const CheckedTruss& truss) {
+  double largest = 0;
+  for (const CheckedMember& member : truss.members) {
+    if (!member.Bears()) continue;
+    largest = std::max(largest, DoubtOf(truss, member, RoundingOfDecimal));
+    // So far out, a float has no room for what was typed, and its shortest decimal number says nothing of it.
+    if (member.doubt > MuchDoubt) largest = std::max(largest, member.doubt);
+  }
   return largest;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Directions.h"
+
 #include <cstddef>
 #include <vector>
 
@@ -15,8 +17,10 @@ struct CheckedMember {
   double length = 0;    ///< mm
   double rigidity = 0;  ///< E A in kN; 0 where E or A is not above zero
   double prestress = 0; ///< kN
+  double doubt = 0;     ///< how far rounding of its coordinates may have turned it, an angle
 
   bool Bears() const { return rigidity > 0; }
+  Direction Towards() const { return {c, s, doubt}; }
 };
 
 /// The model as the check sees it: read from the tables, kept in double, without what can't bear anything.
@@ -41,12 +45,16 @@ constexpr std::size_t AlongX(int node) { return static_cast<std::size_t>(2 * nod
 constexpr std::size_t AlongY(int node) { return static_cast<std::size_t>(2 * node); }
 constexpr std::size_t At(int number) { return static_cast<std::size_t>(number); }
 
-/// Load of every freedom (0..2 nodeCount) in kN, with what prestress exerts on the nodes.  A member without stiffness
-/// exerts its prestress too, as in the analysis.
+/// Load of every freedom (0..2 nodeCount) in kN, with what prestress exerts on the nodes.  What can't bear holds no
+/// prestress either, though the analysis pushes with it.
 std::vector<double> LoadsWithPrestress(const CheckedTruss& truss);
 
 /// The largest load or prestress, kN; the measure for what counts as no force.
 double LargestCause(const CheckedTruss& truss);
+
+/// How far the rounding of coordinates has turned a member at most, taken that they were typed as decimal numbers; an
+/// angle, and so about the relative error that it makes in forces.
+double LargestTurn(const CheckedTruss& truss);
 
 /// Reads the model tables.  Members that name no existing node, join a node to itself or have no length stay out.
 CheckedTruss ReadTruss();

@@ -6,6 +6,9 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <numeric>
+#include <optional>
+#include <stdexcept>
 #include <utility>
 
 namespace strutwright {
@@ -15,14 +18,20 @@ namespace {
 using Matrix = Eigen::SparseMatrix<double>;
 using RowMatrix = Eigen::SparseMatrix<double, Eigen::RowMajor, SuiteSparse_long>;
 
-/// A column this close to the span of the others depends on them.
-constexpr double RankTolerance = 1e-6;
-/// Least eigenvalue of the product of the matrix with its transpose from which on no column can be that close.
-constexpr double SurelyIndependent = 1e-10;
+/// A column this close to the span of those before it depends on them, as far as double precision can tell.
+constexpr double RankTolerance = 1e-12;
+/// Least eigenvalue of the product of the matrix with its transpose that inverse iteration tells from rounding.
+constexpr double LeastCertain = 1e-10;
+/// The roundings of coordinates that are taken to have met in the worst way.
+constexpr double Roundings = 2;
+constexpr double CautiousRoundings = 6;
+constexpr int InverseSteps = 6;
+constexpr std::size_t MostWithinRounding = 20;
 
 /// One row a member that bears, one column an unrestrained freedom that a member touches: elongation by displacement.
 struct Kinematics {
   Matrix elongations;
+  std::vector<std::size_t> members;  ///< of the rows, indices in the truss
   std::vector<std::size_t> freedoms; ///< of the columns
   std::vector<std::size_t> loose;    ///< unrestrained freedoms that no member touches
 };
@@ -32,27 +41,36 @@ struct Entry {
   double value;
 };
 
-std::array<Entry, 4> EntriesOf(const CheckedMember& member) {
-  return {{{AlongX(member.i), -member.c},
-           {AlongY(member.i), -member.s},
-           {AlongX(member.j), member.c},
-           {AlongY(member.j), member.s}}};
+std::array<Entry, 4> EntriesOf(const CheckedMember& member, const Direction& direction) {
+  return {{{AlongX(member.i), -direction.c},
+           {AlongY(member.i), -direction.s},
+           {AlongX(member.j), direction.c},
+           {AlongY(member.j), direction.s}}};
 }
 
-std::vector<char> TouchedFreedoms(const CheckedTruss& truss) {
+std::vector<std::size_t> BearingMembers(const CheckedTruss& truss) {
+  std::vector<std::size_t> members;
+  for (std::size_t m = 0; m < truss.members.size(); ++m) {
+    if (truss.members[m].Bears()) members.push_back(m);
+  }
+  return members;
+}
+
+std::vector<char> TouchedFreedoms(const CheckedTruss& truss, const std::vector<std::size_t>& members,
+                                  const std::vector<Direction>& directions) {
   std::vector<char> touched(truss.FreedomCount() + 1, 0);
-  for (const CheckedMember& member : truss.members) {
-    if (!member.Bears()) continue;
-    for (const Entry& entry : EntriesOf(member)) {
+  for (const std::size_t m : members) {
+    for (const Entry& entry : EntriesOf(truss.members[m], directions[m])) {
       if (entry.value != 0) touched[entry.freedom] = 1;
     }
   }
   return touched;
 }
 
-Kinematics KinematicsOf(const CheckedTruss& truss) {
+Kinematics KinematicsOf(const CheckedTruss& truss, const std::vector<Direction>& directions) {
   Kinematics kinematics;
-  const std::vector<char> touched = TouchedFreedoms(truss);
+  kinematics.members = BearingMembers(truss);
+  const std::vector<char> touched = TouchedFreedoms(truss, kinematics.members, directions);
   std::vector<int> columnOf(touched.size(), -1);
   for (std::size_t d = 1; d < touched.size(); ++d) {
     if (truss.fixed[d] != 0) continue;
@@ -61,9 +79,8 @@ Kinematics KinematicsOf(const CheckedTruss& truss) {
   }
   std::vector<Eigen::Triplet<double>> entries;
   int row = 0;
-  for (const CheckedMember& member : truss.members) {
-    if (!member.Bears()) continue;
-    for (const Entry& entry : EntriesOf(member)) {
+  for (const std::size_t m : kinematics.members) {
+    for (const Entry& entry : EntriesOf(truss.members[m], directions[m])) {
       const int column = columnOf[entry.freedom];
       if (column >= 0 && entry.value != 0) entries.emplace_back(row, column, entry.value);
     }
@@ -74,22 +91,59 @@ Kinematics KinematicsOf(const CheckedTruss& truss) {
   return kinematics;
 }
 
-/// A cheap proof that the columns are independent: the least eigenvalue of S = B' B by inverse iteration.  A singular
-/// matrix, factorised with rounding errors, would give one near 1e-15.
-bool AreSurelyIndependent(const Matrix& B) {
-  if (B.rows() < B.cols()) return false;
+/// The vector with which inverse iteration begins: it is at right angles to nothing in particular.
+Eigen::VectorXd AnyVector(Eigen::Index size) {
+  Eigen::VectorXd v(size);
+  for (Eigen::Index d = 0; d < size; ++d) v(d) = std::sin(1.0 + static_cast<double>(d * d % 1009));
+  return v;
+}
+
+/// The motion that stretches the members least, by inverse iteration with S = B' B; nothing where S is too near to a
+/// singular matrix for that.  Such a matrix, factorised with rounding errors, would give an eigenvalue near 1e-15.
+std::optional<Eigen::VectorXd> LeastStretched(const Matrix& B) {
+  if (B.rows() < B.cols()) return std::nullopt;
   const Matrix S = B.transpose() * B;
   const Eigen::SimplicialLDLT<Matrix> factors(S);
-  if (factors.info() != Eigen::Success) return false;
-  Eigen::VectorXd v(B.cols());
-  for (Eigen::Index d = 0; d < v.size(); ++d) v(d) = std::sin(1.0 + static_cast<double>(d * d % 1009));
+  if (factors.info() != Eigen::Success) return std::nullopt;
+  Eigen::VectorXd v = AnyVector(B.cols());
   double least = 0;
   for (int step = 0; step < 3; ++step) {
     v = factors.solve(v / v.norm()).eval();
-    if (!v.allFinite()) return false;
+    if (!v.allFinite()) return std::nullopt;
     least = 1 / v.norm();
   }
-  return least > SurelyIndependent;
+  if (least < LeastCertain) return std::nullopt;
+  return v / v.norm();
+}
+
+/// Whether other roundings of the coordinates could have made a motion free.  To first order, turning the members by
+/// dB changes the least singular value s = u' B v by u' dB v.
+bool IsFreeWithinRounding(const CheckedTruss& truss, const Kinematics& kinematics, const std::vector<double>& motion,
+                          double roundings) {
+  double squares = 0;
+  double reach = 0;
+  for (const std::size_t m : kinematics.members) {
+    const CheckedMember& member = truss.members[m];
+    const double elongation = Elongation(member, motion);
+    const double turn = std::hypot(motion[AlongX(member.j)] - motion[AlongX(member.i)],
+                                   motion[AlongY(member.j)] - motion[AlongY(member.i)]);
+    squares += elongation * elongation;
+    reach += std::abs(elongation) * turn * roundings * member.doubt;
+  }
+  return squares <= std::max(reach, RankTolerance * RankTolerance);
+}
+
+/// A cheap proof that there is no motion, not even a hidden one.
+bool IsSurelyStable(const CheckedTruss& truss, const Kinematics& kinematics) {
+  if (!kinematics.loose.empty()) return false;
+  if (kinematics.freedoms.empty()) return true;
+  const std::optional<Eigen::VectorXd> least = LeastStretched(kinematics.elongations);
+  if (!least) return false;
+  std::vector<double> motion(truss.FreedomCount() + 1, 0);
+  for (std::size_t column = 0; column < kinematics.freedoms.size(); ++column) {
+    motion[kinematics.freedoms[column]] = (*least)(static_cast<Eigen::Index>(column));
+  }
+  return !IsFreeWithinRounding(truss, kinematics, motion, CautiousRoundings);
 }
 
 /// The factor R with its rows at hand.  The first entry of a row stands in the column that the row belongs to; a
@@ -106,6 +160,7 @@ Echelon Factorise(const Matrix& B) {
   QR.setPivotThreshold(RankTolerance);
   QR.setSPQROrdering(SPQR_ORDERING_AMD);
   QR.compute(B);
+  if (QR.info() != Eigen::Success) throw std::runtime_error("the rank of the truss could not be found");
   Echelon echelon{RowMatrix(QR.matrixR()), {}, {}, {}};
   const auto permutation = QR.colsPermutation();
   std::vector<char> independent(static_cast<std::size_t>(B.cols()), 0);
@@ -138,40 +193,118 @@ std::vector<double> MotionOf(const Echelon& echelon, Eigen::Index dependent) {
   return x;
 }
 
-void AddLooseMotions(const CheckedTruss& truss, const Kinematics& kinematics, std::size_t most, Motions& motions) {
-  motions.mechanisms += static_cast<int>(kinematics.loose.size());
-  for (const std::size_t freedom : kinematics.loose) {
-    if (motions.basis.size() == most) return;
-    motions.basis.emplace_back(truss.FreedomCount() + 1, 0.0);
-    motions.basis.back()[freedom] = 1;
+/// Adds a motion that is given by column of R.
+void AddMotion(const CheckedTruss& truss, const Kinematics& kinematics, const Echelon& echelon,
+               const std::vector<double>& x, Motions& motions) {
+  motions.basis.emplace_back(truss.FreedomCount() + 1, 0.0);
+  for (std::size_t column = 0; column < x.size(); ++column) {
+    motions.basis.back()[kinematics.freedoms[static_cast<std::size_t>(echelon.order[column])]] = x[column];
   }
 }
 
-void AddDependentMotions(const CheckedTruss& truss, const Kinematics& kinematics, std::size_t most, Motions& motions) {
-  const Echelon echelon = Factorise(kinematics.elongations);
-  motions.mechanisms += static_cast<int>(echelon.dependent.size());
-  motions.redundants += static_cast<int>(echelon.dependent.size());
-  for (const Eigen::Index dependent : echelon.dependent) {
-    if (motions.basis.size() >= most) return;
-    const std::vector<double> x = MotionOf(echelon, dependent);
-    motions.basis.emplace_back(truss.FreedomCount() + 1, 0.0);
-    for (std::size_t column = 0; column < x.size(); ++column) {
-      motions.basis.back()[kinematics.freedoms[static_cast<std::size_t>(echelon.order[column])]] = x[column];
-    }
+/// x of R' R x = v, by column of R; zero in columns that depend on others.
+std::vector<double> SolveNormal(const Echelon& echelon, const std::vector<double>& v) {
+  std::vector<double> left = v;
+  std::vector<double> z(echelon.leading.size(), 0);
+  for (std::size_t row = 0; row < z.size(); ++row) {
+    RowMatrix::InnerIterator entry(echelon.R, static_cast<Eigen::Index>(row));
+    while (entry.col() != echelon.leading[row]) ++entry;
+    z[row] = left[static_cast<std::size_t>(entry.col())] / entry.value();
+    for (++entry; entry; ++entry) left[static_cast<std::size_t>(entry.col())] -= z[row] * entry.value();
   }
+  std::vector<double> x(v.size(), 0);
+  for (std::size_t row = z.size(); row-- > 0;) {
+    double sum = z[row];
+    RowMatrix::InnerIterator entry(echelon.R, static_cast<Eigen::Index>(row));
+    while (entry.col() != echelon.leading[row]) ++entry;
+    const double pivot = entry.value();
+    for (++entry; entry; ++entry) sum -= entry.value() * x[static_cast<std::size_t>(entry.col())];
+    x[static_cast<std::size_t>(echelon.leading[row])] = sum / pivot;
+  }
+  return x;
+}
+
+double Product(const std::vector<double>& a, const std::vector<double>& b) {
+  return std::inner_product(a.begin(), a.end(), b.begin(), 0.0);
+}
+
+/// Takes away what lies along vectors of length 1, and makes the length 1.
+void Orthonormalise(std::vector<double>& v, const std::vector<std::vector<double>>& others) {
+  for (const std::vector<double>& other : others) {
+    const double share = Product(v, other);
+    for (std::size_t k = 0; k < v.size(); ++k) v[k] -= share * other[k];
+  }
+  const double length = std::sqrt(Product(v, v));
+  for (double& part : v) part /= length;
+}
+
+/// The motion of length 1, at right angles to those in `others`, that stretches the members least, by column of R.
+std::vector<double> LeastStretched(const Echelon& echelon, const std::vector<std::vector<double>>& others) {
+  const Eigen::VectorXd any = AnyVector(static_cast<Eigen::Index>(echelon.order.size()));
+  std::vector<double> v(any.begin(), any.end());
+  for (const Eigen::Index column : echelon.dependent) v[static_cast<std::size_t>(column)] = 0;
+  Orthonormalise(v, others);
+  for (int step = 0; step < InverseSteps; ++step) {
+    v = SolveNormal(echelon, v);
+    Orthonormalise(v, others);
+  }
+  return v;
+}
+
+/// The motions that are free as far as the coordinates can tell, beyond those of dependent columns.
+void AddMotionsWithinRounding(const CheckedTruss& truss, const Kinematics& kinematics, const Echelon& echelon,
+                              Motions& motions) {
+  std::vector<std::vector<double>> found;
+  while (found.size() < MostWithinRounding && found.size() < echelon.leading.size()) {
+    const std::vector<double> v = LeastStretched(echelon, found);
+    AddMotion(truss, kinematics, echelon, v, motions);
+    if (!IsFreeWithinRounding(truss, kinematics, motions.basis.back(), Roundings)) {
+      motions.basis.pop_back();
+      return;
+    }
+    found.push_back(v);
+    ++motions.mechanisms;
+    ++motions.redundants;
+  }
+}
+
+/// Judges the truss as its members were given these directions; rounding of coordinates may have hidden a motion.
+/// most: motions to describe.
+Motions Judge(const CheckedTruss& truss, const Kinematics& kinematics, std::size_t most) {
+  const Echelon echelon = kinematics.freedoms.empty() ? Echelon{} : Factorise(kinematics.elongations);
+  const auto dependent = static_cast<int>(echelon.dependent.size());
+  Motions motions;
+  motions.mechanisms = dependent + static_cast<int>(kinematics.loose.size());
+  motions.redundants = static_cast<int>(kinematics.elongations.rows() - kinematics.elongations.cols()) + dependent;
+  for (const std::size_t freedom : kinematics.loose) {
+    if (motions.basis.size() == most) break;
+    motions.basis.emplace_back(truss.FreedomCount() + 1, 0.0);
+    motions.basis.back()[freedom] = 1;
+  }
+  for (const Eigen::Index column : echelon.dependent) {
+    if (motions.basis.size() == most) break;
+    AddMotion(truss, kinematics, echelon, MotionOf(echelon, column), motions);
+  }
+  AddMotionsWithinRounding(truss, kinematics, echelon, motions);
+  motions.basis.resize(std::min(motions.basis.size(), most));
+  return motions;
 }
 
 } // namespace
 
 Motions FindMotions(const CheckedTruss& truss, int mostMotions) {
-  const Kinematics kinematics = KinematicsOf(truss);
+  const Kinematics aligned = KinematicsOf(truss, AlignedDirections(truss));
+  if (IsSurelyStable(truss, aligned)) {
+    return {0, static_cast<int>(aligned.elongations.rows() - aligned.elongations.cols()), {}};
+  }
+  std::vector<Direction> directions;
+  for (const CheckedMember& member : truss.members) directions.push_back(member.Towards());
   const auto most = static_cast<std::size_t>(mostMotions);
-  Motions motions;
-  motions.redundants = static_cast<int>(kinematics.elongations.rows() - kinematics.elongations.cols());
-  AddLooseMotions(truss, kinematics, most, motions);
-  if (kinematics.freedoms.empty() || AreSurelyIndependent(kinematics.elongations)) return motions;
-  AddDependentMotions(truss, kinematics, most, motions);
-  return motions;
+  Motions hidden = Judge(truss, aligned, most);
+  if (hidden.mechanisms == 0) return hidden;
+  // What is a mechanism in either case moves as the coordinates have it.
+  Motions plain = Judge(truss, KinematicsOf(truss, directions), most);
+  return hidden.mechanisms > plain.mechanisms ? hidden : plain;
 }
 
 } // namespace strutwright

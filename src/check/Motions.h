@@ -14,10 +14,10 @@ struct Motions {
   std::vector<std::vector<double>> basis;
 };
 
-/// Judges by unit directions only, so that neither E nor A nor the size of the truss plays a part.
-/// A column of the matrix that lies closer than 1e-6 to the others' span counts as dependent: that is ten times what
-/// 32-bit coordinates leave open, and a thousandth of a chain that sags by a thousandth of its span.
-/// A node without members can move both ways, unless a support holds it.  Source: docs/trust.md, 1.
+/// Judges by unit directions only, so that neither E nor A nor the size of the truss plays a part.  What is free only
+/// because its coordinates were rounded to 32 bits, or only not free because of that, counts as free; what is nearly
+/// free in another way does not.  A node without members can move both ways, unless a support holds it.
+/// Throws std::runtime_error when memory runs out inside the factorisation.  Source: docs/trust.md, 1.
 Motions FindMotions(const CheckedTruss& truss, int mostMotions);
 
 } // namespace strutwright

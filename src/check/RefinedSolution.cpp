@@ -150,12 +150,6 @@ void FillResults(const CheckedTruss& truss, const std::vector<double>& P, const 
     const long double elastic = Elongation(member, u) * member.rigidity / member.length;
     const long double prestress = member.prestress;
     if (member.Bears()) solution.forces[At(member.number)] = static_cast<double>(elastic + prestress);
-    if (member.Bears()) continue;
-    // The analysis pushes with the prestress of such a member and gives its force as zero: reactions get the rest.
-    solution.reactions[AlongX(member.i)] += member.prestress * member.c;
-    solution.reactions[AlongY(member.i)] += member.prestress * member.s;
-    solution.reactions[AlongX(member.j)] -= member.prestress * member.c;
-    solution.reactions[AlongY(member.j)] -= member.prestress * member.s;
   }
 }
 

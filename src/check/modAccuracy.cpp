@@ -138,7 +138,8 @@ AccuracyReport CompareResults(const CheckedTruss& truss, const RefinedSolution& 
   report.worstNode = displacements.Worst();
   report.worstMember = forces.Worst();
   const double largest = std::max({report.displacementDifference, report.forceDifference, report.reactionDifference});
-  report.digits = DigitsOf(largest + refined.uncertainty);
+  report.directionError = LargestTurn(truss);
+  report.digits = std::min(DigitsOf(largest + refined.uncertainty), DigitsOf(report.directionError));
   return report;
 }
 

@@ -21,7 +21,14 @@ std::string MechanismVerdict(const CheckReport& report) {
   const int ways = report.stability.mechanismCount;
   const std::string can = ways == 1 ? "one way" : std::to_string(ways) + " independent ways";
   const std::string verdict = "The truss is a mechanism: it can move in " + can + " without stretching a member";
-  return report.outcome == AnalysisOutcome::Done ? verdict + ", so these results mean nothing" : verdict;
+  return report.outcome == AnalysisOutcome::Done ? verdict + ", so these results can't be trusted" : verdict;
+}
+
+/// Why there are so few digits, where the coordinates are the reason.
+std::string CoordinateHint(const CheckReport& report) {
+  const bool many = !report.accuracy || report.accuracy->digits >= EnoughDigits;
+  if (many || DigitsOf(report.accuracy->directionError) > report.accuracy->digits) return "";
+  return ", because so far from the origin its coordinates are too coarse: put the origin near the truss";
 }
 
 std::string VerdictOf(const CheckReport& report) {
@@ -33,8 +40,8 @@ std::string VerdictOf(const CheckReport& report) {
            "truss";
   }
   const int digits = report.accuracy ? report.accuracy->digits : 0;
-  if (digits == 0) return "The truss is stable, but not one digit of these results is sure";
-  const std::string right = "right to " + Plural(digits, "digit");
+  if (digits == 0) return "The truss is stable, but not one digit of these results is sure" + CoordinateHint(report);
+  const std::string right = "right to " + Plural(digits, "digit") + CoordinateHint(report);
   if (digits < EnoughDigits) return "The truss is stable, but these results are only " + right;
   return "The truss is stable and these results are " + right;
 }

@@ -3,22 +3,63 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
 
 namespace strutwright {
 
 namespace {
 
-/// Three significant digits, which is all that an error deserves.
-std::string Short(double value) {
+/// Three significant digits, which is all that an error deserves, and the unit.
+std::string Short(double value, const std::string& unit = "") {
+  if (!std::isfinite(value)) return "no number";
   std::array<char, 32> text{};
   const auto end = std::to_chars(text.begin(), text.end(), value, std::chars_format::general, 3).ptr;
-  return {text.begin(), end};
+  return std::string(text.begin(), end) + unit;
 }
 
 std::string Line(const std::string& text) { return text + "\n"; }
 
+std::string Worst(const CheckRow& row) {
+  if (row.worstNode != 0) return ", worst at node " + std::to_string(row.worstNode);
+  return row.worstMember != 0 ? ", worst at member " + std::to_string(row.worstMember) : "";
+}
+
+std::string RowLine(const CheckRow& row) { return Line(row.label + ": " + row.value + Worst(row)); }
+
+std::vector<CheckRow> AccuracyRows(const AccuracyReport& accuracy) {
+  return {{"Digits", std::to_string(accuracy.digits)},
+          {"Largest difference of displacements", Short(accuracy.displacementDifference), accuracy.worstNode},
+          {"Largest difference of member forces", Short(accuracy.forceDifference), 0, accuracy.worstMember},
+          {"Largest difference of reactions", Short(accuracy.reactionDifference)}};
+}
+
+std::vector<CheckRow> BalanceRows(const BalanceReport& balance) {
+  return {
+      {"Largest residual of a node", Short(balance.nodeResidual, " kN"), balance.nodeOfResidual},
+      {"Residual of the whole", Short(balance.wholeResidual, " kN") + ", " + Short(balance.momentResidual, " kN m")},
+      {"Work of loads and prestress",
+       Short(balance.work, " J") + ", stored energy: " + Short(balance.storedEnergy, " J")}};
+}
+
+std::vector<CheckRow> ResultRows(const CheckReport& report) {
+  std::vector<CheckRow> rows;
+  if (report.accuracy) rows = AccuracyRows(*report.accuracy);
+  if (!report.balance) return rows;
+  const std::vector<CheckRow> balance = BalanceRows(*report.balance);
+  rows.insert(rows.end(), balance.begin(), balance.end());
+  return rows;
+}
+
+CheckRow MechanismRow(const StabilityReport& stability) {
+  return {"Mechanisms", std::to_string(stability.mechanismCount)};
+}
+
+CheckRow IndeterminacyRow(const StabilityReport& stability) {
+  return {"Static indeterminacy", std::to_string(stability.indeterminacy)};
+}
+
 std::string StabilityLines(const StabilityReport& stability) {
-  std::string text = Line("Mechanisms: " + std::to_string(stability.mechanismCount));
+  std::string text = RowLine(MechanismRow(stability));
   for (const Mechanism& mechanism : stability.mechanisms) {
     text += Line("  " + mechanism.sentence);
     for (const Cure& cure : mechanism.cures) text += Line("    " + cure.text + " would stop it");
@@ -26,29 +67,7 @@ std::string StabilityLines(const StabilityReport& stability) {
   const auto named = static_cast<int>(stability.mechanisms.size());
   if (named < stability.mechanismCount)
     text += Line("  and " + std::to_string(stability.mechanismCount - named) + " more");
-  return text + Line("Static indeterminacy: " + std::to_string(stability.indeterminacy));
-}
-
-std::string Worst(const std::string& kind, int number) {
-  return number == 0 ? "" : ", worst at " + kind + " " + std::to_string(number);
-}
-
-std::string AccuracyLines(const AccuracyReport& accuracy) {
-  return Line("Digits: " + std::to_string(accuracy.digits)) +
-         Line("Largest difference of displacements: " + Short(accuracy.displacementDifference) +
-              Worst("node", accuracy.worstNode)) +
-         Line("Largest difference of member forces: " + Short(accuracy.forceDifference) +
-              Worst("member", accuracy.worstMember)) +
-         Line("Largest difference of reactions: " + Short(accuracy.reactionDifference));
-}
-
-std::string BalanceLines(const BalanceReport& balance) {
-  return Line("Largest residual of a node: " + Short(balance.nodeResidual) + " kN" +
-              Worst("node", balance.nodeOfResidual)) +
-         Line("Residual of the whole: " + Short(balance.wholeResidual) + " kN, " + Short(balance.momentResidual) +
-              " kN m") +
-         Line("Work of loads and prestress: " + Short(balance.work) +
-              " J, stored energy: " + Short(balance.storedEnergy) + " J");
+  return text + RowLine(IndeterminacyRow(stability));
 }
 
 std::string ZeroBarLines(const std::vector<ZeroBar>& bars) {
@@ -65,10 +84,16 @@ std::string FindingLines(const std::vector<Finding>& findings) {
 
 } // namespace
 
+std::vector<CheckRow> CheckRows(const CheckReport& report) {
+  std::vector<CheckRow> rows = ResultRows(report);
+  rows.push_back(MechanismRow(report.stability));
+  rows.push_back(IndeterminacyRow(report.stability));
+  return rows;
+}
+
 std::string CheckText(const CheckReport& report) {
   std::string text = Line(report.verdict) + StabilityLines(report.stability);
-  if (report.accuracy) text += AccuracyLines(*report.accuracy);
-  if (report.balance) text += BalanceLines(*report.balance);
+  for (const CheckRow& row : ResultRows(report)) text += RowLine(row);
   if (report.stability.Stable()) text += ZeroBarLines(report.zeroBars);
   return text + FindingLines(report.findings);
 }

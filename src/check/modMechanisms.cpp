@@ -108,7 +108,7 @@ std::string Subject(const Group& group, bool first) {
 
 std::string OtherNodes(std::size_t count) {
   if (count == 0) return "";
-  return count == 1 ? ", and 1 more node with them" : ", and " + std::to_string(count) + " more nodes with them";
+  return count == 1 ? ", and 1 more node moves, too" : ", and " + std::to_string(count) + " more nodes move, too";
 }
 
 } // namespace
@@ -139,8 +139,10 @@ void Localise(std::vector<Motion>& motions) {
 std::string DirectionWords(double dx, double dy) {
   std::string across = dx > 0 ? "to the right" : "to the left";
   std::string along = dy > 0 ? "up" : "down";
-  if (std::abs(dy) < 0.1 * std::abs(dx)) return across;
-  if (std::abs(dx) < 0.1 * std::abs(dy)) return along;
+  // Slopes of one in ten are common, and must not be called one thing here and another there.
+  constexpr double slight = 0.09;
+  if (std::abs(dy) < slight * std::abs(dx)) return across;
+  if (std::abs(dx) < slight * std::abs(dy)) return along;
   return along + " and " + across;
 }
 

@@ -1,26 +1,20 @@
-#include "modFindings.h"
-
 #include "Neighbourhood.h"
+#include "modFindings.h"
+#include "modMembersOnTop.h"
+#include "modModelStore.h"
 
 #include <algorithm>
 #include <cmath>
 #include <string>
-#include <utility>
+#include <vector>
 
 namespace strutwright {
 
 namespace {
 
-constexpr double InLine = 1e-6; // sine of the angle up to which two members are parallel
-
 std::string Number(int number) { return std::to_string(number); }
 
-struct Point {
-  double x = 0;
-  double y = 0;
-};
-
-Point PlaceOf(const CheckedTruss& truss, int node) { return {truss.x[At(node)], truss.y[At(node)]}; }
+const CheckedMember& MemberAt(const CheckedTruss& truss, int index) { return truss.members[At(index)]; }
 
 /// Where a point lies as seen from the start of a member: along it and beside it, m.
 struct Position {
@@ -29,134 +23,165 @@ struct Position {
 };
 
 Position PositionOn(const CheckedTruss& truss, const CheckedMember& member, int node) {
-  const Point start = PlaceOf(truss, member.i);
-  const Point point = PlaceOf(truss, node);
-  const double dx = point.x - start.x;
-  const double dy = point.y - start.y;
+  const double dx = truss.x[At(node)] - truss.x[At(member.i)];
+  const double dy = truss.y[At(node)] - truss.y[At(member.i)];
   return {dx * member.c + dy * member.s, dy * member.c - dx * member.s};
 }
 
-bool Meet(const CheckedMember& a, const CheckedMember& b) {
-  return a.i == b.i || a.i == b.j || a.j == b.i || a.j == b.j;
+/// The point at a share of a member's length.
+Place PointOf(const CheckedTruss& truss, const CheckedMember& member, double share) {
+  const Place start = PlaceOf(truss, member.i);
+  const Place end = PlaceOf(truss, member.j);
+  return {start[0] + share * (end[0] - start[0]), start[1] + share * (end[1] - start[1])};
 }
 
-bool JoinTheSame(const CheckedMember& a, const CheckedMember& b) {
-  return std::minmax(a.i, a.j) == std::minmax(b.i, b.j);
-}
+/// Looks closer at what is near each other, and keeps what is odd.
+class OddNeighbours : public NeighbourVisitor {
+ public:
+  OddNeighbours(const CheckedTruss& truss, const std::vector<double>& tolerances)
+      : Truss(truss), Tolerances(tolerances) {}
 
-/// Whether two members share more than a point.
-bool Overlap(const CheckedTruss& truss, const CheckedMember& a, const CheckedMember& b, double tolerance) {
-  if (std::abs(a.c * b.s - a.s * b.c) > InLine) return false;
-  const Position start = PositionOn(truss, a, b.i);
-  const Position end = PositionOn(truss, a, b.j);
-  if (std::max(std::abs(start.beside), std::abs(end.beside)) > tolerance) return false;
-  const double from = std::max(0.0, std::min(start.along, end.along));
-  const double to = std::min(a.length / 1000, std::max(start.along, end.along));
-  return to - from > tolerance;
-}
-
-/// Whether two members pass through each other away from all four ends.
-bool Cross(const CheckedTruss& truss, const CheckedMember& a, const CheckedMember& b, double tolerance) {
-  if (Meet(a, b) || std::abs(a.c * b.s - a.s * b.c) <= InLine) return false;
-  const auto apart = [&truss, tolerance](const CheckedMember& one, const CheckedMember& other) {
-    const double start = PositionOn(truss, one, other.i).beside;
-    const double end = PositionOn(truss, one, other.j).beside;
-    return std::min(std::abs(start), std::abs(end)) > tolerance && (start < 0) != (end < 0);
-  };
-  return apart(a, b) && apart(b, a);
-}
-
-using Pairs = std::vector<std::pair<int, int>>;
-
-/// In order, and each once.
-Pairs Sorted(Pairs pairs) {
-  std::sort(pairs.begin(), pairs.end());
-  pairs.erase(std::unique(pairs.begin(), pairs.end()), pairs.end());
-  return pairs;
-}
-
-void FindCoincidentNodes(const CheckedTruss& truss, const Neighbourhood& near, std::vector<Finding>& findings) {
-  Pairs pairs;
-  near.ForNodePairs([&](int a, int b) {
-    const Point first = PlaceOf(truss, a);
-    const Point second = PlaceOf(truss, b);
-    if (std::hypot(second.x - first.x, second.y - first.y) <= near.Tolerance()) pairs.emplace_back(a, b);
-  });
-  for (const auto& [a, b] : Sorted(pairs)) {
-    findings.push_back({FindingKind::CoincidentNodes,
-                        "Nodes " + Number(a) + " and " + Number(b) + " are at the same place",
-                        {a, b},
-                        {}});
-  }
-}
-
-void FindNodesOnMembers(const CheckedTruss& truss, const Neighbourhood& near, std::vector<Finding>& findings) {
-  Pairs pairs;
-  near.ForNodesByMembers([&](int node, int index) {
-    const CheckedMember& member = truss.members[static_cast<std::size_t>(index)];
-    const Position position = PositionOn(truss, member, node);
-    const double tolerance = near.Tolerance();
-    const bool within = position.along > tolerance && position.along < member.length / 1000 - tolerance;
-    if (within && std::abs(position.beside) <= tolerance) pairs.emplace_back(node, member.number);
-  });
-  for (const auto& [node, member] : Sorted(pairs)) {
-    findings.push_back({FindingKind::NodeOnMember,
-                        "Node " + Number(node) + " lies on member " + Number(member) + " but is not joined to it",
-                        {node},
-                        {member}});
-  }
-}
-
-std::string TextOf(const CheckedMember& a, const CheckedMember& b, FindingKind kind) {
-  const std::string both = "Members " + Number(a.number) + " and " + Number(b.number);
-  if (kind == FindingKind::CrossingMembers) return both + " cross without a node";
-  const auto [i, j] = std::minmax(a.i, a.j);
-  if (JoinTheSame(a, b)) return both + " join the same nodes, " + Number(i) + " and " + Number(j) + "; both bear";
-  return "Member " + Number(b.number) + " lies on top of member " + Number(a.number);
-}
-
-void FindMembersInTheWay(const CheckedTruss& truss, const Neighbourhood& near, std::vector<Finding>& findings) {
-  const auto member = [&truss](int index) -> const CheckedMember& {
-    return truss.members[static_cast<std::size_t>(index)];
-  };
-  Pairs onTop;
-  Pairs crossing;
-  near.ForMemberPairs([&](int first, int second) {
-    if (!near.MayTouch(first, second)) return;
-    const CheckedMember& a = member(first);
-    const CheckedMember& b = member(second);
-    if (Overlap(truss, a, b, near.Tolerance())) onTop.emplace_back(first, second);
-    if (Cross(truss, a, b, near.Tolerance())) crossing.emplace_back(first, second);
-  });
-  const auto report = [&](const Pairs& pairs, FindingKind kind) {
-    for (const auto& [a, b] : Sorted(pairs)) {
-      findings.push_back({kind, TextOf(member(a), member(b), kind), {}, {member(a).number, member(b).number}});
+  void VisitMembers(int first, int second, const Cell& cell) override {
+    const bool firstIsLonger = MemberAt(Truss, first).length >= MemberAt(Truss, second).length;
+    const int longerIndex = firstIsLonger ? first : second;
+    const int shorterIndex = firstIsLonger ? second : first;
+    const CheckedMember& longer = MemberAt(Truss, longerIndex);
+    const CheckedMember& shorter = MemberAt(Truss, shorterIndex);
+    const Position start = PositionOn(Truss, longer, shorter.i);
+    const Position end = PositionOn(Truss, longer, shorter.j);
+    const double tolerance = Tolerances[At(longerIndex)];
+    if (std::max(std::abs(start.beside), std::abs(end.beside)) <= tolerance) {
+      if (OverlapIn(cell, longer, shorter, start, end, tolerance)) onTop.Add(NumberOf(first), NumberOf(second));
+    } else if (AreApart(start, end, tolerance) && CrossIn(cell, longerIndex, shorterIndex, start, end)) {
+      crossing.Add(NumberOf(first), NumberOf(second));
     }
-  };
-  report(onTop, FindingKind::MemberOnMember);
-  report(crossing, FindingKind::CrossingMembers);
+  }
+
+  void VisitNode(int node, int index) override {
+    const CheckedMember& member = MemberAt(Truss, index);
+    const Position position = PositionOn(Truss, member, node);
+    const double end = CoordinateRounding * ReachOf(Truss, member);
+    const bool within = position.along > end && position.along < member.length / 1000 - end;
+    if (within && std::abs(position.beside) <= Tolerances[At(index)]) onMember.Add(node, member.number);
+  }
+
+  LowestPairs onTop;
+  LowestPairs crossing;
+  LowestPairs onMember;
+
+ private:
+  /// Whether both ends are off a line, on different sides of it.
+  static bool AreApart(const Position& start, const Position& end, double tolerance) {
+    return std::min(std::abs(start.beside), std::abs(end.beside)) > tolerance && (start.beside < 0) != (end.beside < 0);
+  }
+
+  /// Whether two members in line share more than a point, and this cell is the one to tell it.
+  bool OverlapIn(const Cell& cell, const CheckedMember& longer, const CheckedMember& shorter, const Position& start,
+                 const Position& end, double tolerance) const {
+    const double from = std::max(0.0, std::min(start.along, end.along));
+    const double to = std::min(longer.length / 1000, std::max(start.along, end.along));
+    if (to - from <= tolerance) return false;
+    const double share = ((from + to) / 2 - start.along) / (end.along - start.along);
+    return cell.Holds(PointOf(Truss, shorter, share));
+  }
+
+  /// Whether a member that passes the line of a longer one passes the member itself, in this cell.
+  bool CrossIn(const Cell& cell, int longerIndex, int shorterIndex, const Position& start, const Position& end) const {
+    const CheckedMember& longer = MemberAt(Truss, longerIndex);
+    const CheckedMember& shorter = MemberAt(Truss, shorterIndex);
+    const Position i = PositionOn(Truss, shorter, longer.i);
+    const Position j = PositionOn(Truss, shorter, longer.j);
+    if (!AreApart(i, j, Tolerances[At(shorterIndex)])) return false;
+    return cell.Holds(PointOf(Truss, shorter, start.beside / (start.beside - end.beside)));
+  }
+
+  int NumberOf(int index) const { return MemberAt(Truss, index).number; }
+
+  const CheckedTruss& Truss;
+  const std::vector<double>& Tolerances;
+};
+
+void Report(const LowestPairs& pairs, FindingList& findings, Finding (*make)(int, int)) {
+  const std::vector<LowestPairs::Pair> lowest = pairs.Lowest();
+  for (const auto& [a, b] : lowest) {
+    const Finding finding = make(a, b);
+    findings.Add(finding.kind, [&finding] { return finding; });
+  }
+  findings.Count(make(0, 0).kind, pairs.Count() - lowest.size());
 }
 
-void FindFreeNodes(const CheckedTruss& truss, std::vector<Finding>& findings) {
-  std::vector<char> joined(At(truss.nodeCount) + 1, 0);
-  for (const CheckedMember& member : truss.members) joined[At(member.i)] = joined[At(member.j)] = 1;
-  for (int n = 1; n <= truss.nodeCount; ++n) {
-    if (joined[At(n)] != 0) continue;
-    const std::string text = "Node " + Number(n) + " has no member";
-    findings.push_back({FindingKind::FreeNode, truss.HasSupport(n) ? text : text + " and no support", {n}, {}});
+Finding OnTopFinding(int below, int above) {
+  return {FindingKind::MemberOnMember,
+          "Member " + Number(above) + " lies on top of member " + Number(below),
+          {},
+          {below, above}};
+}
+
+Finding CrossingFinding(int first, int second) {
+  return {FindingKind::CrossingMembers,
+          "Members " + Number(first) + " and " + Number(second) + " cross without a node",
+          {},
+          {first, second}};
+}
+
+Finding NodeFinding(int node, int member) {
+  return {FindingKind::NodeOnMember,
+          "Node " + Number(node) + " lies on member " + Number(member) + " but is not joined to it",
+          {node},
+          {member}};
+}
+
+void FindFreeNodes(const CheckedTruss& truss, FindingList& findings) {
+  std::vector<char> named(At(truss.nodeCount) + 1, 0);
+  for (const CheckedMember& member : truss.members) named[At(member.i)] = named[At(member.j)] = 1;
+  for (const int m : LeftOutMembers(truss)) {
+    for (const MemberField field : {MemberNodeI, MemberNodeJ}) {
+      const int node = RoundNodeNumber(MemberTable(m, field));
+      if (node >= 1 && node <= truss.nodeCount) named[At(node)] = 1;
+    }
   }
+  for (int n = 1; n <= truss.nodeCount; ++n) {
+    if (named[At(n)] != 0) continue;
+    findings.Add(FindingKind::FreeNode, [&truss, n] {
+      const std::string text = "Node " + Number(n) + " has no member";
+      return Finding{FindingKind::FreeNode, truss.HasSupport(n) ? text : text + " and no support", {n}, {}};
+    });
+  }
+}
+
+void SayThatMoreMayBe(FindingList& findings) {
+  findings.LeaveOpen(FindingKind::MemberOnMember);
+  findings.LeaveOpen(FindingKind::NodeOnMember);
+  findings.LeaveOpen(FindingKind::CrossingMembers,
+                     "Too many members are close together to compare all of them; more of them may cross, or lie on "
+                     "top of each other or on nodes");
 }
 
 } // namespace
 
-std::vector<Finding> FindOddPlaces(const CheckedTruss& truss) {
-  std::vector<Finding> findings;
-  const Neighbourhood near(truss);
-  FindCoincidentNodes(truss, near, findings);
-  FindMembersInTheWay(truss, near, findings);
-  FindNodesOnMembers(truss, near, findings);
+std::vector<int> LeftOutMembers(const CheckedTruss& truss) {
+  std::vector<int> leftOut;
+  auto member = truss.members.begin();
+  for (int m = 1; m <= truss.memberCount; ++m) {
+    if (member != truss.members.end() && member->number == m) {
+      ++member;
+    } else {
+      leftOut.push_back(m);
+    }
+  }
+  return leftOut;
+}
+
+void FindOddPlaces(const CheckedTruss& truss, FindingList& findings) {
+  const std::vector<double> tolerances = MemberTolerances(truss);
+  OddNeighbours odd(truss, tolerances);
+  const bool allFolds = FindMembersOnTop(truss, findings, odd.onTop);
+  const bool allCells = Neighbourhood(truss, tolerances, odd).VisitAll();
+  Report(odd.onTop, findings, OnTopFinding);
+  Report(odd.crossing, findings, CrossingFinding);
+  Report(odd.onMember, findings, NodeFinding);
+  if (!allFolds || !allCells) SayThatMoreMayBe(findings);
   FindFreeNodes(truss, findings);
-  return findings;
 }
 
 } // namespace strutwright

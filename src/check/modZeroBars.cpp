@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <deque>
-#include <limits>
 #include <numeric>
 #include <string>
 
@@ -11,35 +10,34 @@ namespace strutwright {
 
 namespace {
 
-constexpr double ZeroByRule = 1e-4;     // of the largest force: a force beyond this contradicts a rule
+constexpr double LeastContradiction = 1e-6; // of the largest force: one beyond this contradicts a rule
+constexpr double MostContradiction = 1e-4;
 constexpr double ZeroBySolution = 1e-7; // of the largest force: below what 32-bit coordinates let one tell
 constexpr std::size_t NoMember = static_cast<std::size_t>(-1);
 
 /// A force at a node: of a member, a load or a support.
 struct ForceLine {
-  double c = 0;
-  double s = 0;
+  Direction direction;
   std::size_t member = NoMember; ///< index in the truss
 };
 
 using Group = std::vector<ForceLine>; // along one line
 
-/// The sine of the angle up to which two directions are one: 32-bit coordinates far out turn short members a little.
-double InLineSine(const CheckedTruss& truss) {
-  double farthest = 0;
-  for (const double x : truss.x) farthest = std::max(farthest, std::abs(x));
-  for (const double y : truss.y) farthest = std::max(farthest, std::abs(y));
-  double shortest = std::numeric_limits<double>::infinity();
-  for (const CheckedMember& member : truss.members) shortest = std::min(shortest, member.length / 1000);
-  constexpr double rounding = 2.4e-7; // four half units in the last place
-  return std::min(1e-6 + rounding * farthest / shortest, 1e-4);
+/// Loads are 32-bit floats, too: what rounding may have turned them by.
+constexpr double LoadDoubt = 6e-8;
+
+/// From what share of the largest force on a force contradicts a rule: rounded directions leave a little in members
+/// that were meant to be without.
+double Contradiction(const CheckedTruss& truss) {
+  double doubt = 0;
+  for (const CheckedMember& member : truss.members) doubt = std::max(doubt, member.doubt);
+  return std::clamp(10 * doubt, LeastContradiction, MostContradiction);
 }
 
 /// Rules out members joint by joint, until no rule shows any more.
 class JointRules {
  public:
-  explicit JointRules(const CheckedTruss& checked)
-      : Truss(checked), InLine(InLineSine(checked)), Reasons(checked.members.size()) {
+  explicit JointRules(const CheckedTruss& checked) : Truss(checked), Reasons(checked.members.size()) {
     MembersAt.resize(At(Truss.nodeCount) + 1);
     for (std::size_t m = 0; m < Truss.members.size(); ++m) {
       MembersAt[At(Truss.members[m].i)].push_back(m);
@@ -61,8 +59,6 @@ class JointRules {
   }
 
  private:
-  bool AreInLine(const ForceLine& a, const ForceLine& b) const { return std::abs(a.c * b.s - a.s * b.c) < InLine; }
-
   bool IsOut(std::size_t m) const { return !Reasons[m].empty() || !Truss.members[m].Bears(); }
 
   /// Load in the directions in which the node is free.
@@ -77,22 +73,22 @@ class JointRules {
     std::vector<ForceLine> forces;
     for (const std::size_t m : MembersAt[At(node)]) {
       const CheckedMember& member = Truss.members[m];
-      if (!IsOut(m)) forces.push_back({member.c, member.s, m});
-      if (!member.Bears() && member.prestress != 0) forces.push_back({member.c, member.s});
+      if (!IsOut(m)) forces.push_back({member.Towards(), m});
     }
     const double x = FreeLoad(node, true);
     const double y = FreeLoad(node, false);
-    if (HasLoad(node)) forces.push_back({x / std::hypot(x, y), y / std::hypot(x, y)});
-    if (Truss.fixed[AlongX(node)] != 0) forces.push_back({1, 0});
-    if (Truss.fixed[AlongY(node)] != 0) forces.push_back({0, 1});
+    if (HasLoad(node)) forces.push_back({{x / std::hypot(x, y), y / std::hypot(x, y), LoadDoubt}});
+    if (Truss.fixed[AlongX(node)] != 0) forces.push_back({{1, 0}});
+    if (Truss.fixed[AlongY(node)] != 0) forces.push_back({{0, 1}});
     return forces;
   }
 
   std::vector<Group> GroupsOf(const std::vector<ForceLine>& forces) const {
     std::vector<Group> groups;
     for (const ForceLine& force : forces) {
-      auto group = std::find_if(groups.begin(), groups.end(),
-                                [this, &force](const Group& each) { return AreInLine(each.front(), force); });
+      auto group = std::find_if(groups.begin(), groups.end(), [&force](const Group& each) {
+        return AreInLine(each.front().direction, force.direction);
+      });
       if (group == groups.end()) group = groups.insert(groups.end(), Group{});
       group->push_back(force);
     }
@@ -152,7 +148,6 @@ class JointRules {
         if (Truss.IsFixed(node)) continue;
         loaded = loaded || HasLoad(node);
         for (const std::size_t next : MembersAt[At(node)]) {
-          loaded = loaded || (!Truss.members[next].Bears() && Truss.members[next].prestress != 0);
           if (seen[next] != 0 || IsOut(next)) continue;
           seen[next] = 1;
           part.push_back(next);
@@ -163,7 +158,6 @@ class JointRules {
   }
 
   const CheckedTruss& Truss;
-  double InLine;                                   ///< sine of an angle
   std::vector<std::vector<std::size_t>> MembersAt; ///< by node, indices in the truss
   std::vector<std::string> Reasons;
   std::deque<int> Waiting;
@@ -174,12 +168,13 @@ class JointRules {
 std::vector<ZeroBar> FindZeroBars(const CheckedTruss& truss, const RefinedSolution& refined) {
   double largest = LargestCause(truss);
   for (const double force : refined.forces) largest = std::max(largest, std::abs(force));
+  const double contradiction = Contradiction(truss);
   const std::vector<std::string> reasons = JointRules(truss).Apply();
   std::vector<ZeroBar> bars;
   for (std::size_t m = 0; m < truss.members.size(); ++m) {
     const CheckedMember& member = truss.members[m];
     const double force = std::abs(refined.forces[At(member.number)]);
-    if (!member.Bears() || force > ZeroByRule * largest) continue;
+    if (!member.Bears() || force > contradiction * largest) continue;
     if (!reasons[m].empty()) bars.push_back({member.number, reasons[m]});
     if (reasons[m].empty() && force <= ZeroBySolution * largest) {
       bars.push_back(

@@ -16,7 +16,9 @@
 #include "modRunAnalysis.h"
 
 #include <algorithm>
+#include <cmath>
 #include <exception>
+#include <limits>
 #include <optional>
 #include <ostream>
 
@@ -100,32 +102,64 @@ std::string JsonMessage(const Message& message) {
                      {"text", JsonText(message.text)}});
 }
 
-/// The check of a model's answer; nothing where it was not asked for or there is no model.
-using Check = std::optional<CheckReport>;
-
 /// Fewest digits that a result may have before a script is warned of it.
 constexpr int FewestDigits = 2;
 
-Check CheckOf(Result result, bool asked) {
-  if (!asked || result == Result::Unreadable) return std::nullopt;
-  return CheckAnswer(LastOutcome());
+/// The second judgement of a model's answer, as far as it was asked for.
+struct Check {
+  bool wasAsked = false;
+  std::optional<CheckReport> report; ///< nothing where there was no answer to judge
+  std::string failure;               ///< what kept it from being judged; empty where nothing did
+};
+
+/// Judges the answer, if there is one.  Whatever goes wrong is told, and does not keep other models from their turn.
+Check CheckOf(ModelSession& session, Result result, const AnalyseRequest& request, const AnswerJudge& judge) {
+  Check check{request.check && result != Result::Unreadable, std::nullopt, ""};
+  if (!check.wasAsked || result == Result::Failed) return check;
+  try {
+    check.report = judge(LastOutcome());
+  } catch (const std::exception& failure) {
+    check.failure = failure.what();
+    session.Tell("The answer could not be checked\n" + check.failure);
+  }
+  return check;
 }
 
-/// Whether results were given that nobody should use.
-bool IsMisleading(Result result, const Check& check) {
-  if (result != Result::Ok || !check) return false;
-  return !check->accuracy || check->accuracy->digits < FewestDigits;
+/// The status that the check adds.
+int StatusOf(Result result, const Check& check) {
+  if (!check.failure.empty()) return ExitFailed;
+  if (result != Result::Ok || !check.report) return ExitOk;
+  const bool isMisleading = !check.report->accuracy || check.report->accuracy->digits < FewestDigits;
+  return isMisleading ? ExitMisleading : ExitOk;
+}
+
+template <typename Item, typename Text>
+std::string JsonListOf(const std::vector<Item>& items, const Text& text) {
+  std::vector<std::string> values;
+  for (const Item& item : items) values.push_back(text(item));
+  return JsonList(values);
+}
+
+std::string JsonResidual(const std::optional<BalanceReport>& balance) {
+  constexpr double largest = std::numeric_limits<float>::max();
+  if (!balance || !(std::abs(balance->nodeResidual) <= largest)) return "null";
+  return JsonNumber(static_cast<float>(balance->nodeResidual));
 }
 
 std::string JsonCheck(const CheckReport& check) {
-  std::vector<std::string> zeroMembers;
-  for (const ZeroBar& bar : check.zeroBars) zeroMembers.push_back(std::to_string(bar.member));
-  return JsonObject({{"stable", check.stability.Stable() ? "true" : "false"},
-                     {"mechanisms", std::to_string(check.stability.mechanismCount)},
-                     {"indeterminacy", std::to_string(check.stability.indeterminacy)},
-                     {"digits", check.accuracy ? std::to_string(check.accuracy->digits) : "null"},
-                     {"residual", check.balance ? JsonNumber(static_cast<float>(check.balance->nodeResidual)) : "null"},
-                     {"zero_members", JsonList(zeroMembers)}});
+  const bool stable = check.stability.Stable();
+  const std::string zeroMembers =
+      JsonListOf(check.zeroBars, [](const ZeroBar& bar) { return std::to_string(bar.member); });
+  return JsonObject(
+      {{"stable", stable ? "true" : "false"},
+       {"mechanisms", std::to_string(check.stability.mechanismCount)},
+       {"indeterminacy", std::to_string(check.stability.indeterminacy)},
+       {"digits", check.accuracy ? std::to_string(check.accuracy->digits) : "null"},
+       {"residual", JsonResidual(check.balance)},
+       {"zero_members", stable ? zeroMembers : "null"},
+       {"verdict", JsonText(check.verdict)},
+       {"motions", JsonListOf(check.stability.mechanisms, [](const Mechanism& m) { return JsonText(m.sentence); })},
+       {"oddities", JsonListOf(check.findings, [](const Finding& f) { return JsonText(f.text); })}});
 }
 
 void PrintJson(const ModelSession& session, Result result, const Check& check, std::ostream& out) {
@@ -140,7 +174,7 @@ void PrintJson(const ModelSession& session, Result result, const Check& check, s
                                                                {"messages", JsonList(messages)},
                                                                {"nodes", JsonList(nodes)},
                                                                {"members", JsonList(members)}};
-  if (check) values.emplace_back("check", JsonCheck(*check));
+  if (check.wasAsked) values.emplace_back("check", check.report ? JsonCheck(*check.report) : "null");
   out << JsonObject(values) << '\n';
 }
 
@@ -152,7 +186,14 @@ void PrintText(const ModelSession& session, Result result, const Check& check, s
     PrintTable(mResGr, out);
     out << '\n';
   }
-  if (check) out << CheckText(*check) << '\n';
+  if (!check.wasAsked) return;
+  if (check.report) {
+    out << CheckText(*check.report) << '\n';
+  } else if (check.failure.empty()) {
+    out << "Not checked, since the model could not be analysed\n\n";
+  } else {
+    out << "The answer could not be checked: " << check.failure << "\n\n";
+  }
 }
 
 void Print(const ModelSession& session, Result result, const Check& check, const AnalyseRequest& request,
@@ -198,18 +239,17 @@ int Document(ModelSession& session, Result result, const AnalyseRequest& request
 
 } // namespace
 
-int AnalyseModels(const AnalyseRequest& request, std::ostream& out, std::ostream& err) {
+int AnalyseModels(const AnalyseRequest& request, std::ostream& out, std::ostream& err, const AnswerJudge& judge) {
   const bool several = request.models.size() > 1;
   int status = ExitOk;
   for (const std::string& file : request.models) {
     ModelSession session(file, err);
     const Result result = OpenAndAnalyse(session);
-    const Check check = CheckOf(result, request.check);
+    const Check check = CheckOf(session, result, request, judge);
     Print(session, result, check, request, out);
     out.flush();
-    status = std::max({status, StatusOf(result), Depict(session, result, request.picture, several),
-                       Document(session, result, request),
-                       static_cast<int>(IsMisleading(result, check) ? ExitMisleading : ExitOk)});
+    status = std::max({status, StatusOf(result), StatusOf(result, check),
+                       Depict(session, result, request.picture, several), Document(session, result, request)});
   }
   return status;
 }

@@ -2,7 +2,9 @@
 
 #include "Output.h"
 #include "Picture.h"
+#include "modCheckAnswer.h"
 
+#include <functional>
 #include <iosfwd>
 #include <string>
 #include <vector>
@@ -20,9 +22,13 @@ struct AnalyseRequest {
   std::string report; ///< where to write the report, .pdf or .html; none is written where it is empty
 };
 
+/// What judges the answer in the tables.
+using AnswerJudge = std::function<CheckReport(AnalysisOutcome)>;
+
 /// For each file what Open and Run Analysis do in the window; prints the results and makes the picture and
 /// the report asked for.
-int AnalyseModels(const AnalyseRequest& request, std::ostream& out, std::ostream& err);
+int AnalyseModels(const AnalyseRequest& request, std::ostream& out, std::ostream& err,
+                  const AnswerJudge& judge = CheckAnswer);
 
 /// Prints the input tables of a model.
 int ShowModel(const std::string& file, OutputFormat format, std::ostream& out, std::ostream& err);

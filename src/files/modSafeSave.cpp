@@ -1,5 +1,6 @@
 #include "modSafeSave.h"
 
+#include "NewFile.h"
 #include "Platform.h"
 
 #include <algorithm>
@@ -11,15 +12,6 @@
 namespace strutwright {
 
 namespace {
-
-/// Removes a file that is not wanted after all; whether that works changes nothing for the user.
-void Discard(const std::string& path) {
-  try {
-    Files().Remove(path);
-  } catch (const FileError&) {
-    return;
-  }
-}
 
 bool IsAnyOf(const FileError& error, std::initializer_list<std::errc> reasons) {
   return std::any_of(reasons.begin(), reasons.end(), [&error](std::errc reason) { return error.code == reason; });
@@ -37,24 +29,6 @@ void WriteInPlace(const std::string& target, const std::string& content) {
   Files().Flush(target);
 }
 
-/// Gives the new file its content.  The mode comes first: nobody shall read for a moment what is not theirs.
-void FillNewFile(const std::string& fresh, const std::string& target, const std::string& content, bool existed) {
-  if (existed) Files().CopyMode(target, fresh);
-  Files().Write(fresh, content);
-  Files().Flush(fresh);
-}
-
-void ReplaceByNewFile(const std::string& target, const std::string& content, bool existed) {
-  const std::string fresh = Files().CreateBeside(target);
-  try {
-    FillNewFile(fresh, target, content, existed);
-    Files().Replace(fresh, target);
-  } catch (...) {
-    Discard(fresh);
-    throw;
-  }
-}
-
 /// What the old file holds behind the first `length` bytes.
 std::string TailOf(const std::string& target, std::size_t length) {
   return Files().Read(target, length, std::numeric_limits<std::size_t>::max());
@@ -63,7 +37,7 @@ std::string TailOf(const std::string& target, std::size_t length) {
 void SaveOverFile(const std::string& target, const std::string& bytes) {
   Files().CheckWritable(target);
   try {
-    ReplaceByNewFile(target, bytes + TailOf(target, bytes.size()), true);
+    ReplaceByNewFile(Files(), target, bytes + TailOf(target, bytes.size()), true);
   } catch (const FileError& error) {
     // Without truncation the tail stays where it is, even one that may not be read.
     if (!IsRefusedByFolder(error)) throw;
@@ -73,7 +47,7 @@ void SaveOverFile(const std::string& target, const std::string& bytes) {
 
 void SaveInsteadOfFile(const std::string& target, const std::string& bytes) {
   Files().CheckWritable(target);
-  ReplaceByNewFile(target, bytes, true);
+  ReplaceByNewFile(Files(), target, bytes, true);
 }
 
 /// overFile: saves where there is a file already.
@@ -84,7 +58,7 @@ void SaveTo(const std::string& path, const std::string& bytes,
   const std::string target = Files().FollowLinks(path);
   switch (Files().Kind(target)) {
   case FileKind::Folder: throw FileError(std::make_error_code(std::errc::is_a_directory));
-  case FileKind::Missing: return ReplaceByNewFile(target, bytes, false);
+  case FileKind::Missing: return ReplaceByNewFile(Files(), target, bytes, false);
   default: return overFile(target, bytes);
   }
 }

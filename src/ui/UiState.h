@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CheckState.h"
 #include "Grid.h"
 
 #include <cstdint>
@@ -20,6 +21,8 @@ struct UiState {
   std::vector<std::int16_t> rangeList{0}; ///< row numbers, ascending, of the last text that could be parsed; entry 0
                                           ///< is not used
   bool rangeError = false;                ///< the last text could not be parsed
+
+  CheckState check; ///< the check of the last answer
 };
 
 inline UiState TheUi;
@@ -31,5 +34,6 @@ inline auto& animating = TheUi.animating;
 inline auto& animStep = TheUi.animStep;
 inline auto& rangeList = TheUi.rangeList;
 inline auto& rangeError = TheUi.rangeError;
+inline auto& TheCheck = TheUi.check;
 
 } // namespace strutwright

@@ -40,6 +40,7 @@ bool Analyse() {
 bool runAnalysis(ScratchCopy scratch) {
   RebuildModelFromGrids();
   AnalysisDone = FlagTrue;
+  FailedCheck.reset(); // it may fail before the equations are reached
   TheHost().RefreshStatusTexts();
   try {
     const bool ready = scratch == ScratchCopy::None || MakeScratchCopy();

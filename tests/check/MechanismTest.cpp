@@ -129,7 +129,7 @@ TEST_F(MechanismTest, CountsWhatItDoesNotNameAnyMore) {
     model.nodes.back().support = 1;
   }
   EXPECT_THAT(Sentences(StabilityOf(model)),
-              ElementsAre("Nodes 1, 2, 3 and 4 can move to the right, and 2 more nodes with them; "
+              ElementsAre("Nodes 1, 2, 3 and 4 can move to the right, and 2 more nodes move, too; "
                           "no member or support resists this"));
 }
 
@@ -176,10 +176,10 @@ TEST_F(MechanismTest, CountsRedundantMembersAndSupports) {
 
 TEST(DirectionWordsTest, NameEightDirections) {
   EXPECT_EQ(DirectionWords(1, 0), "to the right");
-  EXPECT_EQ(DirectionWords(-1, 0.09), "to the left");
-  EXPECT_EQ(DirectionWords(-0.09, 1), "up");
+  EXPECT_EQ(DirectionWords(-1, 0.08), "to the left");
+  EXPECT_EQ(DirectionWords(-0.08, 1), "up");
   EXPECT_EQ(DirectionWords(0, -1), "down");
-  EXPECT_EQ(DirectionWords(1, 0.11), "up and to the right");
+  EXPECT_EQ(DirectionWords(1, 0.1), "up and to the right");
   EXPECT_EQ(DirectionWords(-1, 1), "up and to the left");
   EXPECT_EQ(DirectionWords(0.5, -1), "down and to the right");
   EXPECT_EQ(DirectionWords(-1, -2), "down and to the left");
@@ -192,7 +192,7 @@ TEST(MotionSentenceTest, JoinsThreeDirections) {
 
 TEST(MotionSentenceTest, NamesTheNodesThatMoveMost) {
   EXPECT_EQ(MotionSentence({0, 0.5, 0, 1, 0, 1, 0, 1, 0, 1, 0}),
-            "Nodes 2, 3, 4 and 5 can move to the right, and 1 more node with them; no member or support resists this");
+            "Nodes 2, 3, 4 and 5 can move to the right, and 1 more node moves, too; no member or support resists this");
 }
 
 /// The motions of weakened trusses of every family, and the same with two mechanisms.

@@ -1,6 +1,13 @@
 #include "CliTest.h"
+#include "Commands.h"
+#include "ModelBuilder.h"
+#include "modModelFile.h"
+#include "modModelStore.h"
 
+#include <new>
+#include <sstream>
 #include <string>
+#include <vector>
 
 #include <nlohmann/json.hpp>
 
@@ -21,6 +28,13 @@ class CheckTest : public CliTest {
   std::string Made(const std::string& name, const std::string& csv) {
     PutFile(folder.Path("in.csv"), csv);
     EXPECT_EQ(Run({"make", folder.Path("in.csv"), folder.Path(name)}), 0) << err;
+    return folder.Path(name);
+  }
+
+  std::string Stored(const std::string& name, const ModelData& model) {
+    SetTables(model);
+    PutFile(folder.Path(name), WriteModel());
+    TheModel = ModelState{};
     return folder.Path(name);
   }
 
@@ -46,12 +60,12 @@ class CheckTest : public CliTest {
   }
 };
 
-TEST_F(CheckTest, AddsSixValuesToTheJson) {
+TEST_F(CheckTest, AddsItsValuesToTheJson) {
   EXPECT_EQ(Run({"analyse", "--check", "--format", "json", Reference("triangle")}), 0);
   const auto model = nlohmann::ordered_json::parse(out);
   std::string keys;
   for (const auto& item : model["check"].items()) keys += item.key() + " ";
-  EXPECT_EQ(keys, "stable mechanisms indeterminacy digits residual zero_members ");
+  EXPECT_EQ(keys, "stable mechanisms indeterminacy digits residual zero_members verdict motions oddities ");
   const auto check = model["check"];
   EXPECT_EQ(check["stable"], true);
   EXPECT_EQ(check["mechanisms"], 0);
@@ -59,6 +73,9 @@ TEST_F(CheckTest, AddsSixValuesToTheJson) {
   EXPECT_EQ(check["digits"], 6);
   EXPECT_LT(check["residual"].get<float>(), 1e-5F);
   EXPECT_EQ(check["zero_members"], nlohmann::ordered_json::array());
+  EXPECT_EQ(check["verdict"], "The truss is stable and these results are right to 6 digits");
+  EXPECT_EQ(check["motions"], nlohmann::ordered_json::array());
+  EXPECT_EQ(check["oddities"], nlohmann::ordered_json::array());
 }
 
 TEST_F(CheckTest, ListsZeroMembersByNumber) {
@@ -83,13 +100,17 @@ TEST_F(CheckTest, SaysWhatAnUnstableModelCanDo) {
   EXPECT_EQ(check["mechanisms"], 1);
   EXPECT_TRUE(check["digits"].is_null());
   EXPECT_TRUE(check["residual"].is_null());
+  EXPECT_TRUE(check["zero_members"].is_null());
+  EXPECT_EQ(check["verdict"], "The truss is a mechanism: it can move in one way without stretching a member");
+  ASSERT_EQ(check["motions"].size(), 1U);
+  EXPECT_THAT(check["motions"][0].get<std::string>(), EndsWith("; no member or support resists this"));
 }
 
 TEST_F(CheckTest, GivesStatusThreeToAnAcceptedMechanism) {
   const std::string model = AcceptedMechanism();
   EXPECT_EQ(Run({"analyse", model}), 0);
   EXPECT_EQ(Run({"analyse", "--check", model}), 3);
-  EXPECT_THAT(out, HasSubstr("so these results mean nothing\n"));
+  EXPECT_THAT(out, HasSubstr("so these results can't be trusted\n"));
   const json check = CheckOf(model);
   EXPECT_TRUE(check["digits"].is_null());
   EXPECT_GT(check["residual"].get<float>(), 1);
@@ -111,6 +132,81 @@ TEST_F(CheckTest, TellsItsStatusInCsvToo) {
 TEST_F(CheckTest, GivesTheLargestStatusOfSeveral) {
   const std::string model = AcceptedMechanism();
   EXPECT_EQ(Run({"analyse", "--check", folder.Path("missing.stw"), model, Reference("mechanism_square")}), 3);
+}
+
+TEST_F(CheckTest, NamesOdditiesInTheJson) {
+  EXPECT_EQ(CheckOf(WrongAnswer())["oddities"],
+            json({"Member 4 has E = -200 and is ignored: the analysis adds the stiffness of member 3 in its place"}));
+}
+
+/// The sound truss of two chords, so flat that rounding leaves few digits.
+ModelData FlatTruss(float stretch) {
+  ModelData model = PrattTruss(42);
+  for (NodeData& node : model.nodes) node.x *= stretch;
+  return model;
+}
+
+TEST_F(CheckTest, GivesStatusThreeBelowTwoDigits) {
+  const std::string two = Stored("two.stw", FlatTruss(5));
+  EXPECT_EQ(CheckOf(two)["digits"], 2);
+  EXPECT_EQ(Run({"analyse", "--check", two}), 0);
+  const std::string one = Stored("one.stw", FlatTruss(9));
+  EXPECT_EQ(CheckOf(one)["digits"], 1);
+  EXPECT_EQ(Run({"analyse", "--check", one}), 3);
+}
+
+TEST_F(CheckTest, JudgesNothingThatCouldNotBeAnalysed) {
+  const std::string empty = Stored("empty.stw", {});
+  ModelData model = Triangle();
+  model.members.push_back({1, 9});
+  const std::string unknownNode = Stored("unknown.stw", model);
+  for (const std::string& file : {empty, unknownNode}) {
+    EXPECT_EQ(Run({"analyse", "--check", file}), 1);
+    EXPECT_THAT(out, EndsWith(": failed\n\nNot checked, since the model could not be analysed\n\n"));
+    Run({"analyse", "--check", "--format", "json", file});
+    const json answer = json::parse(out);
+    ASSERT_TRUE(answer.contains("check"));
+    EXPECT_TRUE(answer["check"].is_null());
+  }
+}
+
+TEST_F(CheckTest, WritesNoNumberWhereThereIsNone) {
+  ModelData model = Triangle();
+  model.nodes[2].forceX = 3e38F;
+  model.nodes[2].forceY = -3e38F;
+  const std::string file = Stored("huge.stw", model);
+  Run({"analyse", "--check", file});
+  EXPECT_THAT(out, HasSubstr("Largest residual of a node: no number"));
+  EXPECT_THAT(out.substr(out.find("The truss")), Not(testing::ContainsRegex("\\binf|nan")));
+  EXPECT_TRUE(CheckOf(file)["residual"].is_null());
+}
+
+TEST_F(CheckTest, GoesOnWithTheNextModelWhereTheCheckFails) {
+  const std::string sound = Reference("triangle");
+  std::ostringstream results;
+  std::ostringstream messages;
+  int asked = 0;
+  const AnswerJudge judge = [&asked](AnalysisOutcome outcome) {
+    if (++asked == 2) throw std::bad_alloc();
+    return CheckAnswer(outcome);
+  };
+  EXPECT_EQ(AnalyseModels({{sound, sound, sound}, OutputFormat::Json, true, {}}, results, messages, judge), 1);
+  EXPECT_EQ(messages.str(), sound + ": The answer could not be checked; std::bad_alloc\n");
+  std::vector<std::string> checks;
+  for (std::istringstream lines(results.str()); lines.good() && lines.peek() != EOF;) {
+    std::string line;
+    std::getline(lines, line);
+    checks.push_back(json::parse(line)["check"].is_null() ? "null" : "judged");
+  }
+  EXPECT_EQ(checks, (std::vector<std::string>{"judged", "null", "judged"}));
+}
+
+TEST_F(CheckTest, SaysInItsTextThatTheCheckFailed) {
+  std::ostringstream results;
+  std::ostringstream messages;
+  const AnswerJudge judge = [](AnalysisOutcome) -> CheckReport { throw std::bad_alloc(); };
+  AnalyseModels({{Reference("triangle")}, OutputFormat::Text, true, {}}, results, messages, judge);
+  EXPECT_THAT(results.str(), EndsWith("\nThe answer could not be checked: std::bad_alloc\n\n"));
 }
 
 TEST_F(CheckTest, SaysNothingOfWhatCouldNotBeRead) {

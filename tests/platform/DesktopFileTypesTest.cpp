@@ -142,6 +142,19 @@ TEST_F(DesktopFileTypesTest, AddsOnlyTheDefaultToAnInstalledProgram) {
   EXPECT_TRUE(fs::exists(Home(".config/mimeapps.list")));
 }
 
+TEST_F(DesktopFileTypesTest, LeavesWhatAnInstallationForThisUserHasBrought) {
+  program = Home(".local/bin/strutwright");
+  PutProgram(program);
+  fs::create_directories(Data("applications"));
+  fs::create_directories(Data("mime/packages"));
+  PutFile(Data("applications/strutwright.desktop"), "installed");
+  PutFile(Data("mime/packages/strutwright.xml"), "installed");
+  FirstRun();
+  EXPECT_EQ(FileBytes(Data("applications/strutwright.desktop")), "installed");
+  EXPECT_EQ(FileBytes(Data("mime/packages/strutwright.xml")), "installed");
+  EXPECT_TRUE(fs::exists(Home(".config/mimeapps.list")));
+}
+
 TEST_F(DesktopFileTypesTest, RegistersACopyBesideTheInstalledProgram) {
   Install();
   program = folder.Path("opt/truss/strutwright");

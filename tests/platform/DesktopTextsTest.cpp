@@ -1,6 +1,7 @@
 #include "DesktopTexts.h"
 #include "ScratchFolder.h"
 
+#include <sstream>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -53,6 +54,16 @@ Terminal=false
 Categories=Education;Engineering;
 MimeType=application/x-strutwright;
 )");
+}
+
+TEST(DesktopEntryTest, SaysOfTheProgramWhatTheInstalledOneSays) {
+  const std::string installed = FileBytes(PACKAGING_DIR "/strutwright.desktop");
+  std::istringstream lines(DesktopEntry(TrussType()));
+  for (std::string line; std::getline(lines, line);) {
+    const bool namesProgram = line.starts_with("Exec=") || line.starts_with("TryExec=");
+    EXPECT_EQ(installed.find("\n" + line + "\n") == std::string::npos && !installed.starts_with(line), namesProgram)
+        << line;
+  }
 }
 
 TEST(DesktopEntryTest, EscapesThePathInEveryLine) {

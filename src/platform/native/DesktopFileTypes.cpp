@@ -1,5 +1,7 @@
 #include "DesktopFileTypes.h"
 
+#include "NewFile.h"
+
 #include <algorithm>
 #include <cctype>
 #include <cstdint>
@@ -64,16 +66,17 @@ void DesktopFileTypes::Register(const DesktopFileType& type) {
   PutDefaultApplication(type);
 }
 
-/// Whether a package has brought all this for everybody, and for the same executable.  An entry that this user has
-/// from another copy of the program comes before the installed one, so then it is not.
+/// Whether an installation has brought all this, for the same executable.  An entry that this user has comes before
+/// those for everybody, whichever copy of the program it is of.
 bool DesktopFileTypes::IsInstalled(const DesktopFileType& type) const {
-  const std::string entry = "applications/" + type.name + ".desktop";
+  const fs::path entry = "applications/" + type.name + ".desktop";
   std::error_code error;
-  if (fs::exists(InDataFolder(entry), error)) return false;
-  return std::any_of(Places.dataFolders.begin(), Places.dataFolders.end(), [&](const fs::path& folder) {
+  const auto brings = [&](const fs::path& folder) {
     return fs::exists(folder / entry, error) && fs::exists(folder / "mime/packages" / (type.name + ".xml"), error) &&
            fs::equivalent(folder / "../bin" / fs::path(type.command).filename(), type.command, error);
-  });
+  };
+  if (fs::exists(Places.dataHome / entry, error)) return brings(Places.dataHome);
+  return std::any_of(Places.dataFolders.begin(), Places.dataFolders.end(), brings);
 }
 
 bool DesktopFileTypes::PutDescriptions(const DesktopFileType& type) {
@@ -117,19 +120,8 @@ bool DesktopFileTypes::Put(const std::string& path, const std::function<std::str
   const std::string fresh = change(old);
   if (isThere && fresh == old) return false;
   Files.CreateFolder(fs::path(path).parent_path().string());
-  const std::string target = Files.FollowLinks(path);
-  const std::string temporary = Files.CreateBeside(target);
-  try {
-    Files.Write(temporary, fresh);
-    if (isThere) {
-      Files.CopyMode(target, temporary);
-      Files.Flush(temporary); // a power cut must not take what was there; what is new, the next start writes again
-    }
-    Files.Replace(temporary, target);
-  } catch (const FileError&) {
-    Files.Remove(temporary);
-    throw;
-  }
+  // What is new, the next start writes again if a power cut takes it.
+  ReplaceByNewFile(Files, Files.FollowLinks(path), fresh, isThere, isThere);
   return true;
 }
 

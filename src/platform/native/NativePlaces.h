@@ -16,7 +16,7 @@ std::string IconPath(const std::string& programFolder);
 std::string ExecutableFolder();
 
 /// The folder for files that the program keeps for the user: "strutwright" in $XDG_DATA_HOME, or in ~/.local/share
-/// where that is not set or no absolute path.  It need not exist.  Throws FileError when the user has no home.
+/// where that is not set or no absolute path.  It need not exist.  Who has no home has it in the root folder.
 std::string UserDataFolder();
 
 /// Where a free desktop looks for what it knows: for this user, and installed for everybody.
@@ -27,7 +27,6 @@ struct DesktopPlaces {
 };
 
 /// The places of this process's user.  Relative paths in the environment count as not set.
-/// Throws FileError when the user has no home.
 DesktopPlaces UserDesktopPlaces();
 
 } // namespace strutwright

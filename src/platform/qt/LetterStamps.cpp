@@ -1,6 +1,8 @@
 #include "LetterStamps.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 #include <QFont>
@@ -39,6 +41,25 @@ void PaintLetters(QPainter& painter, const QPointF& baseline, const QString& tex
 /// The signs of numbers: their shape and place do not hang on their neighbours.
 constexpr std::string_view Signs = "0123456789.-";
 
+/// For each character below 128 its place among the signs, or as many as there are.
+constexpr auto SignPlaces = [] {
+  std::array<std::uint8_t, 128> places{};
+  places.fill(Signs.size());
+  for (std::size_t i = 0; i < Signs.size(); ++i) {
+    places[static_cast<std::size_t>(Signs[i])] = static_cast<std::uint8_t>(i);
+  }
+  return places;
+}();
+
+std::size_t PlaceOf(char character) {
+  const auto code = static_cast<unsigned char>(character);
+  return code < SignPlaces.size() ? SignPlaces[code] : Signs.size();
+}
+
+bool IsNumber(const std::string& text) {
+  return std::all_of(text.begin(), text.end(), [](char character) { return PlaceOf(character) < Signs.size(); });
+}
+
 /// An empty picture that takes one letter.
 QImage Blank(const QFontMetricsF& metrics, const QString& letter, double ratio) {
   const QSizeF size(metrics.horizontalAdvance(letter) + 2 * Margin, metrics.height() + 2 * Margin);
@@ -61,22 +82,25 @@ void PaintText(QPainter& painter, const QPointF& corner, const QString& text, co
   PaintLetters(painter, baseline, text, colour);
 }
 
-bool LetterStamps::Print(QImage& picture, const QPointF& corner, const std::string& text, QRgb colour) {
-  if (text.find_first_not_of(Signs) != std::string::npos) return false;
-  const double ratio = picture.devicePixelRatio();
-  const Alphabet& alphabet = AlphabetOf(colour, ratio);
-  const int y = qRound((corner.y() - Margin) * ratio);
-  const Pixels ground(picture);
-  // All halos first: a letter must not disappear under its neighbour's.
-  for (Stamp Letter::*layer : {&Letter::halo, &Letter::ink}) {
-    double x = corner.x() - Margin;
-    for (const char sign : text) {
-      const Letter& letter = alphabet[Signs.find(sign)];
-      (letter.*layer).CopyTo(ground, qRound(x * ratio), y);
-      x += letter.advance;
-    }
+std::span<const PlacedLetter> LetterStamps::Place(const TextStroke& stroke, double ratio) {
+  Placed.clear();
+  if (!IsNumber(stroke.text)) return {};
+  const Alphabet& alphabet = AlphabetOf(stroke.colour, ratio);
+  const int y = qRound((stroke.corner.y() - Margin) * ratio);
+  double x = stroke.corner.x() - Margin;
+  for (const char character : stroke.text) {
+    const Letter& letter = alphabet[PlaceOf(character)];
+    Placed.push_back({&letter, qRound(x * ratio), y});
+    x += letter.advance;
   }
-  return true;
+  return Placed;
+}
+
+void PrintLetters(const Pixels& ground, std::span<const PlacedLetter> letters) {
+  // All halos first: a letter must not disappear under its neighbour's.
+  for (const Stamp Letter::*layer : {&Letter::halo, &Letter::ink}) {
+    for (const PlacedLetter& each : letters) (each.letter->*layer).CopyTo(ground, each.x, each.y);
+  }
 }
 
 LetterStamps::Alphabet& LetterStamps::AlphabetOf(QRgb colour, double ratio) {

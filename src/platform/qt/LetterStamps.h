@@ -1,13 +1,14 @@
 #pragma once
 
 #include "PixelPen.h"
+#include "Stroke.h"
 
 #include <array>
 #include <map>
-#include <string>
+#include <span>
+#include <vector>
 
 #include <QColor>
-#include <QImage>
 #include <QPointF>
 #include <QString>
 
@@ -19,26 +20,38 @@ namespace strutwright {
 /// corner: its upper left one, in logical pixels.
 void PaintText(QPainter& painter, const QPointF& corner, const QString& text, const QColor& colour, bool halo);
 
-/// Paints numbers, with halo, from letters that it keeps as small pictures: to trace the outline of a halo takes a
-/// hundred times as long as to copy it, and a large model shows thousands of numbers.
+/// A sign of a number on its halo.
+struct Letter {
+  Stamp halo;
+  Stamp ink;
+  double advance = 0; ///< logical pixels
+};
+
+/// x, y: where in the picture the upper left corner of the letter's pictures lies.
+struct PlacedLetter {
+  const Letter* letter;
+  int x;
+  int y;
+};
+
+/// Keeps the letters of numbers: to trace the outline of a halo takes a hundred times as long as to copy it, and a
+/// large model shows thousands of numbers.
 class LetterStamps {
  public:
-  /// False, and nothing is done, where the text is no number.  Letters begin at whole pixels of the picture, which
-  /// leaves them as sharp as they were made.
-  bool Print(QImage& picture, const QPointF& corner, const std::string& text, QRgb colour);
+  /// The letters of a text in a picture with so many device pixels a logical one, until the next call; none where the
+  /// text is no number.  Letters begin at whole pixels of the picture, which leaves them as sharp as they were made.
+  std::span<const PlacedLetter> Place(const TextStroke& stroke, double ratio);
 
  private:
-  struct Letter {
-    Stamp halo;
-    Stamp ink;
-    double advance = 0; ///< logical pixels
-  };
   using Alphabet = std::array<Letter, 12>;
 
   Alphabet& AlphabetOf(QRgb colour, double ratio);
 
   double Ratio = 1; ///< of the letters below
   std::map<QRgb, Alphabet> Alphabets;
+  std::vector<PlacedLetter> Placed;
 };
+
+void PrintLetters(const Pixels& ground, std::span<const PlacedLetter> letters);
 
 } // namespace strutwright

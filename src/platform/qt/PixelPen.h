@@ -1,6 +1,7 @@
 #pragma once
 
-#include <cstddef>
+#include "PixelLoops.h"
+
 #include <cstdint>
 #include <vector>
 
@@ -9,17 +10,6 @@
 #include <QPointF>
 
 namespace strutwright {
-
-/// The pixels of a picture of the format RGB32, as long as nobody else changes it.
-struct Pixels {
-  explicit Pixels(QImage& picture);
-
-  std::uint32_t* Row(int row) const { return first + static_cast<std::ptrdiff_t>(row) * width; }
-
-  std::uint32_t* first;
-  int width;
-  int height;
-};
 
 /// A small picture that gets copied often: its ink, and what it leaves of the ground.
 class Stamp {
@@ -33,7 +23,7 @@ class Stamp {
   void CopyTo(const Pixels& ground, int x, int y) const;
 
  private:
-  void CopyPart(std::uint32_t* pixels, int width, int x, std::size_t at) const;
+  static void CopyOverEdge(const Pixels& ground, int x, int y, const StampRows& rows);
 
   int Left = 0;
   int Top = 0;
@@ -47,7 +37,7 @@ class Stamp {
 /// covers ten of them.  All in device pixels of a picture of the format RGB32, antialiased.
 class PixelPen {
  public:
-  PixelPen(QImage& picture, QRgb colour, double width);
+  PixelPen(const Pixels& ground, QRgb colour, double width);
 
   /// Its ends stand out by half the width.
   void SolidLine(const QLineF& line);
@@ -58,16 +48,8 @@ class PixelPen {
   void Circle(const QPointF& centre, double radius);
 
  private:
-  struct Bar;
-  struct DashedBar;
-  struct Ring;
-
+  Area AreaOf(const QPointF& middle, const QPointF& reach) const;
   void Line(const QLineF& line, double cap, bool dashed);
-
-  template <typename Shape>
-  void Fill(const Shape& shape, const QPointF& middle, const QPointF& reach);
-  template <typename Shape>
-  void FillRow(const Shape& shape, int row, int from, int to);
 
   Pixels Ground;
   QRgb Colour;

@@ -1,16 +1,16 @@
 #include "QtDrawingSurface.h"
 
 #include "PictureFile.h"
-#include "PixelPen.h"
 
 #include <algorithm>
 #include <cmath>
 #include <numbers>
 #include <optional>
-#include <stdexcept>
+#include <span>
 #include <utility>
 
 #include <QLineF>
+#include <QPainter>
 #include <QRectF>
 #include <QString>
 
@@ -21,8 +21,6 @@ namespace {
 constexpr double ClipMargin = 16;    // pixels, more than any pen is wide
 constexpr double LargeRadius = 4096; // pixels
 constexpr int LargeCircleSides = 720;
-constexpr double SmallRadius = 64; // pixels; PixelPen looks at all of a circle's square
-constexpr double Roundness = 0.01; // pixels by which the radii of a circle may differ
 
 QRgb QtColour(Colour colour) { return qRgb(colour.red, colour.green, colour.blue); }
 
@@ -74,14 +72,10 @@ QRectF ClipArea(const QSize& size) {
 QtDrawingSurface::QtDrawingSurface(int width, int height, double ratio) { Resize(width, height, ratio); }
 
 void QtDrawingSurface::Resize(int width, int height, double ratio) {
-  ClosePainter();
   const QSize size(std::max(width, 1), std::max(height, 1));
-  QImage picture(qRound(size.width() * ratio), qRound(size.height() * ratio), QImage::Format_RGB32);
-  if (picture.isNull()) throw std::runtime_error("There is no memory for the picture");
-  Picture = std::move(picture);
+  Canvas.Resize(size, ratio);
   Ratio = ratio;
   const QSize old = std::exchange(Size, size);
-  Picture.setDevicePixelRatio(ratio);
   QtDrawingSurface::Clear();
   if (old.isEmpty()) return;
   const double newWidth = static_cast<double>(View.width) * Size.width() / old.width();
@@ -101,14 +95,14 @@ QPointF QtDrawingSurface::ToSurface(const QPointF& pixel) const {
 }
 
 const QImage& QtDrawingSurface::Image() const {
-  ClosePainter();
-  return Picture;
+  CatchUp();
+  return Canvas.Picture();
 }
 
 void QtDrawingSurface::Clear() {
-  ClosePainter();
   Strokes.clear();
-  Picture.fill(Qt::white);
+  Painted = 0;
+  Canvas.Clear();
 }
 
 void QtDrawingSurface::SetPenColour(Colour colour) { PenColour = QtColour(colour); }
@@ -123,52 +117,14 @@ void QtDrawingSurface::MoveTo(double x, double y) {
 }
 
 void QtDrawingSurface::Paint(Stroke stroke) {
-  if (Mode == PenMode::Invert) return PaintStroke(OpenPainter(), stroke);
-  const bool done = std::visit([this](const auto& each) { return this->PaintPixels(each); }, stroke);
-  if (!done) PaintStroke(OpenPainter(), stroke);
-  Strokes.push_back(std::move(stroke));
+  if (Mode == PenMode::Copy) return Strokes.push_back(std::move(stroke));
+  CatchUp();
+  Canvas.Invert(stroke);
 }
 
-bool QtDrawingSurface::PaintPixels(const LineStroke& stroke) {
-  ClosePainter();
-  const double width = std::max(stroke.pen.width, 1) * Ratio;
-  const QLineF line(stroke.line.p1() * Ratio, stroke.line.p2() * Ratio);
-  PixelPen pen(Picture, stroke.pen.colour, width);
-  if (stroke.pen.dashed) {
-    pen.DashedLine(line);
-  } else {
-    pen.SolidLine(line);
-  }
-  return true;
-}
-
-bool QtDrawingSurface::PaintPixels(const CircleStroke& stroke) {
-  const double radius = stroke.bounds.width() / 2;
-  const bool round = std::abs(stroke.bounds.height() / 2 - radius) <= Roundness;
-  if (!round || radius > SmallRadius || stroke.fill || stroke.pen.dashed) return false;
-  ClosePainter();
-  PixelPen(Picture, stroke.pen.colour, std::max(stroke.pen.width, 1) * Ratio)
-      .Circle(stroke.bounds.center() * Ratio, radius * Ratio);
-  return true;
-}
-
-bool QtDrawingSurface::PaintPixels(const TextStroke& stroke) {
-  if (!stroke.halo) return false;
-  ClosePainter();
-  return Stamps.Print(Picture, stroke.corner, stroke.text, stroke.colour);
-}
-
-/// What inverts is not antialiased, because half a pixel inverted twice would not be what it was.
-QPainter& QtDrawingSurface::OpenPainter() {
-  if (!Painter.isActive()) Painter.begin(&Picture);
-  const bool invert = Mode == PenMode::Invert;
-  Painter.setRenderHint(QPainter::Antialiasing, !invert);
-  Painter.setCompositionMode(invert ? QPainter::RasterOp_NotDestination : QPainter::CompositionMode_SourceOver);
-  return Painter;
-}
-
-void QtDrawingSurface::ClosePainter() const {
-  if (Painter.isActive()) Painter.end();
+void QtDrawingSurface::CatchUp() const {
+  Canvas.Paint(std::span(Strokes).subspan(Painted));
+  Painted = Strokes.size();
 }
 
 PenLook QtDrawingSurface::Pen() const { return {PenColour, PenWidth, Style == LineStyle::Dashed}; }

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "DrawingSurface.h"
-#include "LetterStamps.h"
 #include "Stroke.h"
+#include "StrokeCanvas.h"
 
+#include <cstddef>
 #include <vector>
 
 #include <QColor>
 #include <QImage>
-#include <QPainter>
 #include <QPointF>
 #include <QSize>
 
@@ -57,26 +57,17 @@ class QtDrawingSurface : public DrawingSurface {
 
  private:
   void Paint(Stroke stroke);
-
-  /// Draw straight onto the picture what can be drawn so, or say that it can't.
-  bool PaintPixels(const LineStroke& stroke);
-  bool PaintPixels(const CircleStroke& stroke);
-  bool PaintPixels(const TextStroke& stroke);
-  static bool PaintPixels(const BoxStroke& /*stroke*/) { return false; }
-
-  QPainter& OpenPainter();
-  void ClosePainter() const;
+  void CatchUp() const;
   PenLook Pen() const;
   void DrawPixelLine(QPointF from, QPointF to);
   void DrawLargeCircle(const QPointF& centre, double radiusX, double radiusY);
   double Sharp(double pixel) const;
 
-  QImage Picture;
-  mutable QPainter Painter; ///< on the picture from the first stroke until somebody looks at it
+  mutable StrokeCanvas Canvas;     ///< catches up with the strokes when somebody looks at it
+  mutable std::size_t Painted = 0; ///< strokes that are on the canvas
+  std::vector<Stroke> Strokes;     ///< what was drawn since the picture was empty, without what was inverted
   QSize Size;
   double Ratio = 1;
-  std::vector<Stroke> Strokes; ///< what was drawn since the picture was empty, without what was inverted
-  LetterStamps Stamps;
   ViewWindow View;
   int PenWidth = 1;
   QRgb PenColour = qRgb(0, 0, 0);

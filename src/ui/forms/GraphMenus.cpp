@@ -20,6 +20,7 @@ void frmGraph::BuildMenus() {
   build.Add(
       analysis, "mnuAnimate", "A&nimate", {}, [this] { Frame.AnimateDSD(); },
       "Lets the deflected shape grow and shrink");
+  build.AddCheck(analysis);
   build.Add(
       analysis, "mnuResults", "&Results Report", {}, [this] { mnuResults_Click(); },
       "Model, drawing, results and check as a document to save or print");

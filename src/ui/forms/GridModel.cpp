@@ -1,5 +1,8 @@
 #include "GridModel.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace strutwright {
 
 GridModel::GridModel(Grid& grid, QObject* parent)
@@ -70,14 +73,23 @@ void GridModel::TakeColumnCount(int columns) {
 }
 
 void GridModel::TakeCell(int row, int column) {
-  if (row > 0 && column > 0) {
-    const QModelIndex cell = index(row - 1, column - 1);
-    emit dataChanged(cell, cell, {Qt::DisplayRole});
-  } else if (row > 0) {
-    emit headerDataChanged(Qt::Vertical, row - 1, row - 1);
-  } else if (column > 0) {
-    emit headerDataChanged(Qt::Horizontal, column - 1, column - 1);
+  if (Changed.isNull()) QMetaObject::invokeMethod(this, &GridModel::TellChanges, Qt::QueuedConnection);
+  Changed |= QRect(column, row, 1, 1);
+}
+
+void GridModel::TellChanges() {
+  // Rows may have gone since.
+  const QRect cells = std::exchange(Changed, {}) & QRect(0, 0, Columns + 1, Rows + 1);
+  const QRect data = cells & QRect(1, 1, Columns, Rows);
+  if (cells.left() == 0 && cells.bottom() > 0) {
+    emit headerDataChanged(Qt::Vertical, std::max(cells.top(), 1) - 1, cells.bottom() - 1);
   }
+  if (cells.top() == 0 && cells.right() > 0) {
+    emit headerDataChanged(Qt::Horizontal, std::max(cells.left(), 1) - 1, cells.right() - 1);
+  }
+  if (data.isEmpty()) return;
+  emit dataChanged(index(data.top() - 1, data.left() - 1), index(data.bottom() - 1, data.right() - 1),
+                   {Qt::DisplayRole});
 }
 
 } // namespace strutwright

@@ -5,11 +5,13 @@
 #include <functional>
 
 #include <QAbstractTableModel>
+#include <QRect>
 
 namespace strutwright {
 
 /// A Grid as Qt's views see it: row 0 and column 0 are the headers, every other cell is a cell of the model, one less
-/// in both numbers.  It keeps no text; it passes the grid's change notices on.
+/// in both numbers.  It keeps no text; it passes the grid's change notices on, those of texts when the program next
+/// waits for events, all at once: headers measure themselves anew at each.
 class GridModel : public QAbstractTableModel {
  public:
   /// grid: must outlive the model, which becomes its one listener.
@@ -36,10 +38,12 @@ class GridModel : public QAbstractTableModel {
   void TakeRowCount(int rows);
   void TakeColumnCount(int columns);
   void TakeCell(int row, int column);
+  void TellChanges();
 
   Grid& TheGrid;
   int Rows = 0; ///< data rows and columns as the views know them
   int Columns = 0;
+  QRect Changed; ///< of the grid's cells, what the views have not been told of
   bool Taking = false;
   std::function<void()> SelectionListener;
 };

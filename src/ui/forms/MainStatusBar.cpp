@@ -15,6 +15,14 @@ constexpr int HintTime = 10000; // ms
 constexpr int Percent = 100;
 constexpr int ProgressWidth = 140; // pixels
 
+/// Black and white are legible on these under a light and under a dark desktop theme.
+QString LookOf(CheckLevel level) {
+  const QString look("QLabel { padding: 0 6px; %1 }");
+  if (level == CheckLevel::Doubtful) return look.arg("background: #ffb347; color: black; border-radius: 3px;");
+  if (level == CheckLevel::Bad) return look.arg("background: #c62828; color: white; border-radius: 3px;");
+  return look.arg("");
+}
+
 } // namespace
 
 MainStatusBar::MainStatusBar(QWidget* parent) : QStatusBar(parent) {
@@ -22,6 +30,8 @@ MainStatusBar::MainStatusBar(QWidget* parent) : QStatusBar(parent) {
   Coordinates = AddPanel("stsBar_Coords", "Position of the mouse in the truss display, m", 24);
   MouseMode = AddPanel("stsBar_MouseMode", "What a click in the truss display does", 16);
   Analysis = AddPanel("stsBar_Analysis", "Whether there are results of an analysis", 14);
+  Check = AddPanel("stsBar_Check", "How far the results can be trusted; a click, or F6, says more", 9);
+  Check->installEventFilter(this);
   Hint = new QLabel(this);
   Hint->setObjectName("stsBar_Hint");
   Hint->setAccessibleName("Hint");
@@ -58,6 +68,17 @@ void MainStatusBar::ShowCoordinates(const QString& text) { Coordinates->setText(
 void MainStatusBar::ShowMouseMode(const QString& text) { MouseMode->setText(text); }
 
 void MainStatusBar::ShowAnalysis(const QString& text) { Analysis->setText(text); }
+
+void MainStatusBar::ShowCheck(const QString& text, CheckLevel level) {
+  Check->setText(text);
+  Check->setStyleSheet(LookOf(level));
+}
+
+bool MainStatusBar::eventFilter(QObject* watched, QEvent* event) {
+  const bool clicked = watched == Check && event->type() == QEvent::MouseButtonRelease && !Check->text().isEmpty();
+  if (clicked && CheckListener) CheckListener();
+  return QStatusBar::eventFilter(watched, event);
+}
 
 void MainStatusBar::ShowHint(const QString& text) {
   Hint->setText(text);

@@ -1,5 +1,10 @@
 #pragma once
 
+#include "CheckReport.h"
+
+#include <functional>
+#include <utility>
+
 #include <QPointer>
 #include <QStatusBar>
 #include <QTimer>
@@ -10,7 +15,7 @@ class QPushButton;
 
 namespace strutwright {
 
-/// The status bar `stsBar`: three panels, then a hint that goes by itself, or the progress of long work.
+/// The status bar `stsBar`: four panels, then a hint that goes by itself, or the progress of long work.
 class MainStatusBar : public QStatusBar {
  public:
   explicit MainStatusBar(QWidget* parent);
@@ -18,6 +23,10 @@ class MainStatusBar : public QStatusBar {
   void ShowCoordinates(const QString& text);
   void ShowMouseMode(const QString& text);
   void ShowAnalysis(const QString& text);
+  /// What the check of the answer has to say; where it has something against it, the words stand on orange or red.
+  void ShowCheck(const QString& text, CheckLevel level);
+  /// Called when the user clicks on what the check has to say.
+  void SetCheckNotice(std::function<void()> listener) { CheckListener = std::move(listener); }
   void ShowHint(const QString& text);
 
   /// Shows how far long work is and takes paint events and clicks on Cancel, nothing else; a request to close the
@@ -28,15 +37,20 @@ class MainStatusBar : public QStatusBar {
   /// The widget in which clicks get through while progress shows.
   const QPushButton* CancelButton() const { return Cancel; }
 
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   QLabel* AddPanel(const QString& name, const QString& description, int characters);
 
   QLabel* Coordinates = nullptr;
   QLabel* MouseMode = nullptr;
   QLabel* Analysis = nullptr;
+  QLabel* Check = nullptr;
   QLabel* Hint = nullptr;
   QProgressBar* Progress = nullptr;
   QPushButton* Cancel = nullptr;
+  std::function<void()> CheckListener;
   QTimer HintTimer;
   bool Cancelled = false;
   QPointer<QWidget> FocusBefore; ///< what had the focus when the progress was shown

@@ -102,6 +102,12 @@ void MenuBuilder::AddAnalyse(QMenu& menu) {
       "Computes displacements, member forces and reactions");
 }
 
+void MenuBuilder::AddCheck(QMenu& menu) {
+  Add(
+      menu, "mnuCheck", "Chec&k", Qt::Key_F6, [&frame = Frame] { frame.ShowCheck(); },
+      "How far the results can be trusted, and what is wrong with the model where they can't");
+}
+
 void MenuBuilder::AddHelpMenu() {
   QMenu& help = *AddMenu("mnuHelp", "&Help");
   Add(help, "mnuSWHelp", "&Strutwright Help", QKeySequence::HelpContents, [] {});

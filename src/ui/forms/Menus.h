@@ -31,6 +31,7 @@ class MenuBuilder {
   /// The entries that both children show.
   void AddFileMenu();
   void AddAnalyse(QMenu& menu);
+  void AddCheck(QMenu& menu);
   void AddHelpMenu();
 
  private:

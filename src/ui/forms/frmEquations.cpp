@@ -135,7 +135,9 @@ void frmEquations::BuildMenus() {
   BuildEditMenu(build);
   QMenu& view = *build.AddMenu("mnuView", "&View");
   build.Add(view, "mnuTrussDisplay", "&Truss Display", {}, [this] { Frame.ActivateDisplay(); });
-  build.AddAnalyse(*build.AddMenu("mnuAnalysis", "&Analysis"));
+  QMenu& analysis = *build.AddMenu("mnuAnalysis", "&Analysis");
+  build.AddAnalyse(analysis);
+  build.AddCheck(analysis);
   build.AddHelpMenu();
   MenuList = build.Menus();
 }

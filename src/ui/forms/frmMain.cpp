@@ -8,14 +8,17 @@
 #include "MainStatusBar.h"
 #include "Platform.h"
 #include "UiState.h"
+#include "frmCheck.h"
 #include "frmEquations.h"
 #include "frmGraph.h"
 #include "frmOptions.h"
 #include "modAnimation.h"
+#include "modCheck.h"
 #include "modGenerators.h"
 #include "modGrids.h"
 #include "modModelRendering.h"
 #include "modModelStore.h"
+#include "modMotionView.h"
 #include "modOptions.h"
 #include "modRedraw.h"
 #include "modRunAnalysis.h"
@@ -31,6 +34,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMdiSubWindow>
+#include <QScopedValueRollback>
 #include <QSettings>
 #include <QSignalBlocker>
 #include <QSplitter>
@@ -51,11 +55,24 @@ QString PlaceFile() { return QString::fromStdString(DataFolder()) + "/window.ini
 frmMain::~frmMain() {
   Ending = true;
   DisplaySurface = nullptr;
+  delete Check;
   delete takeCentralWidget(); // while the frame that its parts report to is still whole
 }
 
 void frmMain::runAnalysis() {
   CommitPendingEdit();
+  DropCheck();
+  try {
+    Analyse();
+  } catch (...) {
+    FollowModelInCheck(); // without results
+    throw;
+  }
+  CheckAnalysis();
+}
+
+void frmMain::Analyse() {
+  const QScopedValueRollback waiting(Analysing, true);
   if (!strutwright::runAnalysis()) return;
   TickResultSwitches(true);
   Redraw(false);
@@ -63,9 +80,11 @@ void frmMain::runAnalysis() {
 
 /// The boxes are unticked while AnalysisDone still holds, so that none of them says that there are no results.
 void frmMain::EndAnalysis(bool redraw) {
-  HighlightedMember = 0;
+  HighlightedNodes.clear();
+  HighlightedMembers.clear();
   TickResultSwitches(false);
   AnalysisDone = FlagFalse;
+  DropCheck();
   RefreshStatusTexts();
   if (redraw) Redraw(false);
 }
@@ -150,22 +169,30 @@ void frmMain::ActivateDisplay() { Children->setActiveSubWindow(GraphWindow); }
 void frmMain::ActivateEquations() { Children->setActiveSubWindow(EquationsWindow); }
 
 void frmMain::HighlightMember(int m) {
-  HighlightedMember = m;
+  HighlightedNodes.clear();
+  HighlightedMembers = m == 0 ? std::vector<int>{} : std::vector{m};
   RedrawWhatCanBeDrawn(false);
 }
 
 void frmMain::DrawHighlight() {
-  if (HighlightedMember < 1 || HighlightedMember > MemberCount || DisplaySurface == nullptr) return;
+  if (DisplaySurface == nullptr) return;
   try {
-    strutwright::DrawMember(*DisplaySurface, HighlightedMember, Orange);
+    for (const int m : HighlightedMembers) {
+      if (m >= 1 && m <= MemberCount) strutwright::DrawMember(*DisplaySurface, m, Orange);
+    }
+    for (const int n : HighlightedNodes) {
+      if (n >= 1 && n <= NodeCount) HighlightNode(*DisplaySurface, n, Orange);
+    }
   } catch (const std::out_of_range&) {
-    HighlightedMember = 0; // its nodes have gone since it was chosen
+    HighlightedMembers.clear(); // their nodes have gone since they were chosen
   }
 }
 
 /// Puts the truss on screen as it has been drawn, and what depends on the model with it.
 void frmMain::ShowDrawing() {
+  FollowModelInCheck();
   DrawHighlight();
+  if (DisplaySurface != nullptr) DrawShownMotion(*DisplaySurface);
   if (Graph != nullptr) Graph->ShowDrawing();
   if (Equations != nullptr) Equations->ShowStepToCome();
 }

@@ -6,8 +6,10 @@
 #include "modGridClipboard.h"
 #include "modModelStore.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <vector>
 
 #include <QCheckBox>
 #include <QMainWindow>
@@ -23,6 +25,7 @@ namespace strutwright {
 class ChildArea;
 class ControlBoard;
 class DataGridView;
+class frmCheck;
 class frmEquations;
 class frmGraph;
 class MainStatusBar;
@@ -103,6 +106,13 @@ class frmMain : public QMainWindow, public Host {
   /// Draws the truss with member m highlighted until the model is edited; 0: without a highlight.
   void HighlightMember(int m);
 
+  /// Draws the truss with these nodes and members highlighted until the model is edited, and selects their rows in the
+  /// grids, of which one that has such rows is shown.  What the model does not have is passed over.
+  void ShowParts(const std::vector<int>& nodes, const std::vector<int>& members);
+
+  /// Opens the check window, or brings it to the front, on the model as it stands in the grids.
+  void ShowCheck();
+
   void RefreshStatusTexts() override;
   void Redraw(bool zoomToExtents) override;
   void ClearSurface() override;
@@ -145,9 +155,14 @@ class frmMain : public QMainWindow, public Host {
   void ShowScales();
   void Tick();
   void ShowGrid(int index);
+  void ShowGridOf(std::size_t kind);
   void SavePlace();
   void DrawHighlight();
   void ShowDrawing();
+  void Analyse();
+  void CheckAnalysis();
+  void FollowModelInCheck();
+  void ShowCheckStatus();
   void HideBoard();
   void ShowBoard();
 
@@ -168,11 +183,14 @@ class frmMain : public QMainWindow, public Host {
   EditHistory History{Caption};
   RecoveryKeeper Recovery{*this, History.Steps()};
   QTimer Timer1;
-  int HighlightedMember = 0;   ///< 0 for none
+  frmCheck* Check = nullptr; ///< nullptr until it is first asked for
+  std::vector<int> HighlightedNodes;
+  std::vector<int> HighlightedMembers;
   bool reactionsGuard = false; ///< the next click of the box is the program's own
   bool forcesGuard = false;
   bool deflectedGuard = false;
-  bool Working = false; ///< long work shows its progress
+  bool Working = false;   ///< long work shows its progress
+  bool Analysing = false; ///< the check waits for what the analysis comes to
   bool Ending = false;
 };
 

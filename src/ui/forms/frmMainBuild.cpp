@@ -50,6 +50,7 @@ frmMain::frmMain() {
   setWindowIcon(QIcon(":/icons/strutwright.svg"));
   stsBar = new MainStatusBar(this);
   setStatusBar(stsBar);
+  stsBar->SetCheckNotice([this] { Run([this] { ShowCheck(); }); });
   BuildToolBar();
   BuildCentre();
   ConnectBoard();

@@ -20,6 +20,7 @@ namespace strutwright {
 
 void frmMain::RefreshStatusTexts() {
   if (Graph != nullptr) Graph->stsBarUpdate();
+  ShowCheckStatus();
 }
 
 /// While long work changes the results there is nothing to draw; whoever works draws when it is done.

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QDialog>
-#include <QList>
 
 class QLineEdit;
 class QPushButton;

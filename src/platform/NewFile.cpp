@@ -1,0 +1,33 @@
+#include "NewFile.h"
+
+namespace strutwright {
+
+namespace {
+
+/// Removes a file that is not wanted after all; whether that works changes nothing for the user.
+void Discard(FileSystem& files, const std::string& path) {
+  try {
+    files.Remove(path);
+  } catch (const FileError&) {
+    return;
+  }
+}
+
+} // namespace
+
+void ReplaceByNewFile(FileSystem& files, const std::string& target, const std::string& content, bool existed,
+                      bool wait) {
+  const std::string fresh = files.CreateBeside(target);
+  try {
+    // The mode comes first: nobody shall read for a moment what is not theirs.
+    if (existed) files.CopyMode(target, fresh);
+    files.Write(fresh, content);
+    if (wait) files.Flush(fresh);
+    files.Replace(fresh, target);
+  } catch (...) {
+    Discard(files, fresh);
+    throw;
+  }
+}
+
+} // namespace strutwright

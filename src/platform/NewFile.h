@@ -1,0 +1,16 @@
+#pragma once
+
+#include "FileSystem.h"
+
+#include <string>
+
+namespace strutwright {
+
+/// Puts a new file with this content in the place of `target` in one step: whatever fails, and whenever the program is
+/// killed, the old file is whole.  An existing target's mode and, where allowed, owner are kept.
+/// existed: whether there is a target.  wait: until the disk has the new file; without that, a power cut may take both.
+/// Throws FileError; nothing has changed then.
+void ReplaceByNewFile(FileSystem& files, const std::string& target, const std::string& content, bool existed,
+                      bool wait = true);
+
+} // namespace strutwright
