@@ -21,8 +21,8 @@ namespace strutwright {
 
 namespace {
 
-constexpr double PaperMargin = 14;   // pixels
-constexpr QSize FirstSize{740, 720}; // a page's width and a scroll bar beside it
+constexpr double PaperMargin = 14;    // pixels
+constexpr QSize WindowSize{740, 720}; // a page's width and a scroll bar beside it
 
 /// Shows the drawing, which is fine enough for print, as smooth as the screen can: Qt would leave pixels out.
 class ReportView : public QTextBrowser {
@@ -63,7 +63,7 @@ frmReport::frmReport(frmMain& frame, const std::function<void()>& renew) : QDial
   whole->addWidget(lblState);
   whole->addWidget(reportTxt, 1);
   whole->addLayout(BuildButtons(renew));
-  resize(FirstSize);
+  resize(WindowSize);
 }
 
 QLayout* frmReport::BuildButtons(const std::function<void()>& renew) {
