@@ -5,6 +5,7 @@
 #include "FileState.h"
 #include "Platform.h"
 #include "modCheckAnswer.h"
+#include "modMember.h"
 #include "modModelStore.h"
 #include "modReportText.h"
 #include "modSavedModels.h"
@@ -16,14 +17,21 @@ namespace {
 /// Without the capacity of the grids, which is room for a model and no part of it.
 std::string EnteredModel() { return ModelInGrids().substr(sizeof(GridCapacity)); }
 
+bool BelongsInEquations(int m) {
+  return MemberTable(m, MemberE) >= 0 && MemberTable(m, MemberA) >= 0 && MemberLength(m) > 0;
+}
+
 } // namespace
 
+/// The analysis keeps the length of every member that has a place in the equations.
 bool HasResultsToReport() {
   if (AnalysisDone == FlagFalse) return false;
+  bool expected = false;
   for (int m = 1; m <= MemberCount; ++m) {
     if (MemberTable(m, MemberFieldLength) != 0) return true;
+    expected = expected || BelongsInEquations(m);
   }
-  return false;
+  return !expected;
 }
 
 Report MakeReport(const std::string& name) {

@@ -59,6 +59,13 @@ TEST_F(ReportTest, IsNotThereOnceARebuildHasTakenTheMemberForces) {
   EXPECT_FALSE(HasResultsToReport());
 }
 
+TEST_F(ReportTest, IsThereWhereNoMemberHasALength) {
+  SetModel({{{0, 0, 0, 0, 3}, {4, 0, 0, 0, 3}}, {{1, 1}}});
+  ASSERT_TRUE(runAnalysis(ScratchCopy::None));
+  TakeMessages(); // the member is ignored
+  EXPECT_TRUE(HasResultsToReport());
+}
+
 TEST_F(ReportTest, BearsTheNameOfTheModel) {
   CurrentFileName = "/models/bridge.stw";
   Analyse(Bar());
@@ -232,6 +239,12 @@ TEST_F(ReportTest, PutsWhatTheCheckFoundBelowItsHeading) {
   // Nobody pulls the second bar.
   const ModelData truss{{{0, 0, 0, 0, 3}, {5, 0, 40, 0, 1}, {0, 5, 0, 0, 3}}, {{1, 2}, {1, 3}}};
   EXPECT_THAT(Section(HtmlOf(truss), "Check"), HasSubstr("<li>Zero bars: 1</li>\n<ul>\n<li>Member 2: "));
+}
+
+TEST_F(ReportTest, CanBeOfASupportWithoutAMember) {
+  const std::string html = HtmlOf({{{2, 3, 4, -5, 3}}, {}});
+  EXPECT_THAT(html, HasSubstr("1 node, 0 members."));
+  EXPECT_THAT(html, HasSubstr(TableRow({"1", "0.0", "0.0", "-4.", "5."})));
 }
 
 // Without one of its diagonals, and so stiff that what rounding leaves of its pivot passes.
