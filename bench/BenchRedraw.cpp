@@ -1,4 +1,5 @@
-// How long a redraw of a large model with every layer takes on the surface that the truss display shows.
+// How long a redraw of a large model with every layer takes on the surface that the truss display shows, at rest and
+// while the view is dragged.
 
 #include "AnalysisState.h"
 #include "DisplayState.h"
@@ -9,6 +10,7 @@
 #include "WindowlessHost.h"
 #include "modModelStore.h"
 #include "modRedraw.h"
+#include "modViewTransform.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -65,21 +67,51 @@ void MakeUpResults() {
   ShowReactions = ShowMemberForces = ShowDeflectedShape = true;
 }
 
-void Redraw(benchmark::State& state) {
-  static Desktop desktop;
-  ThePlatform() = {.messages = &desktop, .host = &desktop};
-  SetTables(Lattice());
-  MakeUpResults();
-  QtDrawingSurface surface(1600, 1000);
-  DisplaySurface = &surface;
-  for ([[maybe_unused]] auto step : state) {
-    RedrawDisplay(&surface, true);
+/// A surface with the model on it and the whole of it in view.
+class Screen {
+ public:
+  Screen() {
+    static Desktop desktop;
+    ThePlatform() = {.messages = &desktop, .host = &desktop};
+    SetTables(Lattice());
+    MakeUpResults();
+    DisplaySurface = &surface;
+    Draw(true);
+  }
+  ~Screen() { DisplaySurface = nullptr; }
+  Screen(const Screen&) = delete;
+  Screen& operator=(const Screen&) = delete;
+
+  void Draw(bool zoomToExtents) {
+    RedrawDisplay(&surface, zoomToExtents);
     benchmark::DoNotOptimize(surface.Image().constBits());
   }
-  DisplaySurface = nullptr;
+
+  QtDrawingSurface surface{1600, 1000};
+};
+
+void Redraw(benchmark::State& state) {
+  Screen screen;
+  for ([[maybe_unused]] auto step : state) screen.Draw(true);
+}
+
+/// Each step drags the view by some pixels; the argument says how many times as large as all of it the model shows.
+void Pan(benchmark::State& state) {
+  Screen screen;
+  const double zoom = 1.0 / static_cast<double>(state.range(0));
+  ZoomAbout(screen.surface, Columns / 2.0, -Rows / 2.0, zoom);
+  const double pixel = screen.surface.Window().width / screen.surface.PixelWidth();
+  double direction = 1;
+  for ([[maybe_unused]] auto step : state) {
+    PanWindow(screen.surface, 0, 0, direction * 5.3 * pixel, direction * 3.1 * pixel);
+    direction = -direction;
+    screen.Draw(false);
+  }
+  state.counters["frames per second"] = benchmark::Counter(1, benchmark::Counter::kIsIterationInvariantRate);
 }
 
 BENCHMARK(Redraw)->Unit(benchmark::kMillisecond);
+BENCHMARK(Pan)->Arg(1)->Arg(2)->Arg(4)->Arg(16)->Unit(benchmark::kMillisecond);
 
 } // namespace
 } // namespace strutwright

@@ -1,4 +1,4 @@
-// Prints the figures of docs/trust.md: how often and how far the analysis is wrong, as the check sees it.
+// Prints the tables of figures in docs/trust.md: how often and how far the analysis is wrong, as the check sees it.
 
 #include "AnalysisState.h"
 #include "LargeModels.h"
@@ -78,7 +78,7 @@ ModelData WithoutADiagonal(float area, std::mt19937& random) {
 }
 
 void PrintMechanisms() {
-  std::printf("| A (mm2) | Accepted | Median of the largest displacement (mm) | Recognised by the check |\n"
+  std::printf("| A (mm²) | Accepted | Median of the largest displacement (mm) | Recognised by the check |\n"
               "|---|---|---|---|\n");
   for (const float area : {1000.0F, 2000.0F, 5000.0F}) {
     std::mt19937 random(80);
@@ -103,7 +103,7 @@ void PrintUnits() {
     for (MemberData& member : model.members) member.A = area;
     const CheckReport report = Judge(model);
     const bool done = report.outcome == AnalysisOutcome::Done;
-    std::printf("| 1000 mm2 | %g | %s | %s |\n", static_cast<double>(area), done ? "Analysis Done" : "unstable",
+    std::printf("| 1000 mm² | %g | %s | %s |\n", static_cast<double>(area), done ? "Analysis Done" : "unstable",
                 report.status.c_str());
   }
 }
@@ -138,13 +138,12 @@ void PrintZeroBars() {
 void PrintFigures() {
   SilentDesktop desktop;
   ThePlatform() = {&desktop, &desktop, nullptr, nullptr};
-  std::printf("Long spans\n\n");
   PrintSpans();
-  std::printf("\nA missing diagonal\n\n");
+  std::printf("\n");
   PrintMechanisms();
-  std::printf("\nAn area in m2\n\n");
+  std::printf("\n");
   PrintUnits();
-  std::printf("\nZero bars\n\n");
+  std::printf("\n");
   PrintZeroBars();
 }
 

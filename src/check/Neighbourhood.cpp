@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <optional>
 #include <utility>
 
 namespace strutwright {
@@ -26,6 +27,27 @@ constexpr long VisitEffort = 12;
 constexpr double BetweenMiddles = 0.37;
 
 constexpr double Infinity = std::numeric_limits<double>::infinity();
+
+/// Whether so many of the members nearby have a node in common that it saves much not to compare them.
+bool IsHub(double spokes, double all) { return 5 * spokes >= all; }
+
+/// A coordinate that leaves about half of some things on each side, by a few of them; nothing where these are all in
+/// one place.  middleOf: the coordinate of each thing.
+template <typename MiddleOf>
+std::optional<double> Divide(std::size_t count, const MiddleOf& middleOf) {
+  constexpr std::size_t most = 16;
+  std::array<double, most> middles{};
+  const std::size_t used = std::min(most, count);
+  for (std::size_t k = 0; k < used; ++k) middles[k] = middleOf(k * count / used);
+  const auto end = middles.begin() + static_cast<std::ptrdiff_t>(used);
+  std::sort(middles.begin(), end);
+  const double median = middles[used / 2];
+  const auto above = std::upper_bound(middles.begin(), end, median);
+  if (above != end) return median + BetweenMiddles * (*above - median);
+  const auto from = std::lower_bound(middles.begin(), end, median);
+  if (from == middles.begin()) return std::nullopt;
+  return median - BetweenMiddles * (median - *std::prev(from));
+}
 
 } // namespace
 
@@ -73,25 +95,6 @@ Neighbourhood::Pieces Neighbourhood::AllPieces() const {
   return pieces;
 }
 
-/// A coordinate that leaves about half of the pieces on each side; nothing where all are in the same place.
-std::optional<double> Neighbourhood::Divide(const Pieces& pieces, std::size_t axis) {
-  constexpr std::size_t most = 16;
-  std::array<double, most> middles{};
-  const std::size_t count = std::min(most, pieces.size());
-  for (std::size_t k = 0; k < count; ++k) {
-    const Piece& piece = pieces[k * pieces.size() / count];
-    middles[k] = (piece.low[axis] + piece.high[axis]) / 2;
-  }
-  const auto end = middles.begin() + static_cast<std::ptrdiff_t>(count);
-  std::sort(middles.begin(), end);
-  const double median = middles[count / 2];
-  const auto above = std::upper_bound(middles.begin(), end, median);
-  if (above != end) return median + BetweenMiddles * (*above - median);
-  const auto from = std::lower_bound(middles.begin(), end, median);
-  if (from == middles.begin()) return std::nullopt;
-  return median - BetweenMiddles * (median - *std::prev(from));
-}
-
 /// Takes off what lies beyond a cut, but for the tolerance: a point in the cell may be that far from the member.
 void Neighbourhood::Cut(Piece& piece, std::size_t axis, double at, bool keepLow) const {
   const CheckedMember& member = Truss.members[static_cast<std::size_t>(piece.member)];
@@ -125,15 +128,27 @@ Neighbourhood::Pieces Neighbourhood::Side(const Pieces& pieces, std::size_t axis
   return side;
 }
 
-Neighbourhood::Shares Neighbourhood::SharesOf(const Pieces& pieces, std::size_t axis, double at) {
-  std::size_t lower = 0;
-  std::size_t upper = 0;
+/// hub: counts only the pieces of this node's members; 0 counts all.
+Neighbourhood::Counts Neighbourhood::CountsOf(const Pieces& pieces, std::size_t axis, double at, int hub) {
+  Counts counts{};
   for (const Piece& piece : pieces) {
-    if (piece.low[axis] <= at) ++lower;
-    if (piece.high[axis] >= at) ++upper;
+    if (hub != 0 && piece.i != hub && piece.j != hub) continue;
+    counts.all += 1;
+    if (piece.low[axis] <= at) counts.lower += 1;
+    if (piece.high[axis] >= at) counts.upper += 1;
   }
-  const auto count = static_cast<double>(pieces.size());
-  return {static_cast<double>(lower) / count, static_cast<double>(upper) / count};
+  return counts;
+}
+
+bool Neighbourhood::IsWorthIt(const Pieces& pieces, std::size_t axis, double at) {
+  const auto squared = [](double count) { return count * count; };
+  const Counts all = CountsOf(pieces, axis, at, 0);
+  if (squared(all.lower) + squared(all.upper) <= WorthIt * squared(all.all)) return true;
+  // Members of one node are not compared with each other.
+  const Counts spokes = CountsOf(pieces, axis, at, CommonestNode(pieces));
+  const double now = squared(all.all) - squared(spokes.all);
+  const double then = squared(all.lower) - squared(spokes.lower) + squared(all.upper) - squared(spokes.upper);
+  return now > squared(FewPieces) && IsHub(spokes.all, all.all) && then <= WorthIt * now;
 }
 
 /// Takes the nodes above a coordinate out of the list.
@@ -147,10 +162,9 @@ Neighbourhood::Nodes Neighbourhood::TakeUpper(Nodes& nodes, std::size_t axis, do
 
 /// Halves the cell across an axis and enters both halves, if that is worth it.
 bool Neighbourhood::EnterHalves(const Cell& cell, const Pieces& pieces, Nodes& nodes, std::size_t axis) {
-  const std::optional<double> at = Divide(pieces, axis);
-  if (!at) return false;
-  const Shares shares = SharesOf(pieces, axis, *at);
-  if (shares.lower * shares.lower + shares.upper * shares.upper > WorthIt) return false;
+  const auto middleOf = [&](std::size_t k) { return (pieces[k].low[axis] + pieces[k].high[axis]) / 2; };
+  const std::optional<double> at = Divide(pieces.size(), middleOf);
+  if (!at || !IsWorthIt(pieces, axis, *at)) return false;
   Pieces lower = Side(pieces, axis, *at, true);
   Pieces upper = Side(pieces, axis, *at, false);
   Nodes upperNodes = TakeUpper(nodes, axis, *at);
@@ -201,7 +215,8 @@ void Neighbourhood::CompareHubs(const Cell& cell, Pieces& pieces) {
     const int hub = CommonestNode(pieces);
     const auto others =
         std::partition(pieces.begin(), pieces.end(), [hub](const Piece& p) { return p.i == hub || p.j == hub; });
-    if (4 * (others - pieces.begin()) < pieces.end() - others) return;
+    const auto spokes = static_cast<double>(others - pieces.begin());
+    if (!IsHub(spokes, static_cast<double>(pieces.size()))) return;
     for (auto spoke = pieces.begin(); spoke != others && Left >= 0; ++spoke) {
       for (auto other = others; other != pieces.end(); ++other) ComparePair(cell, *spoke, *other);
     }
@@ -225,13 +240,16 @@ void Neighbourhood::ComparePair(const Cell& cell, const Piece& a, const Piece& b
 
 /// Halves a cell where that is worth it for the nodes alone.
 bool Neighbourhood::CompareNodesOfHalves(const Pieces& pieces, Nodes& nodes, std::size_t axis) {
-  const std::optional<double> at = Divide(pieces, axis);
+  const std::vector<double>& coordinates = axis == 0 ? Truss.x : Truss.y;
+  const auto coordinateOf = [&](std::size_t k) { return coordinates[At(nodes[k])]; };
+  const std::optional<double> at = Divide(nodes.size(), coordinateOf);
   if (!at) return false;
-  const Shares shares = SharesOf(pieces, axis, *at);
+  const Counts counts = CountsOf(pieces, axis, *at, 0);
   Nodes upperNodes = TakeUpper(nodes, axis, *at);
   const auto lowerCount = static_cast<double>(nodes.size());
   const auto upperCount = static_cast<double>(upperNodes.size());
-  if (shares.lower * lowerCount + shares.upper * upperCount > WorthItForNodes * (lowerCount + upperCount)) {
+  const double now = counts.all * (lowerCount + upperCount);
+  if (counts.lower * lowerCount + counts.upper * upperCount > WorthItForNodes * now) {
     nodes.insert(nodes.end(), upperNodes.begin(), upperNodes.end());
     return false;
   }

@@ -4,7 +4,6 @@
 
 #include <array>
 #include <cstddef>
-#include <optional>
 #include <vector>
 
 namespace strutwright {
@@ -72,8 +71,9 @@ class Neighbourhood {
   };
   using Pieces = std::vector<Piece>;
   using Nodes = std::vector<int>;
-  /// How many of some pieces lie, at least in part, on either side of a cut, as shares of all.
-  struct Shares {
+  /// How many pieces there are, and how many lie, at least in part, on either side of a cut.
+  struct Counts {
+    double all;
     double lower;
     double upper;
   };
@@ -82,11 +82,11 @@ class Neighbourhood {
   static bool Touch(const Piece& a, const Piece& b) {
     return a.low[0] <= b.high[0] && b.low[0] <= a.high[0] && a.low[1] <= b.high[1] && b.low[1] <= a.high[1];
   }
-  static std::optional<double> Divide(const Pieces& pieces, std::size_t axis);
-  static Shares SharesOf(const Pieces& pieces, std::size_t axis, double at);
+  static Counts CountsOf(const Pieces& pieces, std::size_t axis, double at, int hub);
   static std::size_t LongerAxis(const Pieces& pieces);
 
   Pieces AllPieces() const;
+  bool IsWorthIt(const Pieces& pieces, std::size_t axis, double at);
   void Cut(Piece& piece, std::size_t axis, double at, bool keepLow) const;
   Pieces Side(const Pieces& pieces, std::size_t axis, double at, bool low) const;
   void Enter(const Cell& cell, Pieces& pieces, Nodes& nodes);

@@ -101,13 +101,12 @@ class OddNeighbours : public NeighbourVisitor {
   const std::vector<double>& Tolerances;
 };
 
-void Report(const LowestPairs& pairs, FindingList& findings, Finding (*make)(int, int)) {
+void Report(const LowestPairs& pairs, FindingKind kind, FindingList& findings, Finding (*make)(int, int)) {
   const std::vector<LowestPairs::Pair> lowest = pairs.Lowest();
-  for (const auto& [a, b] : lowest) {
-    const Finding finding = make(a, b);
-    findings.Add(finding.kind, [&finding] { return finding; });
+  for (const LowestPairs::Pair& pair : lowest) {
+    findings.Add(kind, [&] { return make(pair.first, pair.second); });
   }
-  findings.Count(make(0, 0).kind, pairs.Count() - lowest.size());
+  findings.Count(kind, pairs.Count() - lowest.size());
 }
 
 Finding OnTopFinding(int below, int above) {
@@ -177,9 +176,9 @@ void FindOddPlaces(const CheckedTruss& truss, FindingList& findings) {
   OddNeighbours odd(truss, tolerances);
   const bool allFolds = FindMembersOnTop(truss, findings, odd.onTop);
   const bool allCells = Neighbourhood(truss, tolerances, odd).VisitAll();
-  Report(odd.onTop, findings, OnTopFinding);
-  Report(odd.crossing, findings, CrossingFinding);
-  Report(odd.onMember, findings, NodeFinding);
+  Report(odd.onTop, FindingKind::MemberOnMember, findings, OnTopFinding);
+  Report(odd.crossing, FindingKind::CrossingMembers, findings, CrossingFinding);
+  Report(odd.onMember, FindingKind::NodeOnMember, findings, NodeFinding);
   if (!allFolds || !allCells) SayThatMoreMayBe(findings);
   FindFreeNodes(truss, findings);
 }

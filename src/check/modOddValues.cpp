@@ -104,7 +104,7 @@ std::string Replacement(const std::vector<int>& members, const std::vector<int>&
 std::string FateText(Fate fate, const std::vector<int>& members, const std::vector<int>& standIns) {
   const bool one = members.size() == 1;
   if (fate == Fate::WithoutStiffness) return one ? " and bears nothing" : " and bear nothing";
-  const std::string ignored = one ? " and is ignored" : " and are ignored";
+  std::string ignored = one ? " and is ignored" : " and are ignored";
   switch (fate) {
   case Fate::Cancelled: return ignored + ", which changes nothing";
   case Fate::Zeros: return ignored + ": the analysis adds nothing in " + (one ? "its" : "their") + " place";

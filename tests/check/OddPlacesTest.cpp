@@ -96,6 +96,13 @@ TEST_F(OddPlacesTest, LoseNoMemberOnTopOfARayOfAStar) {
   }
 }
 
+TEST_F(OddPlacesTest, CompareAllOfAWheel) {
+  ModelData model = StarOf(4000);
+  for (int n = 2; n <= 4001; ++n)
+    model.members.push_back({static_cast<float>(n), static_cast<float>(n == 4001 ? 2 : n + 1)});
+  EXPECT_THAT(Texts(model), IsEmpty());
+}
+
 TEST_F(OddPlacesTest, CountWithoutMakingThemAll) {
   const auto findings = Findings({std::vector<NodeData>(16383), std::vector<MemberData>(16383)});
   ASSERT_THAT(findings, SizeIs(1 + 51 + 51));

@@ -36,6 +36,22 @@ void Narrow(const Band& band, float y, float& from, float& to) {
   to = std::min(to, rest / band.a + reach / std::abs(band.a));
 }
 
+/// Whether a level band covers nothing of a row.
+bool IsBeside(const Band& band, float y) {
+  return band.a == 0 && band.half - std::abs(band.b * y - band.c) + 0.5F <= 0;
+}
+
+/// Leaves out rows above and below a level line: it touches less than half of those that a slanting one may touch.
+Area Trimmed(const Bar& bar, Area area) {
+  while (area.top <= area.bottom && IsBeside(bar.across, static_cast<float>(area.top) + 0.5F)) ++area.top;
+  while (area.top <= area.bottom && IsBeside(bar.across, static_cast<float>(area.bottom) + 0.5F)) --area.bottom;
+  return area;
+}
+
+Area Trimmed(const DashedBar& shape, const Area& area) { return Trimmed(shape.bar, area); }
+
+Area Trimmed(const Ring& /*shape*/, const Area& area) { return area; }
+
 Columns InRow(const Bar& bar, float y, const Area& area) {
   float from = area.left;
   float to = area.right;

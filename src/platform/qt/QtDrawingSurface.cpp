@@ -116,10 +116,14 @@ void QtDrawingSurface::MoveTo(double x, double y) {
   Y = y;
 }
 
-void QtDrawingSurface::Paint(Stroke stroke) {
-  if (Mode == PenMode::Copy) return Strokes.push_back(std::move(stroke));
-  CatchUp();
-  Canvas.Invert(stroke);
+template <typename Kind>
+void QtDrawingSurface::Paint(Kind&& stroke) {
+  if (Mode == PenMode::Copy) {
+    Strokes.emplace_back(std::forward<Kind>(stroke));
+  } else {
+    CatchUp();
+    Canvas.Invert(std::forward<Kind>(stroke));
+  }
 }
 
 void QtDrawingSurface::CatchUp() const {

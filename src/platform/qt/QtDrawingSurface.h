@@ -56,7 +56,8 @@ class QtDrawingSurface : public DrawingSurface {
   void SavePicture(const std::string& path) override;
 
  private:
-  void Paint(Stroke stroke);
+  template <typename Kind>
+  void Paint(Kind&& stroke);
   void CatchUp() const;
   PenLook Pen() const;
   void DrawPixelLine(QPointF from, QPointF to);

@@ -24,7 +24,7 @@ namespace strutwright {
 namespace {
 
 constexpr int SwingInterval = 50;  // ms
-constexpr int MostVisibleRows = 4; // of a list, without scrolling
+constexpr int MostVisibleRows = 5; // of a list, where the window is small
 
 std::string WorstText(const CheckRow& row) {
   if (row.worstNode != 0) return "node " + std::to_string(row.worstNode);
@@ -77,8 +77,8 @@ void frmCheck::Fill(QListWidget& list, const std::vector<CheckLine>& lines) {
   const QSignalBlocker silent(&list);
   list.clear();
   for (const CheckLine& line : lines) {
-    auto* item = new QListWidgetItem(QString::fromStdString(line.text), &list); // the list owns it
-    if (!line.Selects()) item->setFlags(Qt::ItemIsEnabled);
+    list.addItem(QString::fromStdString(line.text));
+    if (!line.Selects()) list.item(list.count() - 1)->setFlags(Qt::ItemIsEnabled);
   }
   KeepRoom(list, static_cast<int>(lines.size()));
 }
@@ -129,6 +129,7 @@ void frmCheck::FillMechanism() {
   motionButtons->setVisible(any);
   curesPart->setVisible(any);
   Fill(*curesList, CureLines());
+  curesList->setMaximumHeight(curesList->minimumHeight()); // the other lists may need the room
   EnableMotionButtons();
   RunClock();
 }
