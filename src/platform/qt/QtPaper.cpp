@@ -12,9 +12,9 @@ namespace strutwright {
 
 namespace {
 
-constexpr double PixelsInPrint = 3;          // for a logical one
-constexpr int DotsPerMeter = 3 * 3780;       // of a picture, so that its bytes are the same on every screen
-constexpr int Resolution = 600;              // of a page, dots an inch
+constexpr double PixelsInPrint = 3;    // for a logical one
+constexpr int DotsPerMeter = 3 * 3780; // of a picture, so that its bytes are the same on every screen
+constexpr int Resolution = 600;        // of a page, dots an inch
 
 } // namespace
 
