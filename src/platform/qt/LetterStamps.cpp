@@ -46,7 +46,7 @@ constexpr auto SignPlaces = [] {
   std::array<std::uint8_t, 128> places{};
   places.fill(Signs.size());
   for (std::size_t i = 0; i < Signs.size(); ++i) {
-    places[static_cast<std::size_t>(Signs[i])] = static_cast<std::uint8_t>(i);
+    places[static_cast<unsigned char>(Signs[i])] = static_cast<std::uint8_t>(i);
   }
   return places;
 }();

@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include <QCoreApplication>
+#include <QEvent>
+
 namespace strutwright {
 
 GridModel::GridModel(Grid& grid, QObject* parent)
@@ -73,9 +76,11 @@ void GridModel::TakeColumnCount(int columns) {
 }
 
 void GridModel::TakeCell(int row, int column) {
-  if (Changed.isNull()) QMetaObject::invokeMethod(this, &GridModel::TellChanges, Qt::QueuedConnection);
+  if (Changed.isNull()) QCoreApplication::postEvent(this, new QEvent(QEvent::User)); // the queue owns it
   Changed |= QRect(column, row, 1, 1);
 }
+
+void GridModel::customEvent(QEvent* /*event*/) { TellChanges(); }
 
 void GridModel::TellChanges() {
   // Rows may have gone since.

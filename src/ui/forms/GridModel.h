@@ -32,6 +32,9 @@ class GridModel : public QAbstractTableModel {
   QVariant data(const QModelIndex& index, int role) const override;
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
+ protected:
+  void customEvent(QEvent* event) override;
+
  private:
   void TakeChange(const GridChange& change);
   void TakeLayout();
