@@ -95,14 +95,14 @@ void FillStiffness(Matrix& k, double E, double A, double length, double c, doubl
 
 int Freedom(const std::array<int, 5>& freedoms, int p) { return freedoms[static_cast<std::size_t>(p)]; }
 
-void AddTo(float& entry, float addend) {
+void Accumulate(float& entry, float addend) {
   entry = static_cast<float>(static_cast<double>(entry) + static_cast<double>(addend));
 }
 
 /// Adds what k holds from (p, q) on for two freedoms of one node by two of one node.
 void AddNodeBlock(const Matrix& k, int p, int q, float* block) {
   for (int r = 0; r < 2; ++r) {
-    for (int c = 0; c < 2; ++c) AddTo(TileRow(block, r)[c], k(p + r, q + c));
+    for (int c = 0; c < 2; ++c) Accumulate(TileRow(block, r)[c], k(p + r, q + c));
   }
 }
 
@@ -147,7 +147,7 @@ void AddMemberToGlobal(int m, const Matrix& k, Matrix& K) {
   const std::optional<std::array<int, 5>> freedoms = MemberFreedoms(m);
   if (!freedoms) return;
   for (int p = 1; p <= 4; ++p) {
-    for (int q = 1; q <= 4; ++q) AddTo(K(Freedom(*freedoms, p), Freedom(*freedoms, q)), k(p, q));
+    for (int q = 1; q <= 4; ++q) Accumulate(K(Freedom(*freedoms, p), Freedom(*freedoms, q)), k(p, q));
   }
 }
 

@@ -25,7 +25,7 @@ namespace strutwright {
 
 namespace {
 
-constexpr int Gap = 6; // pixels
+constexpr int Spacing = 6; // pixels
 constexpr int ButtonsInARow = 3;
 constexpr int WordLines = 2;
 constexpr int OriginLines = 2;
@@ -37,8 +37,8 @@ frmEquations::frmEquations(frmMain& frame) : Frame(frame) {
   setWindowTitle("Stiffness Equations");
   TheEquations = EquationsState{};
   auto* whole = new QVBoxLayout(this);
-  whole->setContentsMargins(Gap, Gap, Gap, Gap);
-  whole->setSpacing(Gap);
+  whole->setContentsMargins(Spacing, Spacing, Spacing, Spacing);
+  whole->setSpacing(Spacing);
   whole->addLayout(BuildButtons());
   lblStepDone = AddLine("lblStepDone", "What the last step did", WordLines);
   lblStepToCome = AddLine("lblStepToCome", "What comes next", WordLines);
@@ -56,7 +56,7 @@ QLayout* frmEquations::BuildButtons() {
   btnAddMember = AddStep("btnAddMember", "Add Member 1", "Adds the next member to the stiffness matrix", StepAddMember);
   btnStepBack = AddStep("btnStepBack", "Step Back", "Undoes the last press", StepBack);
   auto* buttons = new QGridLayout;
-  buttons->setSpacing(Gap);
+  buttons->setSpacing(Spacing);
   int place = 0;
   for (QPushButton* each :
        {btnShowForces, btnAddMember,

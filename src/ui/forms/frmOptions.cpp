@@ -113,8 +113,8 @@ QWidget* frmOptions::BuildCapacity() {
 QWidget* frmOptions::BuildSnap() {
   xSpaceTxt = AddField("xSpaceTxt", "Distance of the grid's lines in x, m", TheOptions.xSpaceTxt);
   ySpaceTxt = AddField("ySpaceTxt", "Distance of the grid's lines in y, m", TheOptions.ySpaceTxt);
-  snapRtxt =
-      AddField("snapRtxt", "How near a click has to be to a node, a member or a point of the grid, m", TheOptions.snapRtxt);
+  snapRtxt = AddField("snapRtxt", "How near a click has to be to a node, a member or a point of the grid, m",
+                      TheOptions.snapRtxt);
   snapSNtxt = AddField("snapSNtxt", "Kept, but without effect: nodes are numbered by their rows", TheOptions.snapSNtxt);
   auto* frame = new QGroupBox("Node Snap Settings");
   auto* rows = new QFormLayout(frame);
