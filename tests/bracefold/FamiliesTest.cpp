@@ -124,7 +124,7 @@ TEST(FamiliesTest, AreNumberedAlongThemselves) {
     for (int n = 2; n <= model.nodeCount; ++n) ASSERT_GE(model.nodes(n, field), model.nodes(n - 1, field));
     if (family.name == "fink") return; // its long ties reach far
     for (int m = 1; m <= model.memberCount; ++m) {
-      const Bar bar = BarOf(model, m);
+      const PlacedBar bar = BarOf(model, m);
       EXPECT_LT(bar.i, bar.j);
       EXPECT_LE(bar.j - bar.i, 5);
     }
@@ -135,7 +135,7 @@ TEST(FamiliesTest, HaveNoMemberWithoutLengthOrTwice) {
   ForEveryTruss([](const TrussFamily&, int, const StoredModel& model) {
     std::set<std::pair<int, int>> seen;
     for (int m = 1; m <= model.memberCount; ++m) {
-      const Bar bar = BarOf(model, m);
+      const PlacedBar bar = BarOf(model, m);
       EXPECT_GT(bar.Length(), 1e-3);
       EXPECT_TRUE(seen.emplace(std::min(bar.i, bar.j), std::max(bar.i, bar.j)).second) << "member " << m;
     }
@@ -152,21 +152,21 @@ TEST(FamiliesTest, HaveNoTwoNodesInOnePlace) {
 }
 
 /// Twice the area of the triangle (bar, point), by the bar's length: the point's distance from its line, with a sign.
-double Offset(const Bar& bar, double x, double y) {
+double Offset(const PlacedBar& bar, double x, double y) {
   return ((bar.x2 - bar.x1) * (y - bar.y1) - (bar.y2 - bar.y1) * (x - bar.x1)) / bar.Length();
 }
 
 constexpr double Touching = 1e-4; // m: far below a member's length, far above what rounding to floats moves a node
 
-bool Separates(const Bar& bar, const Bar& other) {
+bool Separates(const PlacedBar& bar, const PlacedBar& other) {
   return Offset(bar, other.x1, other.y1) * Offset(bar, other.x2, other.y2) < 0 &&
          std::fabs(Offset(bar, other.x1, other.y1)) > Touching && std::fabs(Offset(bar, other.x2, other.y2)) > Touching;
 }
 
-bool Cross(const Bar& a, const Bar& b) { return Separates(a, b) && Separates(b, a); }
+bool Cross(const PlacedBar& a, const PlacedBar& b) { return Separates(a, b) && Separates(b, a); }
 
 /// Whether a point lies on a bar, away from its ends.
-bool LiesInside(const Bar& bar, double x, double y) {
+bool LiesInside(const PlacedBar& bar, double x, double y) {
   const double part =
       ((x - bar.x1) * (bar.x2 - bar.x1) + (y - bar.y1) * (bar.y2 - bar.y1)) / (bar.Length() * bar.Length());
   return std::fabs(Offset(bar, x, y)) < Touching && part > 1e-3 && part < 1 - 1e-3;
@@ -174,7 +174,7 @@ bool LiesInside(const Bar& bar, double x, double y) {
 
 TEST(FamiliesTest, HaveNoCrossingMembers) {
   ForEveryTruss([](const TrussFamily&, int, const StoredModel& model) {
-    std::vector<Bar> bars;
+    std::vector<PlacedBar> bars;
     for (int m = 1; m <= model.memberCount; ++m) bars.push_back(BarOf(model, m));
     for (std::size_t a = 0; a < bars.size(); ++a) {
       for (std::size_t b = 0; b < a; ++b) EXPECT_FALSE(Cross(bars[a], bars[b])) << a + 1 << " and " << b + 1;
@@ -185,7 +185,7 @@ TEST(FamiliesTest, HaveNoCrossingMembers) {
 TEST(FamiliesTest, HaveNoNodeOnAMemberThatPassesIt) {
   ForEveryTruss([](const TrussFamily&, int, const StoredModel& model) {
     for (int m = 1; m <= model.memberCount; ++m) {
-      const Bar bar = BarOf(model, m);
+      const PlacedBar bar = BarOf(model, m);
       for (int n = 1; n <= model.nodeCount; ++n) {
         if (n == bar.i || n == bar.j) continue;
         EXPECT_FALSE(LiesInside(bar, model.nodes(n, NodeX), model.nodes(n, NodeY))) << m << " and node " << n;
@@ -315,7 +315,7 @@ std::vector<int> DiagonalsOf(const std::string& name, int bays) {
   const StoredModel model = MakeTruss(Family(name), texts);
   std::map<float, int> directions;
   for (int m = 1; m <= model.memberCount; ++m) {
-    const Bar bar = BarOf(model, m);
+    const PlacedBar bar = BarOf(model, m);
     if (model.members(m, MemberA) != 7) continue;
     directions[static_cast<float>(bar.x1 + bar.x2)] = (bar.x2 - bar.x1) * (bar.y2 - bar.y1) > 0 ? 1 : -1;
   }

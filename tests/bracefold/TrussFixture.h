@@ -38,7 +38,7 @@ inline std::string NameOf(const TrussFamily& family, int bays) {
 }
 
 /// A member of a model from end to end, in m.
-struct Bar {
+struct PlacedBar {
   int i = 0;
   int j = 0;
   double x1 = 0;
@@ -49,7 +49,7 @@ struct Bar {
   double Length() const { return std::hypot(x2 - x1, y2 - y1); }
 };
 
-inline Bar BarOf(const StoredModel& model, int m) {
+inline PlacedBar BarOf(const StoredModel& model, int m) {
   const int i = RoundNodeNumber(model.members(m, MemberNodeI));
   const int j = RoundNodeNumber(model.members(m, MemberNodeJ));
   return {i, j, model.nodes(i, NodeX), model.nodes(i, NodeY), model.nodes(j, NodeX), model.nodes(j, NodeY)};
