@@ -229,7 +229,7 @@ int Document(ModelSession& session, Result result, const AnalyseRequest& request
   const std::string file = FileFor(request.report, session.File(), request.models.size() > 1);
   try {
     EnsureApplication();
-    WriteReport(MakeReport(LastComponent(session.File())), file);
+    WriteReport(MakeReport(ValidText(LastComponent(session.File()))), file);
   } catch (const FileError& error) {
     session.Tell("Error while saving file " + file + "\n" + error.what());
     return ExitUsage;

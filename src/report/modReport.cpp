@@ -10,6 +10,8 @@
 #include "modReportText.h"
 #include "modSavedModels.h"
 
+#include <exception>
+
 namespace strutwright {
 
 namespace {
@@ -42,7 +44,11 @@ Report MakeReport(const std::string& name) {
   parts.frame = FrameReport();
   parts.picture = ThePaper().Picture(parts.frame.width, parts.frame.height,
                                      [&parts](DrawingSurface& surface) { DrawReport(surface, parts.frame); });
-  parts.check = CheckAnswer(LastOutcome());
+  try {
+    parts.check = CheckAnswer(LastOutcome());
+  } catch (const std::exception& failure) {
+    parts.checkFailure = failure.what(); // the results are there all the same
+  }
   return {{ReportTitle(parts.name), ReportHtml(parts)}, name, CurrentFileName, parts.date, EnteredModel()};
 }
 

@@ -44,10 +44,14 @@ bool HasLoads() {
   return false;
 }
 
+std::string Verdict(const ReportParts& parts) {
+  const std::string failure = "The check could not be made: " + parts.checkFailure;
+  return (parts.checkFailure.empty() ? parts.check.verdict : failure) + ".";
+}
+
 std::string Head(const ReportParts& parts) {
-  return HtmlHeading(1, ReportTitle(parts.name)) +
-         HtmlParagraph(parts.date + ". " + Count(NodeCount, "node") + ", " + Count(MemberCount, "member") + ". " +
-                       parts.check.verdict + ".");
+  return HtmlHeading(1, ReportTitle(parts.name)) + HtmlParagraph(parts.date + ". " + Count(NodeCount, "node") + ", " +
+                                                                 Count(MemberCount, "member") + ". " + Verdict(parts));
 }
 
 std::string NodeTableHtml() {
@@ -137,8 +141,10 @@ std::string MemberResultsHtml() {
                    rows);
 }
 
-std::string ResultsSection() {
-  return HtmlHeading(2, "Results") + HtmlHeading(3, "Displacements and reactions") + NodeResultsHtml() +
+/// Results that can't be trusted don't stand there without a word.
+std::string ResultsSection(const ReportParts& parts) {
+  const std::string warning = parts.check.level == CheckLevel::Good ? "" : HtmlParagraph(Verdict(parts));
+  return HtmlHeading(2, "Results") + warning + HtmlHeading(3, "Displacements and reactions") + NodeResultsHtml() +
          HtmlHeading(3, "Members") + MemberResultsHtml();
 }
 
@@ -157,12 +163,14 @@ std::string ExplanationSections() {
 }
 
 /// The verdict, which is the first line of the check's text, and then its facts.
-std::string CheckSection(const CheckReport& check) {
-  std::istringstream text(CheckText(check));
+std::string CheckSection(const ReportParts& parts) {
+  const std::string begin = HtmlHeading(2, "Check") + HtmlParagraph(Verdict(parts));
+  if (!parts.checkFailure.empty()) return begin;
+  std::istringstream text(CheckText(parts.check));
   std::vector<std::string> lines;
   for (std::string line; std::getline(text, line);) lines.push_back(line);
   lines.erase(lines.begin());
-  return HtmlHeading(2, "Check") + HtmlParagraph(check.verdict + ".") + HtmlList(lines);
+  return begin + HtmlList(lines);
 }
 
 } // namespace
@@ -170,8 +178,8 @@ std::string CheckSection(const CheckReport& check) {
 std::string ReportTitle(const std::string& name) { return "Truss report: " + name; }
 
 std::string ReportHtml(const ReportParts& parts) {
-  return HtmlPage(ReportTitle(parts.name), Head(parts) + ModelSection() + DrawingSection(parts) + ResultsSection() +
-                                               ExplanationSections() + CheckSection(parts.check));
+  return HtmlPage(ReportTitle(parts.name), Head(parts) + ModelSection() + DrawingSection(parts) +
+                                               ResultsSection(parts) + ExplanationSections() + CheckSection(parts));
 }
 
 } // namespace strutwright

@@ -16,6 +16,7 @@ struct ReportParts {
   std::string picture; ///< PNG of DrawReport
   ReportFrame frame;   ///< that it was drawn with
   CheckReport check;
+  std::string checkFailure; ///< why there is no check; empty where there is one
 };
 
 /// A row of a table of explanations.

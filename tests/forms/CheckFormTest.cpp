@@ -202,6 +202,7 @@ TEST_F(CheckFormTest, SaysWhyThereIsNoCheck) {
   OpenCheck();
   frame->runAnalysis();
   EXPECT_EQ(Verdict(), "The check could not be made: no such luck.");
+  EXPECT_EQ(RowOf("Mechanisms"), -1);
   EXPECT_EQ(AnalysisDone, FlagTrue);
 }
 

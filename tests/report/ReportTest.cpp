@@ -256,8 +256,25 @@ TEST_F(ReportTest, SaysAtItsTopThatTheTrussIsAMechanism) {
   const std::string verdict = CheckAnswer(LastOutcome()).verdict + ".</p>";
   EXPECT_THAT(verdict, testing::StartsWith("The truss is a mechanism: "));
   EXPECT_LT(html.find(verdict), html.find("<h2>Model</h2>"));
+  EXPECT_THAT(Section(html, "Results"), HasSubstr(verdict));
   EXPECT_THAT(Section(html, "Check"), HasSubstr(verdict));
   EXPECT_THAT(Section(html, "Check"), HasSubstr("<li>Mechanisms: 1</li>\n<ul>\n<li>"));
+}
+
+TEST_F(ReportTest, WarnsOfNothingWhereThereAreDigitsEnough) {
+  EXPECT_THAT(Section(HtmlOf(Bar()), "Results"), Not(HasSubstr("digits")));
+}
+
+TEST_F(ReportTest, SaysWhyThereIsNoCheck) {
+  Analyse(Triangle());
+  ReportParts parts;
+  parts.frame = FrameReport();
+  parts.checkFailure = "no such luck";
+  const std::string html = ReportHtml(parts);
+  for (const char* section : {"Results", "Check"}) {
+    EXPECT_THAT(Section(html, section), HasSubstr("<p>The check could not be made: no such luck.</p>"));
+  }
+  EXPECT_THAT(html, Not(HasSubstr("Mechanisms: ")));
 }
 
 TEST_F(ReportTest, IsTheSameOfTheSameModelAndDate) {

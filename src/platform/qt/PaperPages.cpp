@@ -102,8 +102,9 @@ int PaintPages(const PaperDocument& document, QPagedPaintDevice& device, PageRan
   LayOut(text, document, device);
   const int count = text.pageCount();
   const int last = range.last > 0 ? std::min(range.last, count) : count;
-  for (int page = range.first; page <= last; ++page) {
-    if (page > range.first && !device.newPage()) throw FileError("The pages could not be made");
+  const int first = std::min(range.first, count);
+  for (int page = first; page <= last; ++page) {
+    if (page > first && !device.newPage()) throw FileError("The pages could not be made");
     PaintBody(painter, text, QRectF(QPointF(0, (page - 1) * text.pageSize().height()), text.pageSize()));
     PaintFoot(painter, QString::fromStdString(document.title), QStringLiteral("Page %1 of %2").arg(page).arg(count));
   }

@@ -2,6 +2,7 @@
 
 // What the check window shows and does; how it is put together stands in frmCheckBuild.cpp.
 
+#include "DisplayState.h"
 #include "EventGuard.h"
 #include "Platform.h"
 #include "UiState.h"
@@ -9,13 +10,17 @@
 #include "modCheck.h"
 #include "modMotionView.h"
 
+#include <algorithm>
+#include <optional>
 #include <utility>
 
 #include <QGroupBox>
 #include <QHeaderView>
+#include <QHideEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QShowEvent>
 #include <QSignalBlocker>
 #include <QTableWidget>
 
@@ -41,6 +46,11 @@ void KeepRoom(QListWidget& list, int lines) {
 
 std::vector<int> OnlyIf(int number) { return number == 0 ? std::vector<int>{} : std::vector{number}; }
 
+bool IsDrawingWithMouse() {
+  return std::any_of(TheMouse.RubberBands.begin(), TheMouse.RubberBands.end(),
+                     [](const std::optional<RubberShape>& band) { return band.has_value(); });
+}
+
 } // namespace
 
 void frmCheck::Refresh() {
@@ -55,7 +65,7 @@ void frmCheck::Refresh() {
 
 void frmCheck::FillTable() {
   const QSignalBlocker silent(checkTable);
-  const std::vector<CheckRow> rows = CheckRows(TheCheck.report);
+  const std::vector<CheckRow> rows = TheCheck.failure.empty() ? CheckRows(TheCheck.report) : std::vector<CheckRow>{};
   checkTable->clearSelection();
   checkTable->setRowCount(static_cast<int>(rows.size()));
   int row = 0;
@@ -155,9 +165,9 @@ void frmCheck::RunClock() {
   }
 }
 
-/// Under an open box nothing moves.
+/// Under an open box nothing moves, nor while the mouse draws: a redraw would take its lines away.
 void frmCheck::Tick() {
-  if (!MessageIsOpen()) {
+  if (!MessageIsOpen() && !IsDrawingWithMouse()) {
     SwingMotion();
     Frame.RedrawWhatCanBeDrawn(false);
   }
@@ -179,6 +189,7 @@ void frmCheck::Copy() { TheClipboard().SetText(CheckReportText(), ""); }
 
 void frmCheck::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
+  if (event->spontaneous()) return RunClock(); // it was minimised
   Guard([this] {
     Refresh();
     Frame.RedrawWhatCanBeDrawn(false);
@@ -188,7 +199,7 @@ void frmCheck::showEvent(QShowEvent* event) {
 void frmCheck::hideEvent(QHideEvent* event) {
   QDialog::hideEvent(event);
   MotionTimer.stop();
-  if (Frame.IsEnding()) return;
+  if (event->spontaneous() || Frame.IsEnding()) return;
   Guard([this] {
     ShowMotion(0);
     if (std::exchange(Marking, false)) return Frame.HighlightMember(0);

@@ -26,7 +26,7 @@ constexpr int CellRoom = 6; // pixels, above and below a text together
 QLabel* NewLabel(const QString& name, const QString& description) {
   auto* label = new QLabel;
   label->setObjectName(name);
-  label->setAccessibleName(description);
+  label->setAccessibleDescription(description); // its name is what it says
   label->setToolTip(description);
   label->setTextFormat(Qt::PlainText);
   label->setWordWrap(true);

@@ -84,7 +84,7 @@ void frmGraph::ShowReport() {
   Report report = MakeReport(Frame.ModelName());
   if (ReportWindow == nullptr) {
     ReportWindow = new frmReport(Frame, [this] { mnuResults_Click(); });
-    OnSignal(&Frame.EditSteps(), &QUndoStack::indexChanged, ReportWindow, [this] { ReportWindow->NoteModel(); });
+    OnSignal(&Frame.EditSteps(), &QUndoStack::indexChanged, this, [this] { ReportWindow->NoteModel(); });
   }
   ReportWindow->ShowReport(std::move(report));
   ReportWindow->show();
