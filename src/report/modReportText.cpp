@@ -164,7 +164,7 @@ std::string ExplanationSections() {
 
 /// The verdict, which is the first line of the check's text, and then its facts.
 std::string CheckSection(const ReportParts& parts) {
-  const std::string begin = HtmlHeading(2, "Check") + HtmlParagraph(Verdict(parts));
+  std::string begin = HtmlHeading(2, "Check") + HtmlParagraph(Verdict(parts));
   if (!parts.checkFailure.empty()) return begin;
   std::istringstream text(CheckText(parts.check));
   std::vector<std::string> lines;
