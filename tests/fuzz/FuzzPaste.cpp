@@ -37,7 +37,7 @@ std::string WrittenAsSpreadsheet(const Table& table) {
   return text;
 }
 
-void CheckRow(int row) {
+void ExpectRow(int row) {
   Ensure(GrJoints.Text(row, 0) == std::to_string(row), "a row bears its number");
   for (int column = 1; column < GrJoints.ColumnCount(); ++column) {
     const std::string& text = GrJoints.Text(row, column);
@@ -68,7 +68,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const EditSnapshot after = TakeSnapshot();
   if (table.empty()) Ensure(after == before, "nothing is pasted without a line end");
   Ensure(GrJoints.Text(0, 1) == "x(m)", "the headings stay");
-  for (int each = 1; each < GrJoints.RowCount(); ++each) CheckRow(each);
+  for (int each = 1; each < GrJoints.RowCount(); ++each) ExpectRow(each);
   PasteInto(GrJoints, row);
   Ensure(TakeSnapshot() == after, "pasting the same again changes nothing");
   return 0;
