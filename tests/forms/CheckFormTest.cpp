@@ -19,6 +19,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTableWidget>
+#include <QTextBrowser>
 #include <QTimer>
 
 namespace strutwright {
@@ -194,6 +195,21 @@ TEST_F(CheckFormTest, JudgesWhatWasPasted) {
   GrJoints.SetText(1, 5, "0"); // as a paste, which changes the grid alone
   OpenCheck();
   EXPECT_THAT(Verdict(), HasSubstr("The truss is a mechanism"));
+}
+
+TEST_F(CheckFormTest, OpensTheReportThatHoldsTheCheck) {
+  EnterThreeBarTruss();
+  OpenCheck();
+  frame->runAnalysis();
+  Push("btnReport");
+  EXPECT_TRUE(Find<QWidget>("frmReport").isVisible());
+  EXPECT_THAT(Find<QTextBrowser>("reportTxt").toPlainText().toStdString(), HasSubstr(Verdict()));
+}
+
+TEST_F(CheckFormTest, HasNoReportWithoutResults) {
+  OpenCheck();
+  Push("btnReport");
+  EXPECT_THAT(TakeMessages(), ElementsAre(Box(MessageIcon::Information, "No results report available yet")));
 }
 
 TEST_F(CheckFormTest, SaysWhyThereIsNoCheck) {
@@ -427,7 +443,7 @@ TEST_F(CheckFormTest, GivesEveryControlANameAToolTipAndAKeyOfItsOwn) {
     const auto mark = text.indexOf('&');
     if (mark >= 0) keys.insert(text[mark + 1].toLower());
   }
-  EXPECT_EQ(keys.size(), 10U);
+  EXPECT_EQ(keys.size(), 11U);
   EXPECT_EQ(std::set<QChar>(keys.begin(), keys.end()).size(), keys.size());
 }
 

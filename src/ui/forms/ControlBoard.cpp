@@ -1,5 +1,6 @@
 #include "ControlBoard.h"
 
+#include "FormParts.h"
 #include "UiState.h"
 #include "modModelStore.h"
 
@@ -24,12 +25,6 @@ QHBoxLayout* Row(const std::initializer_list<QWidget*>& widgets) {
 }
 
 /// A caption whose mnemonic leads to `buddy`, where it has one.
-QLabel* Caption(const QString& text, QWidget* buddy = nullptr) {
-  auto* label = new QLabel(text);
-  label->setBuddy(buddy);
-  return label;
-}
-
 QGroupBox* GroupBox(const QString& title, const std::initializer_list<QLayout*>& rows) {
   auto* panel = new QGroupBox(title);
   auto* column = new QVBoxLayout(panel);

@@ -39,7 +39,6 @@ class frmCheck : public QDialog {
   void BuildCures();
   void BuildButtons();
   QListWidget* AddList(const QString& name, const QString& caption, const QString& description);
-  QPushButton* NewButton(const QString& name, const QString& caption, const QString& toolTip);
 
   void FillTable();
   void Fill(QListWidget& list, const std::vector<CheckLine>& lines);

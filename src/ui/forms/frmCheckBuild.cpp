@@ -3,6 +3,7 @@
 // How the check window is put together.
 
 #include "EventGuard.h"
+#include "FormParts.h"
 #include "frmMain.h"
 #include "modMotionView.h"
 
@@ -43,12 +44,6 @@ QListWidget* NewList(const QString& name, const QString& description) {
   list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   list->setResizeMode(QListView::Adjust);
   return list;
-}
-
-QLabel* ListCaption(const QString& text, QWidget* buddy) {
-  auto* caption = new QLabel(text);
-  caption->setBuddy(buddy);
-  return caption;
 }
 
 } // namespace
@@ -99,14 +94,14 @@ void frmCheck::BuildTable() {
   across.setSectionResizeMode(QHeaderView::ResizeToContents);
   across.setSectionResizeMode(1, QHeaderView::Stretch);
   across.setHighlightSections(false);
-  layout()->addWidget(ListCaption("&Figures:", checkTable));
+  layout()->addWidget(Caption("&Figures:", checkTable));
   layout()->addWidget(checkTable);
   OnSignal(checkTable, &QTableWidget::itemSelectionChanged, this, [this] { ShowCell(checkTable->currentRow()); });
 }
 
 QListWidget* frmCheck::AddList(const QString& name, const QString& caption, const QString& description) {
   QListWidget* list = NewList(name, description);
-  layout()->addWidget(ListCaption(caption, list));
+  layout()->addWidget(Caption(caption, list));
   static_cast<QVBoxLayout*>(layout())->addWidget(list, 1);
   OnSignal(list, &QListWidget::itemSelectionChanged, this, [this, list] { ShowChosen(*list); });
   return list;
@@ -155,7 +150,7 @@ void frmCheck::BuildCures() {
   auto* row = new QHBoxLayout;
   row->addWidget(curesList, 1);
   row->addWidget(btnApplyCure, 0, Qt::AlignTop);
-  column->addWidget(ListCaption("Any one of these would &stop it:", curesList));
+  column->addWidget(Caption("Any one of these would &stop it:", curesList));
   column->addLayout(row);
   OnSignal(curesList, &QListWidget::itemSelectionChanged, this, [this] { ShowChosen(*curesList); });
   OnSignal(curesList, &QListWidget::itemActivated, this, [this] { ApplyChosenCure(); });
@@ -164,25 +159,21 @@ void frmCheck::BuildCures() {
 
 void frmCheck::BuildButtons() {
   QPushButton* btnCopy = NewButton("btnCopy", "&Copy", "Copies everything in this window as text");
+  QPushButton* btnReport =
+      NewButton("btnReport", "&Report...", "Opens the results report, which holds all this, to save or print");
   QPushButton* btnClose = NewButton("btnClose", "C&lose", "Closes this window");
   OnSignal(btnCopy, &QPushButton::clicked, this, [this] { Copy(); });
+  OnSignal(btnReport, &QPushButton::clicked, this, [this] { Frame.findChild<QAction*>("mnuResults")->trigger(); });
   OnSignal(btnClose, &QPushButton::clicked, this, [this] { close(); });
   auto* row = new QHBoxLayout;
   row->addWidget(btnCopy);
+  row->addWidget(btnReport);
   row->addStretch();
   row->addWidget(btnClose);
   auto* column = static_cast<QVBoxLayout*>(layout());
   column->addStretch(1);
   column->addLayout(row);
   btnClose->setFocus(); // not the table, where it would look like a choice
-}
-
-QPushButton* frmCheck::NewButton(const QString& name, const QString& caption, const QString& toolTip) {
-  auto* button = new QPushButton(caption);
-  button->setObjectName(name);
-  button->setToolTip(toolTip);
-  button->setAutoDefault(false);
-  return button;
 }
 
 } // namespace strutwright

@@ -2,6 +2,7 @@
 
 #include "DataGridView.h"
 #include "EventGuard.h"
+#include "FormParts.h"
 #include "InspectorParts.h"
 #include "frmMain.h"
 #include "modModelEditing.h"
@@ -33,13 +34,8 @@ void frmMemberDetails::BuildGrids() {
 }
 
 void frmMemberDetails::BuildButtons() {
-  auto* cmdDelete = new QPushButton("Delete member");
-  cmdDelete->setObjectName("cmdDelete");
-  cmdDelete->setToolTip("Deletes this member, after a question");
-  cmdDelete->setAutoDefault(false);
-  auto* cmdOK = new QPushButton("OK");
-  cmdOK->setObjectName("cmdOK");
-  cmdOK->setToolTip("Closes this window");
+  QPushButton* cmdDelete = NewButton("cmdDelete", "Delete member", "Deletes this member, after a question");
+  QPushButton* cmdOK = NewButton("cmdOK", "OK", "Closes this window");
   cmdOK->setDefault(true);
   OnSignal(cmdDelete, &QPushButton::clicked, this, [this] { Delete(); });
   OnSignal(cmdOK, &QPushButton::clicked, this, [this] { accept(); });

@@ -2,6 +2,7 @@
 
 #include "DataGridView.h"
 #include "EventGuard.h"
+#include "FormParts.h"
 #include "InspectorParts.h"
 #include "frmMain.h"
 #include "modModelEditing.h"
@@ -15,26 +16,6 @@
 #include <QVBoxLayout>
 
 namespace strutwright {
-
-namespace {
-
-QPushButton* NewButton(const QString& name, const QString& caption, const QString& toolTip) {
-  auto* button = new QPushButton(caption);
-  button->setObjectName(name);
-  button->setToolTip(toolTip);
-  button->setAutoDefault(false);
-  return button;
-}
-
-QLineEdit* NewField(const QString& name, const QString& description) {
-  auto* field = new QLineEdit;
-  field->setObjectName(name);
-  field->setAccessibleName(description);
-  field->setToolTip(description);
-  return field;
-}
-
-} // namespace
 
 frmNodeDetails::frmNodeDetails(frmMain& frame) : QDialog(&frame), Frame(frame) {
   setObjectName("frmNodeDetails");

@@ -2,6 +2,7 @@
 
 #include "EventGuard.h"
 #include "FileState.h"
+#include "FormParts.h"
 #include "NumericKeyFilter.h"
 #include "frmMain.h"
 #include "modOptions.h"
@@ -25,13 +26,6 @@ constexpr int FieldWidth = 8;    // digits
 constexpr int FieldPadding = 16; // pixels
 constexpr const char* CapacityNote =
     "Keep this value as close to your expected requirement as possible for an economic performance (max: 5000)";
-
-/// A caption with the key that leads to its field.
-QLabel* Caption(const QString& text, QLineEdit* field) {
-  auto* caption = new QLabel(text);
-  caption->setBuddy(field);
-  return caption;
-}
 
 } // namespace
 
@@ -130,9 +124,9 @@ QWidget* frmOptions::BuildSnap() {
 }
 
 QLayout* frmOptions::BuildButtons() {
-  QPushButton* cmdOK = AddButton("cmdOK", "OK", "Applies the options and closes this window");
-  QPushButton* cmdCancel = AddButton("cmdCancel", "Cancel", "Closes this window without applying the other options");
-  QPushButton* cmdApply = AddButton("cmdApply", "&Apply", "Applies the options; this window stays open");
+  QPushButton* cmdOK = NewButton("cmdOK", "OK", "Applies the options and closes this window");
+  QPushButton* cmdCancel = NewButton("cmdCancel", "Cancel", "Closes this window without applying the other options");
+  QPushButton* cmdApply = NewButton("cmdApply", "&Apply", "Applies the options; this window stays open");
   cmdOK->setDefault(true);
   OnSignal(cmdOK, &QPushButton::clicked, this, [this] {
     Apply();
@@ -147,20 +141,10 @@ QLayout* frmOptions::BuildButtons() {
 }
 
 QLineEdit* frmOptions::AddField(const QString& name, const QString& description, const std::string& text) {
-  auto* field = new QLineEdit(QString::fromStdString(text));
-  field->setObjectName(name);
-  field->setAccessibleName(description);
-  field->setToolTip(description);
+  QLineEdit* field = NewField(name, description);
+  field->setText(QString::fromStdString(text));
   field->setFixedWidth(FieldWidth * field->fontMetrics().horizontalAdvance('0') + FieldPadding);
   return field;
-}
-
-QPushButton* frmOptions::AddButton(const QString& name, const QString& caption, const QString& toolTip) {
-  auto* button = new QPushButton(caption);
-  button->setObjectName(name);
-  button->setToolTip(toolTip);
-  button->setAutoDefault(false);
-  return button;
 }
 
 void frmOptions::ShowNextPage() { tbsOptions->setCurrentIndex((tbsOptions->currentIndex() + 1) % tbsOptions->count()); }

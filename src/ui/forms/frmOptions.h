@@ -30,7 +30,6 @@ class frmOptions : public QDialog {
   void AddPage(QWidget* page, const QString& title);
   QLineEdit* AddField(const QString& name, const QString& description, const std::string& text);
   QRadioButton* AddLineStyle(int index, const QString& caption, const QString& toolTip);
-  QPushButton* AddButton(const QString& name, const QString& caption, const QString& toolTip);
   void ShowNextPage();
   void Apply();
 

@@ -1,6 +1,7 @@
 #include "frmReport.h"
 
 #include "EventGuard.h"
+#include "FormParts.h"
 #include "frmMain.h"
 #include "modReportDrawing.h"
 #include "modReportFiles.h"
@@ -87,10 +88,7 @@ QLayout* frmReport::BuildButtons(const std::function<void()>& renew) {
 
 QPushButton* frmReport::AddButton(const QString& name, const QString& caption, const QString& toolTip,
                                   const std::function<void()>& command) {
-  auto* button = new QPushButton(caption);
-  button->setObjectName(name);
-  button->setToolTip(toolTip);
-  button->setAutoDefault(false);
+  QPushButton* button = NewButton(name, caption, toolTip);
   OnSignal(button, &QPushButton::clicked, this, [this, command] { Frame.Run(command); });
   return button;
 }

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QWidget;
+
+namespace strutwright {
+
+// What the dialogs are built of.
+
+/// A button that Enter does not press from elsewhere.
+QPushButton* NewButton(const QString& name, const QString& caption, const QString& toolTip);
+
+/// description: for the tool tip and for screen readers.
+QLineEdit* NewField(const QString& name, const QString& description);
+
+/// A caption, with the key that leads to its field where it has one.
+QLabel* Caption(const QString& text, QWidget* field = nullptr);
+
+} // namespace strutwright
