@@ -71,9 +71,7 @@ TEST_F(PixelLoopsTest, CoverOfEachPixelWhatALineCoversOfIt) {
       PixelPen(Pixels(picture), qRgb(0, 0, 0), 2).SolidLine(line);
       for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x) {
-          const int red = qRed(picture.pixel(x, y));
-          // Corners that a line barely touches are left out.
-          ASSERT_LE(std::abs(red - Literal(line, x, y)), Literal(line, x, y) > 225 ? 30 : 0) << x << ' ' << y;
+          ASSERT_NEAR(qRed(picture.pixel(x, y)), Literal(line, x, y), 1) << x << ' ' << y;
         }
       }
     }

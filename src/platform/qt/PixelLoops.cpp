@@ -9,18 +9,12 @@ namespace strutwright {
 
 namespace {
 
-constexpr float LongRow = 16; // pixels, from which on it pays to look where in a row something lies
+constexpr int LongRow = 16; // pixels, from which on it pays to look where in a row something lies
 
-/// The pixels of a row from one to before another.  They come in groups of four.
+/// The pixels of a row from one to before another.
 struct Columns {
-  Columns(float left, float right) {
-    if (!(left < right)) return;
-    from = static_cast<int>(left) / 4 * 4;
-    to = from + (static_cast<int>(std::ceil(right)) - from + 3) / 4 * 4;
-  }
-
-  int from = 0;
-  int to = 0;
+  int from;
+  int to;
 };
 
 /// Narrows from..to to what of the row y a band may cover.
@@ -36,28 +30,13 @@ void Narrow(const Band& band, float y, float& from, float& to) {
   to = std::min(to, rest / band.a + reach / std::abs(band.a));
 }
 
-/// Whether a level band covers nothing of a row.
-bool IsBeside(const Band& band, float y) {
-  return band.a == 0 && band.half - std::abs(band.b * y - band.c) + 0.5F <= 0;
-}
-
-/// Leaves out rows above and below a level line: it touches less than half of those that a slanting one may touch.
-Area Trimmed(const Bar& bar, Area area) {
-  while (area.top <= area.bottom && IsBeside(bar.across, static_cast<float>(area.top) + 0.5F)) ++area.top;
-  while (area.top <= area.bottom && IsBeside(bar.across, static_cast<float>(area.bottom) + 0.5F)) --area.bottom;
-  return area;
-}
-
-Area Trimmed(const DashedBar& shape, const Area& area) { return Trimmed(shape.bar, area); }
-
-Area Trimmed(const Ring& /*shape*/, const Area& area) { return area; }
-
 Columns InRow(const Bar& bar, float y, const Area& area) {
-  float from = area.left;
-  float to = area.right;
+  auto from = static_cast<float>(area.left);
+  auto to = static_cast<float>(area.right);
   Narrow(bar.along, y, from, to);
   Narrow(bar.across, y, from, to);
-  return {from, to};
+  if (!(from < to)) return {0, 0};
+  return {static_cast<int>(from), static_cast<int>(std::ceil(to))};
 }
 
 Columns InRow(const DashedBar& shape, float y, const Area& area) { return InRow(shape.bar, y, area); }

@@ -19,6 +19,8 @@ struct Pixels {
   int height;
 };
 
+constexpr int LeastWidth = 8; // pixels: as many as are painted at a time
+
 /// What lies no farther than `half` from a straight line: |a x + b y - c| <= half, (a, b) of length 1.
 struct Band {
   Band(const QPointF& normal, const QPointF& middle, double halfWidth);
@@ -42,10 +44,10 @@ struct Ring {
   float centreX, centreY, radius, half;
 };
 
-/// Where a shape may cover something: the rows with both ends, the columns in pixels and parts of them.
+/// Where a shape may cover something: from the first row and column to before the last.
 struct Area {
   int top, bottom;
-  float left, right;
+  int left, right;
 };
 
 /// The rows of a stamp one after the other.
@@ -56,7 +58,7 @@ struct StampRows {
   int count;
 };
 
-/// The loops that touch the pixels, antialiased.
+/// The loops that touch the pixels, antialiased.  A ground must be at least LeastWidth wide.
 struct PixelLoops {
   void (*fillBar)(const Pixels& ground, std::uint32_t colour, const Area& area, const Bar& shape);
   void (*fillDashedBar)(const Pixels& ground, std::uint32_t colour, const Area& area, const DashedBar& shape);

@@ -10,9 +10,13 @@ namespace strutwright {
 
 namespace {
 
-constexpr int PixelsAtATime = 8;
+constexpr double Edge = 0.5; // pixels by which a shape reaches out of itself: it covers something of those beside it
 
-const QPointF HalfAPixel(0.5, 0.5);
+/// The first of so many pixels with its middle behind a place, or their number.
+int FirstBehind(double place, int count) { return static_cast<int>(std::clamp(place + 0.5, 0.0, 1.0 * count)); }
+
+/// The pixel after the last with its middle before a place.
+int EndBefore(double place, int count) { return count - FirstBehind(count - place, count); }
 
 /// The smallest rectangle with everything in it that is not transparent.
 QRect InkOf(const QImage& picture) {
@@ -31,7 +35,7 @@ Stamp::Stamp(const QImage& ink) {
   const QRect area = InkOf(ink);
   Left = area.left();
   Top = area.top();
-  Width = (area.width() + PixelsAtATime - 1) / PixelsAtATime * PixelsAtATime;
+  Width = (area.width() + LeastWidth - 1) / LeastWidth * LeastWidth;
   Height = area.height();
   for (int y = 0; y < Height; ++y) {
     const auto* row = reinterpret_cast<const QRgb*>(ink.constScanLine(Top + y));
@@ -74,15 +78,12 @@ void Stamp::CopyOverEdge(const Pixels& ground, int x, int y, const StampRows& ro
 PixelPen::PixelPen(const Pixels& ground, QRgb colour, double width)
     : Ground(ground), Colour(colour | 0xFF000000U), HalfWidth(width / 2) {}
 
-/// Where on the picture something may lie that goes from its middle so far to either side and up and down.
+/// The pixels that something may touch that goes from its middle so far to either side and up and down.
 Area PixelPen::AreaOf(const QPointF& middle, const QPointF& reach) const {
-  // What is half a pixel outside still has a part in it.
-  const QPointF out = reach + HalfAPixel;
-  const double height = Ground.height;
-  return {.top = static_cast<int>(std::floor(std::clamp(middle.y() - out.y(), 0.0, height))),
-          .bottom = static_cast<int>(std::ceil(std::clamp(middle.y() + out.y(), 0.0, height))) - 1,
-          .left = std::max(0.0F, static_cast<float>(middle.x() - out.x())),
-          .right = std::min(static_cast<float>(Ground.width), static_cast<float>(middle.x() + out.x()))};
+  return {.top = FirstBehind(middle.y() - reach.y(), Ground.height),
+          .bottom = EndBefore(middle.y() + reach.y(), Ground.height),
+          .left = FirstBehind(middle.x() - reach.x(), Ground.width),
+          .right = EndBefore(middle.x() + reach.x(), Ground.width)};
 }
 
 void PixelPen::Line(const QLineF& line, double cap, bool dashed) {
@@ -90,7 +91,7 @@ void PixelPen::Line(const QLineF& line, double cap, bool dashed) {
   const QPointF along = length > 0 ? QPointF(line.dx(), line.dy()) / length : QPointF(1, 0);
   const double half = length / 2 + cap;
   const QPointF size(std::abs(along.x()), std::abs(along.y()));
-  const Area area = AreaOf(line.center(), half * size + HalfWidth * QPointF(size.y(), size.x()));
+  const Area area = AreaOf(line.center(), (half + Edge) * size + (HalfWidth + Edge) * QPointF(size.y(), size.x()));
   const Bar bar{Band(along, line.center(), half), Band(QPointF(-along.y(), along.x()), line.center(), HalfWidth)};
   if (!dashed) return TheLoops->fillBar(Ground, Colour, area, bar);
   const bool level = size.x() >= size.y();
@@ -106,7 +107,7 @@ void PixelPen::SolidLine(const QLineF& line) { Line(line, HalfWidth, false); }
 void PixelPen::DashedLine(const QLineF& line) { Line(line, 0, true); }
 
 void PixelPen::Circle(const QPointF& centre, double radius) {
-  const double reach = radius + HalfWidth;
+  const double reach = radius + HalfWidth + Edge;
   TheLoops->fillRing(Ground, Colour, AreaOf(centre, QPointF(reach, reach)),
                      {static_cast<float>(centre.x()), static_cast<float>(centre.y()), static_cast<float>(radius),
                       static_cast<float>(HalfWidth)});

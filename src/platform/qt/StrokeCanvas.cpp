@@ -82,7 +82,7 @@ void StrokeCanvas::Paint(std::span<const Stroke> strokes) {
   if (strokes.empty()) return;
   const DirectPainter direct(Stamps, Image);
   for (const Stroke& stroke : strokes) {
-    if (std::visit(direct, stroke)) continue;
+    if (Image.width() >= LeastWidth && std::visit(direct, stroke)) continue;
     QPainter painter(&Image); // not kept: what is drawn directly goes past it
     painter.setRenderHint(QPainter::Antialiasing);
     PaintStroke(painter, stroke);
