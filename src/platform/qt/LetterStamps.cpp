@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QPen>
+#include <QRect>
 #include <QRectF>
 
 namespace strutwright {
@@ -69,6 +70,13 @@ QImage Blank(const QFontMetricsF& metrics, const QString& letter, double ratio) 
   return blank;
 }
 
+void FillWhite(const Pixels& ground, const QRect& area) {
+  constexpr std::uint32_t White = 0xFFFFFFFF;
+  const QRect part = area & QRect(0, 0, ground.width, ground.height);
+  if (part.isEmpty()) return;
+  for (int y = part.top(); y <= part.bottom(); ++y) std::fill_n(ground.Row(y) + part.left(), part.width(), White);
+}
+
 } // namespace
 
 void PaintText(QPainter& painter, const QPointF& corner, const QString& text, const QColor& colour, bool halo) {
@@ -82,32 +90,42 @@ void PaintText(QPainter& painter, const QPointF& corner, const QString& text, co
   PaintLetters(painter, baseline, text, colour);
 }
 
-std::span<const PlacedLetter> LetterStamps::Place(const TextStroke& stroke, double ratio) {
-  Placed.clear();
-  if (!IsNumber(stroke.text)) return {};
+bool LetterStamps::Print(const Pixels& ground, const TextStroke& stroke, double ratio) {
+  if (!IsNumber(stroke.text)) return false;
   const Alphabet& alphabet = AlphabetOf(stroke.colour, ratio);
-  const int y = qRound((stroke.corner.y() - Margin) * ratio);
-  double x = stroke.corner.x() - Margin;
+  const double width = Place(stroke, alphabet);
+  if (stroke.halo) {
+    // All halos first: a letter must not disappear under its neighbour's.
+    for (const PlacedLetter& each : Placed) each.letter->halo.CopyTo(ground, each.x, each.y);
+  } else {
+    const QPointF end = stroke.corner + QPointF(width, alphabet.height);
+    FillWhite(ground, QRect((stroke.corner * ratio).toPoint(), (end * ratio).toPoint() - QPoint(1, 1)));
+  }
+  for (const PlacedLetter& each : Placed) each.letter->ink.CopyTo(ground, each.x, each.y);
+  return true;
+}
+
+/// Finds the places of a text's letters and returns how wide it is, in logical pixels.
+double LetterStamps::Place(const TextStroke& stroke, const Alphabet& alphabet) {
+  Placed.clear();
+  const QPointF corner = stroke.corner - QPointF(Margin, Margin);
+  const int y = qRound(corner.y() * Ratio);
+  double width = 0;
   for (const char character : stroke.text) {
-    const Letter& letter = alphabet[PlaceOf(character)];
-    Placed.push_back({&letter, qRound(x * ratio), y});
-    x += letter.advance;
+    const Letter& letter = alphabet.letters[PlaceOf(character)];
+    Placed.push_back({&letter, qRound((corner.x() + width) * Ratio), y});
+    width += letter.advance;
   }
-  return Placed;
+  return width;
 }
 
-void PrintLetters(const Pixels& ground, std::span<const PlacedLetter> letters) {
-  // All halos first: a letter must not disappear under its neighbour's.
-  for (const Stamp Letter::*layer : {&Letter::halo, &Letter::ink}) {
-    for (const PlacedLetter& each : letters) (each.letter->*layer).CopyTo(ground, each.x, each.y);
-  }
-}
-
-LetterStamps::Alphabet& LetterStamps::AlphabetOf(QRgb colour, double ratio) {
+const LetterStamps::Alphabet& LetterStamps::AlphabetOf(QRgb colour, double ratio) {
   if (ratio != Ratio) Alphabets.clear();
   Ratio = ratio;
   const auto [found, isNew] = Alphabets.try_emplace(colour);
-  if (!isNew) return found->second;
+  Alphabet& alphabet = found->second;
+  if (!isNew) return alphabet;
+  alphabet.height = QFontMetricsF(TextFont()).height();
   for (std::size_t i = 0; i < Signs.size(); ++i) {
     const QString sign(QChar::fromLatin1(Signs[i]));
     const QFontMetricsF metrics(TextFont());
@@ -119,9 +137,9 @@ LetterStamps::Alphabet& LetterStamps::AlphabetOf(QRgb colour, double ratio) {
     QImage ink = Blank(metrics, sign, ratio);
     QPainter inkPainter(&ink);
     PaintLetters(inkPainter, baseline, sign, QColor(colour));
-    found->second[i] = {Stamp(halo), Stamp(ink), metrics.horizontalAdvance(sign)};
+    alphabet.letters[i] = {Stamp(halo), Stamp(ink), metrics.horizontalAdvance(sign)};
   }
-  return found->second;
+  return alphabet;
 }
 
 } // namespace strutwright

@@ -5,7 +5,6 @@
 
 #include <array>
 #include <map>
-#include <span>
 #include <vector>
 
 #include <QColor>
@@ -27,31 +26,33 @@ struct Letter {
   double advance = 0; ///< logical pixels
 };
 
-/// x, y: where in the picture the upper left corner of the letter's pictures lies.
-struct PlacedLetter {
-  const Letter* letter;
-  int x;
-  int y;
-};
-
 /// Keeps the letters of numbers: to trace the outline of a halo takes a hundred times as long as to copy it, and a
 /// large model shows thousands of numbers.
 class LetterStamps {
  public:
-  /// The letters of a text in a picture with so many device pixels a logical one, until the next call; none where the
-  /// text is no number.  Letters begin at whole pixels of the picture, which leaves them as sharp as they were made.
-  std::span<const PlacedLetter> Place(const TextStroke& stroke, double ratio);
+  /// Prints a text on a picture with so many device pixels a logical one; false, and nothing is printed, where the text
+  /// is no number.  Letters begin at whole pixels of the picture, which leaves them as sharp as they were made.
+  bool Print(const Pixels& ground, const TextStroke& stroke, double ratio);
 
  private:
-  using Alphabet = std::array<Letter, 12>;
+  struct Alphabet {
+    std::array<Letter, 12> letters;
+    double height; ///< of a line of text, logical pixels
+  };
 
-  Alphabet& AlphabetOf(QRgb colour, double ratio);
+  /// x, y: where in the picture the upper left corner of the letter's pictures lies.
+  struct PlacedLetter {
+    const Letter* letter;
+    int x;
+    int y;
+  };
+
+  const Alphabet& AlphabetOf(QRgb colour, double ratio);
+  double Place(const TextStroke& stroke, const Alphabet& alphabet);
 
   double Ratio = 1; ///< of the letters below
   std::map<QRgb, Alphabet> Alphabets;
   std::vector<PlacedLetter> Placed;
 };
-
-void PrintLetters(const Pixels& ground, std::span<const PlacedLetter> letters);
 
 } // namespace strutwright

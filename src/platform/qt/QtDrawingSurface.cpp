@@ -26,6 +26,10 @@ QRgb QtColour(Colour colour) { return qRgb(colour.red, colour.green, colour.blue
 
 bool IsPlace(const QPointF& point) { return std::isfinite(point.x()) && std::isfinite(point.y()); }
 
+bool IsInside(const QPointF& point, const QRectF& area) {
+  return point.x() >= area.left() && point.x() <= area.right() && point.y() >= area.top() && point.y() <= area.bottom();
+}
+
 /// Where a rectangle cuts a line: the fraction of the line before it, and the coordinate of the edge that cuts.
 struct Cut {
   double at;
@@ -50,6 +54,7 @@ bool Narrow(double start, double step, double low, double high, std::optional<do
 /// The part of a line inside a rectangle (Liang and Barsky).  Where its ends lie far out, a sum loses more than the
 /// rectangle is wide; so the edge itself counts where it cuts.
 std::optional<QLineF> Clipped(const QPointF& start, const QPointF& end, const QRectF& area) {
+  if (IsInside(start, area) && IsInside(end, area)) return QLineF(start, end);
   const QPointF step = end - start;
   if (!IsPlace(start) || !IsPlace(step)) return std::nullopt;
   Cut from{0};
@@ -77,21 +82,26 @@ void QtDrawingSurface::Resize(int width, int height, double ratio) {
   Ratio = ratio;
   const QSize old = std::exchange(Size, size);
   QtDrawingSurface::Clear();
-  if (old.isEmpty()) return;
+  if (old.isEmpty()) return QtDrawingSurface::SetWindow(View);
   const double newWidth = static_cast<double>(View.width) * Size.width() / old.width();
   const double newHeight = static_cast<double>(View.height) * Size.height() / old.height();
-  View.left = static_cast<float>(View.left + (View.width - newWidth) / 2);
-  View.top = static_cast<float>(View.top + (View.height - newHeight) / 2);
-  View.width = static_cast<float>(newWidth);
-  View.height = static_cast<float>(newHeight);
+  QtDrawingSurface::SetWindow({static_cast<float>(View.left + (View.width - newWidth) / 2),
+                               static_cast<float>(View.top + (View.height - newHeight) / 2),
+                               static_cast<float>(newWidth), static_cast<float>(newHeight)});
+}
+
+void QtDrawingSurface::SetWindow(const ViewWindow& window) {
+  View = window;
+  ScaleX = Size.width() / static_cast<double>(View.width);
+  ScaleY = Size.height() / static_cast<double>(View.height);
 }
 
 QPointF QtDrawingSurface::ToPixel(double x, double y) const {
-  return {(x - View.left) / View.width * Size.width(), (y - View.top) / View.height * Size.height()};
+  return {(x - View.left) * ScaleX, (y - View.top) * ScaleY};
 }
 
 QPointF QtDrawingSurface::ToSurface(const QPointF& pixel) const {
-  return {View.left + pixel.x() / Size.width() * View.width, View.top + pixel.y() / Size.height() * View.height};
+  return {View.left + pixel.x() / ScaleX, View.top + pixel.y() / ScaleY};
 }
 
 const QImage& QtDrawingSurface::Image() const {
@@ -105,7 +115,7 @@ void QtDrawingSurface::Clear() {
   Canvas.Clear();
 }
 
-void QtDrawingSurface::SetPenColour(Colour colour) { PenColour = QtColour(colour); }
+void QtDrawingSurface::SetPenColour(Colour colour) { Pen.colour = QtColour(colour); }
 
 void QtDrawingSurface::SetFillColour(Colour colour) { FillColour = QtColour(colour); }
 
@@ -131,21 +141,20 @@ void QtDrawingSurface::CatchUp() const {
   Painted = Strokes.size();
 }
 
-PenLook QtDrawingSurface::Pen() const { return {PenColour, PenWidth, Style == LineStyle::Dashed}; }
-
 /// Where an upright or level line must lie to fill whole device pixels.
 double QtDrawingSurface::Sharp(double pixel) const {
-  const bool odd = std::lround(PenWidth * Ratio) % 2 != 0;
+  const bool odd = std::lround(Pen.width * Ratio) % 2 != 0;
   return (odd ? std::floor(pixel * Ratio) + 0.5 : std::round(pixel * Ratio)) / Ratio;
 }
 
 void QtDrawingSurface::DrawPixelLine(QPointF from, QPointF to) {
   const std::optional<QLineF> part = Clipped(from, to, ClipArea(Size));
   if (!part) return;
-  QLineF line = *part;
-  if (from.x() == to.x()) line.setLine(Sharp(line.x1()), line.y1(), Sharp(line.x1()), line.y2());
-  if (from.y() == to.y()) line.setLine(line.x1(), Sharp(line.y1()), line.x2(), Sharp(line.y1()));
-  Paint(LineStroke{line, Pen()});
+  QPointF start = part->p1();
+  QPointF end = part->p2();
+  if (from.x() == to.x()) start.rx() = end.rx() = Sharp(start.x());
+  if (from.y() == to.y()) start.ry() = end.ry() = Sharp(start.y());
+  Paint(LineStroke{{start, end}, Pen});
 }
 
 void QtDrawingSurface::DrawLine(double x1, double y1, double x2, double y2) {
@@ -168,13 +177,13 @@ void QtDrawingSurface::DrawBox(double x1, double y1, double x2, double y2) {
 void QtDrawingSurface::DrawCircle(double x, double y, double radius) {
   MoveTo(x, y);
   const QPointF centre = ToPixel(x, y);
-  const double radiusX = radius / View.width * Size.width();
-  const double radiusY = radius / View.height * Size.height();
+  const double radiusX = radius * ScaleX;
+  const double radiusY = radius * ScaleY;
   if (!IsPlace(centre) || !std::isfinite(radiusX) || !std::isfinite(radiusY)) return;
   const QRectF bounds(centre.x() - radiusX, centre.y() - radiusY, 2 * radiusX, 2 * radiusY);
   if (!bounds.intersects(ClipArea(Size))) return;
   if (std::max(radiusX, radiusY) > LargeRadius) return DrawLargeCircle(centre, radiusX, radiusY);
-  Paint(CircleStroke{bounds, Pen(), Fill == FillStyle::Solid ? std::optional(FillColour) : std::nullopt});
+  Paint(CircleStroke{bounds, Pen, Fill == FillStyle::Solid ? std::optional(FillColour) : std::nullopt});
 }
 
 /// Side by side, so that only those in sight are painted; a circle of this size is never filled.

@@ -34,14 +34,14 @@ class QtDrawingSurface : public DrawingSurface {
   QPointF ToSurface(const QPointF& pixel) const;
 
   ViewWindow Window() const override { return View; }
-  void SetWindow(const ViewWindow& window) override { View = window; }
+  void SetWindow(const ViewWindow& window) override;
   float PixelWidth() const override { return static_cast<float>(Size.width()); }
   float PixelHeight() const override { return static_cast<float>(Size.height()); }
   void Clear() override;
-  void SetPenWidth(int pixels) override { PenWidth = pixels; }
+  void SetPenWidth(int pixels) override { Pen.width = pixels; }
   void SetPenColour(Colour colour) override;
   void SetPenMode(PenMode mode) override { Mode = mode; }
-  void SetLineStyle(LineStyle style) override { Style = style; }
+  void SetLineStyle(LineStyle style) override { Pen.dashed = style == LineStyle::Dashed; }
   void SetFillColour(Colour colour) override;
   void SetFillStyle(FillStyle style) override { Fill = style; }
   void SetTextColour(Colour colour) override;
@@ -59,7 +59,6 @@ class QtDrawingSurface : public DrawingSurface {
   template <typename Kind>
   void Paint(Kind&& stroke);
   void CatchUp() const;
-  PenLook Pen() const;
   void DrawPixelLine(QPointF from, QPointF to);
   void DrawLargeCircle(const QPointF& centre, double radiusX, double radiusY);
   double Sharp(double pixel) const;
@@ -70,12 +69,12 @@ class QtDrawingSurface : public DrawingSurface {
   QSize Size;
   double Ratio = 1;
   ViewWindow View;
-  int PenWidth = 1;
-  QRgb PenColour = qRgb(0, 0, 0);
+  double ScaleX = 1; ///< pixels a metre
+  double ScaleY = 1;
+  PenLook Pen{.colour = qRgb(0, 0, 0)};
   QRgb FillColour = qRgb(0, 0, 0);
   QRgb TextColour = qRgb(0, 0, 0);
   PenMode Mode = PenMode::Copy;
-  LineStyle Style = LineStyle::Solid;
   FillStyle Fill = FillStyle::Transparent;
   bool TextAttribute = true;
   double X = 0;

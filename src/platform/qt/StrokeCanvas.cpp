@@ -54,11 +54,7 @@ class DirectPainter {
 
   bool operator()(const BoxStroke& /*stroke*/) const { return false; }
 
-  bool operator()(const TextStroke& stroke) const {
-    const auto letters = stroke.halo ? Stamps.Place(stroke, Ratio) : std::span<const PlacedLetter>();
-    PrintLetters(Ground, letters);
-    return !letters.empty();
-  }
+  bool operator()(const TextStroke& stroke) const { return Stamps.Print(Ground, stroke, Ratio); }
 
  private:
   LetterStamps& Stamps;
