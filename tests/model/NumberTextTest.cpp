@@ -1,11 +1,14 @@
 #include "SpecialNumbers.h"
 #include "modNumberText.h"
 
+#include <array>
 #include <bit>
 #include <cfloat>
 #include <clocale>
 #include <cmath>
 #include <cstdint>
+#include <cstdio>
+#include <cstdlib>
 #include <locale>
 #include <optional>
 #include <random>
@@ -89,6 +92,34 @@ TEST(NumberTextTest, IsStableOnceReread) {
     ASSERT_TRUE(reread) << text;
     EXPECT_EQ(NumberText(*reread), text);
   });
+}
+
+/// The number that the first seven digits of a float mean, the literal way.
+double SevenDigits(float value) {
+  std::array<char, 32> text{};
+  std::snprintf(text.data(), text.size(), "%.6e", static_cast<double>(value));
+  return std::strtod(text.data(), nullptr);
+}
+
+TEST(NumberTextTest, RoundsToSevenDigitsLikeTheExactValue) {
+  ForRandomFloats(200000, [](float value) {
+    int exponent = 0;
+    std::frexp(value, &exponent);
+    for (const float each : {value, std::remainder(value, 1e6F), std::ldexp(value, exponent % 30 - exponent)}) {
+      ASSERT_EQ(std::strtod(NumberText(each).c_str(), nullptr), SevenDigits(each)) << each;
+    }
+  });
+}
+
+TEST(NumberTextTest, RoundsAHalfToTheEvenDigit) {
+  EXPECT_EQ(NumberText(1000000.5F), "1000000");
+  EXPECT_EQ(NumberText(1000001.5F), "1000002");
+  EXPECT_EQ(NumberText(100000.25F), "100000.2");
+  EXPECT_EQ(NumberText(100000.75F), "100000.8");
+  for (int sixteenths = 1; sixteenths < 3000000; sixteenths += 7) {
+    const float value = static_cast<float>(sixteenths) / 16;
+    ASSERT_EQ(std::strtod(NumberText(value).c_str(), nullptr), SevenDigits(value)) << value;
+  }
 }
 
 TEST(ShortestTextTest, ReadsBackToExactlyTheSameFloat) {

@@ -12,7 +12,7 @@ using StrokeCanvasTest = QtFixture;
 TEST_F(StrokeCanvasTest, PaintsTheSameWhetherItIsLookedAtAfterEachStrokeOrAtTheEnd) {
   const unsigned seed = std::random_device()();
   SCOPED_TRACE("seed " + std::to_string(seed));
-  for (const double ratio : {1.0, 1.5}) {
+  for (const double ratio : {1.0, 1.5, 4.0}) {
     QtDrawingSurface first(80, 60, ratio); // Qt traces a letter that it has not printed yet a little differently
     QtDrawingSurface watched(80, 60, ratio);
     surface.Resize(80, 60, ratio);

@@ -57,10 +57,6 @@ std::size_t PlaceOf(char character) {
   return code < SignPlaces.size() ? SignPlaces[code] : Signs.size();
 }
 
-bool IsNumber(const std::string& text) {
-  return std::all_of(text.begin(), text.end(), [](char character) { return PlaceOf(character) < Signs.size(); });
-}
-
 /// An empty picture that takes one letter.
 QImage Blank(const QFontMetricsF& metrics, const QString& letter, double ratio) {
   const QSizeF size(metrics.horizontalAdvance(letter) + 2 * Margin, metrics.height() + 2 * Margin);
@@ -70,11 +66,14 @@ QImage Blank(const QFontMetricsF& metrics, const QString& letter, double ratio) 
   return blank;
 }
 
-void FillWhite(const Pixels& ground, const QRect& area) {
-  constexpr std::uint32_t White = 0xFFFFFFFF;
-  const QRect part = area & QRect(0, 0, ground.width, ground.height);
-  if (part.isEmpty()) return;
-  for (int y = part.top(); y <= part.bottom(); ++y) std::fill_n(ground.Row(y) + part.left(), part.width(), White);
+/// Leaves no more than half a pixel at its edge, so that a dense picture has fewer pixels that a hundred things shine
+/// through.
+void Harden(QImage& halo) {
+  for (int y = 0; y < halo.height(); ++y) {
+    for (int x = 0; x < halo.width(); ++x) {
+      if (qAlpha(halo.pixel(x, y)) >= 64) halo.setPixel(x, y, qRgb(255, 255, 255));
+    }
+  }
 }
 
 } // namespace
@@ -90,33 +89,26 @@ void PaintText(QPainter& painter, const QPointF& corner, const QString& text, co
   PaintLetters(painter, baseline, text, colour);
 }
 
-bool LetterStamps::Print(const Pixels& ground, const TextStroke& stroke, double ratio) {
-  if (!IsNumber(stroke.text)) return false;
-  const Alphabet& alphabet = AlphabetOf(stroke.colour, ratio);
-  const double width = Place(stroke, alphabet);
-  if (stroke.halo) {
-    // All halos first: a letter must not disappear under its neighbour's.
-    for (const PlacedLetter& each : Placed) each.letter->halo.CopyTo(ground, each.x, each.y);
-  } else {
-    const QPointF end = stroke.corner + QPointF(width, alphabet.height);
-    FillWhite(ground, QRect((stroke.corner * ratio).toPoint(), (end * ratio).toPoint() - QPoint(1, 1)));
-  }
-  for (const PlacedLetter& each : Placed) each.letter->ink.CopyTo(ground, each.x, each.y);
-  return true;
+bool LetterStamps::IsNumber(const TextStroke& stroke) {
+  return std::all_of(stroke.text.begin(), stroke.text.end(),
+                     [](char character) { return PlaceOf(character) < Signs.size(); });
 }
 
-/// Finds the places of a text's letters and returns how wide it is, in logical pixels.
-double LetterStamps::Place(const TextStroke& stroke, const Alphabet& alphabet) {
+PlacedText LetterStamps::Place(const TextStroke& number, double ratio) {
   Placed.clear();
-  const QPointF corner = stroke.corner - QPointF(Margin, Margin);
-  const int y = qRound(corner.y() * Ratio);
-  double width = 0;
-  for (const char character : stroke.text) {
+  const Alphabet& alphabet = AlphabetOf(number.colour, ratio);
+  const int y = qRound((number.corner.y() - Margin) * ratio);
+  double x = number.corner.x() - Margin;
+  for (const char character : number.text) {
     const Letter& letter = alphabet.letters[PlaceOf(character)];
-    Placed.push_back({&letter, qRound((corner.x() + width) * Ratio), y});
-    width += letter.advance;
+    Placed.push_back({&letter, qRound(x * ratio), y});
+    x += letter.advance;
   }
-  return width;
+  const QPointF end(x + Margin, number.corner.y() + alphabet.height);
+  const QRect box((number.corner * ratio).toPoint(), (end * ratio).toPoint() - QPoint(1, 1));
+  if (Placed.empty()) return {Placed, box, QRect()};
+  const QPoint first(Placed.front().x, y);
+  return {Placed, box, alphabet.ink.translated(first).adjusted(0, 0, Placed.back().x - first.x(), 0)};
 }
 
 const LetterStamps::Alphabet& LetterStamps::AlphabetOf(QRgb colour, double ratio) {
@@ -134,10 +126,12 @@ const LetterStamps::Alphabet& LetterStamps::AlphabetOf(QRgb colour, double ratio
     QPainter haloPainter(&halo);
     haloPainter.setRenderHint(QPainter::Antialiasing);
     PaintHalo(haloPainter, baseline, sign);
+    Harden(halo);
     QImage ink = Blank(metrics, sign, ratio);
     QPainter inkPainter(&ink);
     PaintLetters(inkPainter, baseline, sign, QColor(colour));
     alphabet.letters[i] = {Stamp(halo), Stamp(ink), metrics.horizontalAdvance(sign)};
+    alphabet.ink |= alphabet.letters[i].halo.Area() | alphabet.letters[i].ink.Area();
   }
   return alphabet;
 }

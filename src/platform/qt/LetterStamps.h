@@ -5,10 +5,12 @@
 
 #include <array>
 #include <map>
+#include <span>
 #include <vector>
 
 #include <QColor>
 #include <QPointF>
+#include <QRect>
 #include <QString>
 
 class QPainter;
@@ -26,29 +28,38 @@ struct Letter {
   double advance = 0; ///< logical pixels
 };
 
+/// x, y: where in the picture the upper left corner of the letter's pictures lies.
+struct PlacedLetter {
+  const Letter* letter;
+  int x;
+  int y;
+};
+
+/// box: what the text takes up, ink: where its letters and their halos lie, in device pixels.
+struct PlacedText {
+  std::span<const PlacedLetter> letters;
+  QRect box;
+  QRect ink;
+};
+
 /// Keeps the letters of numbers: to trace the outline of a halo takes a hundred times as long as to copy it, and a
 /// large model shows thousands of numbers.
 class LetterStamps {
  public:
-  /// Prints a text on a picture with so many device pixels a logical one; false, and nothing is printed, where the text
-  /// is no number.  Letters begin at whole pixels of the picture, which leaves them as sharp as they were made.
-  bool Print(const Pixels& ground, const TextStroke& stroke, double ratio);
+  static bool IsNumber(const TextStroke& stroke);
+
+  /// The letters of a number in a picture with so many device pixels a logical one, until the next call.  They begin at
+  /// whole pixels of the picture, which leaves them as sharp as they were made.
+  PlacedText Place(const TextStroke& number, double ratio);
 
  private:
   struct Alphabet {
     std::array<Letter, 12> letters;
     double height; ///< of a line of text, logical pixels
-  };
-
-  /// x, y: where in the picture the upper left corner of the letter's pictures lies.
-  struct PlacedLetter {
-    const Letter* letter;
-    int x;
-    int y;
+    QRect ink;     ///< of all letters with their halos, one over the other
   };
 
   const Alphabet& AlphabetOf(QRgb colour, double ratio);
-  double Place(const TextStroke& stroke, const Alphabet& alphabet);
 
   double Ratio = 1; ///< of the letters below
   std::map<QRgb, Alphabet> Alphabets;

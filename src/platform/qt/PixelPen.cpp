@@ -46,6 +46,24 @@ Stamp::Stamp(const QImage& ink) {
       Shine.push_back((through + (through >> 7)) * 0x10001U); // 255 becomes 256
     }
   }
+  if (Width > Cover::RowLength) return;
+  for (int y = 0; y < Height; ++y) {
+    Seen.push_back(RowOf(y, [](QRgb pixel) { return qAlpha(pixel) > 0; }));
+    Opaque.push_back(RowOf(y, [](QRgb pixel) { return qAlpha(pixel) == 255; }));
+  }
+}
+
+/// The pixels of some kind in a row, as a Cover wants them.
+std::uint64_t Stamp::RowOf(int y, bool (*isOne)(QRgb)) const {
+  std::uint64_t bits = 0;
+  for (int x = 0; x < Width; ++x) {
+    if (isOne(Ink[static_cast<std::size_t>(y * Width + x)])) bits |= std::uint64_t{1} << x;
+  }
+  return bits;
+}
+
+bool Stamp::IsHidden(const Cover& above, int x, int y) const {
+  return !Seen.empty() && above.Hides(Seen, x + Left, y + Top);
 }
 
 void Stamp::CopyTo(const Pixels& ground, int x, int y) const {

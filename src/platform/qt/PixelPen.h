@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Cover.h"
 #include "PixelLoops.h"
 
 #include <cstdint>
@@ -8,6 +9,7 @@
 #include <QImage>
 #include <QLineF>
 #include <QPointF>
+#include <QRect>
 
 namespace strutwright {
 
@@ -22,7 +24,17 @@ class Stamp {
   /// x, y: where on the ground the upper left corner of the ink's whole picture comes.
   void CopyTo(const Pixels& ground, int x, int y) const;
 
+  /// Where in the ink's whole picture it has pixels that are not transparent.
+  QRect Area() const { return {Left, Top, Width, Height}; }
+
+  /// Whether nothing would be seen of it there.
+  bool IsHidden(const Cover& above, int x, int y) const;
+
+  /// Adds its opaque pixels to what is covered.
+  void AddTo(Cover& above, int x, int y) const { above.Add(Opaque, x + Left, y + Top); }
+
  private:
+  std::uint64_t RowOf(int y, bool (*isOne)(QRgb)) const;
   static void CopyOverEdge(const Pixels& ground, int x, int y, const StampRows& rows);
 
   int Left = 0;
@@ -31,6 +43,8 @@ class Stamp {
   int Height = 0;
   std::vector<std::uint32_t> Ink;   ///< premultiplied
   std::vector<std::uint32_t> Shine; ///< of the ground through the ink, of 256, in either half
+  std::vector<std::uint64_t> Seen;  ///< the pixels that are not transparent; empty where a row is too long for a Cover
+  std::vector<std::uint64_t> Opaque;
 };
 
 /// Draws what a model has by the ten thousand straight onto the pixels: Qt takes microseconds to prepare a line that

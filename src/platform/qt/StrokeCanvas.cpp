@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <ranges>
 #include <stdexcept>
 #include <utility>
 #include <variant>
@@ -28,11 +30,18 @@ bool IsPlain(const CircleStroke& stroke) {
   return round && radius <= SmallRadius && !stroke.fill && !stroke.pen.dashed;
 }
 
+void FillWhite(const Pixels& ground, const QRect& area) {
+  constexpr std::uint32_t White = 0xFFFFFFFF;
+  const QRect part = area & QRect(0, 0, ground.width, ground.height);
+  if (part.isEmpty()) return;
+  for (int y = part.top(); y <= part.bottom(); ++y) std::fill_n(ground.Row(y) + part.left(), part.width(), White);
+}
+
 /// Draws straight onto the picture what can be drawn so; it says whether it could.
 class DirectPainter {
  public:
-  DirectPainter(LetterStamps& stamps, QImage& picture)
-      : Stamps(stamps), Ratio(picture.devicePixelRatio()), Ground(picture) {}
+  DirectPainter(LetterStamps& stamps, const Pixels& ground, double ratio)
+      : Stamps(stamps), Ground(ground), Ratio(ratio) {}
 
   bool operator()(const LineStroke& stroke) const {
     PixelPen pen(Ground, stroke.pen.colour, DeviceWidth(stroke.pen, Ratio));
@@ -54,12 +63,51 @@ class DirectPainter {
 
   bool operator()(const BoxStroke& /*stroke*/) const { return false; }
 
-  bool operator()(const TextStroke& stroke) const { return Stamps.Print(Ground, stroke, Ratio); }
+  /// On a box; a number on a halo consists of marks of its own.
+  bool operator()(const TextStroke& stroke) const {
+    if (!LetterStamps::IsNumber(stroke)) return false;
+    const PlacedText text = Stamps.Place(stroke, Ratio);
+    FillWhite(Ground, text.box);
+    for (const PlacedLetter& each : text.letters) each.letter->ink.CopyTo(Ground, each.x, each.y);
+    return true;
+  }
 
  private:
   LetterStamps& Stamps;
+  const Pixels& Ground;
   double Ratio;
-  Pixels Ground;
+};
+
+/// Whether nothing would be seen of a stroke; of a box or a text that is not looked into.
+class HiddenStrokes {
+ public:
+  HiddenStrokes(const Cover& above, double ratio) : Above(above), Ratio(ratio) {}
+
+  bool operator()(const LineStroke& stroke) const {
+    const QLineF& line = stroke.line;
+    return IsHidden(std::min(line.x1(), line.x2()), std::min(line.y1(), line.y2()), std::max(line.x1(), line.x2()),
+                    std::max(line.y1(), line.y2()), stroke.pen);
+  }
+
+  bool operator()(const CircleStroke& stroke) const {
+    const QRectF& bounds = stroke.bounds;
+    return IsHidden(bounds.left(), bounds.top(), bounds.right(), bounds.bottom(), stroke.pen);
+  }
+
+  bool operator()(const BoxStroke& /*stroke*/) const { return false; }
+  bool operator()(const TextStroke& /*stroke*/) const { return false; }
+
+ private:
+  /// What lies in a rectangle but for half the width of its pen, or a line's pen at a corner.
+  bool IsHidden(double left, double top, double right, double bottom, const PenLook& pen) const {
+    const double reach = 0.75 * DeviceWidth(pen, Ratio) + 0.5;
+    return Above.Hides(
+        QRect(QPoint(static_cast<int>(left * Ratio - reach), static_cast<int>(top * Ratio - reach)),
+              QPoint(static_cast<int>(right * Ratio + reach), static_cast<int>(bottom * Ratio + reach))));
+  }
+
+  const Cover& Above;
+  double Ratio;
 };
 
 } // namespace
@@ -76,12 +124,50 @@ void StrokeCanvas::Clear() { Image.fill(Qt::white); }
 
 void StrokeCanvas::Paint(std::span<const Stroke> strokes) {
   if (strokes.empty()) return;
-  const DirectPainter direct(Stamps, Image);
-  for (const Stroke& stroke : strokes) {
-    if (Image.width() >= LeastWidth && std::visit(direct, stroke)) continue;
-    QPainter painter(&Image); // not kept: what is drawn directly goes past it
-    painter.setRenderHint(QPainter::Antialiasing);
-    PaintStroke(painter, stroke);
+  FindVisibleMarks(strokes);
+  const Pixels ground(Image);
+  for (const Mark& mark : Marks | std::views::reverse) {
+    if (mark.stamp != nullptr) {
+      mark.stamp->CopyTo(ground, mark.x, mark.y);
+    } else {
+      PaintStrokeOf(mark, ground);
+    }
+  }
+}
+
+void StrokeCanvas::PaintStrokeOf(const Mark& mark, const Pixels& ground) {
+  const DirectPainter direct(Stamps, ground, Image.devicePixelRatio());
+  if (ground.width >= LeastWidth && std::visit(direct, *mark.stroke)) return;
+  QPainter painter(&Image); // not kept: what is drawn directly goes past it
+  painter.setRenderHint(QPainter::Antialiasing);
+  PaintStroke(painter, *mark.stroke);
+}
+
+void StrokeCanvas::FindVisibleMarks(std::span<const Stroke> strokes) {
+  Marks.clear();
+  Above.Reset(Image.width(), Image.height());
+  const double ratio = Image.devicePixelRatio();
+  const HiddenStrokes isHidden(Above, ratio);
+  for (const Stroke& stroke : strokes | std::views::reverse) {
+    const auto* text = std::get_if<TextStroke>(&stroke);
+    if (text != nullptr && text->halo && LetterStamps::IsNumber(*text) && Image.width() >= LeastWidth) {
+      FindVisibleLetters(Stamps.Place(*text, ratio));
+    } else if (!std::visit(isHidden, stroke)) {
+      Marks.push_back({nullptr, 0, 0, &stroke});
+    }
+  }
+}
+
+/// All halos lie under the ink: a letter must not disappear under its neighbour's.
+void StrokeCanvas::FindVisibleLetters(const PlacedText& text) {
+  if (Above.Hides(text.ink)) return;
+  for (const Stamp Letter::*layer : {&Letter::ink, &Letter::halo}) {
+    for (const PlacedLetter& each : text.letters | std::views::reverse) {
+      const Stamp& stamp = each.letter->*layer;
+      if (stamp.IsHidden(Above, each.x, each.y)) continue;
+      stamp.AddTo(Above, each.x, each.y);
+      Marks.push_back({&stamp, each.x, each.y, nullptr});
+    }
   }
 }
 

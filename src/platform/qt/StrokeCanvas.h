@@ -1,9 +1,11 @@
 #pragma once
 
+#include "Cover.h"
 #include "LetterStamps.h"
 #include "Stroke.h"
 
 #include <span>
+#include <vector>
 
 #include <QImage>
 #include <QSize>
@@ -19,7 +21,8 @@ class StrokeCanvas {
 
   void Clear();
 
-  /// Paints strokes one over the other.
+  /// Paints strokes one over the other, but not what would not be seen: much of what a large model consists of lies
+  /// under the numbers that come last.
   void Paint(std::span<const Stroke> strokes);
 
   /// Inverts what lies under a stroke.
@@ -29,8 +32,22 @@ class StrokeCanvas {
   const QImage& Picture() const { return Image; }
 
  private:
+  /// What is to be painted: a stamp at a place, or a stroke.
+  struct Mark {
+    const Stamp* stamp;
+    int x;
+    int y;
+    const Stroke* stroke;
+  };
+
+  void FindVisibleMarks(std::span<const Stroke> strokes);
+  void FindVisibleLetters(const PlacedText& text);
+  void PaintStrokeOf(const Mark& mark, const Pixels& ground);
+
   QImage Image;
   LetterStamps Stamps;
+  Cover Above;             ///< what the marks cover that were found so far
+  std::vector<Mark> Marks; ///< the uppermost first
 };
 
 } // namespace strutwright
