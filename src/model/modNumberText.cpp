@@ -255,8 +255,11 @@ std::string FormatNumber(float value, std::string_view pattern) {
   if (whole.size() < CountZeros(wholePattern)) whole.insert(0, CountZeros(wholePattern) - whole.size(), '0');
   std::string fraction = FractionDigits(decimal);
   if (fraction.size() < CountZeros(fractionPattern)) fraction.resize(CountZeros(fractionPattern), '0');
-  const bool negative = decimal.negative && !decimal.digits.empty();
-  return (negative ? "-" : "") + whole + (point == std::string_view::npos ? "" : ".") + fraction;
+  std::string text;
+  if (decimal.negative && !decimal.digits.empty()) text += '-';
+  text += whole;
+  if (point != std::string_view::npos) text += '.';
+  return text += fraction;
 }
 
 } // namespace strutwright

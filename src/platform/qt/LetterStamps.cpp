@@ -126,12 +126,13 @@ const LetterStamps::Alphabet& LetterStamps::AlphabetOf(QRgb colour, double ratio
     QPainter haloPainter(&halo);
     haloPainter.setRenderHint(QPainter::Antialiasing);
     PaintHalo(haloPainter, baseline, sign);
+    PaintLetters(haloPainter, baseline, sign, Qt::white);
     Harden(halo);
     QImage ink = Blank(metrics, sign, ratio);
     QPainter inkPainter(&ink);
     PaintLetters(inkPainter, baseline, sign, QColor(colour));
     alphabet.letters[i] = {Stamp(halo), Stamp(ink), metrics.horizontalAdvance(sign)};
-    alphabet.ink |= alphabet.letters[i].halo.Area() | alphabet.letters[i].ink.Area();
+    alphabet.ink |= alphabet.letters[i].halo.Area();
   }
   return alphabet;
 }

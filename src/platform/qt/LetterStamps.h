@@ -21,7 +21,7 @@ namespace strutwright {
 /// corner: its upper left one, in logical pixels.
 void PaintText(QPainter& painter, const QPointF& corner, const QString& text, const QColor& colour, bool halo);
 
-/// A sign of a number on its halo.
+/// A sign of a number on its halo, which goes on under it.
 struct Letter {
   Stamp halo;
   Stamp ink;
@@ -35,7 +35,7 @@ struct PlacedLetter {
   int y;
 };
 
-/// box: what the text takes up, ink: where its letters and their halos lie, in device pixels.
+/// box: what the text takes up, ink: where its letters lie with their halos, in device pixels.
 struct PlacedText {
   std::span<const PlacedLetter> letters;
   QRect box;
@@ -56,7 +56,7 @@ class LetterStamps {
   struct Alphabet {
     std::array<Letter, 12> letters;
     double height; ///< of a line of text, logical pixels
-    QRect ink;     ///< of all letters with their halos, one over the other
+    QRect ink;     ///< of all letters' halos, one over the other
   };
 
   const Alphabet& AlphabetOf(QRgb colour, double ratio);

@@ -30,6 +30,12 @@ bool IsInside(const QPointF& point, const QRectF& area) {
   return point.x() >= area.left() && point.x() <= area.right() && point.y() >= area.top() && point.y() <= area.bottom();
 }
 
+/// Whether a line lies beyond one of a rectangle's sides.
+bool IsBeyond(const QPointF& start, const QPointF& end, const QRectF& area) {
+  return std::max(start.x(), end.x()) < area.left() || std::min(start.x(), end.x()) > area.right() ||
+         std::max(start.y(), end.y()) < area.top() || std::min(start.y(), end.y()) > area.bottom();
+}
+
 /// Where a rectangle cuts a line: the fraction of the line before it, and the coordinate of the edge that cuts.
 struct Cut {
   double at;
@@ -55,6 +61,7 @@ bool Narrow(double start, double step, double low, double high, std::optional<do
 /// rectangle is wide; so the edge itself counts where it cuts.
 std::optional<QLineF> Clipped(const QPointF& start, const QPointF& end, const QRectF& area) {
   if (IsInside(start, area) && IsInside(end, area)) return QLineF(start, end);
+  if (IsBeyond(start, end, area)) return std::nullopt;
   const QPointF step = end - start;
   if (!IsPlace(start) || !IsPlace(step)) return std::nullopt;
   Cut from{0};

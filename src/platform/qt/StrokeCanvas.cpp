@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <iterator>
 #include <ranges>
 #include <stdexcept>
 #include <utility>
@@ -161,13 +162,15 @@ void StrokeCanvas::FindVisibleMarks(std::span<const Stroke> strokes) {
 /// All halos lie under the ink: a letter must not disappear under its neighbour's.
 void StrokeCanvas::FindVisibleLetters(const PlacedText& text) {
   if (Above.Hides(text.ink)) return;
-  for (const Stamp Letter::*layer : {&Letter::ink, &Letter::halo}) {
-    for (const PlacedLetter& each : text.letters | std::views::reverse) {
-      const Stamp& stamp = each.letter->*layer;
-      if (stamp.IsHidden(Above, each.x, each.y)) continue;
-      stamp.AddTo(Above, each.x, each.y);
-      Marks.push_back({&stamp, each.x, each.y, nullptr});
-    }
+  const auto isVisible = [this](const PlacedLetter& each) {
+    return !each.letter->halo.IsHidden(Above, each.x, each.y);
+  };
+  VisibleLetters.clear();
+  std::ranges::copy_if(text.letters | std::views::reverse, std::back_inserter(VisibleLetters), isVisible);
+  for (const PlacedLetter& each : VisibleLetters) Marks.push_back({&each.letter->ink, each.x, each.y, nullptr});
+  for (const PlacedLetter& each : VisibleLetters) {
+    Marks.push_back({&each.letter->halo, each.x, each.y, nullptr});
+    each.letter->halo.AddTo(Above, each.x, each.y);
   }
 }
 

@@ -46,8 +46,9 @@ class StrokeCanvas {
 
   QImage Image;
   LetterStamps Stamps;
-  Cover Above;             ///< what the marks cover that were found so far
-  std::vector<Mark> Marks; ///< the uppermost first
+  Cover Above;                              ///< what the marks cover that were found so far
+  std::vector<Mark> Marks;                  ///< the uppermost first
+  std::vector<PlacedLetter> VisibleLetters; ///< of a text, the last first
 };
 
 } // namespace strutwright
