@@ -242,6 +242,18 @@ TEST_F(SameBitsTest, ComeOfValuesThatAreNotFinite) {
   EXPECT_EQ(GlobalStiffness.LastRow(), DofCount);
 }
 
+// Where the literal routines take over, the members are assembled once more.
+TEST_F(SameBitsTest, ShowNoMessageTwiceWhereTheyComeOfValuesThatAreNotFinite) {
+  ModelData model = WarrenGirder(40);
+  model.members[20].E = model.members[20].A = 1e30F;
+  model.members[30].E = -1;
+  model.members[35].i = 0;
+  const Results literal = AnalyseLiterally(model);
+  const std::vector<Message> shownAtFirst = TakeMessages();
+  EXPECT_TRUE(Analyse(model) == literal);
+  EXPECT_EQ(TakeMessages(), shownAtFirst);
+}
+
 // Every number of K is finite here, but not every displacement.
 TEST_F(SameBitsTest, ComeOfDisplacementsThatAreNotFinite) {
   ModelData model = Triangle();
