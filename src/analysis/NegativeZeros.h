@@ -15,7 +15,7 @@ class NegativeZeros {
  public:
   explicit NegativeZeros(const TiledMatrix& K)
       : WordsOfGroups(static_cast<std::size_t>(K.Groups()) / 64 + 1),
-        InColumn(static_cast<std::size_t>(K.RightHandSide()) + 1), ColumnBits(static_cast<std::size_t>(K.Words())) {}
+        InColumn(static_cast<std::size_t>(K.TileColumnCount())), ColumnBits(static_cast<std::size_t>(K.Words())) {}
 
   void Note(int group, int column) {
     if (IsNoted(group, column)) return;

@@ -66,9 +66,7 @@ void SolveEquations(Matrix& K, std::vector<float>& D, const std::vector<float>& 
 
 void SolveEquations(TiledMatrix& K, std::vector<float>& D, const std::vector<float>& P, std::int16_t n,
                     std::int16_t& ok, const std::function<Matrix()>& inFull) {
-  for (int i = 1; i <= n; ++i) {
-    if (P.at(static_cast<std::size_t>(i)) != 0.0F) K(i, n + 1) = P.at(static_cast<std::size_t>(i));
-  }
+  for (int i = 1; i <= n; ++i) K(i, n + 1) = P.at(static_cast<std::size_t>(i));
   Solution verdict = Solution::Found;
   {
     LongWork work(RenumberingWouldHelp() ? std::string(SolvingText) + RenumberingHint : SolvingText);
