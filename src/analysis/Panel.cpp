@@ -33,6 +33,14 @@ bool HasNegativeZero(const float* x, std::size_t count) {
   return found != 0;
 }
 
+/// Whether the entries of a group's rows in one column are all +0.
+bool IsNothing(const float* entries) {
+  static_assert(TileRows == 4);
+  std::array<std::uint64_t, 2> bits{};
+  std::memcpy(bits.data(), entries, sizeof bits);
+  return (bits[0] | bits[1]) == 0;
+}
+
 } // namespace
 
 void Panel::Load(const TiledMatrix& K, int first) {
@@ -140,9 +148,8 @@ void Panel::ComputeFactors(int j) {
   Nothing[static_cast<std::size_t>(j)] = zero;
   // Group by group, as most hold only +0 and divisions take long.  The rows above j get factors that nobody asks for.
   for (auto row = static_cast<std::size_t>(j / TileRows * TileRows); row < RowCount; row += TileRows) {
-    std::array<std::uint64_t, 2> bits{};
-    std::memcpy(bits.data(), column + row, sizeof bits);
-    const bool nothing = (bits[0] | bits[1]) == 0;
+    const bool nothing = IsNothing(column + row);
+    if (!nothing) FactorEnd = row + TileRows;
     for (std::size_t r = row; r < row + TileRows; ++r) {
       factors[r] = nothing ? zero : static_cast<double>(column[r]) / pivot;
     }
@@ -152,11 +159,12 @@ void Panel::ComputeFactors(int j) {
 void Panel::UpdateColumnsAfter(int j, const Kernel& kernel) {
   // Most entries of the pivot row are zero, so that all that counts is how soon the next one is looked at.
   float* entry = Column(j) + j;
+  const auto below = static_cast<std::size_t>(j) + 1;
+  if (FactorEnd <= below) return;
   for (int c = j + 1; c <= Pivots; ++c) {
     entry += RowCount;
     if (*entry == 0.0F) continue;
-    const auto below = static_cast<std::size_t>(j) + 1;
-    kernel.UpdateColumn(entry + 1, FactorColumn(j) + below, static_cast<double>(*entry), RowCount - below);
+    kernel.UpdateColumn(entry + 1, FactorColumn(j) + below, static_cast<double>(*entry), FactorEnd - below);
   }
 }
 
@@ -198,6 +206,7 @@ void Panel::StoreTile(TiledMatrix& K, std::size_t index, int quarter) const {
   for (int c = 0; c < std::min(TileColumns, Pivots - TileColumns * quarter); ++c) {
     const int column = TileColumns * quarter + c;
     const float* from = Column(column) + firstRow;
+    if (IsNothing(from)) continue;
     for (int r = 0; r < std::min(TileRows, column - firstRow + 1); ++r) {
       tile[static_cast<std::size_t>(TileColumns * r + c)] = from[r];
       some |= BitsOfFloat(from[r]) & ~NegativeZeroBits;

@@ -94,6 +94,7 @@ class Panel {
   bool NegativePivot = false;
   bool MinusZeroInP = true; ///< the right-hand side may hold -0 in rows whose turn has not come
   std::size_t RowCount = 0;
+  std::size_t FactorEnd = 0; ///< from this row on the pivot at work has no factor other than zero
   std::vector<int> GroupList;
   std::vector<float> Columns;        ///< PanelWidth columns of RowCount; the right-hand side follows the last in use
   std::vector<double> FactorColumns; ///< PanelWidth columns alike; of column j only rows j + 1.. are used
