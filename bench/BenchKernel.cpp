@@ -31,6 +31,7 @@ const Kernel* KernelNumber(benchmark::State& state) {
 
 struct Operands {
   alignas(64) std::array<float, TileSize> tile{};
+  alignas(64) std::array<float, TileSize> otherTile{};
   alignas(64) std::array<double, std::size_t{TileRows} * PanelWidth> factors{};
   alignas(64) std::array<double, std::size_t{PanelWidth} * TileColumns> pivotRows{};
 };
@@ -44,13 +45,15 @@ void InFirstLevelCache(benchmark::State& state) {
   if (kernel == nullptr) return;
   Operands operands;
   operands.tile.fill(1.0F);
+  operands.otherTile.fill(2.0F);
   operands.factors.fill(0.25);
   for (std::size_t at = 0; at < operands.pivotRows.size(); ++at) operands.pivotRows[at] = at % 2 == 0 ? 0.1 : -0.1;
+  const TileUpdate one{operands.tile.data(), operands.factors.data(), ~std::uint64_t{0}};
+  const TileUpdate other{operands.otherTile.data(), operands.factors.data(), ~std::uint64_t{0}};
   for ([[maybe_unused]] auto step : state) {
-    benchmark::DoNotOptimize(kernel->UpdateTile(operands.tile.data(), operands.factors.data(),
-                                                operands.pivotRows.data(), ~std::uint64_t{0}));
+    benchmark::DoNotOptimize(kernel->UpdateTwoTiles(one, other, operands.pivotRows.data()));
   }
-  CountUpdates(state, static_cast<double>(PanelWidth) * TileSize);
+  CountUpdates(state, 2.0 * PanelWidth * TileSize);
 }
 
 /// A full matrix with a heavy diagonal.

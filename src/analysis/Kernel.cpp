@@ -13,13 +13,14 @@ namespace {
 
 float Updated(float x, double f, double u) { return static_cast<float>(static_cast<double>(x) - u * f); }
 
-bool UpdateTile(float* tile, const double* factors, const double* pivotRows, std::uint64_t pivots) {
-  for (; pivots != 0; pivots &= pivots - 1) {
+bool UpdateTile(const TileUpdate& update, const double* pivotRows) {
+  float* tile = update.tile;
+  for (std::uint64_t pivots = update.pivots; pivots != 0; pivots &= pivots - 1) {
     const std::ptrdiff_t j = std::countr_zero(pivots);
     const double* u = pivotRows + TileColumns * j;
     for (std::ptrdiff_t r = 0; r < TileRows; ++r) {
-      const double f = factors[TileRows * j + r];
-      float* row = tile + TileColumns * r;
+      const double f = update.factors[TileRows * j + r];
+      float* row = TileRow(tile, r);
       for (int c = 0; c < TileColumns; ++c) row[c] = Updated(row[c], f, u[c]);
     }
   }
@@ -32,7 +33,7 @@ void UpdateColumn(float* column, const double* factors, double pivotRowEntry, st
 
 std::vector<Kernel> KernelsOfThisProcessor() {
   std::vector<Kernel> kernels = VectorKernels();
-  kernels.push_back({"plain", UpdateTile, UpdateColumn});
+  kernels.push_back({"plain", UpdateTile, UpdateInTurn<UpdateTile>, UpdateColumn});
   return kernels;
 }
 

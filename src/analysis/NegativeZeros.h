@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 namespace strutwright {
@@ -13,40 +14,41 @@ namespace strutwright {
 class NegativeZeros {
  public:
   explicit NegativeZeros(const TiledMatrix& K)
-      : GroupCount(static_cast<std::size_t>(K.Groups())), GroupsOf(static_cast<std::size_t>(K.RightHandSide()) + 1),
-        Noted(GroupsOf.size() * GroupCount / 64 + 1), ColumnBits(static_cast<std::size_t>(K.Words())) {}
+      : WordsOfGroups(static_cast<std::size_t>(K.Groups()) / 64 + 1),
+        InColumn(static_cast<std::size_t>(K.TileColumnCount())), ColumnBits(static_cast<std::size_t>(K.Words())) {}
 
   void Note(int group, int column) {
     if (IsNoted(group, column)) return;
     ColumnBits[static_cast<std::size_t>(column / 64)] |= std::uint64_t{1} << (column % 64);
-    Word(group, column) |= Bit(group, column);
-    GroupsOf[static_cast<std::size_t>(column)].push_back(group);
+    Tiles& tiles = InColumn[static_cast<std::size_t>(column)];
+    tiles.bits.resize(WordsOfGroups);
+    tiles.bits[static_cast<std::size_t>(group / 64)] |= std::uint64_t{1} << (group % 64);
+    tiles.groups.push_back(group);
   }
 
-  bool IsNoted(int group, int column) { return (Word(group, column) & Bit(group, column)) != 0; }
+  bool IsNoted(int group, int column) const {
+    const Tiles& tiles = InColumn[static_cast<std::size_t>(column)];
+    return !tiles.groups.empty() && (tiles.bits[static_cast<std::size_t>(group / 64)] >> (group % 64) & 1U) != 0;
+  }
 
   /// The columns with such tiles: bit b for tile column 64 word + b.
   std::uint64_t Columns(int word) const { return ColumnBits[static_cast<std::size_t>(word)]; }
 
   /// Forgets the tiles of a column and gives their groups.
   std::vector<int> Take(int column) {
-    std::vector<int> groups;
-    groups.swap(GroupsOf[static_cast<std::size_t>(column)]);
     ColumnBits[static_cast<std::size_t>(column / 64)] &= ~(std::uint64_t{1} << (column % 64));
-    for (const int group : groups) Word(group, column) &= ~Bit(group, column);
-    return groups;
+    return std::exchange(InColumn[static_cast<std::size_t>(column)], {}).groups;
   }
 
  private:
-  std::size_t Index(int group, int column) const {
-    return static_cast<std::size_t>(column) * GroupCount + static_cast<std::size_t>(group);
-  }
-  std::uint64_t& Word(int group, int column) { return Noted[Index(group, column) / 64]; }
-  std::uint64_t Bit(int group, int column) const { return std::uint64_t{1} << (Index(group, column) % 64); }
+  /// Of one column, twice: in the order in which they were noted, and as bit b of word w for group 64 w + b.
+  struct Tiles {
+    std::vector<int> groups;
+    std::vector<std::uint64_t> bits;
+  };
 
-  std::size_t GroupCount;
-  std::vector<std::vector<int>> GroupsOf; ///< to each tile column
-  std::vector<std::uint64_t> Noted;
+  std::size_t WordsOfGroups;
+  std::vector<Tiles> InColumn;
   std::vector<std::uint64_t> ColumnBits;
 };
 

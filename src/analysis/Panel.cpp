@@ -33,6 +33,14 @@ bool HasNegativeZero(const float* x, std::size_t count) {
   return found != 0;
 }
 
+/// Whether the entries of a group's rows in one column are all +0.
+bool IsNothing(const float* entries) {
+  static_assert(TileRows == 4);
+  std::array<std::uint64_t, 2> bits{};
+  std::memcpy(bits.data(), entries, sizeof bits);
+  return (bits[0] | bits[1]) == 0;
+}
+
 } // namespace
 
 void Panel::Load(const TiledMatrix& K, int first) {
@@ -42,13 +50,14 @@ void Panel::Load(const TiledMatrix& K, int first) {
   Exchanged.clear();
   ListGroups(K);
   RowCount = GroupList.size() * TileRows;
-  Columns.resize(RowCount * PanelWidth);
+  Columns.resize(RowCount * (PanelWidth + 1));
   FactorColumns.resize(RowCount * PanelWidth);
   for (std::size_t index = 0; index < GroupList.size(); ++index) {
     for (int quarter = 0; quarter < PanelTiles; ++quarter) {
       LoadTile(K.Find(GroupList[index], first / TileColumns + quarter), index, quarter);
     }
   }
+  LoadRightHandSide(K.RightHandSide());
 }
 
 void Panel::ListGroups(const TiledMatrix& K) {
@@ -70,6 +79,11 @@ void Panel::LoadTile(const float* tile, std::size_t index, int quarter) {
   }
 }
 
+void Panel::LoadRightHandSide(const std::vector<float>& P) {
+  float* column = Column(Pivots);
+  for (std::size_t row = 0; row < RowCount; ++row) column[row] = P[static_cast<std::size_t>(RowOfK(row))];
+}
+
 int Panel::RowOfK(std::size_t row) const {
   return TileRows * GroupList[row / TileRows] + static_cast<int>(row % TileRows);
 }
@@ -82,6 +96,7 @@ Solution Panel::Eliminate(const Kernel& kernel) {
     ComputeFactors(j);
     UpdateColumnsAfter(j, kernel);
   }
+  GiveZerosTheirSigns(Pivots);
   GatherFactors();
   return Solution::Found;
 }
@@ -119,7 +134,7 @@ Solution Panel::ChoosePivot(int j) {
 
 void Panel::ExchangeRows(int j, std::size_t other) {
   const auto one = static_cast<std::size_t>(j);
-  for (int c = 0; c < Pivots; ++c) std::swap(Column(c)[one], Column(c)[other]);
+  for (int c = 0; c <= Pivots; ++c) std::swap(Column(c)[one], Column(c)[other]);
   for (int before = 0; before < j; ++before) std::swap(FactorColumn(before)[one], FactorColumn(before)[other]);
   Exchanged.push_back({RowOfK(one), RowOfK(other)});
 }
@@ -133,9 +148,8 @@ void Panel::ComputeFactors(int j) {
   Nothing[static_cast<std::size_t>(j)] = zero;
   // Group by group, as most hold only +0 and divisions take long.  The rows above j get factors that nobody asks for.
   for (auto row = static_cast<std::size_t>(j / TileRows * TileRows); row < RowCount; row += TileRows) {
-    std::array<std::uint64_t, 2> bits{};
-    std::memcpy(bits.data(), column + row, sizeof bits);
-    const bool nothing = (bits[0] | bits[1]) == 0;
+    const bool nothing = IsNothing(column + row);
+    if (!nothing) FactorEnd = row + TileRows;
     for (std::size_t r = row; r < row + TileRows; ++r) {
       factors[r] = nothing ? zero : static_cast<double>(column[r]) / pivot;
     }
@@ -145,11 +159,12 @@ void Panel::ComputeFactors(int j) {
 void Panel::UpdateColumnsAfter(int j, const Kernel& kernel) {
   // Most entries of the pivot row are zero, so that all that counts is how soon the next one is looked at.
   float* entry = Column(j) + j;
-  for (int c = j + 1; c < Pivots; ++c) {
+  const auto below = static_cast<std::size_t>(j) + 1;
+  if (FactorEnd <= below) return;
+  for (int c = j + 1; c <= Pivots; ++c) {
     entry += RowCount;
     if (*entry == 0.0F) continue;
-    const auto below = static_cast<std::size_t>(j) + 1;
-    kernel.UpdateColumn(entry + 1, FactorColumn(j) + below, static_cast<double>(*entry), RowCount - below);
+    kernel.UpdateColumn(entry + 1, FactorColumn(j) + below, static_cast<double>(*entry), FactorEnd - below);
   }
 }
 
@@ -170,7 +185,7 @@ void Panel::GatherFactors() {
   }
 }
 
-void Panel::Store(TiledMatrix& K) const {
+void Panel::Store(TiledMatrix& K) {
   for (std::size_t index = 0; index < GroupList.size(); ++index) {
     for (int quarter = 0; quarter < PanelTiles; ++quarter) {
       K.Drop(GroupList[index], FirstColumn / TileColumns + quarter);
@@ -179,6 +194,7 @@ void Panel::Store(TiledMatrix& K) const {
       if (hasPivotRows && !belowDiagonal) StoreTile(K, index, quarter);
     }
   }
+  StoreRightHandSide(K.RightHandSide());
 }
 
 // Elimination fills entries that were not stored before: a tile is there for back substitution as soon as one of its
@@ -190,6 +206,7 @@ void Panel::StoreTile(TiledMatrix& K, std::size_t index, int quarter) const {
   for (int c = 0; c < std::min(TileColumns, Pivots - TileColumns * quarter); ++c) {
     const int column = TileColumns * quarter + c;
     const float* from = Column(column) + firstRow;
+    if (IsNothing(from)) continue;
     for (int r = 0; r < std::min(TileRows, column - firstRow + 1); ++r) {
       tile[static_cast<std::size_t>(TileColumns * r + c)] = from[r];
       some |= BitsOfFloat(from[r]) & ~NegativeZeroBits;
@@ -197,6 +214,23 @@ void Panel::StoreTile(TiledMatrix& K, std::size_t index, int quarter) const {
   }
   if (some == 0) return;
   std::copy(tile.begin(), tile.end(), K.Make(GroupList[index], FirstColumn / TileColumns + quarter));
+}
+
+void Panel::StoreRightHandSide(std::vector<float>& P) {
+  if (MinusZeroInP) GiveOtherRowsTheirSigns(P);
+  const float* column = Column(Pivots);
+  for (std::size_t row = 0; row < RowCount; ++row) P[static_cast<std::size_t>(RowOfK(row))] = column[row];
+  const auto below = static_cast<std::size_t>(Pivots);
+  MinusZeroInP |= HasNegativeZero(column + below, RowCount - below);
+}
+
+/// The rows that hold nothing in the panel's columns get products of zero only, all of them the same.
+void Panel::GiveOtherRowsTheirSigns(std::vector<float>& P) {
+  std::array<double, PanelWidth> entries{};
+  std::copy_n(Column(Pivots), Pivots, entries.begin());
+  if (!LosesMinusSign(Nothing.data(), 1, entries.data(), 1, Pivots)) return;
+  std::replace(P.begin() + FirstColumn, P.end(), -0.0F, 0.0F);
+  MinusZeroInP = false;
 }
 
 bool LosesMinusSign(const double* factors, std::ptrdiff_t factorStep, const double* pivotRowEntries,

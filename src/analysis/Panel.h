@@ -22,8 +22,8 @@ struct alignas(64) GroupFactors {
   std::array<double, std::size_t{TileRows} * PanelWidth> values;
 };
 
-/// Elimination inside up to 64 columns: the pivots are chosen here and the factors come from here.  It works on a copy
-/// of the columns that holds the groups with something in them only, column after column.
+/// Elimination inside up to 64 columns and the right-hand side: the pivots are chosen here and the factors come from
+/// here.  It works on a copy of the columns that holds the groups with something in them only, column after column.
 /// Rows of a panel are counted from 0: first those of its pivots, then the others in their order.
 class Panel {
  public:
@@ -33,19 +33,19 @@ class Panel {
     int other;
   };
 
-  /// Copies the columns first.. of K, counted from 0; first is a multiple of 64.
+  /// Copies the columns first.. of K, counted from 0, and its right-hand side; first is a multiple of 64.
   void Load(const TiledMatrix& K, int first);
 
   /// Eliminates; Solution::Found when all went well.
   Solution Eliminate(const Kernel& kernel);
 
-  /// Puts the pivot rows back into K and takes the panel's columns of all other rows out of it.
-  void Store(TiledMatrix& K) const;
+  /// Puts the pivot rows and the right-hand side back into K and takes the panel's columns of all other rows out of it.
+  void Store(TiledMatrix& K);
 
   int First() const { return FirstColumn; }
   int PivotCount() const { return Pivots; }
 
-  /// What was exchanged, in order: the columns of K to the right are still to follow.
+  /// What was exchanged, in order: the columns of K behind the panel's are still to follow.
   const std::vector<Exchange>& Exchanges() const { return Exchanged; }
 
   /// The groups of K that the panel's rows are: OwnGroups() with its pivots and then those below that hold something.
@@ -77,6 +77,7 @@ class Panel {
   int RowOfK(std::size_t row) const;
   void ListGroups(const TiledMatrix& K);
   void LoadTile(const float* tile, std::size_t index, int quarter);
+  void LoadRightHandSide(const std::vector<float>& P);
   void GiveZerosTheirSigns(int c);
   bool LosesSign(int c, std::size_t row) const;
   Solution ChoosePivot(int j);
@@ -85,14 +86,18 @@ class Panel {
   void UpdateColumnsAfter(int j, const Kernel& kernel);
   void GatherFactors();
   void StoreTile(TiledMatrix& K, std::size_t index, int quarter) const;
+  void StoreRightHandSide(std::vector<float>& P);
+  void GiveOtherRowsTheirSigns(std::vector<float>& P);
 
   int FirstColumn = 0;
   int Pivots = 0;
   bool NegativePivot = false;
+  bool MinusZeroInP = true; ///< the right-hand side may hold -0 in rows whose turn has not come
   std::size_t RowCount = 0;
+  std::size_t FactorEnd = 0; ///< from this row on the pivot at work has no factor other than zero
   std::vector<int> GroupList;
-  std::vector<float> Columns;        ///< PanelWidth columns of RowCount
-  std::vector<double> FactorColumns; ///< alike; of column j only rows j + 1.. are used
+  std::vector<float> Columns;        ///< PanelWidth columns of RowCount; the right-hand side follows the last in use
+  std::vector<double> FactorColumns; ///< PanelWidth columns alike; of column j only rows j + 1.. are used
   std::vector<Exchange> Exchanged;
   std::vector<GroupFactors> FactorsOf;
   std::vector<std::uint64_t> BitsOf;

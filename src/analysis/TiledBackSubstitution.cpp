@@ -20,7 +20,6 @@ double SumRightOfDiagonal(const TiledMatrix& K, int row, const std::vector<doubl
     if (word == diagonal / 64) bits &= ~std::uint64_t{0} << (diagonal % 64);
     for (; bits != 0; bits &= bits - 1) {
       const int column = 64 * word + std::countr_zero(bits);
-      if (column == K.RightHandSide()) break;
       const float* entries = TileRow(K.Find(group, column), row % TileRows);
       const double* factors = &D[static_cast<std::size_t>(TileColumns * column)];
       for (int c = column == diagonal ? row % TileColumns + 1 : 0; c < TileColumns; ++c) {
@@ -49,10 +48,10 @@ float EntryOf(const TiledMatrix& K, int row, int column, int c) {
 
 // D(r) = (P(r) - sum of K(r, c) D(c) over c > r) / K(r, r).
 Solution BackSubstituteTiled(const TiledMatrix& K, std::vector<float>& D) {
-  std::vector<double> found(static_cast<std::size_t>(K.RightHandSide() * TileColumns), 0.0);
+  std::vector<double> found(static_cast<std::size_t>(K.TileColumnCount() * TileColumns), 0.0);
   for (int row = K.Freedoms() - 1; row >= 0; --row) {
     if (row % TileRows == TileRows - 1 && row > TileRows) FetchGroup(K, row / TileRows - 1);
-    const auto P = static_cast<double>(EntryOf(K, row, K.RightHandSide(), 0));
+    const auto P = static_cast<double>(K.RightHandSide()[static_cast<std::size_t>(row)]);
     const auto diagonal = static_cast<double>(EntryOf(K, row, row / TileColumns, row % TileColumns));
     const auto value = static_cast<float>((P - SumRightOfDiagonal(K, row, found)) / diagonal);
     if (!std::isfinite(value)) return Solution::NotFinite;

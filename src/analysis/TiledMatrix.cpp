@@ -21,19 +21,18 @@ bool IsEmptyRow(const float* row) {
 } // namespace
 
 TiledMatrix::TiledMatrix(int n)
-    : Size(n), GroupCount(Upward(n, TileRows)), TileColumnCount(Upward(n, 64) * (64 / TileColumns) + 1),
-      WordCount(Upward(TileColumnCount, 64)), StoredBits(AsSize(WordCount) * AsSize(GroupCount)),
-      PlacesOf(StoredBits.size() * (64 / ColumnsOfPlaces)), LastGroups(AsSize(TileColumnCount), -1) {
+    : Size(n), GroupCount(Upward(n, TileRows)), WordCount(Upward(n, 64 * TileColumns)),
+      P(AsSize(GroupCount * TileRows)), Blocks(BlockNumber(WordCount, 0)),
+      LastGroups(AsSize(Upward(n, 64) * (64 / TileColumns)), -1) {
   Ensure(n >= 1, "equations are made for at least one freedom");
 }
 
 float& TiledMatrix::operator()(int row, int column) {
   Ensure(row >= 1 && row <= Size && column >= 1 && column <= Size + 1,
          "an entry of the equations is named inside their bounds");
-  const int group = (row - 1) / TileRows;
-  const int place = (row - 1) % TileRows * TileColumns;
-  if (column > Size) return Make(group, RightHandSide())[place];
-  return Make(group, (column - 1) / TileColumns)[place + (column - 1) % TileColumns];
+  if (column > Size) return P[AsSize(row - 1)];
+  float* tile = Make((row - 1) / TileRows, (column - 1) / TileColumns);
+  return TileRow(tile, (row - 1) % TileRows)[(column - 1) % TileColumns];
 }
 
 void TiledMatrix::Restrain(int d) {
@@ -41,7 +40,6 @@ void TiledMatrix::Restrain(int d) {
   for (int word = 0; word < WordCount; ++word) {
     for (std::uint64_t bits = Stored(word, group); bits != 0; bits &= bits - 1) {
       const int column = 64 * word + std::countr_zero(bits);
-      if (column == RightHandSide()) continue;
       float* row = TileRow(Find(group, column), (d - 1) % TileRows);
       for (int c = 0; c < TileColumns; ++c) {
         if (row[c] == 0.0F) continue;
@@ -60,11 +58,11 @@ std::vector<TiledMatrix::Entry> TiledMatrix::Entries() const {
     for (int word = 0; word < WordCount; ++word) {
       for (std::uint64_t bits = Stored(word, group); bits != 0; bits &= bits - 1) {
         const int column = 64 * word + std::countr_zero(bits);
-        const int first = column == RightHandSide() ? Size + 1 : TileColumns * column + 1;
         const float* tile = Find(group, column);
         for (int at = 0; at < TileSize; ++at) {
           if (tile[at] == 0.0F) continue;
-          entries.push_back({TileRows * group + at / TileColumns + 1, first + at % TileColumns, tile[at]});
+          entries.push_back(
+              {TileRows * group + at / TileColumns + 1, TileColumns * column + at % TileColumns + 1, tile[at]});
         }
       }
     }
@@ -74,7 +72,8 @@ std::vector<TiledMatrix::Entry> TiledMatrix::Entries() const {
 
 float* TiledMatrix::Make(int group, int column) {
   if (float* tile = Find(group, column)) return tile;
-  std::uint32_t& places = PlacesOf[Index(column / ColumnsOfPlaces, group)];
+  Block& block = MakeBlock(column / 64, group);
+  std::uint32_t& places = block.placesOf[InBlock(group)][InBlock(column) / ColumnsOfPlaces];
   if (places == 0) {
     places = static_cast<std::uint32_t>(PlacePool.size());
     PlacePool.emplace_back();
@@ -82,7 +81,7 @@ float* TiledMatrix::Make(int group, int column) {
   LastGroups[AsSize(column)] = std::max(LastGroups[AsSize(column)], group);
   const std::uint32_t place = NewPlace();
   PlacePool[places][AsSize(column % ColumnsOfPlaces)] = place;
-  StoredBits[Index(column / 64, group)] |= std::uint64_t{1} << (column % 64);
+  block.stored[InBlock(group)] |= std::uint64_t{1} << (column % 64);
   float* tile = TileAt(place);
   std::fill_n(tile, TileSize, 0.0F);
   return tile;
@@ -91,7 +90,13 @@ float* TiledMatrix::Make(int group, int column) {
 void TiledMatrix::Drop(int group, int column) {
   if (!IsStored(group, column)) return;
   FreePlaces.push_back(PlaceOf(group, column));
-  StoredBits[Index(column / 64, group)] &= ~(std::uint64_t{1} << (column % 64));
+  Blocks[BlockNumber(column / 64, group)]->stored[InBlock(group)] &= ~(std::uint64_t{1} << (column % 64));
+}
+
+TiledMatrix::Block& TiledMatrix::MakeBlock(int word, int group) {
+  std::unique_ptr<Block>& block = Blocks[BlockNumber(word, group)];
+  if (!block) block = std::make_unique<Block>();
+  return *block;
 }
 
 std::uint32_t TiledMatrix::NewPlace() {

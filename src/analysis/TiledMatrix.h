@@ -23,8 +23,8 @@ inline void FetchTile(const float* tile) {
   for (int r = 0; tile != nullptr && r < TileRows; ++r) __builtin_prefetch(TileRow(tile, r));
 }
 
-/// The equations of an analysis, K beside P, of which only tiles that hold something are stored.
-/// An entry that is not stored is +0.
+/// The equations of an analysis, K beside P.  Of K only tiles that hold something are stored; an entry that is not
+/// stored is +0.
 class TiledMatrix {
  public:
   /// An entry that is not zero, named by the row and column of the equations.
@@ -40,21 +40,24 @@ class TiledMatrix {
   /// n
   int Freedoms() const { return Size; }
 
-  /// Entry (row, column) as in Matrix: row 1..n, column 1..n + 1, the last being P.  Stores its tile.
+  /// Entry (row, column) as in Matrix: row 1..n, column 1..n + 1, the last being P.  Stores the tile of an entry of K.
   float& operator()(int row, int column);
 
   /// Makes equation d read D(d) = 0: row and column d of K zero, 1 on the diagonal.  Takes time for the entries of
   /// row d only, which must be those of column d as well.  d: 1..n
   void Restrain(int d);
 
-  /// The entries that are not zero, row after row within a tile.
+  /// The entries of K that are not zero, row after row within a tile.
   std::vector<Entry> Entries() const;
 
-  // What follows counts groups and tile columns from 0.  P has the tile column RightHandSide() to itself; the columns
-  // of K that are left over before it stay zero.
+  // What follows counts rows, groups and tile columns from 0.  The columns of K that are left over stay zero.
 
   int Groups() const { return GroupCount; }
-  int RightHandSide() const { return TileColumnCount - 1; }
+  int TileColumnCount() const { return static_cast<int>(LastGroups.size()); }
+
+  /// P, an entry to each row of each group.
+  std::vector<float>& RightHandSide() { return P; }
+  const std::vector<float>& RightHandSide() const { return P; }
 
   /// The tile, or nothing where it is not stored.
   float* Find(int group, int column) { return IsStored(group, column) ? TileAt(PlaceOf(group, column)) : nullptr; }
@@ -70,12 +73,15 @@ class TiledMatrix {
 
   /// Which tiles of a group are stored: bit b of word w for tile column 64 w + b.
   int Words() const { return WordCount; }
-  std::uint64_t Stored(int word, int group) const { return StoredBits[Index(word, group)]; }
+  std::uint64_t Stored(int word, int group) const {
+    const std::unique_ptr<Block>& block = Blocks[BlockNumber(word, group)];
+    return block ? block->stored[InBlock(group)] : 0;
+  }
 
   /// No group after this one has ever had a tile in the column.
   int LastGroup(int column) const { return LastGroups[static_cast<std::size_t>(column)]; }
 
-  /// Exchanges two rows, counted from 0, in tile columns column.. and after.
+  /// Exchanges two rows of K in tile columns column.. and after.
   /// exchanged: is told each tile column where one of the two rows held something.
   template <typename Exchanged>
   void ExchangeRows(int one, int other, int column, Exchanged exchanged);
@@ -89,12 +95,22 @@ class TiledMatrix {
   /// Where a group's tiles of so many columns are: numbers into the chunks.
   using Places = std::array<std::uint32_t, ColumnsOfPlaces>;
 
-  std::size_t Index(int block, int group) const {
-    return static_cast<std::size_t>(block) * static_cast<std::size_t>(GroupCount) + static_cast<std::size_t>(group);
+  /// The index of 64 groups by 64 tile columns, of which most hold nothing.
+  struct Block {
+    std::array<std::uint64_t, 64> stored{};
+    std::array<std::array<std::uint32_t, 64 / ColumnsOfPlaces>, 64> placesOf{}; ///< into PlacePool; 0 for none
+  };
+
+  std::size_t BlockNumber(int word, int group) const {
+    return static_cast<std::size_t>(word) * static_cast<std::size_t>(GroupCount / 64 + 1) +
+           static_cast<std::size_t>(group / 64);
   }
+  static std::size_t InBlock(int number) { return static_cast<std::size_t>(number % 64); }
+  Block& MakeBlock(int word, int group);
   std::uint32_t PlaceOf(int group, int column) const {
-    return PlacePool[PlacesOf[Index(column / ColumnsOfPlaces, group)]]
-                    [static_cast<std::size_t>(column % ColumnsOfPlaces)];
+    const Block& block = *Blocks[BlockNumber(column / 64, group)];
+    const std::uint32_t places = block.placesOf[InBlock(group)][InBlock(column) / ColumnsOfPlaces];
+    return PlacePool[places][InBlock(column) % ColumnsOfPlaces];
   }
   bool IsStored(int group, int column) const { return (Stored(column / 64, group) >> (column % 64) & 1U) != 0; }
   float* TileAt(std::uint32_t place) const {
@@ -105,11 +121,10 @@ class TiledMatrix {
 
   int Size = 0;
   int GroupCount = 0;
-  int TileColumnCount = 0;
   int WordCount = 0;
-  std::vector<std::uint64_t> StoredBits; ///< word after word, all groups of a word together
-  std::vector<std::uint32_t> PlacesOf;   ///< indices into PlacePool, alike; 0 for none
-  std::vector<int> LastGroups;           ///< to each tile column
+  std::vector<float> P;
+  std::vector<std::unique_ptr<Block>> Blocks; ///< word after word, all groups of a word together
+  std::vector<int> LastGroups;                ///< to each tile column
   std::vector<Places> PlacePool{Places{}};
   std::vector<std::unique_ptr<Tile[]>> Chunks;
   std::uint32_t PlacesUsed = 0;

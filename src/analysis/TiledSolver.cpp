@@ -71,13 +71,18 @@ class Elimination {
   void GivePivotZerosTheirSigns(float* row, int j);
   void UpdateTilesBelow(int column);
   void UpdateTile(int column, const Touched& each);
+  void UpdateTwoTiles(int column, const Touched& one, const Touched& other);
+  TileUpdate UpdateOf(const Touched& each, std::array<float, TileSize>& inPlace) const;
+  void FinishTile(int column, const Touched& each, const TileUpdate& update, bool minusZeros);
   void UpdateUntouchedZeros(int column, int group);
   bool MayLoseSigns(int index) const;
   bool GiveZerosTheirSigns(float* tile, int index) const;
 
   int ColumnAfter() const { return (panel.First() + PanelWidth) / TileColumns; }
 
-  alignas(64) std::array<float, TileSize> fresh{}; ///< a tile that is not stored yet
+  // Tiles that are not stored yet.
+  alignas(64) std::array<float, TileSize> fresh{};
+  alignas(64) std::array<float, TileSize> otherFresh{};
   PivotRows pivotRows;
   TiledMatrix& K;
   const Kernel& kernel;
@@ -163,7 +168,8 @@ bool Elimination::FinishPivotRows(int column) {
       pivotRows.Clear(index);
       continue;
     }
-    if (pivots != 0) kernel.UpdateTile(tile, panel.Factors(static_cast<std::size_t>(index)), pivotRows.Row(0), pivots);
+    const double* factors = panel.Factors(static_cast<std::size_t>(index));
+    if (pivots != 0) kernel.UpdateTile({tile, factors, pivots}, pivotRows.Row(0));
     pivotRows.isClear[static_cast<std::size_t>(index)] = false;
     for (int r = 0; r < TileRows; ++r) FinishPivotRow(TileRow(tile, r), TileRows * index + r);
   }
@@ -227,27 +233,48 @@ void Elimination::UpdateTilesBelow(int column) {
       touched.push_back({K.Find(panel.Groups()[index], column), index});
     }
   }
-  for (std::size_t at = 0; at < touched.size(); ++at) {
-    if (at + FetchAhead < touched.size()) FetchTile(touched[at + FetchAhead].tile);
-    UpdateTile(column, touched[at]);
+  std::size_t at = 0;
+  for (; at + 2 <= touched.size(); at += 2) {
+    for (std::size_t ahead = at + FetchAhead; ahead < std::min(at + FetchAhead + 2, touched.size()); ++ahead) {
+      FetchTile(touched[ahead].tile);
+    }
+    UpdateTwoTiles(column, touched[at], touched[at + 1]);
   }
+  if (at < touched.size()) UpdateTile(column, touched[at]);
 }
 
 void Elimination::UpdateTile(int column, const Touched& each) {
-  const int group = panel.Groups()[each.index];
+  const TileUpdate update = UpdateOf(each, fresh);
+  FinishTile(column, each, update, kernel.UpdateTile(update, pivotRows.Row(0)));
+}
+
+void Elimination::UpdateTwoTiles(int column, const Touched& one, const Touched& other) {
+  const TileUpdate update = UpdateOf(one, fresh);
+  const TileUpdate otherUpdate = UpdateOf(other, otherFresh);
+  const auto [minusZeros, otherMinusZeros] = kernel.UpdateTwoTiles(update, otherUpdate, pivotRows.Row(0));
+  FinishTile(column, one, update, minusZeros);
+  FinishTile(column, other, otherUpdate, otherMinusZeros);
+}
+
+/// inPlace: takes the place of a tile that is not stored yet.
+TileUpdate Elimination::UpdateOf(const Touched& each, std::array<float, TileSize>& inPlace) const {
   float* tile = each.tile;
   if (tile == nullptr) {
-    tile = fresh.data();
-    fresh.fill(0.0F);
+    inPlace.fill(0.0F);
+    tile = inPlace.data();
   }
-  const std::uint64_t pivots = panel.FactorBits(each.index) & pivotRows.bits;
-  const bool minusZeros = kernel.UpdateTile(tile, panel.Factors(each.index), pivotRows.Row(0), pivots) &&
-                          GiveZerosTheirSigns(tile, static_cast<int>(each.index));
+  return {tile, panel.Factors(each.index), panel.FactorBits(each.index) & pivotRows.bits};
+}
+
+void Elimination::FinishTile(int column, const Touched& each, const TileUpdate& update, bool minusZeros) {
+  const int group = panel.Groups()[each.index];
+  minusZeros = minusZeros && GiveZerosTheirSigns(update.tile, static_cast<int>(each.index));
   if (minusZeros) negativeZeros.Note(group, column);
   if (each.tile != nullptr) return;
   // Products too small for a float may have left nothing.
-  if (!minusZeros && std::all_of(fresh.begin(), fresh.end(), [](float entry) { return entry == 0.0F; })) return;
-  std::copy(fresh.begin(), fresh.end(), K.Make(group, column));
+  if (!minusZeros && std::all_of(update.tile, update.tile + TileSize, [](float entry) { return entry == 0.0F; }))
+    return;
+  std::copy_n(update.tile, TileSize, K.Make(group, column));
 }
 
 /// What becomes of -0 in a tile where no product other than zero came.

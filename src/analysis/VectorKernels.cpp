@@ -19,6 +19,10 @@ constexpr int NegativeZero = static_cast<int>(0x80000000U);
 
 // Each routine does what its namesake in Kernel.cpp does, so many entries at a time.
 
+/// Has the compiler store a tile after each pivot and load it again for the next, for all that it could keep it in
+/// registers: the processor converts what it loads with less work than what is in a register.  Gains 7 %.
+inline void KeepInMemory() { asm volatile("" ::: "memory"); }
+
 namespace sse2 {
 
 /// Four entries, less what the two halves of a row say.
@@ -37,20 +41,20 @@ bool HasNegativeZero(const float* tile) {
   return _mm_movemask_epi8(found) != 0;
 }
 
-bool UpdateTile(float* tile, const double* factors, const double* pivotRows, std::uint64_t pivots) {
-  for (; pivots != 0; pivots &= pivots - 1) {
+bool UpdateTile(const TileUpdate& update, const double* pivotRows) {
+  for (std::uint64_t pivots = update.pivots; pivots != 0; pivots &= pivots - 1) {
     const std::ptrdiff_t j = __builtin_ctzll(pivots);
     const double* u = pivotRows + TileColumns * j;
     for (int q = 0; q < TileColumns; q += 4) {
       const __m128d u0 = _mm_load_pd(u + q);
       const __m128d u1 = _mm_load_pd(u + q + 2);
       for (std::ptrdiff_t r = 0; r < TileRows; ++r) {
-        float* x = tile + TileColumns * r + q;
-        _mm_store_ps(x, Updated(_mm_load_ps(x), _mm_set1_pd(factors[TileRows * j + r]), u0, u1));
+        float* x = TileRow(update.tile, r) + q;
+        _mm_store_ps(x, Updated(_mm_load_ps(x), _mm_set1_pd(update.factors[TileRows * j + r]), u0, u1));
       }
     }
   }
-  return HasNegativeZero(tile);
+  return HasNegativeZero(update.tile);
 }
 
 void UpdateColumn(float* column, const double* factors, double pivotRowEntry, std::size_t count) {
@@ -73,19 +77,30 @@ STRUTWRIGHT_AVX2 inline __m128 Updated(__m128 x, __m256d f, __m256d u) {
   return _mm256_cvtpd_ps(_mm256_sub_pd(_mm256_cvtps_pd(x), _mm256_mul_pd(u, f)));
 }
 
-STRUTWRIGHT_AVX2 bool UpdateTile(float* tile, const double* factors, const double* pivotRows, std::uint64_t pivots) {
-  for (; pivots != 0; pivots &= pivots - 1) {
+STRUTWRIGHT_AVX2 inline bool HasNegativeZero(const float* tile) {
+  __m256i found = _mm256_setzero_si256();
+  for (int at = 0; at < TileSize; at += 8) {
+    const __m256i entries = _mm256_castps_si256(_mm256_load_ps(tile + at));
+    found = _mm256_or_si256(found, _mm256_cmpeq_epi32(entries, _mm256_set1_epi32(NegativeZero)));
+  }
+  return _mm256_movemask_epi8(found) != 0;
+}
+
+STRUTWRIGHT_AVX2 bool UpdateTile(const TileUpdate& update, const double* pivotRows) {
+  for (std::uint64_t pivots = update.pivots; pivots != 0; pivots &= pivots - 1) {
     const std::ptrdiff_t j = __builtin_ctzll(pivots);
+    KeepInMemory();
+    const double* f = update.factors + TileRows * j;
     const double* u = pivotRows + TileColumns * j;
     for (int q = 0; q < TileColumns; q += 4) {
       const __m256d uq = _mm256_load_pd(u + q);
       for (std::ptrdiff_t r = 0; r < TileRows; ++r) {
-        float* x = tile + TileColumns * r + q;
-        _mm_store_ps(x, Updated(_mm_load_ps(x), _mm256_broadcast_sd(factors + TileRows * j + r), uq));
+        float* x = TileRow(update.tile, r) + q;
+        _mm_store_ps(x, Updated(_mm_load_ps(x), _mm256_broadcast_sd(f + r), uq));
       }
     }
   }
-  return sse2::HasNegativeZero(tile);
+  return HasNegativeZero(update.tile);
 }
 
 STRUTWRIGHT_AVX2 void UpdateColumn(float* column, const double* factors, double pivotRowEntry, std::size_t count) {
@@ -105,29 +120,43 @@ STRUTWRIGHT_AVX512 inline __m256 Updated(__m256 x, __m512d f, __m512d u) {
   return _mm512_cvtpd_ps(_mm512_sub_pd(_mm512_cvtps_pd(x), _mm512_mul_pd(u, f)));
 }
 
-// The whole tile fits into the registers.
-STRUTWRIGHT_AVX512 bool UpdateTile(float* tile, const double* factors, const double* pivotRows, std::uint64_t pivots) {
-  __m256 left[TileRows];
-  __m256 right[TileRows];
+/// Takes one pivot from a tile; factors, pivotRow: those of the pivot.
+STRUTWRIGHT_AVX512 inline void TakePivot(float* tile, const double* factors, const double* pivotRow) {
+  KeepInMemory();
+  const __m512d u0 = _mm512_load_pd(pivotRow);
+  const __m512d u1 = _mm512_load_pd(pivotRow + 8);
   for (std::ptrdiff_t r = 0; r < TileRows; ++r) {
-    left[r] = _mm256_load_ps(tile + TileColumns * r);
-    right[r] = _mm256_load_ps(tile + TileColumns * r + 8);
+    const __m512d f = _mm512_set1_pd(factors[r]);
+    float* row = TileRow(tile, r);
+    _mm256_store_ps(row, Updated(_mm256_load_ps(row), f, u0));
+    _mm256_store_ps(row + 8, Updated(_mm256_load_ps(row + 8), f, u1));
   }
-  for (; pivots != 0; pivots &= pivots - 1) {
+}
+
+STRUTWRIGHT_AVX512 bool UpdateTile(const TileUpdate& update, const double* pivotRows) {
+  float* tile = update.tile;
+  const double* factors = update.factors;
+  for (std::uint64_t pivots = update.pivots; pivots != 0; pivots &= pivots - 1) {
     const std::ptrdiff_t j = __builtin_ctzll(pivots);
-    const __m512d u0 = _mm512_load_pd(pivotRows + TileColumns * j);
-    const __m512d u1 = _mm512_load_pd(pivotRows + TileColumns * j + 8);
-    for (std::ptrdiff_t r = 0; r < TileRows; ++r) {
-      const __m512d f = _mm512_set1_pd(factors[TileRows * j + r]);
-      left[r] = Updated(left[r], f, u0);
-      right[r] = Updated(right[r], f, u1);
-    }
+    TakePivot(tile, factors + TileRows * j, pivotRows + TileColumns * j);
   }
-  for (std::ptrdiff_t r = 0; r < TileRows; ++r) {
-    _mm256_store_ps(tile + TileColumns * r, left[r]);
-    _mm256_store_ps(tile + TileColumns * r + 8, right[r]);
+  return avx2::HasNegativeZero(tile);
+}
+
+STRUTWRIGHT_AVX512 std::array<bool, 2> UpdateTwoTiles(const TileUpdate& one, const TileUpdate& other,
+                                                      const double* pivotRows) {
+  const TileUpdate a = one;
+  const TileUpdate b = other;
+  std::uint64_t pivots = a.pivots;
+  std::uint64_t otherPivots = b.pivots;
+  for (; pivots != 0 && otherPivots != 0; pivots &= pivots - 1, otherPivots &= otherPivots - 1) {
+    const std::ptrdiff_t j = __builtin_ctzll(pivots);
+    const std::ptrdiff_t k = __builtin_ctzll(otherPivots);
+    TakePivot(a.tile, a.factors + TileRows * j, pivotRows + TileColumns * j);
+    TakePivot(b.tile, b.factors + TileRows * k, pivotRows + TileColumns * k);
   }
-  return sse2::HasNegativeZero(tile);
+  const bool first = UpdateTile({a.tile, a.factors, pivots}, pivotRows);
+  return {first, UpdateTile({b.tile, b.factors, otherPivots}, pivotRows)};
 }
 
 STRUTWRIGHT_AVX512 void UpdateColumn(float* column, const double* factors, double pivotRowEntry, std::size_t count) {
@@ -145,9 +174,13 @@ STRUTWRIGHT_AVX512 void UpdateColumn(float* column, const double* factors, doubl
 
 std::vector<Kernel> VectorKernels() {
   std::vector<Kernel> kernels;
-  if (__builtin_cpu_supports("avx512f")) kernels.push_back({"AVX-512", avx512::UpdateTile, avx512::UpdateColumn});
-  if (__builtin_cpu_supports("avx2")) kernels.push_back({"AVX2", avx2::UpdateTile, avx2::UpdateColumn});
-  kernels.push_back({"SSE2", sse2::UpdateTile, sse2::UpdateColumn});
+  if (__builtin_cpu_supports("avx512f")) {
+    kernels.push_back({"AVX-512", avx512::UpdateTile, avx512::UpdateTwoTiles, avx512::UpdateColumn});
+  }
+  if (__builtin_cpu_supports("avx2")) {
+    kernels.push_back({"AVX2", avx2::UpdateTile, UpdateInTurn<avx2::UpdateTile>, avx2::UpdateColumn});
+  }
+  kernels.push_back({"SSE2", sse2::UpdateTile, UpdateInTurn<sse2::UpdateTile>, sse2::UpdateColumn});
   return kernels;
 }
 

@@ -10,6 +10,7 @@
 #include <cmath>
 #include <cstddef>
 #include <string>
+#include <utility>
 
 namespace strutwright {
 
@@ -102,6 +103,42 @@ void AddPrestress(int m, std::vector<float>& P) {
   AddTo(P.at(YFreedom(i)), Py);
 }
 
+/// As long as it lives, messages are left out.
+class Silence : public MessageBoxes {
+ public:
+  Silence() : Before(std::exchange(ThePlatform().messages, this)) {}
+  ~Silence() override { ThePlatform().messages = Before; }
+  Silence(const Silence&) = delete;
+  Silence& operator=(const Silence&) = delete;
+
+  void Show(const Message& /*message*/) override {}
+  bool Ask(const Message& /*question*/) override { return false; }
+
+ private:
+  MessageBoxes* Before;
+};
+
+// K(d, c) = K(c, d) = 0, K(d, d) = 1: the equation of a restrained freedom reads D(d) = 0.
+void RestrainEquations(Matrix& K, const std::vector<std::int16_t>& fixed) {
+  for (int d = 1; d <= DofCount; ++d) {
+    if (fixed.at(static_cast<std::size_t>(d)) != 1) continue;
+    for (int c = 1; c <= DofCount; ++c) {
+      K(d, c) = 0.0F;
+      K(c, d) = 0.0F;
+    }
+    K(d, d) = 1.0F;
+  }
+}
+
+/// The equations once more, entry by entry: what is wrong with members has been reported when they were first made.
+Matrix EquationsInFull() {
+  const Silence silence;
+  Matrix K;
+  AssembleGlobalStiffness(K);
+  RestrainEquations(K, FixedDof);
+  return K;
+}
+
 /// The supported node whose number is exactly the value of the field; 0 where there is none.
 int SupportedNode(int m, MemberField field) {
   const float number = MemberTable(m, field);
@@ -131,7 +168,7 @@ void AnalyseTruss(std::int16_t& ok) {
   AssembleGlobalStiffness(K);
   BuildLoadVector(LoadVector);
   ApplySupports(K, LoadVector, Reactions, FixedDof);
-  SolveEquations(K, Displacements, LoadVector, DofCount, ok);
+  SolveEquations(K, Displacements, LoadVector, DofCount, ok, EquationsInFull);
   if (ok == FlagFalse) return;
   for (int m = 1; m <= MemberCount; ++m) ComputeMemberForce(m);
   ComputeReactions();
@@ -176,15 +213,7 @@ void RestrainSupports(std::vector<float>& P, std::vector<float>& R, std::vector<
 
 void ApplySupports(Matrix& K, std::vector<float>& P, std::vector<float>& R, std::vector<std::int16_t>& fixed) {
   RestrainSupports(P, R, fixed);
-  // K(d, c) = K(c, d) = 0, K(d, d) = 1: the equation of a restrained freedom reads D(d) = 0.
-  for (int d = 1; d <= DofCount; ++d) {
-    if (fixed.at(static_cast<std::size_t>(d)) != 1) continue;
-    for (int c = 1; c <= DofCount; ++c) {
-      K(d, c) = 0.0F;
-      K(c, d) = 0.0F;
-    }
-    K(d, d) = 1.0F;
-  }
+  RestrainEquations(K, fixed);
 }
 
 void ApplySupports(TiledMatrix& K, std::vector<float>& P, std::vector<float>& R, std::vector<std::int16_t>& fixed) {

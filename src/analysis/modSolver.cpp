@@ -45,12 +45,6 @@ void GiveUpUnstable(std::int16_t& ok) {
   ok = FlagFalse;
 }
 
-Matrix InFull(const std::vector<TiledMatrix::Entry>& entries, int n) {
-  Matrix K(n, n + 1);
-  for (const TiledMatrix::Entry& entry : entries) K(entry.row, entry.column) = entry.value;
-  return K;
-}
-
 } // namespace
 
 void SolveEquations(Matrix& K, std::vector<float>& D, const std::vector<float>& P, std::int16_t n, std::int16_t& ok) {
@@ -71,11 +65,8 @@ void SolveEquations(Matrix& K, std::vector<float>& D, const std::vector<float>& 
 }
 
 void SolveEquations(TiledMatrix& K, std::vector<float>& D, const std::vector<float>& P, std::int16_t n,
-                    std::int16_t& ok) {
-  const std::vector<TiledMatrix::Entry> entries = K.Entries();
-  for (int i = 1; i <= n; ++i) {
-    if (P.at(static_cast<std::size_t>(i)) != 0.0F) K(i, n + 1) = P.at(static_cast<std::size_t>(i));
-  }
+                    std::int16_t& ok, const std::function<Matrix()>& inFull) {
+  for (int i = 1; i <= n; ++i) K(i, n + 1) = P.at(static_cast<std::size_t>(i));
   Solution verdict = Solution::Found;
   {
     LongWork work(RenumberingWouldHelp() ? std::string(SolvingText) + RenumberingHint : SolvingText);
@@ -83,7 +74,7 @@ void SolveEquations(TiledMatrix& K, std::vector<float>& D, const std::vector<flo
   }
   if (verdict == Solution::Unstable) GiveUpUnstable(ok);
   if (verdict != Solution::NotFinite) return;
-  GlobalStiffness = InFull(entries, n);
+  GlobalStiffness = inFull();
   SolveEquations(GlobalStiffness, D, P, n, ok);
 }
 

@@ -4,6 +4,7 @@
 #include "TiledMatrix.h"
 
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 namespace strutwright {
@@ -20,9 +21,10 @@ inline constexpr float PivotTolerance = 0.0001F;
 void SolveEquations(Matrix& K, std::vector<float>& D, const std::vector<float>& P, std::int16_t n, std::int16_t& ok);
 
 /// The same, to the last bit, for equations that hold little else than zeros; P goes into their last column.
-/// Where a value is no finite number, GlobalStiffness takes the equations and is solved as above.
+/// inFull: makes the same K anew, (0..n, 0..n + 1).  It is asked where a value is no finite number: GlobalStiffness
+/// takes what it makes and is solved as above.
 void SolveEquations(TiledMatrix& K, std::vector<float>& D, const std::vector<float>& P, std::int16_t n,
-                    std::int16_t& ok);
+                    std::int16_t& ok, const std::function<Matrix()>& inFull);
 
 /// How much of the elimination of n freedoms is done before column p, 0..1, if every entry costs the same.
 double ShareOfElimination(int p, int n);

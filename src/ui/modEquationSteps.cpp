@@ -173,10 +173,12 @@ FreedomValues SolvePage(const EquationPage& page) {
   }
   std::vector<float> P = Loads(page);
   LeaveRestrainedLoadsOut(page, P);
-  TiledMatrix K = page.viewStiffness ? page.viewStiffness->Values().InTiles() : TiledMatrix(page.viewDofCount);
+  const int n = page.viewDofCount;
+  TiledMatrix K = page.viewStiffness ? page.viewStiffness->Values().InTiles() : TiledMatrix(n);
+  const auto inFull = [&] { return page.viewStiffness ? page.viewStiffness->Values().InFull() : Matrix(n, n + 1); };
   std::vector<float> D(EntryCount(page), 0.0F);
   std::int16_t ok = FlagTrue;
-  SolveEquations(K, D, P, page.viewDofCount, ok);
+  SolveEquations(K, D, P, page.viewDofCount, ok, inFull);
   if (ok == FlagFalse) return nullptr;
   return std::make_shared<const std::vector<float>>(std::move(D));
 }

@@ -9,7 +9,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// 65 tile columns and the right-hand side in two words, 257 groups.
+/// 68 tile columns in two words, 257 groups.
 class NegativeZerosTest : public testing::Test {
  protected:
   TiledMatrix K{1028};

@@ -232,6 +232,72 @@ TEST_F(FadingSameBitsTest, KeepTheSignsOfZerosInAnyOrder) {
   }
 }
 
+/// Equations that read D = P, for a start.
+struct FadingEquations {
+  static constexpr std::int16_t Count = 330;
+
+  FadingEquations() {
+    for (int i = 1; i <= Count; ++i) K(i, i) = 1;
+  }
+
+  TiledMatrix InTiles() const {
+    TiledMatrix tiles(Count);
+    for (int row = 1; row <= Count; ++row) {
+      for (int column = 1; column <= Count; ++column) {
+        if (K(row, column) != 0.0F) tiles(row, column) = K(row, column);
+      }
+    }
+    return tiles;
+  }
+
+  Matrix K{Count, Count + 1};
+  std::vector<float> P = std::vector<float>(Count + 1);
+};
+
+void ExpectSameSolution(FadingEquations equations, const std::string& name) {
+  TiledMatrix tiles = equations.InTiles();
+  std::vector<float> D(equations.P.size());
+  std::vector<float> literal(equations.P.size());
+  std::int16_t ok = FlagTrue;
+  std::int16_t literalOk = FlagTrue;
+  SolveEquations(tiles, D, equations.P, FadingEquations::Count, ok, [&] { return equations.K; });
+  SolveEquations(equations.K, literal, equations.P, FadingEquations::Count, literalOk);
+  EXPECT_EQ(ok, literalOk) << name;
+  EXPECT_EQ(BitsOf(D), BitsOf(literal)) << name;
+}
+
+// The product of the factor of row 150 and the load of row 64 leaves -0, which the load of row 128 makes +0.
+TEST_F(FadingSameBitsTest, KeepTheSignsOfLoadsThatOneRowLeavesAndAnotherTakes) {
+  FadingEquations equations;
+  equations.K(150, 64) = equations.P[64] = -1e-30F;
+  ExpectSameSolution(equations, "left");
+  equations.P[128] = -1;
+  ExpectSameSolution(equations, "taken");
+}
+
+/// Equations that hardly know each other, with numbers whose products are less than the smallest float and, now and
+/// then, zeros with a minus sign for loads.
+FadingEquations RandomFadingEquations(std::mt19937& random) {
+  const auto anyOf = [&](const std::vector<float>& values) {
+    return values[static_cast<std::size_t>(Below(static_cast<int>(values.size()), random))];
+  };
+  FadingEquations equations;
+  for (std::size_t i = 1; i < equations.P.size(); ++i)
+    equations.P[i] = anyOf({0.0F, -0.0F, 1.0F, -1.0F, 1e-30F, -1e-30F});
+  for (int left = Below(FadingEquations::Count, random); left > 0; --left) {
+    const int row = 1 + Below(FadingEquations::Count, random);
+    equations.K(row, 1 + Below(FadingEquations::Count, random)) = anyOf({1e-30F, -1e-30F, 1e-8F, -1.0F, 2.0F});
+  }
+  return equations;
+}
+
+TEST_F(FadingSameBitsTest, KeepTheSignsOfZerosOfEquationsThatHardlyKnowEachOther) {
+  for (std::uint32_t seed = FirstSeed; seed < FirstSeed + 50; ++seed) {
+    std::mt19937 random(seed);
+    ExpectSameSolution(RandomFadingEquations(random), "seed " + std::to_string(seed));
+  }
+}
+
 // The product of E and A is beyond the floats, so that K holds infinities and, where they meet, no numbers.
 TEST_F(SameBitsTest, ComeOfValuesThatAreNotFinite) {
   ModelData model = WarrenGirder(40);
@@ -240,6 +306,18 @@ TEST_F(SameBitsTest, ComeOfValuesThatAreNotFinite) {
   const Results literal = AnalyseLiterally(model);
   EXPECT_TRUE(Analyse(model) == literal);
   EXPECT_EQ(GlobalStiffness.LastRow(), DofCount);
+}
+
+// Where the literal routines take over, the members are assembled once more.
+TEST_F(SameBitsTest, ShowNoMessageTwiceWhereTheyComeOfValuesThatAreNotFinite) {
+  ModelData model = WarrenGirder(40);
+  model.members[20].E = model.members[20].A = 1e30F;
+  model.members[30].E = -1;
+  model.members[35].i = 0;
+  const Results literal = AnalyseLiterally(model);
+  const std::vector<Message> shownAtFirst = TakeMessages();
+  EXPECT_TRUE(Analyse(model) == literal);
+  EXPECT_EQ(TakeMessages(), shownAtFirst);
 }
 
 // Every number of K is finite here, but not every displacement.

@@ -1,6 +1,7 @@
 #include "EquationsFixture.h"
 #include "modRunAnalysis.h"
 
+#include <cmath>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -311,6 +312,21 @@ TEST_F(EquationStepsTest, SolvesAsTheAnalysisDoes) {
   StepSolve();
 
   EXPECT_EQ(*TheEquations.page.displacements, Displacements);
+}
+
+TEST_F(EquationStepsTest, SolvesAsTheAnalysisDoesWhereADisplacementIsInfinite) {
+  ModelData model = Triangle();
+  model.nodes[2].forceX = 3e38F;
+  for (MemberData& member : model.members) member.A = 0.01F;
+  SetModel(model);
+  ASSERT_TRUE(runAnalysis(ScratchCopy::None));
+  StepShowGlobalK();
+  StepRestrict();
+
+  StepSolve();
+
+  EXPECT_TRUE(std::isinf(Displacements[5]));
+  EXPECT_THAT(*TheEquations.page.displacements, testing::Pointwise(testing::NanSensitiveFloatEq(), Displacements));
 }
 
 TEST_F(EquationStepsTest, KeepsTheDisplacementsWhenASolveFails) {
