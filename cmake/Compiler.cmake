@@ -23,6 +23,10 @@ if(STRUTWRIGHT_WERROR)
   target_compile_options(strutwright_compiler INTERFACE -Werror)
 endif()
 
+if(CMAKE_INTERPROCEDURAL_OPTIMIZATION)
+  target_link_options(strutwright_compiler INTERFACE -Werror=odr -Werror=lto-type-mismatch)
+endif()
+
 # What is reached tells a fuzz target which of its inputs are worth changing further.
 if(STRUTWRIGHT_FUZZ)
   target_compile_options(strutwright_compiler INTERFACE -fsanitize=fuzzer-no-link)

@@ -25,7 +25,7 @@ class PixelLoopsTest : public QtFixture {
 };
 
 /// How much of a pixel a band of this width along a line covers, seen from the line's middle.
-float Cover(float a, float b, float c, float half, float x, float y) {
+float CoverageOf(float a, float b, float c, float half, float x, float y) {
   return std::clamp(half - std::abs(a * x + (b * y - c)) + 0.5F, 0.0F, 1.0F);
 }
 
@@ -33,12 +33,12 @@ float Cover(float a, float b, float c, float half, float x, float y) {
 int Literal(const QLineF& line, int column, int row) {
   const double length = std::sqrt(line.dx() * line.dx() + line.dy() * line.dy());
   const QPointF along = QPointF(line.dx(), line.dy()) / length;
-  const auto cover = [&](const QPointF& normal, double half) {
+  const auto coverage = [&](const QPointF& normal, double half) {
     const double c = normal.x() * line.center().x() + normal.y() * line.center().y();
-    return Cover(static_cast<float>(normal.x()), static_cast<float>(normal.y()), static_cast<float>(c),
-                 static_cast<float>(half), static_cast<float>(column) + 0.5F, static_cast<float>(row) + 0.5F);
+    return CoverageOf(static_cast<float>(normal.x()), static_cast<float>(normal.y()), static_cast<float>(c),
+                      static_cast<float>(half), static_cast<float>(column) + 0.5F, static_cast<float>(row) + 0.5F);
   };
-  const float part = cover(along, length / 2 + 1) * cover({-along.y(), along.x()}, 1);
+  const float part = coverage(along, length / 2 + 1) * coverage({-along.y(), along.x()}, 1);
   return 255 * (256 - static_cast<int>(part * 256 + 0.5F)) >> 8;
 }
 

@@ -242,6 +242,24 @@ TEST_F(QtDrawingSurfaceTest, PaintsANumberAsLargeOnADenseScreen) {
   }
 }
 
+TEST_F(QtDrawingSurfaceTest, EndsAHaloInLessThanAQuarterOfAPixel) {
+  surface.SetFillStyle(FillStyle::Solid);
+  surface.SetFillColour(Black);
+  surface.DrawBox(-1, -1, 9, 7);
+  surface.SetTextColour({255, 255, 255});
+  surface.MoveTo(1, 1);
+  surface.DrawText("358.-");
+  int white = 0;
+  for (int y = 0; y < 60; ++y) {
+    for (int x = 0; x < 80; ++x) {
+      const int grey = At(x, y).red();
+      ASSERT_TRUE(grey < 64 || grey == 255) << x << ' ' << y;
+      if (grey == 255) ++white;
+    }
+  }
+  EXPECT_GT(white, 200);
+}
+
 TEST_F(QtDrawingSurfaceTest, LaysAHaloAroundANumberButNotOverItsOtherDigits) {
   surface.MoveTo(1, 2);
   surface.DrawText("88");

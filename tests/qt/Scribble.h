@@ -14,6 +14,20 @@ class Scribble {
  public:
   explicit Scribble(unsigned seed) : Random(seed) {}
 
+  /// A number, a short line or a small circle, as a large model has them by the thousand in one place.
+  void DrawSmallOneOn(QtDrawingSurface& surface) {
+    surface.SetPenColour(Colours[Below(4)]);
+    surface.SetTextColour(Colours[Below(4)]);
+    surface.SetPenWidth(1 + static_cast<int>(Below(3)));
+    const double x = Between(-1, 9);
+    const double y = Between(-1, 7);
+    switch (Below(5)) {
+    case 0: return surface.DrawLine(x, y, x + Between(-0.5, 0.5), y + Between(-0.5, 0.5));
+    case 1: return surface.DrawCircle(x, y, Between(0, 0.3));
+    default: surface.MoveTo(x, y); surface.DrawText(Numbers[Below(4)]);
+    }
+  }
+
   void DrawOneOn(QtDrawingSurface& surface) {
     surface.SetPenColour(Colours[Below(4)]);
     surface.SetTextColour(Colours[Below(4)]);
@@ -43,6 +57,7 @@ class Scribble {
   double Between(double low, double high) { return std::uniform_real_distribution<double>(low, high)(Random); }
 
   static constexpr std::array<Colour, 4> Colours{Black, Red, Blue, Grey};
+  static constexpr std::array<const char*, 4> Numbers{"7", "-7.5", "4999", "8888.888"};
   std::mt19937 Random;
 };
 

@@ -19,13 +19,14 @@ struct RowsOnPicture {
 
 } // namespace
 
-/// A strip more on the left and two on the right, so that whatever begins on one of them ends on another.
+/// A strip on the left for what begins beside the picture, those of the picture, the last of which may be a part of one
+/// or none of it, and one for what ends beside it.
 void Cover::Reset(int width, int height) {
   Width = width;
   Height = height;
   const auto rows = static_cast<std::size_t>(height);
   const auto inside = static_cast<std::size_t>(width / RowLength);
-  Strips.assign((inside + 4) * rows, All);
+  Strips.assign((inside + 3) * rows, All);
   std::fill_n(Strips.begin() + height, inside * rows, 0);
   std::fill_n(Strips.begin() + static_cast<std::ptrdiff_t>((inside + 1) * rows), rows, All << width % RowLength);
 }

@@ -66,14 +66,22 @@ QImage Blank(const QFontMetricsF& metrics, const QString& letter, double ratio) 
   return blank;
 }
 
-/// Leaves no more than half a pixel at its edge, so that a dense picture has fewer pixels that a hundred things shine
-/// through.
+/// Leaves less than a quarter of a pixel at its edge, so that a dense picture has few pixels that a hundred things
+/// shine through.
 void Harden(QImage& halo) {
+  constexpr int Quarter = 64;
   for (int y = 0; y < halo.height(); ++y) {
     for (int x = 0; x < halo.width(); ++x) {
-      if (qAlpha(halo.pixel(x, y)) >= 64) halo.setPixel(x, y, qRgb(255, 255, 255));
+      if (qAlpha(halo.pixel(x, y)) >= Quarter) halo.setPixel(x, y, qRgb(255, 255, 255));
     }
   }
+}
+
+void PaintSign(QImage& picture, const QPointF& baseline, const QString& sign, const QColor& colour, bool halo) {
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  if (halo) PaintHalo(painter, baseline, sign);
+  PaintLetters(painter, baseline, sign, colour);
 }
 
 } // namespace
@@ -122,17 +130,13 @@ const LetterStamps::Alphabet& LetterStamps::AlphabetOf(QRgb colour, double ratio
     const QString sign(QChar::fromLatin1(Signs[i]));
     const QFontMetricsF metrics(TextFont());
     const QPointF baseline(Margin, Margin + metrics.ascent());
-    QImage halo = Blank(metrics, sign, ratio);
-    QPainter haloPainter(&halo);
-    haloPainter.setRenderHint(QPainter::Antialiasing);
-    PaintHalo(haloPainter, baseline, sign);
-    PaintLetters(haloPainter, baseline, sign, Qt::white);
-    Harden(halo);
     QImage ink = Blank(metrics, sign, ratio);
-    QPainter inkPainter(&ink);
-    PaintLetters(inkPainter, baseline, sign, QColor(colour));
+    PaintSign(ink, baseline, sign, QColor(colour), false);
+    QImage halo = Blank(metrics, sign, ratio);
+    PaintSign(halo, baseline, sign, Qt::white, true);
+    Harden(halo);
     alphabet.letters[i] = {Stamp(halo), Stamp(ink), metrics.horizontalAdvance(sign)};
-    alphabet.ink |= alphabet.letters[i].halo.Area();
+    alphabet.ink |= alphabet.letters[i].halo.InkArea();
   }
   return alphabet;
 }

@@ -48,8 +48,9 @@ class LetterStamps {
  public:
   static bool IsNumber(const TextStroke& stroke);
 
-  /// The letters of a number in a picture with so many device pixels a logical one, until the next call.  They begin at
-  /// whole pixels of the picture, which leaves them as sharp as they were made.
+  /// The letters of a number in a picture with so many device pixels a logical one.  They begin at whole pixels of the
+  /// picture, which leaves them as sharp as they were made.  The places last until the next call, the letters until one
+  /// with another ratio.
   PlacedText Place(const TextStroke& number, double ratio);
 
  private:

@@ -1,8 +1,9 @@
 #include "PixelLoops.h"
 
 #include <algorithm>
-#include <array>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <cstring>
 
 namespace strutwright {

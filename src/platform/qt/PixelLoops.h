@@ -44,7 +44,7 @@ struct Ring {
   float centreX, centreY, radius, half;
 };
 
-/// Where a shape may cover something: from the first row and column to before the last.
+/// Where a shape may cover something; bottom and right are one behind the last row and column.
 struct Area {
   int top, bottom;
   int left, right;
@@ -54,7 +54,7 @@ struct Area {
 struct StampRows {
   const std::uint32_t* ink;
   const std::uint32_t* shine;
-  int width; ///< a multiple of eight
+  int width; ///< a multiple of LeastWidth
   int count;
 };
 

@@ -35,12 +35,13 @@ Stamp::Stamp(const QImage& ink) {
   const QRect area = InkOf(ink);
   Left = area.left();
   Top = area.top();
-  Width = (area.width() + LeastWidth - 1) / LeastWidth * LeastWidth;
+  InkWidth = area.width();
+  Width = (InkWidth + LeastWidth - 1) / LeastWidth * LeastWidth;
   Height = area.height();
   for (int y = 0; y < Height; ++y) {
     const auto* row = reinterpret_cast<const QRgb*>(ink.constScanLine(Top + y));
     for (int x = 0; x < Width; ++x) {
-      const QRgb pixel = x < area.width() ? row[Left + x] : 0;
+      const QRgb pixel = x < InkWidth ? row[Left + x] : 0;
       Ink.push_back(pixel);
       const auto through = static_cast<std::uint32_t>(255 - qAlpha(pixel));
       Shine.push_back((through + (through >> 7)) * 0x10001U); // 255 becomes 256
@@ -85,6 +86,7 @@ void Stamp::CopyTo(const Pixels& ground, int x, int y) const {
 /// On a ground of its own, which goes back as far as it lies on the picture.
 void Stamp::CopyOverEdge(const Pixels& ground, int x, int y, const StampRows& rows) {
   QImage part(rows.width, rows.count, QImage::Format_RGB32);
+  part.fill(Qt::white);
   const Pixels own(part);
   const int from = std::max(0, -x);
   const int count = std::min(rows.width, ground.width - x) - from;

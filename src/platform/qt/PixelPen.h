@@ -25,7 +25,7 @@ class Stamp {
   void CopyTo(const Pixels& ground, int x, int y) const;
 
   /// Where in the ink's whole picture it has pixels that are not transparent.
-  QRect Area() const { return {Left, Top, Width, Height}; }
+  QRect InkArea() const { return {Left, Top, InkWidth, Height}; }
 
   /// Whether nothing would be seen of it there.
   bool IsHidden(const Cover& above, int x, int y) const;
@@ -39,7 +39,8 @@ class Stamp {
 
   int Left = 0;
   int Top = 0;
-  int Width = 0; ///< a multiple of what the processor takes at a time
+  int InkWidth = 0;
+  int Width = 0; ///< that, filled up to a multiple of what the processor takes at a time
   int Height = 0;
   std::vector<std::uint32_t> Ink;   ///< premultiplied
   std::vector<std::uint32_t> Shine; ///< of the ground through the ink, of 256, in either half

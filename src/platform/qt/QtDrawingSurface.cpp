@@ -44,8 +44,8 @@ struct Cut {
 };
 
 /// Narrows from..to of a line that runs from `start` by `step` in one coordinate to what lies in low..high.
-bool Narrow(double start, double step, double low, double high, std::optional<double> Cut::*coordinate, Cut& from,
-            Cut& to) {
+bool NarrowCut(double start, double step, double low, double high, std::optional<double> Cut::*coordinate, Cut& from,
+               Cut& to) {
   if (step == 0) return start >= low && start <= high;
   if (step < 0) std::swap(low, high);
   Cut entry{(low - start) / step};
@@ -66,8 +66,8 @@ std::optional<QLineF> Clipped(const QPointF& start, const QPointF& end, const QR
   if (!IsPlace(start) || !IsPlace(step)) return std::nullopt;
   Cut from{0};
   Cut to{1};
-  if (!Narrow(start.x(), step.x(), area.left(), area.right(), &Cut::x, from, to)) return std::nullopt;
-  if (!Narrow(start.y(), step.y(), area.top(), area.bottom(), &Cut::y, from, to)) return std::nullopt;
+  if (!NarrowCut(start.x(), step.x(), area.left(), area.right(), &Cut::x, from, to)) return std::nullopt;
+  if (!NarrowCut(start.y(), step.y(), area.top(), area.bottom(), &Cut::y, from, to)) return std::nullopt;
   const auto place = [&](const Cut& cut) {
     return QPointF(std::clamp(cut.x.value_or(start.x() + cut.at * step.x()), area.left(), area.right()),
                    std::clamp(cut.y.value_or(start.y() + cut.at * step.y()), area.top(), area.bottom()));

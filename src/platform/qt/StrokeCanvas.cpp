@@ -64,9 +64,9 @@ class DirectPainter {
 
   bool operator()(const BoxStroke& /*stroke*/) const { return false; }
 
-  /// On a box; a number on a halo consists of marks of its own.
+  /// Only on a box: a number on a halo consists of stamps of its own.
   bool operator()(const TextStroke& stroke) const {
-    if (!LetterStamps::IsNumber(stroke)) return false;
+    if (stroke.halo || !LetterStamps::IsNumber(stroke)) return false;
     const PlacedText text = Stamps.Place(stroke, Ratio);
     FillWhite(Ground, text.box);
     for (const PlacedLetter& each : text.letters) each.letter->ink.CopyTo(Ground, each.x, each.y);
@@ -134,6 +134,7 @@ void StrokeCanvas::Paint(std::span<const Stroke> strokes) {
       PaintStrokeOf(mark, ground);
     }
   }
+  Marks.clear();
 }
 
 void StrokeCanvas::PaintStrokeOf(const Mark& mark, const Pixels& ground) {
@@ -145,7 +146,6 @@ void StrokeCanvas::PaintStrokeOf(const Mark& mark, const Pixels& ground) {
 }
 
 void StrokeCanvas::FindVisibleMarks(std::span<const Stroke> strokes) {
-  Marks.clear();
   Above.Reset(Image.width(), Image.height());
   const double ratio = Image.devicePixelRatio();
   const HiddenStrokes isHidden(Above, ratio);
