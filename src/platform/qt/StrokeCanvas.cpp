@@ -6,7 +6,6 @@
 #include <cmath>
 #include <cstdint>
 #include <iterator>
-#include <ranges>
 #include <stdexcept>
 #include <utility>
 #include <variant>
@@ -127,11 +126,11 @@ void StrokeCanvas::Paint(std::span<const Stroke> strokes) {
   if (strokes.empty()) return;
   FindVisibleMarks(strokes);
   const Pixels ground(Image);
-  for (const Mark& mark : Marks | std::views::reverse) {
-    if (mark.stamp != nullptr) {
-      mark.stamp->CopyTo(ground, mark.x, mark.y);
+  for (auto mark = Marks.rbegin(); mark != Marks.rend(); ++mark) {
+    if (mark->stamp != nullptr) {
+      mark->stamp->CopyTo(ground, mark->x, mark->y);
     } else {
-      PaintStrokeOf(mark, ground);
+      PaintStrokeOf(*mark, ground);
     }
   }
   Marks.clear();
@@ -149,12 +148,12 @@ void StrokeCanvas::FindVisibleMarks(std::span<const Stroke> strokes) {
   Above.Reset(Image.width(), Image.height());
   const double ratio = Image.devicePixelRatio();
   const HiddenStrokes isHidden(Above, ratio);
-  for (const Stroke& stroke : strokes | std::views::reverse) {
-    const auto* text = std::get_if<TextStroke>(&stroke);
+  for (auto stroke = strokes.rbegin(); stroke != strokes.rend(); ++stroke) {
+    const auto* text = std::get_if<TextStroke>(&*stroke);
     if (text != nullptr && text->halo && LetterStamps::IsNumber(*text) && Image.width() >= LeastWidth) {
       FindVisibleLetters(Stamps.Place(*text, ratio));
-    } else if (!std::visit(isHidden, stroke)) {
-      Marks.push_back({nullptr, 0, 0, &stroke});
+    } else if (!std::visit(isHidden, *stroke)) {
+      Marks.push_back({nullptr, 0, 0, &*stroke});
     }
   }
 }
@@ -166,7 +165,7 @@ void StrokeCanvas::FindVisibleLetters(const PlacedText& text) {
     return !each.letter->halo.IsHidden(Above, each.x, each.y);
   };
   VisibleLetters.clear();
-  std::ranges::copy_if(text.letters | std::views::reverse, std::back_inserter(VisibleLetters), isVisible);
+  std::copy_if(text.letters.rbegin(), text.letters.rend(), std::back_inserter(VisibleLetters), isVisible);
   for (const PlacedLetter& each : VisibleLetters) Marks.push_back({&each.letter->ink, each.x, each.y, nullptr});
   for (const PlacedLetter& each : VisibleLetters) {
     Marks.push_back({&each.letter->halo, each.x, each.y, nullptr});
