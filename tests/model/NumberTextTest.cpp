@@ -102,7 +102,7 @@ double SevenDigits(float value) {
 }
 
 TEST(NumberTextTest, RoundsToSevenDigitsLikeTheExactValue) {
-  ForRandomFloats(200000, [](float value) {
+  ForRandomFloats(40000, [](float value) {
     int exponent = 0;
     std::frexp(value, &exponent);
     for (const float each : {value, std::remainder(value, 1e6F), std::ldexp(value, exponent % 30 - exponent)}) {
@@ -116,7 +116,7 @@ TEST(NumberTextTest, RoundsAHalfToTheEvenDigit) {
   EXPECT_EQ(NumberText(1000001.5F), "1000002");
   EXPECT_EQ(NumberText(100000.25F), "100000.2");
   EXPECT_EQ(NumberText(100000.75F), "100000.8");
-  for (int sixteenths = 1; sixteenths < 3000000; sixteenths += 7) {
+  for (int sixteenths = 1; sixteenths < 3000000; sixteenths += 53) {
     const float value = static_cast<float>(sixteenths) / 16;
     ASSERT_EQ(std::strtod(NumberText(value).c_str(), nullptr), SevenDigits(value)) << value;
   }

@@ -184,8 +184,8 @@ void QtDrawingSurface::DrawBox(double x1, double y1, double x2, double y2) {
 void QtDrawingSurface::DrawCircle(double x, double y, double radius) {
   MoveTo(x, y);
   const QPointF centre = ToPixel(x, y);
-  const double radiusX = radius * ScaleX;
-  const double radiusY = radius * ScaleY;
+  const double radiusX = std::abs(radius * ScaleX); // a window may be turned over
+  const double radiusY = std::abs(radius * ScaleY);
   if (!IsPlace(centre) || !std::isfinite(radiusX) || !std::isfinite(radiusY)) return;
   const QRectF bounds(centre.x() - radiusX, centre.y() - radiusY, 2 * radiusX, 2 * radiusY);
   if (!bounds.intersects(ClipArea(Size))) return;

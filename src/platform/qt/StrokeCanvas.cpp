@@ -133,7 +133,6 @@ void StrokeCanvas::Paint(std::span<const Stroke> strokes) {
       PaintStrokeOf(*mark, ground);
     }
   }
-  Marks.clear();
 }
 
 void StrokeCanvas::PaintStrokeOf(const Mark& mark, const Pixels& ground) {
@@ -145,6 +144,7 @@ void StrokeCanvas::PaintStrokeOf(const Mark& mark, const Pixels& ground) {
 }
 
 void StrokeCanvas::FindVisibleMarks(std::span<const Stroke> strokes) {
+  Marks.clear();
   Above.Reset(Image.width(), Image.height());
   const double ratio = Image.devicePixelRatio();
   const HiddenStrokes isHidden(Above, ratio);
