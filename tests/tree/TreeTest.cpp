@@ -141,6 +141,7 @@ const std::map<std::string, std::set<std::string>> AllowedLayers{
     {"check", {"platform", "model", "analysis"}},
     {"files", {"platform", "model", "analysis"}},
     {"display", {"platform", "model", "analysis"}},
+    {"statics", {"platform", "model", "analysis", "check"}},
     {"ui", {"platform", "model", "analysis", "check", "files", "display"}},
     {"report", {"platform", "model", "analysis", "check", "files", "display", "ui"}},
     {"ui/forms", {"platform", "qt", "model", "analysis", "check", "files", "display", "ui", "report"}},
@@ -148,7 +149,7 @@ const std::map<std::string, std::set<std::string>> AllowedLayers{
     {"bracefold/families", {"platform", "model", "analysis", "files"}},
     {"bracefold",
      {"platform", "native", "qt", "model", "analysis", "files", "display", "ui", "forms", "families", "bracefold"}},
-    {"cli", {"platform", "native", "qt", "model", "analysis", "check", "files", "display", "ui", "report"}},
+    {"cli", {"platform", "native", "qt", "model", "analysis", "check", "files", "display", "statics", "ui", "report"}},
 };
 
 /// The libraries of the house that a folder's CMakeLists.txt links, by either way of saying so.
