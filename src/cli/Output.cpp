@@ -1,10 +1,13 @@
 #include "Output.h"
 
+#include "Ensure.h"
 #include "modNumberText.h"
 
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <cstddef>
 #include <ostream>
@@ -64,6 +67,14 @@ std::string JsonText(const std::string& text) {
 std::string ValidText(const std::string& text) { return nlohmann::json::parse(JsonText(text)); }
 
 std::string JsonNumber(float value) { return std::isfinite(value) ? ShortestText(value) : "null"; }
+
+std::string PreciseText(double value, int digits) {
+  std::array<char, 32> text{};
+  const auto [end, error] = std::to_chars(text.data(), text.data() + text.size(), value == 0 ? 0.0 : value,
+                                          std::chars_format::general, digits);
+  Ensure(error == std::errc() && std::isfinite(value), "a number is finite and fits its text");
+  return {text.data(), end};
+}
 
 std::string JsonObject(const std::vector<std::pair<std::string_view, std::string>>& values) {
   std::vector<std::string> members;

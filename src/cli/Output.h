@@ -27,6 +27,10 @@ std::string JsonText(const std::string& text);
 /// A JSON number with the shortest digits that read back to the same float; null where it is not finite.
 std::string JsonNumber(float value);
 
+/// Up to so many significant digits of a finite number, also as JSON.  Of a number computed in double precision twelve
+/// are right, and those behind would be rounding.
+std::string PreciseText(double value, int digits = 12);
+
 /// A JSON object or list of values that are JSON already, on one line.
 std::string JsonObject(const std::vector<std::pair<std::string_view, std::string>>& values);
 std::string JsonList(const std::vector<std::string>& values);

@@ -18,6 +18,15 @@ TEST(CsvRecordTest, QuotesWhatWouldBreakIt) {
   EXPECT_EQ(CsvRecord({"a,b", "say \"hi\"", "two\nlines"}), "\"a,b\",\"say \"\"hi\"\"\",\"two\nlines\"\r\n");
 }
 
+TEST(PreciseTextTest, HasAsManyDigitsAsAskedFor) {
+  EXPECT_EQ(PreciseText(1.0 / 3), "0.333333333333");
+  EXPECT_EQ(PreciseText(-1000.0 / 3, 6), "-333.333");
+  EXPECT_EQ(PreciseText(0.1 + 0.2), "0.3");
+  EXPECT_EQ(PreciseText(1e-7), "1e-07");
+}
+
+TEST(PreciseTextTest, HasNoMinusBeforeZero) { EXPECT_EQ(PreciseText(-0.0), "0"); }
+
 TEST(JsonTest, EscapesTexts) {
   EXPECT_EQ(JsonText("a\"b\\c\nd"), R"("a\"b\\c\nd")");
   EXPECT_EQ(JsonText("\xC3\xA4"), "\"\xC3\xA4\"");
