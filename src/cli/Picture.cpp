@@ -94,8 +94,9 @@ void MakeInfluencePicture(const PictureRequest& request, const InfluenceShape& s
   QtDrawingSurface surface(request.width, request.height);
   surface.SetWindow(FrameInfluence(surface, shape));
   ComputeModelExtents(); // the numbers stand off by a part of them
-  const bool numbers = HasRoomForNumbers(surface);
-  TheDisplay.OwnLayers = ModelLayers{.loads = false, .grid = false, .memberNumbers = numbers, .nodeNumbers = numbers};
+  const ReadableNumbers readable = NumbersWithRoom(surface);
+  TheDisplay.OwnLayers =
+      ModelLayers{.loads = false, .grid = false, .memberNumbers = readable.ofMembers, .nodeNumbers = readable.ofNodes};
   DisplaySurface = &surface;
   RedrawDisplay(&surface, false);
   DrawInfluence(surface, shape);

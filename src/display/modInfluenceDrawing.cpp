@@ -26,8 +26,9 @@ constexpr double LabelOff = 4; // from the line to its label
 constexpr double LongestArrow = 46;
 constexpr double ShortestArrow = 18;
 constexpr double ArrowHead = 6;
-constexpr double LoadWidth = 42;       // that the number of a load takes
-constexpr double LeastForNumbers = 24; // of a usual member
+constexpr double LoadWidth = 42;           // that the number of a load takes
+constexpr double LeastForNodeNumbers = 24; // of a usual member
+constexpr double LeastForMemberNumbers = 60;
 
 constexpr Colour LineColour{0, 110, 120};
 
@@ -214,7 +215,7 @@ ViewWindow FrameInfluence(const DrawingSurface& surface, const InfluenceShape& s
   return fits ? window : surface.Window();
 }
 
-bool HasRoomForNumbers(const DrawingSurface& surface) {
+ReadableNumbers NumbersWithRoom(const DrawingSurface& surface) {
   double sum = 0;
   for (int m = 1; m <= MemberCount; ++m) {
     const int i = RoundNodeNumber(MemberTable(m, MemberNodeI));
@@ -224,7 +225,8 @@ bool HasRoomForNumbers(const DrawingSurface& surface) {
     const double dy = NodeTable(j, NodeY) - NodeTable(i, NodeY);
     sum += std::hypot(dx, dy);
   }
-  return sum >= LeastForNumbers * PixelSize(surface) * MemberCount;
+  const double pixels = MemberCount == 0 ? LeastForMemberNumbers : sum / MemberCount / PixelSize(surface);
+  return {pixels >= LeastForNodeNumbers, pixels >= LeastForMemberNumbers};
 }
 
 void DrawInfluence(DrawingSurface& surface, const InfluenceShape& shape) {

@@ -26,8 +26,12 @@ struct InfluenceShape {
 /// Where the view has to be so that the truss fills the surface with the line and its captions below.
 ViewWindow FrameInfluence(const DrawingSurface& surface, const InfluenceShape& shape);
 
-/// Whether members are drawn long enough in this view for numbers to be read.
-bool HasRoomForNumbers(const DrawingSurface& surface);
+/// Which numbers can be read in a view, by how long a usual member is drawn.
+struct ReadableNumbers {
+  bool ofNodes = false;
+  bool ofMembers = false;
+};
+ReadableNumbers NumbersWithRoom(const DrawingSurface& surface);
 
 /// Draws the line below the truss as the surface shows it: each ordinate under its node, positive ones upward, in a
 /// height that does not depend on the view, its extremes labelled; over it what it is of, and the loads on their path.

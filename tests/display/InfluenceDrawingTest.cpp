@@ -205,13 +205,17 @@ TEST_F(InfluenceDrawingTest, FramesASingleNode) {
   EXPECT_NEAR(view.left + view.width / 2, 2, 1e-4);
 }
 
-// Members of 6, 5 and 5 m: 24 pixels at less than 4.5 pixels a metre.
+// Members of 16/3 m: 60 pixels at 11.25 pixels a metre, 24 at 4.5.
 TEST_F(InfluenceDrawingTest, HasNumbersWhereTheyCanBeRead) {
-  EXPECT_TRUE(HasRoomForNumbers(surface));
-  surface.window.width = 177;
-  EXPECT_TRUE(HasRoomForNumbers(surface));
-  surface.window.width = 179;
-  EXPECT_FALSE(HasRoomForNumbers(surface));
+  const auto room = [this](float width) {
+    surface.window.width = width;
+    const ReadableNumbers numbers = NumbersWithRoom(surface);
+    return std::vector<bool>{numbers.ofNodes, numbers.ofMembers};
+  };
+  EXPECT_THAT(room(71), ElementsAre(true, true));
+  EXPECT_THAT(room(72), ElementsAre(true, false));
+  EXPECT_THAT(room(177), ElementsAre(true, false));
+  EXPECT_THAT(room(179), ElementsAre(false, false));
 }
 
 } // namespace
