@@ -113,6 +113,7 @@ void RunGridCommand(GridCommand command, Grid& grid) {
 
 void copyGrid(const Grid& grid) {
   const GridBlock selection = grid.Selection();
+  if (selection.lastRow == 0) return; // nobody asks for headings alone
   TheClipboard().SetText(PlainText(grid, selection), HtmlTable(grid, selection));
 }
 
