@@ -2,7 +2,6 @@
 
 #include "FileState.h"
 #include "Platform.h"
-#include "modExamples.h"
 #include "modKeepResults.h"
 #include "modModelFile.h"
 #include "modModelStore.h"
@@ -148,8 +147,7 @@ void OpenRecentFile(int index) {
   const std::string path = mnuRUF.at(static_cast<std::size_t>(index - 1)).tag;
   CurrentFileName = path;
   addRecentFile(path);
-  // An example stays what it is: Save asks for a name.
-  if (openModel(path) && IsExample(path)) CurrentFileName.clear();
+  openModel(path);
 }
 
 void newModel() {

@@ -27,7 +27,8 @@ bool openModel(const std::string& fileName, std::string* reason = nullptr);
 /// fileName: not empty.
 bool OpenUnlisted(const std::string& fileName);
 
-/// Opens an entry of the recent files.  It moves to the top of the list first, whether or not it can be opened.
+/// Opens an entry of the recent files under its name, also an example: only OpenExample leaves a model without one.
+/// The entry moves to the top of the list first, whether or not it can be opened.
 /// index: from 1, of an entry that exists.
 void OpenRecentFile(int index);
 
