@@ -50,5 +50,13 @@ TEST_F(OwnFileTest, LiesInTheDataFolderWhereTheProgramsTakesNone) {
   EXPECT_TRUE(std::filesystem::is_directory(folder.Path("share/strutwright")));
 }
 
+TEST(CompanionProgramTest, HasTheNameThatWindowsGivesItThere) {
+  EXPECT_EQ(CompanionProgram("C:\\Apps", '\\'), "C:\\Apps\\Bracefold.exe");
+}
+
+TEST(CompanionProgramTest, HasItsPlainNameElsewhere) {
+  EXPECT_EQ(CompanionProgram("/opt/truss", '/'), "/opt/truss/bracefold");
+}
+
 } // namespace
 } // namespace strutwright

@@ -15,9 +15,11 @@
 #include "modModelRendering.h"
 #include "modModelStore.h"
 #include "modPicking.h"
+#include "modPlaces.h"
 #include "modRecentFiles.h"
 #include "modScales.h"
 
+#include <filesystem>
 #include <utility>
 
 #include <QCloseEvent>
@@ -66,7 +68,9 @@ std::int16_t frmGraph::seekJoint(float x, float y, bool offer) {
   return static_cast<std::int16_t>(n);
 }
 
-void frmGraph::mnuGenerator_Click() { vLaunch(ProgramFolder() + "/bracefold"); }
+void frmGraph::mnuGenerator_Click() {
+  vLaunch(CompanionProgram(ProgramFolder(), static_cast<char>(std::filesystem::path::preferred_separator)));
+}
 
 void frmGraph::vLaunch(const std::string& path) { TheShell().Open(path); }
 
