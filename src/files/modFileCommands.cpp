@@ -4,6 +4,7 @@
 #include "Platform.h"
 #include "modKeepResults.h"
 #include "modModelFile.h"
+#include "modModelHomes.h"
 #include "modModelStore.h"
 #include "modPlaces.h"
 #include "modRecentFiles.h"
@@ -75,6 +76,7 @@ std::string Shortcomings(const StoredModel& model) {
 
 void NoteSaved() {
   NoteFile(CurrentFileName, WriteModel());
+  TakeFileOver();
   if (TheFiles.OwnRecovery) TheFiles.OwnRecovery->restored = false;
 }
 
@@ -96,6 +98,7 @@ void OpenCurrentFile(Listing listing) {
   const std::string shortcomings = Shortcomings(model);
   TheHost().EndAnalysis(false); // or its results would be drawn on the new model
   TakeModel(std::move(model));
+  BeginModel(CurrentFileName);
   if (listing == Listing::Listed) addRecentFile(CurrentFileName);
   ShowOpenedModel();
   if (!shortcomings.empty()) {
@@ -152,6 +155,7 @@ void OpenRecentFile(int index) {
 
 void newModel() {
   const std::string fileName = OwnFile("newTruss.stw");
+  BeginModel("");
   TheHost().EndAnalysis(false);
   NodeCount = 0;
   MemberCount = 0;
