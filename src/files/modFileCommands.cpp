@@ -202,9 +202,11 @@ void SaveAsFromMenu() {
   saveModel(false);
 }
 
-void OpenFromMenu() {
+void OpenFromMenu() { OpenNamed(""); }
+
+void OpenNamed(const std::string& fileName) {
   GridCapacity = 0;
-  openModel("");
+  openModel(fileName);
 }
 
 void NewFromMenu() {

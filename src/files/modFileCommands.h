@@ -52,6 +52,10 @@ void SaveAsFromMenu();
 /// The menus' Open.  The capacity comes from the file; where the user cancels, it stays 0.
 void OpenFromMenu();
 
+/// The same for a file whose name is known already.
+/// fileName: full path; empty asks for it.
+void OpenNamed(const std::string& fileName);
+
 /// The display's New: the grids keep their header rows alone and grow with the model.
 void NewFromMenu();
 

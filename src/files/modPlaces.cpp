@@ -18,6 +18,10 @@ std::string CompanionProgram(const std::string& folder, char separator) {
   return folder + separator + (IsWindows(separator) ? "Bracefold.exe" : "bracefold");
 }
 
+std::string MainProgram(const std::string& folder, char separator) {
+  return folder + separator + (IsWindows(separator) ? "Strutwright.exe" : "strutwright");
+}
+
 namespace {
 
 /// Where it can't be created, writing the file will say why.

@@ -58,5 +58,10 @@ TEST(CompanionProgramTest, HasItsPlainNameElsewhere) {
   EXPECT_EQ(CompanionProgram("/opt/truss", '/'), "/opt/truss/bracefold");
 }
 
+TEST(MainProgramTest, LiesInTheSameFolder) {
+  EXPECT_EQ(MainProgram("/opt/truss", '/'), "/opt/truss/strutwright");
+  EXPECT_EQ(MainProgram("C:\\Apps", '\\'), "C:\\Apps\\Strutwright.exe");
+}
+
 } // namespace
 } // namespace strutwright

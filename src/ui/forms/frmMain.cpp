@@ -14,6 +14,7 @@
 #include "frmOptions.h"
 #include "modAnimation.h"
 #include "modCheck.h"
+#include "modFileCommands.h"
 #include "modGenerators.h"
 #include "modGrids.h"
 #include "modModelRendering.h"
@@ -114,6 +115,10 @@ void frmMain::MDIForm_Load() {
   RefreshStatusTexts();
   Redraw(false);
   RecoveryKeeper::TellWhatWasLeft();
+}
+
+void frmMain::OpenModel(const std::string& path) {
+  Run([&] { Edit("Open", [&] { OpenNamed(path); }); });
 }
 
 void frmMain::initGrids() { strutwright::initGrids(); }

@@ -48,6 +48,10 @@ class frmMain : public QMainWindow, public Host {
   /// Starts the program in the frame, which is shown already: state, grids, child windows, view.
   void MDIForm_Load();
 
+  /// Opens a model file as File > Open does after its name has been chosen.
+  /// path: full, not empty.
+  void OpenModel(const std::string& path);
+
   /// Takes the size and place that the frame had when the program last ended; to be called before it is shown.
   void RestorePlace();
 
