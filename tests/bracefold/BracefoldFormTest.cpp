@@ -335,7 +335,7 @@ TEST_F(BracefoldFormTest, SavesAndOpensTheModelInStrutwright) {
 
 TEST_F(BracefoldFormTest, OpensNothingThatWasNotSaved) {
   dialog.WillCancel();
-  QTest::keyClick(window.get(), Qt::Key_P, Qt::AltModifier);
+  Click("btnSaveOpen");
   dialog.WillChoose(folder.Path("missing/bridge.stw"));
   Click("btnSaveOpen");
   EXPECT_EQ(TakeMessages().size(), 1U);
