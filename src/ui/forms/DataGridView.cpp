@@ -117,8 +117,20 @@ void DataGridView::focusInEvent(QFocusEvent* event) {
   CommitPendingEdit();
 }
 
+/// Fewer rows may fit now, and the one that is being edited must not get lost.
+void DataGridView::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  if (EditBox != nullptr) EditBox->KeepInSight(*this);
+}
+
+void DataGridView::scrollContentsBy(int dx, int dy) {
+  QTableView::scrollContentsBy(dx, dy);
+  if (EditBox != nullptr) EditBox->Follow(*this);
+}
+
 void DataGridView::updateGeometries() {
   QTableView::updateGeometries();
+  if (EditBox != nullptr) EditBox->Follow(*this);
   if (Corner == nullptr) return;
   Corner->setText(QString::fromStdString(Data().Text(0, 0)));
   Corner->setGeometry(frameWidth(), frameWidth(), verticalHeader()->width(), horizontalHeader()->height());
