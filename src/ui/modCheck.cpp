@@ -6,13 +6,9 @@
 #include "modModelStore.h"
 #include "modNumberText.h"
 
-#include <algorithm>
-#include <cstddef>
 #include <cstdint>
 #include <exception>
 #include <new>
-#include <span>
-#include <utility>
 
 namespace strutwright {
 
@@ -21,27 +17,12 @@ namespace {
 constexpr const char* UsualE = "200";  // kN/mm2
 constexpr const char* UsualA = "1000"; // mm2
 
-/// What the user has entered: the results that the analysis writes beside it are no part of the model.
-std::span<const float> EnteredOfMembers() {
-  const std::span<const float> members = std::as_const(MemberTable).InOrder();
-  return members.first(static_cast<std::size_t>(MemberFieldLength) * static_cast<std::size_t>(MemberTable.Count() + 1));
-}
-
-std::vector<float> ModelNumbers() {
-  const std::span<const float> nodes = std::as_const(NodeTable).InOrder();
-  const std::span<const float> members = EnteredOfMembers();
-  std::vector<float> numbers(nodes.begin(), nodes.end());
-  numbers.insert(numbers.end(), members.begin(), members.end());
-  return numbers;
-}
-
 void Judge(AnalysisOutcome outcome) {
   TheCheck.motion = 0;
   TheCheck.report = {};
   TheCheck.failure.clear();
   try {
-    TheCheck.judged = ModelNumbers();
-    TheCheck.judgedNodes = std::as_const(NodeTable).InOrder().size();
+    TheCheck.judged = ModelAsEntered::Now();
     TheCheck.report = TheCheck.judge(outcome);
   } catch (const std::bad_alloc&) {
     TheCheck.failure = "there is not enough memory";
@@ -94,19 +75,11 @@ void DropCheck() {
   TheCheck.report.outcome = AnalysisOutcome::None;
   TheCheck.report.status.clear();
   TheCheck.report.level = CheckLevel::None;
-  TheCheck.judged.clear();
+  TheCheck.judged = {};
   TheCheck.motion = 0;
 }
 
-/// Asked at every drawing, so nothing is copied.
-bool CheckIsCurrent() {
-  const std::span<const float> nodes = std::as_const(NodeTable).InOrder();
-  const std::span<const float> members = EnteredOfMembers();
-  const std::span<const float> judged = TheCheck.judged;
-  if (judged.size() != nodes.size() + members.size() || TheCheck.judgedNodes != nodes.size()) return false;
-  return std::equal(nodes.begin(), nodes.end(), judged.begin()) &&
-         std::equal(members.begin(), members.end(), judged.begin() + static_cast<std::ptrdiff_t>(nodes.size()));
-}
+bool CheckIsCurrent() { return TheCheck.judged.IsCurrent(); }
 
 void BringCheckUpToDate() {
   if (!CheckIsCurrent()) Judge(AnalysisOutcome::None);

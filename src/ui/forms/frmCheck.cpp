@@ -202,7 +202,7 @@ void frmCheck::hideEvent(QHideEvent* event) {
   if (event->spontaneous() || Frame.IsEnding()) return;
   Guard([this] {
     ShowMotion(0);
-    if (std::exchange(Marking, false)) return Frame.HighlightMember(0);
+    if (std::exchange(Marking, false)) return Frame.ShowNoParts();
     Frame.RedrawWhatCanBeDrawn(false);
   });
 }

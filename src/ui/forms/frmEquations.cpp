@@ -182,9 +182,8 @@ void frmEquations::ShowPage() {
   ShowStepToCome();
   ShowAddedCells();
   ShowOrigin();
-  if (page.lastMember == 0 && ShownMember == 0) return;
-  ShownMember = page.lastMember;
-  Frame.HighlightMember(ShownMember);
+  if (page.shownMember != ShownMember) Frame.ShowAddedMember(page.shownMember);
+  ShownMember = page.shownMember;
 }
 
 /// Scrolls to what the member that was just added has changed, to its first node where not all of it fits.

@@ -66,7 +66,7 @@ class frmEquations : public QWidget {
   QLabel* lblStepToCome = nullptr;
   QLabel* lblOrigin = nullptr;
   QList<QMenu*> MenuList;
-  int ShownMember = 0; ///< highlighted in the truss display; 0 for none
+  int ShownMember = 0; ///< what the frame was last asked to show in the truss display; 0 for none
 };
 
 } // namespace strutwright

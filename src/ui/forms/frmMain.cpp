@@ -62,6 +62,7 @@ frmMain::~frmMain() {
 void frmMain::runAnalysis() {
   CommitPendingEdit();
   DropCheck();
+  AddedMember = 0;
   try {
     Analyse();
   } catch (...) {
@@ -168,16 +169,23 @@ void frmMain::ActivateDisplay() { Children->setActiveSubWindow(GraphWindow); }
 
 void frmMain::ActivateEquations() { Children->setActiveSubWindow(EquationsWindow); }
 
-void frmMain::HighlightMember(int m) {
-  HighlightedNodes.clear();
-  HighlightedMembers = m == 0 ? std::vector<int>{} : std::vector{m};
+void frmMain::ShowAddedMember(int m) {
+  AddedMember = m;
+  AddedIn = ModelAsEntered::Now();
   RedrawWhatCanBeDrawn(false);
+}
+
+bool frmMain::HasHighlight() const {
+  return AddedMember != 0 || !HighlightedNodes.empty() || !HighlightedMembers.empty();
 }
 
 void frmMain::DrawHighlight() {
   if (DisplaySurface == nullptr) return;
+  if (AddedMember != 0 && !AddedIn.IsCurrent()) AddedMember = 0;
+  std::vector<int> members = HighlightedMembers;
+  if (AddedMember != 0) members.push_back(AddedMember);
   try {
-    for (const int m : HighlightedMembers) {
+    for (const int m : members) {
       if (m >= 1 && m <= MemberCount) strutwright::DrawMember(*DisplaySurface, m, Orange);
     }
     for (const int n : HighlightedNodes) {
@@ -185,6 +193,7 @@ void frmMain::DrawHighlight() {
     }
   } catch (const std::out_of_range&) {
     HighlightedMembers.clear(); // their nodes have gone since they were chosen
+    AddedMember = 0;
   }
 }
 

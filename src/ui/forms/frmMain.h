@@ -2,6 +2,7 @@
 
 #include "EditHistory.h"
 #include "Host.h"
+#include "ModelAsEntered.h"
 #include "RecoveryKeeper.h"
 #include "modGridClipboard.h"
 #include "modModelStore.h"
@@ -103,12 +104,16 @@ class frmMain : public QMainWindow, public Host {
   /// Draws the truss again; what can't be drawn is said in the status bar and not in a box.
   void RedrawWhatCanBeDrawn(bool zoomToExtents);
 
-  /// Draws the truss with member m highlighted until the model is edited; 0: without a highlight.
-  void HighlightMember(int m);
+  /// Draws the truss with member m, which the stiffness equations have just added, highlighted until the model changes
+  /// or is analysed; 0: without that highlight.
+  void ShowAddedMember(int m);
 
   /// Draws the truss with these nodes and members highlighted until the model is edited, and selects their rows in the
   /// grids, of which one that has such rows is shown.  What the model does not have is passed over.
   void ShowParts(const std::vector<int>& nodes, const std::vector<int>& members);
+
+  /// Draws the truss without what ShowParts has highlighted; what is selected stays.
+  void ShowNoParts();
 
   /// Opens the check window, or brings it to the front, on the model as it stands in the grids.
   void ShowCheck();
@@ -158,6 +163,7 @@ class frmMain : public QMainWindow, public Host {
   void ShowGridOf(std::size_t kind);
   void SavePlace();
   void DrawHighlight();
+  bool HasHighlight() const;
   void ShowDrawing();
   void Analyse();
   void CheckAnalysis();
@@ -186,6 +192,8 @@ class frmMain : public QMainWindow, public Host {
   frmCheck* Check = nullptr; ///< nullptr until it is first asked for
   std::vector<int> HighlightedNodes;
   std::vector<int> HighlightedMembers;
+  int AddedMember = 0;         ///< highlighted too; 0 for none
+  ModelAsEntered AddedIn;      ///< the model that this member belongs to
   bool reactionsGuard = false; ///< the next click of the box is the program's own
   bool forcesGuard = false;
   bool deflectedGuard = false;

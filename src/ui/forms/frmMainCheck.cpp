@@ -84,4 +84,10 @@ void frmMain::ShowParts(const std::vector<int>& nodes, const std::vector<int>& m
   RedrawWhatCanBeDrawn(false);
 }
 
+void frmMain::ShowNoParts() {
+  HighlightedNodes.clear();
+  HighlightedMembers.clear();
+  RedrawWhatCanBeDrawn(false);
+}
+
 } // namespace strutwright

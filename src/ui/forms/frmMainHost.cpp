@@ -11,6 +11,7 @@
 #include "frmGraph.h"
 #include "modGrids.h"
 #include "modModelStore.h"
+#include "modMotionView.h"
 #include "modPicking.h"
 #include "modRedraw.h"
 #include "modRubberBands.h"
@@ -77,6 +78,18 @@ void frmMain::EndProgress() {
   stsBar->EndProgress();
 }
 
-void frmMain::SavePicture(const std::string& path) { DisplaySurface->SavePicture(path); }
+/// A highlight tells the user what is being talked about; the picture is of the truss.
+void frmMain::SavePicture(const std::string& path) {
+  if (!HasHighlight()) return DisplaySurface->SavePicture(path);
+  RedrawQuietly(DisplaySurface, false);
+  DrawShownMotion(*DisplaySurface);
+  try {
+    DisplaySurface->SavePicture(path);
+  } catch (...) {
+    RedrawWhatCanBeDrawn(false);
+    throw;
+  }
+  RedrawWhatCanBeDrawn(false);
+}
 
 } // namespace strutwright
