@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <exception>
 #include <new>
+#include <optional>
 
 namespace strutwright {
 
@@ -65,6 +66,19 @@ void AddCuringMember(const Cure& cure) {
   FillIn(MemberCount, MemberA, A);
 }
 
+/// The value of a field that can give rigidity; nothing for another text.
+std::optional<float> UsableValue(const std::string& text) {
+  const std::optional<float> value = NumericValue(text);
+  return value && *value > 0 ? value : std::nullopt;
+}
+
+std::string WhatToType(bool hasE, bool hasA) {
+  if (hasA) return "Type an E above zero into E Value on the control board; it can be filled in from there.";
+  if (hasE) return "Type an area above zero into Area on the control board; it can be filled in from there.";
+  return "Type an E and an area above zero into E Value and Area on the control board; they can be filled in from "
+         "there.";
+}
+
 bool Exists(int node) { return node >= 1 && node <= NodeCount; }
 
 } // namespace
@@ -101,6 +115,28 @@ void ApplyCure(const Cure& cure) {
   if (Exists(cure.node) && cure.IsMember() && Exists(cure.otherNode)) AddCuringMember(cure);
   if (Exists(cure.node) && !cure.IsMember()) {
     GrJoints.SetText(cure.node, NodeSupport, std::to_string(cure.supportCode));
+  }
+  RebuildModelFromGrids();
+  TheHost().Redraw(false);
+}
+
+RigidityOffer OfferRigidity(const std::string& E, const std::string& A) {
+  if (TheCheck.report.withoutRigidity.empty()) return {};
+  const std::optional<float> e = UsableValue(E);
+  const std::optional<float> a = UsableValue(A);
+  if (!e || !a) return {WhatToType(e.has_value(), a.has_value()), false};
+  return {"The control board holds E = " + NumberText(*e) + " kN/mm2 and A = " + NumberText(*a) + " mm2.", true};
+}
+
+void FillRigidity(const std::string& E, const std::string& A) {
+  const std::optional<float> e = UsableValue(E);
+  const std::optional<float> a = UsableValue(A);
+  if (!e || !a) return;
+  TheHost().EndAnalysis(false);
+  RebuildModelFromGrids();
+  for (int m = 1; m <= MemberCount; ++m) {
+    FillIn(m, MemberE, NumberText(*e));
+    FillIn(m, MemberA, NumberText(*a));
   }
   RebuildModelFromGrids();
   TheHost().Redraw(false);

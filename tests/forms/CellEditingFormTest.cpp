@@ -214,6 +214,35 @@ TEST_F(CellEditingFormTest, SaysInTheStatusBarWhatCanNotBeDrawnYet) {
   EXPECT_THAT(LabelText("stsBar_Hint"), HasSubstr("Drawing error: check the input data"));
 }
 
+TEST_F(CellEditingFormTest, SaysInTheStatusBarWhichRowsAGapLeavesUnread) {
+  EnterThreeBarTruss();
+  ClickCell(joints, 2, 1);
+  Press(Qt::Key_Delete);
+  const std::string gap = "Row 2 has no x: 2 nodes are read, row 3 is not.";
+  EXPECT_EQ(TakeMessages().size(), 1U) << "members name node 3, which can't be drawn";
+  EXPECT_EQ(LabelText("stsBar_Hint"), gap);
+  ClickCell(joints, 2, 2);
+  Type("1");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(LabelText("stsBar_Hint"), gap) << "not what the drawing makes of it";
+  Command("mnuUndo").trigger();
+  TakeMessages();
+  Command("mnuUndo").trigger();
+  EXPECT_EQ(LabelText("stsBar_Hint"), "");
+}
+
+TEST_F(CellEditingFormTest, SaysThatAHalfTypedMemberIsDrawnToTheOrigin) {
+  EnterThreeBarTruss();
+  Find<QRadioButton>("viewOpt_1").click();
+  ClickCell(View("GrMembers"), 4, 1);
+  Type("3");
+  Press(Qt::Key_Right);
+  EXPECT_EQ(LabelText("stsBar_Hint"), "Member 4 has no Node j: it is drawn to the origin.");
+  Type("2");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(LabelText("stsBar_Hint"), "");
+}
+
 TEST_F(CellEditingFormTest, ShowsTheGridsHeadingsAndRowNumbers) {
   EXPECT_EQ(joints.model()->headerData(0, Qt::Horizontal), "x(m)");
   EXPECT_EQ(joints.model()->headerData(19, Qt::Vertical), "20");

@@ -14,6 +14,7 @@
 #include "frmOptions.h"
 #include "modAnimation.h"
 #include "modCheck.h"
+#include "modEntryGaps.h"
 #include "modGenerators.h"
 #include "modGrids.h"
 #include "modModelRendering.h"
@@ -222,9 +223,18 @@ void frmMain::RedrawWhatCanBeDrawn(bool zoomToExtents) {
   const std::vector<std::string> failures = RedrawQuietly(DisplaySurface, zoomToExtents);
   ShowDrawing();
   if (failures.empty()) return;
-  std::string hint = failures.front();
+  const std::string gap = RowGapText(); // where there is one, it is the reason
+  std::string hint = gap.empty() ? failures.front() : gap;
   std::replace(hint.begin(), hint.end(), '\n', ' ');
   ShowHint(hint);
+}
+
+/// Every step that changes a text of the grids comes here, undone ones too.
+void frmMain::ShowEntryNote() {
+  std::string note = RowGapText();
+  const std::string missing = MissingNodeText();
+  if (!note.empty() && !missing.empty()) note += " ";
+  stsBar->ShowNote(QString::fromStdString(note + missing));
 }
 
 void frmMain::ClickResultSwitch(QCheckBox& box, bool& flag, bool& guard) {

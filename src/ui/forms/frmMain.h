@@ -4,6 +4,7 @@
 #include "Host.h"
 #include "ModelAsEntered.h"
 #include "RecoveryKeeper.h"
+#include "modCheck.h"
 #include "modGridClipboard.h"
 #include "modModelStore.h"
 
@@ -115,6 +116,10 @@ class frmMain : public QMainWindow, public Host {
   /// Draws the truss without what ShowParts has highlighted; what is selected stays.
   void ShowNoParts();
 
+  /// What the control board's E and A can do for members without rigidity, and doing it.
+  RigidityOffer RigidityOnBoard() const;
+  void FillInRigidity();
+
   /// Opens the check window, or brings it to the front, on the model as it stands in the grids.
   void ShowCheck();
 
@@ -165,6 +170,7 @@ class frmMain : public QMainWindow, public Host {
   void DrawHighlight();
   bool HasHighlight() const;
   void ShowDrawing();
+  void ShowEntryNote();
   void Analyse();
   void CheckAnalysis();
   void FollowModelInCheck();

@@ -11,6 +11,7 @@
 #include "NumericKeyFilter.h"
 #include "UiState.h"
 #include "frmAbout.h"
+#include "frmCheck.h"
 #include "frmEquations.h"
 #include "frmGraph.h"
 #include "modFileCommands.h"
@@ -59,6 +60,7 @@ frmMain::frmMain() {
   ConnectPanels();
   BuildGridMenu();
   ConnectKeys();
+  OnSignal(&History.Steps(), &QUndoStack::indexChanged, this, [this] { ShowEntryNote(); });
   resize(StartSize);
   Timer1.setObjectName("Timer1");
   Timer1.setParent(this);
@@ -153,6 +155,11 @@ void frmMain::ConnectPanels() {
   connectList(board.nodeLoadBtn, "Node Load", board.nodesTxt, GrJoints, board.xnlTxt, board.ynlTxt, NodeForceX);
   connectList(board.EABtn, "Member Properties", board.memTxt, GrMembers, board.eTxt, board.aTxt, MemberE);
   FilterNumericBoxes(board);
+  for (QLineEdit* box : {board.eTxt, board.aTxt}) {
+    OnSignal(box, &QLineEdit::textChanged, this, [this] {
+      if (Check != nullptr && Check->isVisible()) Check->ShowRigidityOffer();
+    });
+  }
 }
 
 void frmMain::BuildGridMenu() {

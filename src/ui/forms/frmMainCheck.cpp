@@ -90,4 +90,10 @@ void frmMain::ShowNoParts() {
   RedrawWhatCanBeDrawn(false);
 }
 
+RigidityOffer frmMain::RigidityOnBoard() const {
+  return OfferRigidity(CBpic->eTxt->text().toStdString(), CBpic->aTxt->text().toStdString());
+}
+
+void frmMain::FillInRigidity() { FillRigidity(CBpic->eTxt->text().toStdString(), CBpic->aTxt->text().toStdString()); }
+
 } // namespace strutwright
