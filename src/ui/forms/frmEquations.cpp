@@ -223,4 +223,7 @@ void frmEquations::closeEvent(QCloseEvent* event) {
   Guard([] { ShowMessage(MessageIcon::Critical, "Window cannot be closed"); });
 }
 
+/// A child window keeps Tab to itself unless it is asked to pass it on.
+bool frmEquations::focusNextPrevChild(bool next) { return Frame.MoveFocus(next); }
+
 } // namespace strutwright

@@ -34,6 +34,7 @@ class frmEquations : public QWidget {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
 
  private:
   using CopyCommand = void (*)(EquationGrid grid, const GridBlock& block);

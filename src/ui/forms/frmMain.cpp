@@ -142,6 +142,12 @@ void frmMain::Run(const std::function<void()>& command) {
   Recovery.NoteChange();
 }
 
+void frmMain::BeginNewModel(void (*command)()) {
+  Edit("New", command);
+  CBpic->viewOpt[0]->setChecked(true);
+  CBpic->GrJointsView->setFocus();
+}
+
 void frmMain::CommitPendingEdit() { CBpic->grTxtBox->Commit(); }
 
 /// The model is taken from the grids first, so that a row pasted meanwhile is not overwritten.

@@ -76,6 +76,9 @@ class frmMain : public QMainWindow, public Host {
   /// what: its name, as in "Undo Paste".
   void Edit(const QString& what, const std::function<void()>& command) { History.Run(what, command); }
 
+  /// Runs one of the commands that begin an empty model, and leaves the keyboard where its first node is typed.
+  void BeginNewModel(void (*command)());
+
   /// What the user calls the model: its file's name, or what the title says in its place.
   std::string ModelName() const;
 
@@ -83,6 +86,9 @@ class frmMain : public QMainWindow, public Host {
   const QUndoStack& EditSteps() const { return History.Steps(); }
 
   void CommitPendingEdit();
+
+  /// What Tab and Shift+Tab do: gives the keyboard to the next or previous control of the whole frame, wherever it is.
+  bool MoveFocus(bool next) { return focusNextPrevChild(next); }
 
   /// Add a node or a member to the model as it stands in the grids, and draw it.
   void DrawNode(float x, float y);

@@ -25,6 +25,7 @@
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
 #include <QToolBar>
@@ -38,7 +39,8 @@ namespace strutwright {
 namespace {
 
 constexpr QSize StartSize{1180, 800};
-constexpr int ClockInterval = 100; // ms
+constexpr QSize WindowFrame{8, 40}; // what the desktop puts around a window, at most
+constexpr int ClockInterval = 100;  // ms
 
 std::string Text(const QLineEdit* box) { return box->text().toStdString(); }
 
@@ -61,7 +63,7 @@ frmMain::frmMain() {
   BuildGridMenu();
   ConnectKeys();
   OnSignal(&History.Steps(), &QUndoStack::indexChanged, this, [this] { ShowEntryNote(); });
-  resize(StartSize);
+  resize(StartSize.boundedTo(screen()->availableSize() - WindowFrame));
   Timer1.setObjectName("Timer1");
   Timer1.setParent(this);
   OnSignal(&Timer1, &QTimer::timeout, this, [this] { Tick(); });
@@ -78,7 +80,7 @@ void frmMain::BuildToolBar() {
     connect(action, &QAction::triggered, this, [this, command] { Run(command); });
     return action;
   };
-  add("new", "New File", [this] { Edit("New", newModel); });
+  add("new", "New File", [this] { BeginNewModel(newModel); });
   add("open", "Open File", [this] { Edit("Open", [] { openModel(""); }); });
   add("save", "Save File", SaveFromMenu);
   bar->addSeparator();

@@ -17,6 +17,8 @@
 #include "modRubberBands.h"
 #include "modScales.h"
 
+#include <algorithm>
+
 namespace strutwright {
 
 void frmMain::RefreshStatusTexts() {
@@ -51,7 +53,10 @@ void frmMain::SetCaption(const std::string& caption) {
 
 void frmMain::ClearGrids() {
   for (Grid* grid : {&GrJoints, &GrMembers, &jResGr, &mResGr}) ClearGrid(*grid, GridCapacity);
-  for (Grid* grid : {&GrJoints, &GrMembers}) NumberRows(*grid);
+  for (Grid* grid : {&GrJoints, &GrMembers}) {
+    NumberRows(*grid);
+    grid->SetCurrentCell(std::min(1, grid->RowCount() - 1), 1); // the first row comes when it is needed
+  }
 }
 
 void frmMain::ShowRecentFiles() {
