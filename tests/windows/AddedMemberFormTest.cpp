@@ -80,6 +80,7 @@ TEST_F(AddedMemberFormTest, IsOrangeNoMoreWhenTheModelChanges) {
   };
   for (const std::function<void()>& change : {std::function<void()>(changeCell), std::function<void()>(applyList),
                                               std::function<void()>(undo), std::function<void()>(paste)}) {
+    Click("btnShowGlobalK");
     Click("btnAddMember");
     ASSERT_TRUE(IsHighlighted());
     change();

@@ -65,7 +65,8 @@ TEST_F(KeyboardFormTest, ZoomsByPlusAndMinusWhenTheDisplayHasTheFocus) {
 
 TEST_F(KeyboardFormTest, DrawsWhatItHasMovedTo) {
   EnterThreeBarTruss();
-  frame->Redraw(true);
+  Command("mnuRefresh").trigger();
+  Command("mnuZoomExtents").trigger();
   ClickIntoDisplay();
   EXPECT_GT(Ink(Qt::red), 20);
   for (int press = 0; press < 12; ++press) Press(Qt::Key_Right);

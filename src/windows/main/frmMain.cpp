@@ -228,9 +228,9 @@ void frmMain::RedrawWhatCanBeDrawn(bool zoomToExtents) {
   if (Working) return;
   const std::vector<std::string> failures = RedrawQuietly(DisplaySurface, zoomToExtents);
   ShowDrawing();
-  if (failures.empty()) return;
-  const std::string gap = RowGapText(); // where there is one, it is the reason
-  std::string hint = gap.empty() ? failures.front() : gap;
+  // Where there is a gap in the grids it is the reason, and the note on it says more.
+  if (failures.empty() || !RowGapText().empty()) return;
+  std::string hint = failures.front();
   std::replace(hint.begin(), hint.end(), '\n', ' ');
   ShowHint(hint);
 }
