@@ -235,7 +235,10 @@ TEST_F(BracefoldFormTest, ScalesTheLoadsToTheTruss) {
 }
 
 /// Of everything in the preview that is not white.
-int FirstInkedColumn(const QImage& picture) {
+/// Within the frame that the picture has while it has the keyboard.
+int FirstInkedColumn(const QImage& whole) {
+  constexpr int frame = 2;
+  const QImage picture = whole.copy(whole.rect().adjusted(frame, frame, -frame, -frame));
   for (int x = 0; x < picture.width(); ++x) {
     for (int y = 0; y < picture.height(); ++y) {
       if (picture.pixelColor(x, y) != Qt::white) return x;
