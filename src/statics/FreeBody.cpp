@@ -38,8 +38,18 @@ void AddCutMembers(const HandTruss& truss, int node, const HandForces& forces, F
     if (std::binary_search(body.nodes.begin(), body.nodes.end(), member.OtherEnd(node))) continue;
     const auto number = static_cast<std::size_t>(member.number);
     const bool isKnown = forces.memberKnown[number] != 0;
-    body.forces.push_back({ForceKind::Member, node, member.number, 0, truss.LineAt(index, node),
-                           "F" + std::to_string(member.number), isKnown, isKnown ? forces.members[number] : 0});
+    BodyForce force{ForceKind::Member,
+                    node,
+                    member.number,
+                    0,
+                    truss.LineAt(index, node),
+                    "F" + std::to_string(member.number),
+                    isKnown,
+                    isKnown ? forces.members[number] : 0};
+    force.farNode = member.OtherEnd(node);
+    force.farX = truss.x[static_cast<std::size_t>(force.farNode)];
+    force.farY = truss.y[static_cast<std::size_t>(force.farNode)];
+    body.forces.push_back(force);
   }
 }
 

@@ -34,6 +34,9 @@ struct BodyForce {
   std::string name;        ///< "F7", "R3y"; empty for a load
   bool isKnown = true;
   double value = 0; ///< kN; of a load its size; 0 where it is not known
+  int farNode = 0;  ///< where a cut member goes; 0 for others
+  double farX = 0;  ///< of that node, m
+  double farY = 0;
 };
 
 /// Nodes cut free, and everything that acts on them.

@@ -60,7 +60,8 @@ std::optional<Wrench> WeightsWithout(const std::vector<Wrench>& others, const Wr
   }
   // One line, or several on top of each other: across it.
   if (Length(weights) <= slack) weights = {-others.front()[1], others.front()[0], 0};
-  for (double& weight : weights) weight /= std::max(1e-300, Length(weights));
+  const double length = Length(weights);
+  for (double& weight : weights) weight /= length;
   const auto isLeft = [&](const Wrench& other) { return std::abs(Product(weights, other)) > slack; };
   if (std::any_of(others.begin(), others.end(), isLeft) || !isLeft(one)) return std::nullopt;
   return weights;
@@ -100,8 +101,9 @@ std::string DirectionTitle(const Balance& balance, const FreeBody& body, const s
 std::string PointTitle(const Balance& balance, const FreeBody& body, const std::vector<int>& others, double measure) {
   for (const int k : others) {
     const BodyForce& force = body.forces[static_cast<std::size_t>(k)];
-    const double away = std::hypot(force.line.x - balance.x, force.line.y - balance.y);
-    if (away <= NoPart * measure) return "Moment about node " + std::to_string(force.node);
+    const auto isAt = [&](double x, double y) { return std::hypot(x - balance.x, y - balance.y) <= NoPart * measure; };
+    if (isAt(force.line.x, force.line.y)) return "Moment about node " + std::to_string(force.node);
+    if (force.farNode > 0 && isAt(force.farX, force.farY)) return "Moment about node " + std::to_string(force.farNode);
   }
   return "Moment about the crossing of " + NamesOf(body, others) + " at " + PlaceText(balance.x, balance.y);
 }

@@ -20,6 +20,8 @@ constexpr double RoundingsMet = 2;
 constexpr double StillStretch = 1e-12;
 constexpr int StepsToTheSoftest = 5;
 constexpr std::size_t MostMotions = 20;
+/// Motions whose nodes are named; a heap of loose nodes has more.
+constexpr std::size_t MostNamedMotions = 500;
 /// A node that moves less, beside the one that moves most, rests.
 constexpr double Rests = 1e-6;
 
@@ -109,7 +111,7 @@ void FindWhatMoves(const HandTruss& truss, Determinacy& verdict) {
   const EquilibriumMatrix matrix(equations.rows, equations.columns);
   std::vector<std::vector<double>> motions;
   for (const int row : matrix.FreeRows()) {
-    if (motions.size() < MostMotions) motions.push_back(matrix.NullVector(row));
+    if (motions.size() < MostNamedMotions) motions.push_back(matrix.NullVector(row));
   }
   verdict.motions = equations.rows - matrix.Rank();
   if (verdict.motions == 0) {

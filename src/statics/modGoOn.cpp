@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <cstddef>
 #include <map>
+#include <numeric>
+#include <tuple>
 
 namespace strutwright {
 
@@ -138,6 +140,19 @@ std::vector<double> SolveLeft(const JointsLeft& left, const std::vector<HandEqua
   return values;
 }
 
+/// Members by their numbers, then reactions.
+std::vector<std::size_t> InOrder(const std::vector<UnknownForce>& unknowns) {
+  std::vector<std::size_t> order(unknowns.size());
+  std::iota(order.begin(), order.end(), 0);
+  std::sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
+    const auto key = [](const UnknownForce& force) {
+      return std::tuple(!force.IsMember(), force.member, force.freedom);
+    };
+    return key(unknowns[a]) < key(unknowns[b]);
+  });
+  return order;
+}
+
 std::string WhyTogether(const JointsLeft& left, const HandSolution& solution) {
   const std::string kind = solution.determinacy.kind == TrussKind::Complex ? "complex" : "compound";
   return "No joint left has at most two unknown forces, and no section has one alone: the truss is " + kind + ". The " +
@@ -176,7 +191,7 @@ HandStep SolveTogether(const HandTruss& truss, const JointOrder& order, const Ha
   }
   const std::vector<double> values = SolveLeft(left, step.equations);
   HandForces solved = solution.forces;
-  for (std::size_t k = 0; k < values.size(); ++k) {
+  for (const std::size_t k : InOrder(left.unknowns)) {
     Put(left.unknowns[k], values[k], truss, solved);
     step.solution.push_back(
         ForceText(NameOf(left.unknowns[k], truss), values[k], left.unknowns[k].IsMember(), truss.nothing));

@@ -75,10 +75,10 @@ class BodyJoining {
  public:
   explicit BodyJoining(const HandTruss& truss)
       : X(truss.x), Y(truss.y), Size(truss.size > 0 ? truss.size : 1), BodiesAt(truss.x.size()) {
-    AddGround(truss);
     for (const HandMember& member : truss.members) AddBody({member.i, member.j});
   }
 
+  /// Joins what can be joined; whether it came to one body.
   bool EndsInOneBody() {
     bool goesOn = true;
     while (goesOn) {
@@ -91,19 +91,7 @@ class BodyJoining {
     return std::count_if(Points.begin(), Points.end(), [](const auto& points) { return !points.empty(); }) == 1;
   }
 
- private:
-  void AddBody(const std::vector<int>& points) {
-    for (const int point : points) BodiesAt[Place(point)].push_back(static_cast<int>(Points.size()));
-    Points.push_back(points);
-  }
-
-  int AddPoint(double x, double y) {
-    X.push_back(x);
-    Y.push_back(y);
-    BodiesAt.emplace_back();
-    return static_cast<int>(X.size()) - 1;
-  }
-
+  /// The ground as one more body, and each roller as a bar to it.
   void AddGround(const HandTruss& truss) {
     std::vector<int> ground;
     std::vector<std::pair<int, int>> rollers;
@@ -117,6 +105,19 @@ class BodyJoining {
     }
     AddBody(ground);
     for (const auto& [node, point] : rollers) AddBody({node, point});
+  }
+
+ private:
+  void AddBody(const std::vector<int>& points) {
+    for (const int point : points) BodiesAt[Place(point)].push_back(static_cast<int>(Points.size()));
+    Points.push_back(points);
+  }
+
+  int AddPoint(double x, double y) {
+    X.push_back(x);
+    Y.push_back(y);
+    BodiesAt.emplace_back();
+    return static_cast<int>(X.size()) - 1;
   }
 
   /// Sine of the angle at b, between a and c.
@@ -250,6 +251,12 @@ std::vector<std::vector<int>> SimpleParts(const HandTruss& truss) {
   return parts;
 }
 
-bool JoinsToOneBody(const HandTruss& truss) { return BodyJoining(truss).EndsInOneBody(); }
+bool JoinsToOneBody(const HandTruss& truss) {
+  BodyJoining joining(truss);
+  // The members among themselves first: a bar between two supports is a bar, and not a part of the ground.
+  if (joining.EndsInOneBody()) return true;
+  joining.AddGround(truss);
+  return joining.EndsInOneBody();
+}
 
 } // namespace strutwright
