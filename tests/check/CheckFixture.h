@@ -34,10 +34,12 @@ class CheckFixture : public PlatformTest {
   bool Analyse(const ModelData& model) {
     SetTables(model);
     AnalysisDone = FlagTrue;
-    std::int16_t ok = FlagTrue;
-    AnalyseTruss(ok);
-    if (ok == FlagFalse) AnalysisDone = FlagFalse;
-    return ok != FlagFalse;
+    FailedCheck.reset();
+    const AnalysisEnd end = AnalyseTruss();
+    if (end == AnalysisEnd::Done) return true;
+    AnalysisDone = FlagFalse;
+    FailedCheck = end == AnalysisEnd::Unstable ? UnstableCheck : EmptyModelCheck;
+    return false;
   }
 };
 
