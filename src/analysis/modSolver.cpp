@@ -22,7 +22,7 @@ constexpr double MostUpdatesOfRows = 1000;
 void Eliminate(RowEquations& equations, LongWork& work) {
   const double all = equations.Reach().Updates();
   double done = 0;
-  double reported = 0;
+  double reported = -UpdatesBetweenReports; // the first column is one to report
   for (int p = 1; p < equations.Freedoms(); ++p) {
     done += equations.Reach().UpdatesOf(p);
     if (done > reported + UpdatesBetweenReports) work.Done((reported = done) / all);

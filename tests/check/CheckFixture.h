@@ -35,12 +35,15 @@ class CheckFixture : public PlatformTest {
     SetTables(model);
     AnalysisDone = FlagTrue;
     FailedCheck.reset();
-    const AnalysisEnd end = AnalyseTruss();
+    const AnalysisEnd end =
+        AnalyseTruss({[this](const std::vector<MemberAtFault>& seen) { atFault = seen; }, [] { return ""; }});
     if (end == AnalysisEnd::Done) return true;
     AnalysisDone = FlagFalse;
     FailedCheck = end == AnalysisEnd::Unstable ? UnstableCheck : EmptyModelCheck;
     return false;
   }
+
+  std::vector<MemberAtFault> atFault; ///< of the last analysis
 };
 
 /// Published mechanisms, with E 200 and A 1000.
