@@ -235,7 +235,10 @@ TEST_F(BracefoldFormTest, ScalesTheLoadsToTheTruss) {
 }
 
 /// Of everything in the preview that is not white.
-int FirstInkedColumn(const QImage& picture) {
+/// Within the frame that the picture has while it has the keyboard.
+int FirstInkedColumn(const QImage& whole) {
+  constexpr int frame = 2;
+  const QImage picture = whole.copy(whole.rect().adjusted(frame, frame, -frame, -frame));
   for (int x = 0; x < picture.width(); ++x) {
     for (int y = 0; y < picture.height(); ++y) {
       if (picture.pixelColor(x, y) != Qt::white) return x;
@@ -253,6 +256,17 @@ TEST_F(BracefoldFormTest, ZoomsWithTheWheel) {
   QApplication::sendEvent(&preview, &turn);
 
   EXPECT_FLOAT_EQ(DisplaySurface->Window().width, before / 1.25F);
+}
+
+TEST_F(BracefoldFormTest, MovesAndZoomsThePictureByKeys) {
+  auto& preview = Find<QWidget>("preview");
+  const ViewWindow before = DisplaySurface->Window();
+
+  QTest::keyClick(&preview, Qt::Key_Right);
+  QTest::keyClick(&preview, Qt::Key_Minus);
+
+  EXPECT_FLOAT_EQ(DisplaySurface->Window().width, before.width * 1.25F);
+  EXPECT_GT(DisplaySurface->Window().left + DisplaySurface->Window().width / 2, before.left + before.width / 2);
 }
 
 TEST_F(BracefoldFormTest, MovesThePictureByDragging) {
