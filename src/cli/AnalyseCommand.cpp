@@ -52,9 +52,6 @@ Result OpenAndAnalyse(ModelSession& session, std::istream& in) {
   }
 }
 
-/// Elongation in mm as it was listed; the message about a member that can't stretch has been shown by then.
-float ListedStretch(int m) { return MemberCanStretch(m) ? MemberStretch(m) : 0.0F; }
-
 std::vector<std::string> HeadingsOf(const Grid& grid) {
   std::vector<std::string> headings;
   for (int column = 0; column < grid.ColumnCount(); ++column) headings.push_back(grid.Text(0, column));
@@ -71,7 +68,7 @@ void PrintCsv(const ModelSession& session, Result result, bool nameFile, std::os
   out << CsvRecord(HeadingsOf(mResGr));
   for (int m = 1; result == Result::Ok && m <= MemberCount; ++m) {
     out << CsvRecord({std::to_string(m), ShortestText(MemberForce(m)), MemberState(m), ShortestText(MemberStress(m)),
-                      ShortestText(ListedStretch(m))});
+                      ShortestText(MemberStretch(m))});
   }
 }
 
@@ -96,7 +93,7 @@ Json JsonMember(int m) {
           {"force", JsonNumber(MemberForce(m))},
           {"state", MemberState(m)},
           {"stress", JsonNumber(MemberStress(m))},
-          {"stretch", JsonNumber(ListedStretch(m))}};
+          {"stretch", JsonNumber(MemberStretch(m))}};
 }
 
 Json JsonMessage(const Message& message) {
