@@ -6,6 +6,7 @@
 
 #include <array>
 #include <optional>
+#include <string>
 
 #include <QWidget>
 
@@ -45,7 +46,8 @@ class frmBracefold : public QWidget, public WindowlessHost, private DisplayListe
   void Draw(bool zoomToExtents);
   void ShowFault(const std::optional<TrussFault>& fault);
   void ShowSummary(const QString& text);
-  void Save();
+  std::string Save();
+  void SaveAndOpen();
 
   void Resized() override;
   void MouseMoved(const MouseEvent& event) override;
@@ -53,6 +55,7 @@ class frmBracefold : public QWidget, public WindowlessHost, private DisplayListe
   void MouseReleased(const MouseEvent& /*event*/) override {}
   void MouseLeft() override {}
   void WheelTurned(const MouseEvent& event, double steps) override;
+  void ViewKeyPressed(ViewMove move) override;
 
   const TrussFamily* Family;
   std::string Summary; ///< of the truss in the preview
@@ -68,6 +71,7 @@ class frmBracefold : public QWidget, public WindowlessHost, private DisplayListe
   QLabel* errorLbl = nullptr;
   QLabel* summaryLbl = nullptr;
   QPushButton* btnSave = nullptr;
+  QPushButton* btnSaveOpen = nullptr;
   QPushButton* btnClose = nullptr;
 };
 

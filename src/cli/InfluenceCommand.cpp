@@ -8,7 +8,8 @@
 #include <cstddef>
 #include <optional>
 #include <ostream>
-#include <utility>
+
+#include <nlohmann/json.hpp>
 
 namespace strutwright {
 
@@ -44,29 +45,33 @@ void PrintCsv(const Answer& answer, std::ostream& out) {
   }
 }
 
-std::string JsonExtreme(const TrainPosition& extreme) {
-  return JsonObject({{"direction", JsonText(HeadingName(extreme.heading))},
-                     {"position", PreciseText(extreme.position)},
-                     {"value", PreciseText(extreme.value)}});
+/// Keeps the order of its keys and doubles in full; the other commands have floats.
+using PreciseJson = nlohmann::ordered_json;
+
+/// The number that PreciseText writes.
+PreciseJson JsonOf(double value) { return PreciseJson::parse(PreciseText(value)); }
+
+PreciseJson JsonExtreme(const TrainPosition& extreme) {
+  return {{"direction", HeadingName(extreme.heading)},
+          {"position", JsonOf(extreme.position)},
+          {"value", JsonOf(extreme.value)}};
 }
 
 void PrintJson(const InfluenceRequest& request, const Answer& answer, std::ostream& out) {
   const InfluenceLine& line = answer.line;
-  std::vector<std::string> path;
+  PreciseJson path = PreciseJson::array();
   for (std::size_t k = 0; k < line.nodes.size(); ++k) {
-    path.push_back(JsonObject({{"node", std::to_string(line.nodes[k])},
-                               {"x", PreciseText(line.x[k])},
-                               {"value", PreciseText(line.values[k])}}));
+    path.push_back({{"node", line.nodes[k]}, {"x", JsonOf(line.x[k])}, {"value", JsonOf(line.values[k])}});
   }
-  std::vector<std::pair<std::string_view, std::string>> values{{"file", JsonText(request.model)},
-                                                               {"quantity", JsonText(QuantityName(request.quantity))},
-                                                               {"unit", JsonText(QuantityUnit(request.quantity))},
-                                                               {"path", JsonList(path)}};
+  PreciseJson values{{"file", request.model},
+                     {"quantity", QuantityName(request.quantity)},
+                     {"unit", QuantityUnit(request.quantity)},
+                     {"path", path}};
   if (answer.envelope) {
-    values.emplace_back("minimum", JsonExtreme(answer.envelope->minimum));
-    values.emplace_back("maximum", JsonExtreme(answer.envelope->maximum));
+    values["minimum"] = JsonExtreme(answer.envelope->minimum);
+    values["maximum"] = JsonExtreme(answer.envelope->maximum);
   }
-  out << JsonObject(values) << '\n';
+  out << values.dump(-1, ' ', false, PreciseJson::error_handler_t::replace) << '\n';
 }
 
 std::string ReadableText(double value) { return PreciseText(value, 6); }
@@ -172,9 +177,9 @@ bool ChooseQuantity(Quantity& quantity, QuantityKind kind, const std::string& te
   return true;
 }
 
-int ShowInfluence(const InfluenceRequest& request, std::ostream& out, std::ostream& err) {
+int ShowInfluence(const InfluenceRequest& request, std::istream& in, std::ostream& out, std::ostream& err) {
   ModelSession session(request.model, err);
-  if (!session.Open()) return ExitUsage;
+  if (!session.Open(in)) return ExitUsage;
   const PathReading path = ReadPath(request.path);
   if (!path.fault.empty()) return Refuse(session, path.fault, ExitUsage);
   const std::string fault = QuantityFault(request.quantity);

@@ -2,7 +2,7 @@
 
 #include "Host.h"
 #include "MessageBoxes.h"
-#include "NativeFileSystem.h"
+#include "ModelInput.h"
 #include "QtPaper.h"
 #include "WindowlessHost.h"
 
@@ -22,8 +22,9 @@ class ModelSession : private MessageBoxes, private WindowlessHost {
   ModelSession(const ModelSession&) = delete;
   ModelSession& operator=(const ModelSession&) = delete;
 
-  /// Opens the file as the window does.  A failure has been told; returns whether there is a model.
-  bool Open();
+  /// Opens the file as the window does, or as the model that it makes where it is a csv; "-" is `in`.
+  /// A failure has been told; returns whether there is a model.
+  bool Open(std::istream& in);
 
   /// Switches the layers of the model's picture; all are on at first.
   void SetLayers(const ModelLayers& layers) { Shows = layers; }
@@ -46,7 +47,7 @@ class ModelSession : private MessageBoxes, private WindowlessHost {
 
   std::string FileName;
   std::ostream& Err;
-  NativeFileSystem Disk;
+  InputFileSystem Disk;
   QtPaper Pages;
   std::vector<Message> Messages;
   ModelLayers Shows;

@@ -1,9 +1,6 @@
 #include "Output.h"
 
 #include "Ensure.h"
-#include "modNumberText.h"
-
-#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <array>
@@ -27,12 +24,6 @@ std::string CsvField(const std::string& text) {
   std::string quoted = "\"";
   for (const char c : text) quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
   return quoted + "\"";
-}
-
-std::string Join(const std::vector<std::string>& parts) {
-  std::string text;
-  for (const std::string& part : parts) text += (text.empty() ? "" : ",") + part;
-  return text;
 }
 
 } // namespace
@@ -60,13 +51,14 @@ std::string CsvRecord(const std::vector<std::string>& fields) {
   return record + "\r\n";
 }
 
-std::string JsonText(const std::string& text) {
-  return nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+std::string ValidText(const std::string& text) {
+  return nlohmann::json::parse(nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace));
 }
 
-std::string ValidText(const std::string& text) { return nlohmann::json::parse(JsonText(text)); }
-
-std::string JsonNumber(float value) { return std::isfinite(value) ? ShortestText(value) : "null"; }
+Json JsonNumber(float value) {
+  if (!std::isfinite(value)) return nullptr;
+  return value == 0 ? 0.0F : value;
+}
 
 std::string PreciseText(double value, int digits) {
   std::array<char, 32> text{};
@@ -76,13 +68,8 @@ std::string PreciseText(double value, int digits) {
   return {text.data(), end};
 }
 
-std::string JsonObject(const std::vector<std::pair<std::string_view, std::string>>& values) {
-  std::vector<std::string> members;
-  members.reserve(values.size());
-  for (const auto& [key, value] : values) members.push_back(JsonText(std::string(key)) + ":" + value);
-  return "{" + Join(members) + "}";
+void PrintJsonLine(const Json& value, std::ostream& out) {
+  out << value.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
 }
-
-std::string JsonList(const std::vector<std::string>& values) { return "[" + Join(values) + "]"; }
 
 } // namespace strutwright

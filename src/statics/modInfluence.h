@@ -42,7 +42,7 @@ struct InfluenceLine {
 
 /// Influence lines of the model as it was in the tables when this was made.  Its loads and its prestress play no part.
 /// The equations are factorised once; a line takes one solution, whatever the length of its path.
-/// Source: docs/method.md, 11.
+/// Source: docs/method.md, 16.
 class InfluenceLines {
  public:
   InfluenceLines();
