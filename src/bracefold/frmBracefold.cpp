@@ -244,12 +244,9 @@ void frmBracefold::Save() {
   if (!path.empty()) ShowSummary("Saved as " + QString::fromStdString(LastComponent(path)) + ": ");
 }
 
-ModelLayers frmBracefold::Layers() {
-  const bool numbers = numbersChk->isChecked();
-  return {.grid = false, .memberNumbers = numbers, .nodeNumbers = numbers};
-}
-
 void frmBracefold::Draw(bool zoomToExtents) {
+  const bool numbers = numbersChk->isChecked();
+  TheDisplay.Layers = {.grid = false, .memberNumbers = numbers, .nodeNumbers = numbers};
   RedrawDisplay(&preview->Surface(), zoomToExtents);
   preview->update();
 }

@@ -93,6 +93,7 @@ void frmMain::AnimateDSD() { StartAnimation(*CBpic->udDeflectionScale); }
 
 void frmMain::MDIForm_Load() {
   AnalysisDone = FlagFalse;
+  TheDisplay.Layers = CBpic->Layers();
   KeepView = false;
   ShowDeflectedShape = false;
   ShowMemberForces = false;
@@ -210,7 +211,8 @@ void frmMain::TakeCell(const std::function<bool()>& take) {
 
 void frmMain::RedrawWhatCanBeDrawn(bool zoomToExtents) {
   if (Working) return;
-  const std::vector<std::string> failures = RedrawQuietly(DisplaySurface, zoomToExtents);
+  std::vector<std::string> failures;
+  RedrawDisplay(DisplaySurface, zoomToExtents, [&failures](const std::string& text) { failures.push_back(text); });
   ShowDrawing();
   if (failures.empty()) return;
   std::string hint = failures.front();
