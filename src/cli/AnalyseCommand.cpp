@@ -219,7 +219,6 @@ std::string NameFor(ModelSession& session, const std::string& what, const std::s
 int Depict(ModelSession& session, Result result, const PictureRequest& picture, OutputNames& names) {
   if (picture.file.empty() || result == Result::Unreadable) return ExitOk;
   const std::string file = NameFor(session, "picture", picture.file, names);
-  session.SetLayers(picture.layers);
   try {
     MakePicture(picture, file, result == Result::Ok);
   } catch (const FileError& error) {

@@ -1,6 +1,5 @@
 #include "Picture.h"
 
-#include "DisplayState.h"
 #include "QtDrawingSurface.h"
 #include "modRedraw.h"
 #include "modViewTransform.h"
@@ -71,13 +70,14 @@ void MakePicture(const PictureRequest& request, const std::string& file, bool an
   EnsureApplication();
   QtDrawingSurface surface(request.width, request.height);
   SetViewWindow(surface, -1, 10, 0, 3);
-  DisplaySurface = &surface;
-  ShowReactions = analysed && request.reactions;
-  ShowMemberForces = analysed && request.memberForces;
-  ShowDeflectedShape = analysed && request.deflectedShape;
-  DeflectionScale = request.deflectionScale;
-  RedrawDisplay(&surface, true);
-  DisplaySurface = nullptr;
+  Draw(surface, {.layers = request.layers,
+                 .reactions = analysed && request.reactions,
+                 .memberForces = analysed && request.memberForces,
+                 .deflectedShape = analysed && request.deflectedShape,
+                 .deflectionScale = request.deflectionScale,
+                 .extents = ExtentsOfModel(1),
+                 .frameExtents = true,
+                 .style = request.style});
   surface.SavePicture(file);
 }
 
@@ -85,14 +85,13 @@ void MakeInfluencePicture(const PictureRequest& request, const InfluenceShape& s
   EnsureApplication();
   QtDrawingSurface surface(request.width, request.height);
   surface.SetWindow(FrameInfluence(surface, shape));
-  ComputeModelExtents(); // the numbers stand off by a part of them
   const ReadableNumbers readable = NumbersWithRoom(surface);
-  TheDisplay.OwnLayers =
-      ModelLayers{.loads = false, .grid = false, .memberNumbers = readable.ofMembers, .nodeNumbers = readable.ofNodes};
-  DisplaySurface = &surface;
-  RedrawDisplay(&surface, false);
+  Draw(surface,
+       {.layers = {.loads = false, .grid = false, .memberNumbers = readable.ofMembers, .nodeNumbers = readable.ofNodes},
+        .extents = ExtentsOfModel(1),
+        .style = request.style,
+        .legend = false});
   DrawInfluence(surface, shape);
-  DisplaySurface = nullptr;
   surface.SavePicture(request.file);
 }
 

@@ -39,8 +39,6 @@ void frmMain::ClearSurface() {
   if (Graph != nullptr) Graph->ShowDrawing();
 }
 
-ModelLayers frmMain::Layers() { return CBpic->Layers(); }
-
 void frmMain::ResetScales() {
   strutwright::ResetScales();
   ShowScales();
@@ -86,7 +84,7 @@ void frmMain::EndProgress() {
 /// A highlight tells the user what is being talked about; the picture is of the truss.
 void frmMain::SavePicture(const std::string& path) {
   if (!HasHighlight()) return DisplaySurface->SavePicture(path);
-  RedrawQuietly(DisplaySurface, false);
+  RedrawDisplay(DisplaySurface, false, [](const std::string& /*text*/) {});
   DrawShownMotion(*DisplaySurface);
   try {
     DisplaySurface->SavePicture(path);
