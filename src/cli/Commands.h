@@ -33,6 +33,10 @@ int AnalyseModels(const AnalyseRequest& request, std::ostream& out, std::ostream
 /// Prints the input tables of a model.
 int ShowModel(const std::string& file, OutputFormat format, std::ostream& out, std::ostream& err);
 
+/// Prints what equilibrium alone shows of a model: how determinate it is, the solution by hand, the members without
+/// force and the force diagram.  csv has no form for it and is printed as text.
+int PrintStatics(const std::string& file, OutputFormat format, std::ostream& out, std::ostream& err);
+
 /// Builds a model file from comma-separated input.  A bad line is named, and then nothing is written.
 int MakeModel(const std::string& input, const std::string& output, std::ostream& err);
 
