@@ -6,6 +6,7 @@
 
 #include <array>
 #include <optional>
+#include <string>
 
 #include <QWidget>
 
@@ -26,8 +27,6 @@ class frmBracefold : public QWidget, public WindowlessHost, private DisplayListe
   frmBracefold(const TrussFamily& family, const TrussTexts& texts);
   ~frmBracefold() override;
 
-  ModelLayers Layers() override;
-
  private:
   QLayout* BuildFields();
   QLayout* BuildPicture();
@@ -45,7 +44,8 @@ class frmBracefold : public QWidget, public WindowlessHost, private DisplayListe
   void Draw(bool zoomToExtents);
   void ShowFault(const std::optional<TrussFault>& fault);
   void ShowSummary(const QString& text);
-  void Save();
+  std::string Save();
+  void SaveAndOpen();
 
   void Resized() override;
   void MouseMoved(const MouseEvent& event) override;
@@ -53,6 +53,7 @@ class frmBracefold : public QWidget, public WindowlessHost, private DisplayListe
   void MouseReleased(const MouseEvent& /*event*/) override {}
   void MouseLeft() override {}
   void WheelTurned(const MouseEvent& event, double steps) override;
+  void ViewKeyPressed(ViewMove move) override;
 
   const TrussFamily* Family;
   std::string Summary; ///< of the truss in the preview
@@ -68,6 +69,7 @@ class frmBracefold : public QWidget, public WindowlessHost, private DisplayListe
   QLabel* errorLbl = nullptr;
   QLabel* summaryLbl = nullptr;
   QPushButton* btnSave = nullptr;
+  QPushButton* btnSaveOpen = nullptr;
   QPushButton* btnClose = nullptr;
 };
 

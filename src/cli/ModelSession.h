@@ -2,7 +2,7 @@
 
 #include "Host.h"
 #include "MessageBoxes.h"
-#include "NativeFileSystem.h"
+#include "ModelInput.h"
 #include "QtPaper.h"
 #include "WindowlessHost.h"
 
@@ -22,11 +22,9 @@ class ModelSession : private MessageBoxes, private WindowlessHost {
   ModelSession(const ModelSession&) = delete;
   ModelSession& operator=(const ModelSession&) = delete;
 
-  /// Opens the file as the window does.  A failure has been told; returns whether there is a model.
-  bool Open();
-
-  /// Switches the layers of the model's picture; all are on at first.
-  void SetLayers(const ModelLayers& layers) { Shows = layers; }
+  /// Opens the file as the window does, or as the model that it makes where it is a csv; "-" is `in`.
+  /// A failure has been told; returns whether there is a model.
+  bool Open(std::istream& in);
 
   /// Writes a line about the file to `err` that no box would show.
   void Tell(const std::string& text);
@@ -42,14 +40,12 @@ class ModelSession : private MessageBoxes, private WindowlessHost {
  private:
   void Show(const Message& message) override;
   bool Ask(const Message& question) override;
-  ModelLayers Layers() override { return Shows; }
 
   std::string FileName;
   std::ostream& Err;
-  NativeFileSystem Disk;
+  InputFileSystem Disk;
   QtPaper Pages;
   std::vector<Message> Messages;
-  ModelLayers Shows;
 };
 
 } // namespace strutwright

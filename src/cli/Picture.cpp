@@ -1,11 +1,9 @@
 #include "Picture.h"
 
-#include "DisplayState.h"
 #include "QtDrawingSurface.h"
 #include "modRedraw.h"
 #include "modViewTransform.h"
 
-#include <filesystem>
 #include <map>
 #include <regex>
 #include <sstream>
@@ -68,24 +66,18 @@ bool ChooseSize(PictureRequest& request, const std::string& text) {
   return true;
 }
 
-std::string FileFor(const std::string& asked, const std::string& model, bool several) {
-  if (!several) return asked;
-  std::filesystem::path path(asked);
-  const std::string name = path.stem().string() + "-" + std::filesystem::path(model).stem().string();
-  return path.replace_filename(name + path.extension().string()).string();
-}
-
 void MakePicture(const PictureRequest& request, const std::string& file, bool analysed) {
   EnsureApplication();
   QtDrawingSurface surface(request.width, request.height);
   SetViewWindow(surface, -1, 10, 0, 3);
-  DisplaySurface = &surface;
-  ShowReactions = analysed && request.reactions;
-  ShowMemberForces = analysed && request.memberForces;
-  ShowDeflectedShape = analysed && request.deflectedShape;
-  DeflectionScale = request.deflectionScale;
-  RedrawDisplay(&surface, true);
-  DisplaySurface = nullptr;
+  Draw(surface, {.layers = request.layers,
+                 .reactions = analysed && request.reactions,
+                 .memberForces = analysed && request.memberForces,
+                 .deflectedShape = analysed && request.deflectedShape,
+                 .deflectionScale = request.deflectionScale,
+                 .extents = ExtentsOfModel(1),
+                 .frameExtents = true,
+                 .style = request.style});
   surface.SavePicture(file);
 }
 

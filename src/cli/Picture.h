@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Host.h"
+#include "TrussView.h"
 
 #include <optional>
 #include <string>
@@ -17,6 +17,7 @@ struct PictureRequest {
   bool memberForces = true;
   bool deflectedShape = true;
   float deflectionScale = 100; ///< mm drawn per mm
+  DrawingStyle style = DrawingStyle::Clear;
 };
 
 /// The names of the layers, in the order of the drawing's switches.
@@ -28,10 +29,6 @@ std::optional<std::string> ChooseLayers(PictureRequest& request, const std::stri
 
 /// Takes "WIDTHxHEIGHT", both 16..8192.  Returns whether the text is that; otherwise nothing changes.
 bool ChooseSize(PictureRequest& request, const std::string& text);
-
-/// The file that is made of a model: the one that was asked for or, with several models, that with the model's base
-/// name inserted before its extension.
-std::string FileFor(const std::string& asked, const std::string& model, bool several);
 
 /// Has Qt ready to draw texts; needs no display server.
 void EnsureApplication();

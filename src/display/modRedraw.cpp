@@ -1,36 +1,86 @@
 #include "modRedraw.h"
 
 #include "AnalysisState.h"
+#include "ClearFraming.h"
 #include "DisplayState.h"
 #include "modDrawing.h"
 #include "modModelRendering.h"
 #include "modResultsRendering.h"
 #include "modRubberBands.h"
+#include "modViewTransform.h"
 
 namespace strutwright {
 
-void RedrawDisplay(DrawingSurface* surface, bool zoomToExtents) {
-  if (DisplaySurface == nullptr || surface == nullptr) return;
-  KeepView = !zoomToExtents;
-  TryDrawing([surface] { surface->Clear(); });
-  if (surface == DisplaySurface) ForgetRubberBands();
-  DrawModel(*surface);
-  if (ShowDeflectedShape) DrawDeflectedShape(Displacements, *surface, DeflectionScale);
-  if (ShowMemberForces) DrawMemberForces(*surface);
-  if (ShowReactions) DrawReactions(*surface);
+namespace {
+
+void DrawInClearStyle(DrawingSurface& surface, const TrussView& view) {
+  ClearMemory once;
+  const ClearSettings settings = SettingsOf(view);
+  TryDrawing(
+      [&] {
+        if (!view.frameExtents) return;
+        if (const auto window = ClearFrame(surface, settings)) surface.SetWindow(*window);
+      },
+      view.failures);
+  DrawClear(surface, ViewOf(surface, surface.Window()), settings, view.memory != nullptr ? *view.memory : once,
+            view.failures);
 }
 
-std::vector<std::string> RedrawQuietly(DrawingSurface* surface, bool zoomToExtents) {
-  std::vector<std::string> failures;
-  TheDisplay.DrawingFailures = &failures;
-  try {
-    RedrawDisplay(surface, zoomToExtents);
-  } catch (...) {
-    TheDisplay.DrawingFailures = nullptr; // the list ends here
-    throw;
-  }
-  TheDisplay.DrawingFailures = nullptr;
-  return failures;
+} // namespace
+
+ClearSettings SettingsOf(const TrussView& view) {
+  return {.layers = view.layers,
+          .reactions = view.reactions,
+          .memberForces = view.memberForces,
+          .deflectedShape = view.deflectedShape,
+          .deflectionScale = view.deflectionScale,
+          .loadsScale = view.loadsScale,
+          .widthByForce = view.widthByForce,
+          .legend = view.legend,
+          .gridSpacingX = view.grid.spacingX,
+          .gridSpacingY = view.grid.spacingY,
+          .gridDashed = view.grid.style == LineStyle::Dashed};
+}
+
+void Draw(DrawingSurface& surface, const TrussView& view) {
+  TryDrawing([&surface] { surface.Clear(); }, view.failures);
+  if (view.style == DrawingStyle::Clear) return DrawInClearStyle(surface, view);
+  DrawModel(surface, view);
+  if (view.deflectedShape) DrawDeflectedShape(Displacements, surface, view);
+  if (view.memberForces) DrawMemberForces(surface, view);
+  if (view.reactions) DrawReactions(surface, view);
+}
+
+GridLines GridOfDisplay() {
+  return {.spacingX = GridSpacingX,
+          .spacingY = GridSpacingY,
+          .style = GridLineStyle == 0 ? LineStyle::Solid : LineStyle::Dashed};
+}
+
+TrussView ViewOfDisplay() {
+  return {.layers = TheDisplay.Layers,
+          .reactions = ShowReactions,
+          .memberForces = ShowMemberForces,
+          .deflectedShape = ShowDeflectedShape,
+          .deflectionScale = DeflectionScale,
+          .loadsScale = LoadsScale,
+          .grid = GridOfDisplay(),
+          .extents = TheDisplay.Extents,
+          .frameExtents = !KeepView,
+          .style = TheDisplay.Style,
+          .widthByForce = TheDisplay.WidthByForce,
+          .legend = TheDisplay.ShowLegend};
+}
+
+void RedrawDisplay(DrawingSurface* surface, bool zoomToExtents, const FailureReport& failures) {
+  if (DisplaySurface == nullptr || surface == nullptr) return;
+  KeepView = !zoomToExtents;
+  if (zoomToExtents) ComputeModelExtents();
+  if (surface == DisplaySurface) ForgetRubberBands();
+  TrussView view = ViewOfDisplay();
+  view.failures = failures;
+  if (surface == DisplaySurface) view.memory = &TheDisplay.Memory;
+  Draw(*surface, view);
 }
 
 } // namespace strutwright

@@ -25,9 +25,7 @@ class ReportDrawingTest : public DisplayFixture {
   /// Analyses a model and draws it for a report.
   ReportFrame Draw(const ModelData& model) {
     SetTables(model);
-    std::int16_t ok = FlagTrue;
-    AnalyseTruss(ok);
-    EXPECT_EQ(ok, FlagTrue);
+    EXPECT_EQ(AnalyseTruss(), AnalysisEnd::Done);
     AnalysisDone = FlagTrue;
     const ReportFrame frame = FrameReport();
     page.width = static_cast<float>(frame.width);
@@ -78,7 +76,7 @@ TEST_F(ReportDrawingTest, LeavesTheDisplayAsItIs) {
   EXPECT_TRUE(DrawNodeMode);
   EXPECT_TRUE(TheMouse.RubberBands[0].has_value());
   EXPECT_EQ(MaxX, 99.0F);
-  EXPECT_FALSE(TheDisplay.OwnLayers.has_value());
+  EXPECT_EQ(TheDisplay.Layers, (ModelLayers{false, false, false, false, false}));
 }
 
 TEST_F(ReportDrawingTest, LeavesTheModelAsItIs) {

@@ -14,6 +14,8 @@
 #include "frmOptions.h"
 #include "modAnimation.h"
 #include "modCheck.h"
+#include "modEntryGaps.h"
+#include "modFileCommands.h"
 #include "modGenerators.h"
 #include "modGrids.h"
 #include "modModelRendering.h"
@@ -62,6 +64,7 @@ frmMain::~frmMain() {
 void frmMain::runAnalysis() {
   CommitPendingEdit();
   DropCheck();
+  AddedMember = 0;
   try {
     Analyse();
   } catch (...) {
@@ -93,6 +96,7 @@ void frmMain::AnimateDSD() { StartAnimation(*CBpic->udDeflectionScale); }
 
 void frmMain::MDIForm_Load() {
   AnalysisDone = FlagFalse;
+  TheDisplay.Layers = CBpic->Layers();
   KeepView = false;
   ShowDeflectedShape = false;
   ShowMemberForces = false;
@@ -114,6 +118,10 @@ void frmMain::MDIForm_Load() {
   RefreshStatusTexts();
   Redraw(false);
   RecoveryKeeper::TellWhatWasLeft();
+}
+
+void frmMain::OpenModel(const std::string& path) {
+  Run([&] { Edit("Open", [&] { OpenNamed(path); }); });
 }
 
 void frmMain::initGrids() { strutwright::initGrids(); }
@@ -138,6 +146,12 @@ void frmMain::Run(const std::function<void()>& command) {
     command();
   });
   Recovery.NoteChange();
+}
+
+void frmMain::BeginNewModel(void (*command)()) {
+  Edit("New", command);
+  CBpic->viewOpt[0]->setChecked(true);
+  CBpic->GrJointsView->setFocus();
 }
 
 void frmMain::CommitPendingEdit() { CBpic->grTxtBox->Commit(); }
@@ -168,16 +182,23 @@ void frmMain::ActivateDisplay() { Children->setActiveSubWindow(GraphWindow); }
 
 void frmMain::ActivateEquations() { Children->setActiveSubWindow(EquationsWindow); }
 
-void frmMain::HighlightMember(int m) {
-  HighlightedNodes.clear();
-  HighlightedMembers = m == 0 ? std::vector<int>{} : std::vector{m};
+void frmMain::ShowAddedMember(int m) {
+  AddedMember = m;
+  AddedIn = ModelAsEntered::Now();
   RedrawWhatCanBeDrawn(false);
+}
+
+bool frmMain::HasHighlight() const {
+  return AddedMember != 0 || !HighlightedNodes.empty() || !HighlightedMembers.empty();
 }
 
 void frmMain::DrawHighlight() {
   if (DisplaySurface == nullptr) return;
+  if (AddedMember != 0 && !AddedIn.IsCurrent()) AddedMember = 0;
+  std::vector<int> members = HighlightedMembers;
+  if (AddedMember != 0) members.push_back(AddedMember);
   try {
-    for (const int m : HighlightedMembers) {
+    for (const int m : members) {
       if (m >= 1 && m <= MemberCount) strutwright::DrawMember(*DisplaySurface, m, Orange);
     }
     for (const int n : HighlightedNodes) {
@@ -185,6 +206,7 @@ void frmMain::DrawHighlight() {
     }
   } catch (const std::out_of_range&) {
     HighlightedMembers.clear(); // their nodes have gone since they were chosen
+    AddedMember = 0;
   }
 }
 
@@ -210,12 +232,22 @@ void frmMain::TakeCell(const std::function<bool()>& take) {
 
 void frmMain::RedrawWhatCanBeDrawn(bool zoomToExtents) {
   if (Working) return;
-  const std::vector<std::string> failures = RedrawQuietly(DisplaySurface, zoomToExtents);
+  std::vector<std::string> failures;
+  RedrawDisplay(DisplaySurface, zoomToExtents, [&failures](const std::string& text) { failures.push_back(text); });
   ShowDrawing();
-  if (failures.empty()) return;
+  // Where there is a gap in the grids it is the reason, and the note on it says more.
+  if (failures.empty() || !RowGapText().empty()) return;
   std::string hint = failures.front();
   std::replace(hint.begin(), hint.end(), '\n', ' ');
   ShowHint(hint);
+}
+
+/// Every step that changes a text of the grids comes here, undone ones too.
+void frmMain::ShowEntryNote() {
+  std::string note = RowGapText();
+  const std::string missing = MissingNodeText();
+  if (!note.empty() && !missing.empty()) note += " ";
+  stsBar->ShowNote(QString::fromStdString(note + missing));
 }
 
 void frmMain::ClickResultSwitch(QCheckBox& box, bool& flag, bool& guard) {
