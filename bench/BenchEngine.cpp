@@ -1,10 +1,10 @@
 // How long each step from a stored model to its answers takes, for Pratt trusses of 10, 100 and 1000 nodes.
 
 #include "AnalysisState.h"
+#include "MessageBoxes.h"
 #include "ModelBuilder.h"
 #include "NativeFileSystem.h"
 #include "Platform.h"
-#include "WindowlessHost.h"
 #include "modAnalysis.h"
 #include "modModelFile.h"
 #include "modModelStore.h"
@@ -24,7 +24,7 @@ namespace strutwright {
 namespace {
 
 /// Shows nothing: a benchmark's models are sound.
-class SilentDesktop : public MessageBoxes, public WindowlessHost {
+class SilentDesktop : public MessageBoxes {
  public:
   void Show(const Message& message) override { throw std::runtime_error(message.text); }
   bool Ask(const Message& question) override { throw std::runtime_error(question.text); }
@@ -34,7 +34,7 @@ class SilentDesktop : public MessageBoxes, public WindowlessHost {
 void Prepare(const benchmark::State& state) {
   static SilentDesktop desktop;
   static NativeFileSystem disk;
-  ThePlatform() = {&desktop, &desktop, &disk, nullptr};
+  ThePlatform() = {.messages = &desktop, .files = &disk};
   SetModel(PrattTruss(static_cast<int>(state.range(0))));
   DofCount = static_cast<std::int16_t>(2 * NodeCount);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Matrix.h"
+#include "modModelStore.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -8,10 +9,6 @@
 #include <vector>
 
 namespace strutwright {
-
-/// True and false of the 16-bit flags.
-inline constexpr std::int16_t FlagTrue = -1;
-inline constexpr std::int16_t FlagFalse = 0;
 
 /// Codes of ReportAnalysisFailure.
 inline constexpr int EmptyModelCheck = 0;
@@ -27,13 +24,12 @@ struct AnalysisState {
   /// (0..DofCount, 0..DofCount + 1), kN/mm; last column: right-hand side.  AllocateAnalysisArrays makes it for those
   /// who want to see every entry; AnalyseTruss does without, since most entries of a large truss are zero.
   Matrix GlobalStiffness;
-  Matrix MemberStiffnessBuffer{4, 4};    ///< one member's matrix in global axes, kN/mm; indices 1..4 are used
-  std::vector<float> LoadVector;         ///< (0..DofCount), kN
-  std::vector<std::int16_t> FixedDof;    ///< (0..DofCount), 1 marks a restrained freedom
-  std::vector<float> Displacements;      ///< (0..DofCount), mm
-  std::vector<float> Reactions;          ///< (0..DofCount), kN, meaningful at restrained freedoms
-  std::int16_t AnalysisDone = FlagFalse; ///< the results above are valid and may be shown
-  std::optional<int> FailedCheck;        ///< code of the last reported failure; empty since an analysis began
+  Matrix MemberStiffnessBuffer{4, 4}; ///< one member's matrix in global axes, kN/mm; indices 1..4 are used
+  std::vector<float> LoadVector;      ///< (0..DofCount), kN
+  std::vector<std::int16_t> FixedDof; ///< (0..DofCount), 1 marks a restrained freedom
+  std::vector<float> Displacements;   ///< (0..DofCount), mm
+  std::vector<float> Reactions;       ///< (0..DofCount), kN, meaningful at restrained freedoms
+  std::optional<int> FailedCheck;     ///< code of the last reported failure; empty since an analysis began
 };
 
 inline AnalysisState TheAnalysis;
@@ -44,7 +40,6 @@ inline auto& LoadVector = TheAnalysis.LoadVector;
 inline auto& FixedDof = TheAnalysis.FixedDof;
 inline auto& Displacements = TheAnalysis.Displacements;
 inline auto& Reactions = TheAnalysis.Reactions;
-inline auto& AnalysisDone = TheAnalysis.AnalysisDone;
 inline auto& FailedCheck = TheAnalysis.FailedCheck;
 
 } // namespace strutwright

@@ -1,6 +1,7 @@
 #include "modAnalysis.h"
 
 #include "AnalysisState.h"
+#include "ModelEvents.h"
 #include "Platform.h"
 #include "modMember.h"
 #include "modModelStore.h"
@@ -23,7 +24,7 @@ void AddTo(float& sum, double addend) { sum = static_cast<float>(static_cast<dou
 
 void LeaveAnalysis() {
   AnalysisDone = FlagFalse;
-  TheHost().RefreshStatusTexts();
+  ModelEvents().AnalysisStateChanged();
 }
 
 bool CheckNodeCount() {

@@ -33,7 +33,6 @@ int RunProgram(int argc, char** argv) {
   strutwright::QtPrinters printers;
   strutwright::frmMain frame;
   strutwright::ThePlatform() = {.messages = &messages,
-                                .host = &frame,
                                 .files = &files,
                                 .dialog = &dialog,
                                 .programFolder = strutwright::ExecutableFolder(),
@@ -45,7 +44,9 @@ int RunProgram(int argc, char** argv) {
                                 .executable = strutwright::ExecutablePath(),
                                 .icon = strutwright::IconPath(strutwright::ExecutableFolder()),
                                 .paper = &paper,
-                                .printers = &printers};
+                                .printers = &printers,
+                                .hints = &frame.Status(),
+                                .progress = &frame.Status()};
   frame.RestorePlace();
   frame.show();
   strutwright::Guard([&frame] { frame.MDIForm_Load(); });

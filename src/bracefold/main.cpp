@@ -47,7 +47,6 @@ int ShowWindow(char* programName, const TrussFamily& family, const TrussTexts& t
   frmBracefold window(family, texts);
   ThePlatform().messages = &messages;
   ThePlatform().dialog = &dialog;
-  ThePlatform().host = &window;
   window.show();
   return QApplication::exec();
 }

@@ -1,7 +1,7 @@
 #include "modEditSnapshot.h"
 
 #include "FileState.h"
-#include "Platform.h"
+#include "ModelEvents.h"
 #include "modModelStore.h"
 
 #include <cstddef>
@@ -36,13 +36,13 @@ void WriteTexts(const GridTexts& kept, Grid& grid) {
 EditSnapshot TakeSnapshot() { return {TextsOf(GrJoints), TextsOf(GrMembers), GridCapacity, CurrentFileName}; }
 
 void RestoreSnapshot(const EditSnapshot& snapshot) {
-  TheHost().EndAnalysis(false); // or its results would be drawn on the model that comes back
+  EndAnalysis(); // or its results would be drawn on the model that comes back
   WriteTexts(snapshot.joints, GrJoints);
   WriteTexts(snapshot.members, GrMembers);
   GridCapacity = snapshot.gridCapacity;
   CurrentFileName = snapshot.currentFileName;
   RebuildModelFromGrids();
-  TheHost().Redraw(false);
+  ModelEvents().ModelChanged();
 }
 
 } // namespace strutwright

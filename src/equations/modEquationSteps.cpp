@@ -3,6 +3,7 @@
 #include "AnalysisState.h"
 #include "EquationsState.h"
 #include "LongWork.h"
+#include "ModelEvents.h"
 #include "Platform.h"
 #include "modAnalysis.h"
 #include "modKeepResults.h"
@@ -32,7 +33,7 @@ class KeptAnalysisState {
     AnalysisDone = Done;
     FailedCheck = Failed;
     GlobalStiffness = std::move(Stiffness);
-    if (changed) TheHost().RefreshStatusTexts();
+    if (changed) ModelEvents().AnalysisStateChanged();
   }
   KeptAnalysisState(const KeptAnalysisState&) = delete;
   KeptAnalysisState& operator=(const KeptAnalysisState&) = delete;

@@ -1,6 +1,9 @@
 #include "modFileCommands.h"
 
+#include "DrawingSurface.h"
+#include "FileEvents.h"
 #include "FileState.h"
+#include "ModelEvents.h"
 #include "Platform.h"
 #include "modExamples.h"
 #include "modKeepResults.h"
@@ -56,7 +59,7 @@ bool TakeNameToOpen() {
   return true;
 }
 
-void ShowFileNameInCaption() { TheHost().SetCaption(LastComponent(CurrentFileName)); }
+void ShowFileNameInCaption() { FileEvents().CaptionChanged(LastComponent(CurrentFileName)); }
 
 std::string Number(std::size_t count) { return std::to_string(count); }
 
@@ -83,11 +86,16 @@ void NoteSaved() {
 void ShowOpenedModel() {
   CopyModelToGrids();
   NoteFile(CurrentFileName, ModelInGrids());
-  TheHost().ResetEquations();
   ShowFileNameInCaption();
-  TheHost().ClearSurface();
-  TheHost().ResetScales();
-  TheHost().Redraw(true);
+  FileEvents().FileOpened();
+  ModelEvents().ModelReplaced();
+}
+
+void ClearDataGrids() {
+  for (Grid* grid : {&GrJoints, &GrMembers}) {
+    ClearGrid(*grid, GridCapacity);
+    NumberRows(*grid);
+  }
 }
 
 enum class Listing { Listed, Unlisted };
@@ -95,7 +103,7 @@ enum class Listing { Listed, Unlisted };
 void OpenCurrentFile(Listing listing) {
   StoredModel model = LoadModelFile(CurrentFileName);
   const std::string shortcomings = Shortcomings(model);
-  TheHost().EndAnalysis(false); // or its results would be drawn on the new model
+  EndAnalysis(); // or its results would be drawn on the new model
   TakeModel(std::move(model));
   if (listing == Listing::Listed) addRecentFile(CurrentFileName);
   ShowOpenedModel();
@@ -154,25 +162,24 @@ void OpenRecentFile(int index) {
 
 void newModel() {
   const std::string fileName = OwnFile("newTruss.stw");
-  TheHost().EndAnalysis(false);
+  EndAnalysis();
   NodeCount = 0;
   MemberCount = 0;
   NodeTable.Recreate(NodeCount);
   MemberTable.Recreate(MemberCount);
-  TheHost().ClearSurface();
   CurrentFileName = fileName;
   NoteFile(CurrentFileName, WriteModel());
-  TheHost().ClearGrids();
+  ClearDataGrids();
+  ModelEvents().ModelEmptied();
   ShowFileNameInCaption();
-  TheHost().ResetEquations();
-  TheHost().Redraw(true);
+  ModelEvents().ModelReplaced();
 }
 
-void savePicture() {
+void savePicture(DrawingSurface& drawing) {
   try {
     SetDialog("Save Truss Display As", OverwritePrompt, PictureFilter);
-    if (!AskNameToSave(savePicture)) return;
-    TheHost().SavePicture(TheFileDialog().fileName);
+    if (!AskNameToSave([&drawing] { savePicture(drawing); })) return;
+    drawing.SavePicture(TheFileDialog().fileName);
   } catch (const std::exception& failure) {
     ReportSaveFailure(TheFileDialog().fileName, failure.what());
   }

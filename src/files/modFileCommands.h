@@ -4,6 +4,8 @@
 
 namespace strutwright {
 
+class DrawingSurface;
+
 // The commands of the File menu and the picture export, as the menus, the toolbar and the analysis call them.
 // The commands ask, tell and report failures themselves; only newModel and writeScratchCopy throw.
 
@@ -35,9 +37,9 @@ void OpenRecentFile(int index);
 /// program's own files without asking, on purpose: a new model can be kept without thinking of a name.
 void newModel();
 
-/// Saves the drawing under a name that the user is asked for, with the same second chance as saveModel.
+/// Saves a drawing under a name that the user is asked for, with the same second chance as saveModel.
 /// A failure shows "Error while saving file ", the name and the reason.
-void savePicture();
+void savePicture(DrawingSurface& drawing);
 
 /// Writes the model to temp_truss.stw among the program's own files and reads it back, which also sizes the tables to
 /// the counts.  Another running copy of the program waits meanwhile, so that neither reads the other's model.

@@ -16,15 +16,16 @@ constexpr std::chrono::milliseconds ReportInterval{100};
 LongWork::LongWork(std::string text) : Text(std::move(text)), NextReport(ThePlatform().now() + QuietTime) {}
 
 LongWork::~LongWork() {
-  if (Shown) TheHost().EndProgress();
+  if (Shown) ThePlatform().progress->EndProgress();
 }
 
 void LongWork::Done(double fraction) {
+  if (ThePlatform().progress == nullptr) return;
   const auto now = ThePlatform().now();
   if (now < NextReport) return;
   NextReport = now + ReportInterval;
   Shown = true;
-  if (!TheHost().ShowProgress(Text, fraction)) throw WorkCancelled();
+  if (!ThePlatform().progress->ShowProgress(Text, fraction)) throw WorkCancelled();
 }
 
 } // namespace strutwright

@@ -1,5 +1,6 @@
 #include "modCheck.h"
 
+#include "ModelEvents.h"
 #include "Platform.h"
 #include "WorkbenchState.h"
 #include "modGenerators.h"
@@ -123,14 +124,14 @@ std::string CheckVerdict() {
 std::string CheckReportText() { return TheCheck.failure.empty() ? CheckText(TheCheck.report) : CheckVerdict() + "\n"; }
 
 void ApplyCure(const Cure& cure) {
-  TheHost().EndAnalysis(false);
+  EndAnalysis();
   RebuildModelFromGrids();
   if (Exists(cure.node) && cure.IsMember() && Exists(cure.otherNode)) AddCuringMember(cure);
   if (Exists(cure.node) && !cure.IsMember()) {
     GrJoints.SetText(cure.node, NodeSupport, std::to_string(cure.supportCode));
   }
   RebuildModelFromGrids();
-  TheHost().Redraw(false);
+  ModelEvents().ModelChanged();
 }
 
 } // namespace strutwright

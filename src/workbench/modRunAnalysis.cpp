@@ -1,6 +1,7 @@
 #include "modRunAnalysis.h"
 
 #include "AnalysisState.h"
+#include "ModelEvents.h"
 #include "Platform.h"
 #include "modAnalysis.h"
 #include "modFileCommands.h"
@@ -35,13 +36,18 @@ bool Analyse() {
   return ok != FlagFalse;
 }
 
+void LeaveAnalysis() {
+  EndAnalysis();
+  ModelEvents().ModelChanged();
+}
+
 } // namespace
 
 bool runAnalysis(ScratchCopy scratch) {
   RebuildModelFromGrids();
   AnalysisDone = FlagTrue;
   FailedCheck.reset(); // it may fail before the equations are reached
-  TheHost().RefreshStatusTexts();
+  ModelEvents().AnalysisStateChanged();
   try {
     const bool ready = scratch == ScratchCopy::None || MakeScratchCopy();
     if (ready && Analyse()) {
@@ -50,10 +56,10 @@ bool runAnalysis(ScratchCopy scratch) {
     }
   } catch (...) {
     // Half-made arrays are no results, whoever tells the user why.
-    TheHost().EndAnalysis(true);
+    LeaveAnalysis();
     throw;
   }
-  TheHost().EndAnalysis(true);
+  LeaveAnalysis();
   return false;
 }
 

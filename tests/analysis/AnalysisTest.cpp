@@ -36,7 +36,7 @@ TEST_F(AnalyseTest, LeavesOkAndTheFlagAloneOnSuccess) {
   EXPECT_TRUE(Analyse(Triangle()).empty());
   EXPECT_EQ(ok, FlagTrue);
   EXPECT_EQ(AnalysisDone, FlagTrue);
-  EXPECT_TRUE(host.asked.empty());
+  EXPECT_TRUE(events.empty());
 }
 
 TEST_F(AnalyseTest, SizesItsArraysByTheModel) {
@@ -100,7 +100,7 @@ TEST_F(EmptyModelTest, IsReportedWithCodeZeroAndNothingElse) {
 TEST_F(EmptyModelTest, LeavesTheAnalysisState) {
   Analyse({});
   EXPECT_EQ(AnalysisDone, FlagFalse);
-  EXPECT_THAT(host.asked, ElementsAre("RefreshStatusTexts"));
+  EXPECT_THAT(events, ElementsAre("AnalysisStateChanged"));
 }
 
 TEST_F(EmptyModelTest, CreatesNoArray) {
@@ -183,7 +183,7 @@ TEST_F(MissingNodeTest, IsReportedBeforeAnyOtherFault) {
 TEST_F(MissingNodeTest, LeavesTheAnalysisState) {
   Analyse(TriangleWith({1, 4}));
   EXPECT_EQ(AnalysisDone, FlagFalse);
-  EXPECT_THAT(host.asked, ElementsAre("RefreshStatusTexts"));
+  EXPECT_THAT(events, ElementsAre("AnalysisStateChanged"));
   EXPECT_EQ(FailedCheck, std::nullopt);
 }
 
@@ -217,7 +217,7 @@ TEST_F(TooManyNodesTest, LeaveTheAnalysisState) {
   Analyse(Nodes(32767));
   EXPECT_EQ(ok, FlagFalse);
   EXPECT_EQ(AnalysisDone, FlagFalse);
-  EXPECT_THAT(host.asked, ElementsAre("RefreshStatusTexts"));
+  EXPECT_THAT(events, ElementsAre("AnalysisStateChanged"));
 }
 
 // The missing node stops the analysis of the largest model before its gigabytes are asked for.
@@ -241,7 +241,7 @@ TEST_P(MechanismTest, IsReportedWithCodeTwo) {
 TEST_P(MechanismTest, LeavesTheAnalysisStateWithoutDisplacements) {
   Analyse(GetParam());
   EXPECT_EQ(AnalysisDone, FlagFalse);
-  EXPECT_THAT(host.asked, ElementsAre("RefreshStatusTexts"));
+  EXPECT_THAT(events, ElementsAre("AnalysisStateChanged"));
   EXPECT_THAT(Displacements, Each(0.0F));
 }
 

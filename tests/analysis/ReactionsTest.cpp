@@ -148,7 +148,7 @@ TEST_F(FailureReportTest, KeepsTheCode) {
 TEST_F(FailureReportTest, LeavesTheAnalysisStateAndRefreshesTheDisplay) {
   ReportAnalysisFailure(2);
   EXPECT_EQ(AnalysisDone, 0);
-  EXPECT_THAT(host.asked, ElementsAre("RefreshStatusTexts"));
+  EXPECT_THAT(events, ElementsAre("AnalysisStateChanged"));
   TakeMessages();
 }
 
@@ -169,16 +169,16 @@ TEST_F(FailureReportTest, ShowsItsBoxBeforeItLeavesTheAnalysisState) {
 }
 
 /// Notes the flag at the moment the status texts are refreshed.
-class FlagAtRefresh : public FakeHost {
+class FlagAtRefresh : public ModelListener {
  public:
-  void RefreshStatusTexts() override { flag = AnalysisDone; }
+  void AnalysisStateChanged() override { flag = AnalysisDone; }
 
   std::int16_t flag = 99;
 };
 
 TEST_F(FailureReportTest, RefreshesTheDisplayOnceTheStateIsLeft) {
   FlagAtRefresh refreshed;
-  ThePlatform().host = &refreshed;
+  ListenToModel(&refreshed);
   ReportAnalysisFailure(2);
   EXPECT_EQ(refreshed.flag, 0);
   TakeMessages();

@@ -52,7 +52,7 @@ TEST_F(SolverTest, ShowsAndAsksNothingOnSuccess) {
   K = MatrixOf<1, 2>({{{4, 0}}});
   Solve({2});
   EXPECT_TRUE(TakeMessages().empty());
-  EXPECT_TRUE(host.asked.empty());
+  EXPECT_TRUE(events.empty());
   EXPECT_EQ(AnalysisDone, FlagTrue);
 }
 
@@ -126,7 +126,7 @@ TEST_F(UnstableTest, LeavesDUntouched) { EXPECT_THAT(D, testing::Each(-1.0F)); }
 
 TEST_F(UnstableTest, LeavesTheAnalysisState) {
   EXPECT_EQ(AnalysisDone, 0);
-  EXPECT_THAT(host.asked, ElementsAre("RefreshStatusTexts"));
+  EXPECT_THAT(events, ElementsAre("AnalysisStateChanged"));
 }
 
 using PivotTest = SolverTest;

@@ -60,7 +60,8 @@ FormTest::FormTest() {
   TheDisplay = DisplayState{};
   settings.texts["Recent Files/1"] = "/models/earlier.stw"; // or a box would welcome the user
   frame = std::make_unique<frmMain>();
-  ThePlatform().host = frame.get();
+  ThePlatform().hints = &frame->Status();
+  ThePlatform().progress = &frame->Status();
   ThePlatform().files = &disk;
   ThePlatform().paper = &pages;
   ThePlatform().programFolder = folder.Path("");
@@ -82,7 +83,8 @@ void FormTest::StartNextRun() {
   TheFiles = FileState{};
   TheModel = ModelState{};
   frame = std::make_unique<frmMain>();
-  ThePlatform().host = frame.get();
+  ThePlatform().hints = &frame->Status();
+  ThePlatform().progress = &frame->Status();
   frame->show();
   frame->MDIForm_Load();
 }

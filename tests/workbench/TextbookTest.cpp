@@ -2,7 +2,7 @@
 
 #include "AnalysisState.h"
 #include "EditingState.h"
-#include "FakePlatform.h"
+#include "EventsTest.h"
 #include "NativeFileSystem.h"
 #include "WorkbenchState.h"
 #include "modFileCommands.h"
@@ -30,7 +30,7 @@ struct Vector {
   double y;
 };
 
-class TextbookTest : public PlatformTest {
+class TextbookTest : public EventsTest {
  protected:
   TextbookTest() {
     ThePlatform().files = &disk;

@@ -1,8 +1,9 @@
 #include "EditHistory.h"
 
 #include "EventGuard.h"
+#include "FileEvents.h"
 #include "FileState.h"
-#include "Platform.h"
+#include "ModelEvents.h"
 #include "modModelStore.h"
 #include "modOptions.h"
 
@@ -72,9 +73,8 @@ void EditHistory::Restore(const State& state, bool withFile) {
   RestoreSnapshot(model);
   if (GridCapacity != state.model.gridCapacity) LayOutForCapacity();
   if (!withFile) return;
-  TheHost().SetCaption(state.caption.toStdString());
-  TheHost().ResetEquations();
-  TheHost().Redraw(true);
+  FileEvents().CaptionChanged(state.caption.toStdString());
+  ModelEvents().ModelReplaced();
 }
 
 void EditHistory::Keep(const QString& what, const std::shared_ptr<const State>& before) {
