@@ -228,8 +228,8 @@ TEST_F(RecoveryTest, OffersWhatARunLeftAndBringsItBack) {
   EXPECT_EQ(GridCapacity, 33);
   EXPECT_EQ(GrJoints.Text(3, 4), "-10");
   EXPECT_EQ(CurrentFileName, "");
-  EXPECT_THAT(events, ElementsAre("AnalysisEnded", "ResetEquations", "CaptionChanged(unsaved-1.stw)", "ClearSurface",
-                                  "ResetScales", "Redraw(true)", "CaptionChanged(Restored model)"));
+  EXPECT_THAT(events, ElementsAre("AnalysisEnded", "CaptionChanged(unsaved-1.stw)", "FileOpened", "ModelReplaced",
+                                  "CaptionChanged(Restored model)"));
 }
 
 TEST_F(RecoveryTest, AsksForANameWhenARestoredModelIsSaved) {
