@@ -1,11 +1,15 @@
-# strutwright_layer(NAME SOURCES ... HEADERS ... USES ...)
+# strutwright_layer(NAME [FOLDERS ...] SOURCES ... HEADERS ... USES ...)
 #
 # One folder, one library, one include path. USES names the layers below that the folder may include; what a
 # folder does not name it can neither include nor, where layers are shared libraries, link.
+# FOLDERS: where the headers lie when it is not the folder itself.
 function(strutwright_layer NAME)
-  cmake_parse_arguments(ARG "" "" "SOURCES;HEADERS;USES" ${ARGN})
+  cmake_parse_arguments(ARG "" "" "FOLDERS;SOURCES;HEADERS;USES" ${ARGN})
   add_library(strutwright_${NAME} ${ARG_SOURCES})
-  target_sources(strutwright_${NAME} PUBLIC FILE_SET HEADERS BASE_DIRS ${CMAKE_CURRENT_SOURCE_DIR} FILES ${ARG_HEADERS})
+  if(NOT ARG_FOLDERS)
+    set(ARG_FOLDERS ${CMAKE_CURRENT_SOURCE_DIR})
+  endif()
+  target_sources(strutwright_${NAME} PUBLIC FILE_SET HEADERS BASE_DIRS ${ARG_FOLDERS} FILES ${ARG_HEADERS})
   target_link_libraries(strutwright_${NAME} PRIVATE strutwright_compiler)
   foreach(USED IN LISTS ARG_USES)
     target_link_libraries(strutwright_${NAME} PUBLIC strutwright_${USED})

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <optional>
+#include <string>
 
 #include <QWidget>
 
@@ -45,7 +46,8 @@ class frmBracefold : public QWidget, public WindowlessHost, private DisplayListe
   void Draw(bool zoomToExtents);
   void ShowFault(const std::optional<TrussFault>& fault);
   void ShowSummary(const QString& text);
-  void Save();
+  std::string Save();
+  void SaveAndOpen();
 
   void Resized() override;
   void MouseMoved(const MouseEvent& event) override;
@@ -68,6 +70,7 @@ class frmBracefold : public QWidget, public WindowlessHost, private DisplayListe
   QLabel* errorLbl = nullptr;
   QLabel* summaryLbl = nullptr;
   QPushButton* btnSave = nullptr;
+  QPushButton* btnSaveOpen = nullptr;
   QPushButton* btnClose = nullptr;
 };
 

@@ -2,11 +2,12 @@
 
 #include "AnalysisState.h"
 #include "DisplayState.h"
+#include "EditingState.h"
 #include "Ensure.h"
 #include "FileState.h"
 #include "Output.h"
 #include "Platform.h"
-#include "UiState.h"
+#include "WorkbenchState.h"
 #include "modFileCommands.h"
 #include "modGrids.h"
 #include "modModelStore.h"
@@ -37,7 +38,8 @@ ModelSession::ModelSession(std::string file, std::ostream& err) : FileName(std::
   TheModel = ModelState{};
   TheAnalysis = AnalysisState{};
   TheFiles = FileState{};
-  TheUi = UiState{};
+  TheEditing = EditingState{};
+  TheWorkbench = WorkbenchState{};
   TheDisplay = DisplayState{};
   initGrids();
 }

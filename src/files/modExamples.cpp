@@ -34,11 +34,6 @@ std::vector<std::string> ExampleModels() {
   return {};
 }
 
-bool IsExample(const std::string& path) {
-  const std::vector<std::string> examples = ExampleModels();
-  return std::find(examples.begin(), examples.end(), path) != examples.end();
-}
-
 void OpenExample(const std::string& path) {
   if (openModel(path)) CurrentFileName.clear();
 }

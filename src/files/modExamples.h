@@ -8,9 +8,6 @@ namespace strutwright {
 /// The paths of the example models that came with the program, in alphabetical order; none where there are none.
 std::vector<std::string> ExampleModels();
 
-/// Whether a path is one of theirs.
-bool IsExample(const std::string& path);
-
 /// Opens an example as a model that has no file yet: Save asks for a name, so that the example stays what it is.
 void OpenExample(const std::string& path);
 

@@ -2,9 +2,9 @@
 
 #include "FileState.h"
 #include "Platform.h"
-#include "modExamples.h"
 #include "modKeepResults.h"
 #include "modModelFile.h"
+#include "modModelHomes.h"
 #include "modModelStore.h"
 #include "modPlaces.h"
 #include "modRecentFiles.h"
@@ -76,6 +76,7 @@ std::string Shortcomings(const StoredModel& model) {
 
 void NoteSaved() {
   NoteFile(CurrentFileName, WriteModel());
+  TakeFileOver();
   if (TheFiles.OwnRecovery) TheFiles.OwnRecovery->restored = false;
 }
 
@@ -97,6 +98,7 @@ void OpenCurrentFile(Listing listing) {
   const std::string shortcomings = Shortcomings(model);
   TheHost().EndAnalysis(false); // or its results would be drawn on the new model
   TakeModel(std::move(model));
+  BeginModel(CurrentFileName);
   if (listing == Listing::Listed) addRecentFile(CurrentFileName);
   ShowOpenedModel();
   if (!shortcomings.empty()) {
@@ -148,12 +150,12 @@ void OpenRecentFile(int index) {
   const std::string path = mnuRUF.at(static_cast<std::size_t>(index - 1)).tag;
   CurrentFileName = path;
   addRecentFile(path);
-  // An example stays what it is: Save asks for a name.
-  if (openModel(path) && IsExample(path)) CurrentFileName.clear();
+  openModel(path);
 }
 
 void newModel() {
   const std::string fileName = OwnFile("newTruss.stw");
+  BeginModel("");
   TheHost().EndAnalysis(false);
   NodeCount = 0;
   MemberCount = 0;
@@ -200,9 +202,11 @@ void SaveAsFromMenu() {
   saveModel(false);
 }
 
-void OpenFromMenu() {
+void OpenFromMenu() { OpenNamed(""); }
+
+void OpenNamed(const std::string& fileName) {
   GridCapacity = 0;
-  openModel("");
+  openModel(fileName);
 }
 
 void NewFromMenu() {

@@ -27,7 +27,8 @@ bool openModel(const std::string& fileName, std::string* reason = nullptr);
 /// fileName: not empty.
 bool OpenUnlisted(const std::string& fileName);
 
-/// Opens an entry of the recent files.  It moves to the top of the list first, whether or not it can be opened.
+/// Opens an entry of the recent files under its name, also an example: only OpenExample leaves a model without one.
+/// The entry moves to the top of the list first, whether or not it can be opened.
 /// index: from 1, of an entry that exists.
 void OpenRecentFile(int index);
 
@@ -50,6 +51,10 @@ void SaveAsFromMenu();
 
 /// The menus' Open.  The capacity comes from the file; where the user cancels, it stays 0.
 void OpenFromMenu();
+
+/// The same for a file whose name is known already.
+/// fileName: full path; empty asks for it.
+void OpenNamed(const std::string& fileName);
 
 /// The display's New: the grids keep their header rows alone and grow with the model.
 void NewFromMenu();

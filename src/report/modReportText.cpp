@@ -1,6 +1,6 @@
 #include "modReportText.h"
 
-#include "UiState.h"
+#include "EditingState.h"
 #include "modCheckAnswer.h"
 #include "modColumns.h"
 #include "modGrids.h"

@@ -52,7 +52,7 @@ def expect_registration(desktop, model):
     default = desktop.run(*query, "default", "application/x-strutwright")
     expect(default == b"strutwright.desktop\n", f"model files are opened by {default}")
     entry = (desktop.data / "applications/strutwright.desktop").read_text()
-    expect(f"\nExec={desktop.program} %f\n" in entry, f"the entry starts something else:\n{entry}")
+    expect(f"\nExec={desktop.program} --open %f\n" in entry, f"the entry starts something else:\n{entry}")
     icon = desktop.data / "icons/hicolor/scalable/mimetypes/application-x-strutwright.svg"
     expect(icon.is_file(), "model files have no icon")
 

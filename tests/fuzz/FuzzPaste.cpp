@@ -1,9 +1,9 @@
 // Any text pasted into a grid, at the row that its first byte names: every cell then holds a number, rows keep their
 // numbers, and pasting it again changes nothing.
 
+#include "EditingState.h"
 #include "Ensure.h"
 #include "QuietPlatform.h"
-#include "UiState.h"
 #include "modEditSnapshot.h"
 #include "modGridClipboard.h"
 #include "modGrids.h"
@@ -56,7 +56,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (size == 0) return 0;
   QuietPlatform platform;
   TheModel = ModelState{};
-  TheUi = UiState{};
+  TheEditing = EditingState{};
   initGrids();
   const EditSnapshot before = TakeSnapshot();
   const int row = data[0] % GrJoints.RowCount();

@@ -1,8 +1,8 @@
 // Any text as a list of rows: an ascending list of numbers, or one box and the list of before.
 
+#include "EditingState.h"
 #include "Ensure.h"
 #include "QuietPlatform.h"
-#include "UiState.h"
 #include "modRangeList.h"
 
 #include <algorithm>

@@ -50,7 +50,7 @@ TEST(IconPathTest, IsTheInstalledIcon) {
 TEST(IconPathTest, IsTheTreesIconBesideABuild) {
   const fs::path tree = fs::path(PACKAGING_DIR).parent_path();
   EXPECT_EQ(IconPath((tree / "build/release/src/app").string()),
-            (tree / "src/ui/forms/icons/strutwright.svg").string());
+            (tree / "src/windows/parts/icons/strutwright.svg").string());
 }
 
 TEST(IconPathTest, IsInTheProgramsFolderOtherwise) { EXPECT_EQ(IconPath("/opt/truss"), "/opt/truss/Strutwright.ico"); }

@@ -2,12 +2,13 @@
 
 #include "AnalysisState.h"
 #include "DisplayState.h"
+#include "EditingState.h"
 #include "FakePlatform.h"
 #include "FileState.h"
 #include "ModelBuilder.h"
 #include "NativeFileSystem.h"
 #include "ScratchFolder.h"
-#include "UiState.h"
+#include "WorkbenchState.h"
 #include "modGrids.h"
 #include "modModelStore.h"
 #include "modReport.h"
@@ -27,7 +28,8 @@ class ReportTest : public PlatformTest {
     TheAnalysis = AnalysisState{};
     TheDisplay = DisplayState{};
     TheFiles = FileState{};
-    TheUi = UiState{};
+    TheEditing = EditingState{};
+    TheWorkbench = WorkbenchState{};
     ThePlatform().files = &disk;
     initGrids();
   }

@@ -86,7 +86,7 @@ TEST(ManualTest, ShowsEveryPictureSmall) {
 }
 
 TEST(ManualTest, HasThePagesOfTheHelpMenu) {
-  const std::string menus = TextOf(Tree / "src/ui/forms/Menus.cpp");
+  const std::string menus = TextOf(Tree / "src/windows/main/Menus.cpp");
   for (const char* page : {"index", "signs", "keys"}) {
     EXPECT_THAT(menus, HasSubstr("\"" + std::string(page) + "\""));
     EXPECT_TRUE(fs::exists(Manual / (std::string(page) + ".md"))) << page;
@@ -157,7 +157,7 @@ const std::vector<std::pair<std::string, std::string>> OtherMessages{
     {"src/files/modFileCommands.cpp", "Not finite numbers and read as zero:"},
     {"src/model/Grid.cpp", "The grid has no cell ("},
     {"src/model/Grid.cpp", "A grid has at most 32767 data rows"},
-    {"src/ui/modEquationSteps.cpp", "the model has no nodes"},
+    {"src/equations/modEquationSteps.cpp", "the model has no nodes"},
 };
 
 TEST(MessageTest, OfAnotherPlaceStandsInTheManual) {
@@ -169,7 +169,7 @@ TEST(MessageTest, OfAnotherPlaceStandsInTheManual) {
 }
 
 TEST(MessageTest, OfTheEquationsStandsInTheManual) {
-  const std::string source = TextOf(Tree / "src/ui/modEquationTexts.cpp");
+  const std::string source = TextOf(Tree / "src/equations/modEquationTexts.cpp");
   const std::string table = source.substr(0, source.find("std::string Fill"));
   const std::string manual = TextOf(Manual / "messages.md");
   const std::vector<std::string> sentences = Matches(table, std::regex(R"re(string_view \w+ =[^"]*"([^"]*)")re"));
@@ -201,7 +201,7 @@ TEST(KeyTest, OfACommandStandsInTheManual) {
   const std::set<std::string> manual = KeysOfTheManual();
   const std::regex standard(R"(QKeySequence::(?!StandardKey|keyBindings)(\w+))");
   int found = 0;
-  for (const fs::path& source : FilesBelow(Tree / "src/ui/forms", ".cpp")) {
+  for (const fs::path& source : FilesBelow(Tree / "src/windows", ".cpp")) {
     for (const std::string& command : Matches(TextOf(source), standard)) {
       ++found;
       ASSERT_TRUE(StandardKeys.contains(command)) << command << " in " << source;
@@ -225,7 +225,7 @@ TEST(KeyTest, OfAFunctionStandsInTheManual) {
 /// "&" before a letter of a caption makes it a key with Alt.
 TEST(KeyTest, OfTheControlBoardStandsInTheManual) {
   const std::set<std::string> manual = KeysOfTheManual();
-  const std::string source = TextOf(Tree / "src/ui/forms/ControlBoard.cpp");
+  const std::string source = TextOf(Tree / "src/windows/main/ControlBoard.cpp");
   const std::vector<std::string> letters = Matches(source, std::regex(R"re("[^"]*&(\w)[^"]*")re"));
   EXPECT_GT(letters.size(), 12U);
   for (std::string letter : letters) {

@@ -23,7 +23,7 @@ namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr std::array<const char*, 5> FoldersWithQt{"src/ui/forms/", "src/platform/qt/", "src/app/", "src/bracefold/",
+constexpr std::array<const char*, 5> FoldersWithQt{"src/windows/", "src/platform/qt/", "src/app/", "src/bracefold/",
                                                    "src/cli/"};
 constexpr const char* PlainFolderOfBracefold = "src/bracefold/families/";
 
@@ -86,10 +86,10 @@ TEST(LayerTest, WouldFindQtInTheWrongFolder) {
   EXPECT_EQ(PathInTree(fs::path(BINARY_DIR) / "src/model/unity_0_cxx.cxx"), "src/model/unity_0_cxx.cxx");
   EXPECT_EQ(PathInTree(fs::path(SOURCE_DIR) / "src/model/Grid.cpp"), "src/model/Grid.cpp");
   const std::string command = "c++ -isystem /usr/include/x86_64-linux-gnu/qt6/QtCore -c x.cpp";
-  EXPECT_THAT(FilesWithForbiddenQt({{"src/model/Grid.cpp", command}, {"src/ui/forms/frmMain.cpp", command}}),
+  EXPECT_THAT(FilesWithForbiddenQt({{"src/model/Grid.cpp", command}, {"src/windows/main/frmMain.cpp", command}}),
               ElementsAre("src/model/Grid.cpp"));
-  EXPECT_THAT(FilesWithForbiddenQt({{"src/ui/modGrids.cpp", "c++ -DQT_CORE_LIB -c x.cpp"}}),
-              ElementsAre("src/ui/modGrids.cpp"));
+  EXPECT_THAT(FilesWithForbiddenQt({{"src/editing/modGrids.cpp", "c++ -DQT_CORE_LIB -c x.cpp"}}),
+              ElementsAre("src/editing/modGrids.cpp"));
 }
 
 TEST(LayerTest, IncludesHeadersByBareName) {
@@ -141,14 +141,20 @@ const std::map<std::string, std::set<std::string>> AllowedLayers{
     {"check", {"platform", "model", "analysis"}},
     {"files", {"platform", "model", "analysis"}},
     {"display", {"platform", "model", "analysis"}},
-    {"ui", {"platform", "model", "analysis", "check", "files", "display"}},
-    {"report", {"platform", "model", "analysis", "check", "files", "display", "ui"}},
-    {"ui/forms", {"platform", "qt", "model", "analysis", "check", "files", "display", "ui", "report"}},
-    {"app", {"platform", "native", "qt", "model", "analysis", "check", "files", "display", "ui", "report", "forms"}},
+    {"editing", {"platform", "model", "analysis", "files"}},
+    {"equations", {"platform", "model", "analysis"}},
+    {"workbench", {"platform", "model", "analysis", "check", "files", "display", "editing"}},
+    {"report", {"platform", "model", "analysis", "check", "files", "display", "editing"}},
+    {"windows",
+     {"platform", "qt", "model", "analysis", "check", "files", "display", "editing", "equations", "workbench",
+      "report"}},
+    {"app", {"platform", "native", "qt", "windows", "app"}},
     {"bracefold/families", {"platform", "model", "analysis", "files"}},
     {"bracefold",
-     {"platform", "native", "qt", "model", "analysis", "files", "display", "ui", "forms", "families", "bracefold"}},
-    {"cli", {"platform", "native", "qt", "model", "analysis", "check", "files", "display", "ui", "report"}},
+     {"platform", "native", "qt", "model", "analysis", "files", "display", "workbench", "windows", "families",
+      "bracefold"}},
+    {"cli",
+     {"platform", "native", "qt", "model", "analysis", "check", "files", "display", "editing", "workbench", "report"}},
 };
 
 /// The libraries of the house that a folder's CMakeLists.txt links, by either way of saying so.
@@ -189,8 +195,8 @@ TEST(LayerTest, LetsNoFloorUseAHigherOne) {
 TEST(LayerTest, WouldFindAnUpwardLink) {
   EXPECT_THAT(ForbiddenLayers("display", "strutwright_layer(display\n  USES files model platform)"),
               ElementsAre("files"));
-  EXPECT_THAT(ForbiddenLayers("model", "target_link_libraries(strutwright_model PUBLIC strutwright_ui)"),
-              ElementsAre("ui"));
+  EXPECT_THAT(ForbiddenLayers("model", "target_link_libraries(strutwright_model PUBLIC strutwright_editing)"),
+              ElementsAre("editing"));
 }
 
 TEST(LayerTest, KnowsEveryFolderOfTheHouse) {

@@ -56,8 +56,8 @@ std::string ExecutablePath() {
 std::string ExecutableFolder() { return fs::path(ExecutablePath()).parent_path().string(); }
 
 std::string IconPath(const std::string& programFolder) {
-  for (const char* each :
-       {"../share/icons/hicolor/scalable/apps/strutwright.svg", "../../../../src/ui/forms/icons/strutwright.svg"}) {
+  for (const char* each : {"../share/icons/hicolor/scalable/apps/strutwright.svg",
+                           "../../../../src/windows/parts/icons/strutwright.svg"}) {
     const fs::path icon = (fs::path(programFolder) / each).lexically_normal();
     std::error_code error;
     if (fs::exists(icon, error)) return icon.string();

@@ -1,0 +1,153 @@
+#include "modGridClipboard.h"
+
+#include "AnalysisState.h"
+#include "DataCellWriter.h"
+#include "Platform.h"
+#include "modCellEditing.h"
+#include "modKeepResults.h"
+#include "modModelEditing.h"
+#include "modModelStore.h"
+#include "modNumberText.h"
+#include "modPastedText.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace strutwright {
+
+namespace {
+
+bool IsDataGrid(const Grid& grid) { return &grid == &GrJoints || &grid == &GrMembers; }
+
+std::string Escaped(const std::string& text) {
+  std::string html;
+  for (const char c : text) {
+    if (c == '&') {
+      html += "&amp;";
+    } else if (c == '<') {
+      html += "&lt;";
+    } else if (c == '>') {
+      html += "&gt;";
+    } else {
+      html.push_back(c);
+    }
+  }
+  return html;
+}
+
+std::string PlainText(const Grid& grid, const GridBlock& block) {
+  std::string text;
+  for (int row = block.firstRow; row <= block.lastRow; ++row) {
+    if (row > block.firstRow) text.push_back('\r');
+    for (int column = block.firstColumn; column <= block.lastColumn; ++column) {
+      if (column > block.firstColumn) text.push_back('\t');
+      text += grid.Text(row, column);
+    }
+  }
+  return text;
+}
+
+std::string HtmlTable(const Grid& grid, const GridBlock& block) {
+  std::string html = "<meta charset=\"utf-8\"><table>";
+  for (int row = block.firstRow; row <= block.lastRow; ++row) {
+    html += "<tr>";
+    for (int column = block.firstColumn; column <= block.lastColumn; ++column) {
+      html += "<td>" + Escaped(grid.Text(row, column)) + "</td>";
+    }
+    html += "</tr>";
+  }
+  return html + "</table>";
+}
+
+/// Gives the grid rows up to `rows`, its header row counted, and a spare one, where it has fewer.
+void MakeRoom(Grid& grid, std::size_t rows) {
+  constexpr std::size_t Most = 1 + Grid::MostDataRows;
+  if (rows <= static_cast<std::size_t>(grid.RowCount())) return;
+  const auto needed =
+      static_cast<int>(std::min(rows, Most + 1)); // the grid refuses one too many as it would refuse all
+  const bool spare = rows < Most;                 // the very last row has no spare one behind it
+  grid.SetRowCount(spare ? needed + 1 : needed);
+  if (spare) grid.SetText(needed, 0, std::to_string(needed));
+}
+
+void PasteLine(DataCellWriter& cells, int row, const std::vector<std::string>& line) {
+  int column = 1;
+  for (const std::string& text : line) {
+    cells.Write(row, column, NumberText(CheckCellValue(text, row + 1, column + 1)));
+    ++column;
+  }
+  cells.Write(row, 0, std::to_string(row));
+}
+
+/// What is pasted while results are shown must not take them away.
+void ShowPastedRows() {
+  if (AnalysisDone != FlagFalse) {
+    TheHost().ShowHint("The grids have changed. Refresh or Run Analysis takes the change in.");
+    return;
+  }
+  RebuildModelFromGrids();
+  TheHost().Redraw(false);
+}
+
+} // namespace
+
+bool IsEnabled(GridCommand command, const Grid& grid) {
+  const auto* entry = std::find_if(GridMenu.begin(), GridMenu.end(),
+                                   [command](const GridMenuEntry& each) { return each.command == command; });
+  return IsDataGrid(grid) ? entry->onDataGrids : entry->onResultsGrids;
+}
+
+void RunGridCommand(GridCommand command, Grid& grid) {
+  if (!IsEnabled(command, grid)) return;
+  switch (command) {
+  case GridCommand::Copy: return copyGrid(grid);
+  case GridCommand::Paste: return pasteCells(grid);
+  case GridCommand::SelectAll: return selectAllCells(grid);
+  case GridCommand::Compress: return compressCells(grid);
+  case GridCommand::Cut: copyGrid(grid); [[fallthrough]];
+  case GridCommand::Delete: blankSelection(grid); AfterModelEdit();
+  }
+}
+
+void copyGrid(const Grid& grid) {
+  const GridBlock selection = grid.Selection();
+  if (selection.lastRow == 0) return; // nobody asks for headings alone
+  TheClipboard().SetText(PlainText(grid, selection), HtmlTable(grid, selection));
+}
+
+void blankSelection(Grid& grid) {
+  const GridBlock selection = grid.Selection();
+  for (int row = std::max(selection.firstRow, 1); row <= selection.lastRow; ++row) {
+    for (int column = std::max(selection.firstColumn, 1); column <= selection.lastColumn; ++column) {
+      grid.SetText(row, column, "");
+    }
+  }
+}
+
+void selectAllCells(Grid& grid) {
+  if (grid.RowCount() < 2 || grid.ColumnCount() < 2) return;
+  grid.SetCurrentCell(1, 1);
+  grid.ExtendSelection(grid.RowCount() - 1, grid.ColumnCount() - 1);
+}
+
+void pasteCells(Grid& grid) {
+  const auto lines = TakeTableApart(TheClipboard().Text());
+  if (lines.empty()) return;
+  const int firstRow = grid.RowCount() == 1 ? 1 : grid.CurrentRow();
+  MakeRoom(grid, static_cast<std::size_t>(firstRow) + lines.size());
+  DataCellWriter cells(grid);
+  int row = firstRow;
+  for (const auto& line : lines) PasteLine(cells, row++, line);
+  cells.TellFirstMiss();
+  ShowPastedRows();
+}
+
+void compressCells(Grid& grid) {
+  if (!AskQuestion("This will remove any rows with all zero entries. Proceed?")) return;
+  RebuildKeepingResults(); // the node at the origin is looked for in the tables
+  if (CompressZeroRows(grid)) AfterModelEdit();
+}
+
+} // namespace strutwright

@@ -1,0 +1,201 @@
+#pragma once
+
+#include "EditHistory.h"
+#include "Host.h"
+#include "RecoveryKeeper.h"
+#include "modGridClipboard.h"
+#include "modModelStore.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+#include <QCheckBox>
+#include <QMainWindow>
+#include <QTimer>
+
+class QMdiSubWindow;
+class QMenu;
+class QSplitter;
+class QVBoxLayout;
+
+namespace strutwright {
+
+class ChildArea;
+class ControlBoard;
+class DataGridView;
+class frmCheck;
+class frmEquations;
+class frmGraph;
+class MainStatusBar;
+class MenuBuilder;
+class RecentFilesMenu;
+
+/// The main frame: tool bar, status bar, control board and the two child windows.
+class frmMain : public QMainWindow, public Host {
+ public:
+  frmMain();
+  ~frmMain() override;
+
+  /// Analyses the model and shows the results.
+  void runAnalysis();
+  void EndAnalysis(bool redraw) override;
+
+  /// Starts the animation of the deflected shape; nothing happens without results.
+  void AnimateDSD();
+
+  /// Starts the program in the frame, which is shown already: state, grids, child windows, view.
+  void MDIForm_Load();
+
+  /// Opens a model file as File > Open does after its name has been chosen.
+  /// path: full, not empty.
+  void OpenModel(const std::string& path);
+
+  /// Takes the size and place that the frame had when the program last ended; to be called before it is shown.
+  void RestorePlace();
+
+  /// Lays the grids out for GridCapacity.
+  void initGrids();
+
+  /// Ends the program at once, without a question.
+  void EndProgram();
+
+  /// Appends a node row at (x, y), in m, or a member row between two nodes; nothing else.
+  void addNode(float x, float y);
+  void AddMember(std::int16_t i, std::int16_t j);
+
+  /// Lists the results of the analysis in the results grids.
+  void resultGrids();
+
+  /// Makes the window 1.25 times as wide and high.
+  void ZoomOut();
+
+  /// Runs a command inside the guard, after it has taken a pending edit of a cell.
+  void Run(const std::function<void()>& command);
+
+  /// Runs a command that may change the model, as one step that can be undone.
+  /// what: its name, as in "Undo Paste".
+  void Edit(const QString& what, const std::function<void()>& command) { History.Run(what, command); }
+
+  /// What the user calls the model: its file's name, or what the title says in its place.
+  std::string ModelName() const;
+
+  /// The steps that changed the model, so that it can be known when it changes.
+  const QUndoStack& EditSteps() const { return History.Steps(); }
+
+  void CommitPendingEdit();
+
+  /// Add a node or a member to the model as it stands in the grids, and draw it.
+  void DrawNode(float x, float y);
+  void DrawMember(int i, int j);
+
+  /// Fill the Edit menu of a child window.
+  void AddHistoryActions(MenuBuilder& build, QMenu& menu);
+  void AddGridActions(QMenu& menu);
+
+  /// Shows the recent files in a File menu from now on.
+  void AddRecentFiles(RecentFilesMenu& menu) { RecentLists << &menu; }
+
+  /// Shows the options dialog until the user closes it.
+  void ShowOptions();
+
+  bool IsEnding() const { return Ending; }
+  void ActivateDisplay();
+  void ActivateEquations();
+
+  /// Draws the truss again; what can't be drawn is said in the status bar and not in a box.
+  void RedrawWhatCanBeDrawn(bool zoomToExtents);
+
+  /// Draws the truss with member m highlighted until the model is edited; 0: without a highlight.
+  void HighlightMember(int m);
+
+  /// Draws the truss with these nodes and members highlighted until the model is edited, and selects their rows in the
+  /// grids, of which one that has such rows is shown.  What the model does not have is passed over.
+  void ShowParts(const std::vector<int>& nodes, const std::vector<int>& members);
+
+  /// Opens the check window, or brings it to the front, on the model as it stands in the grids.
+  void ShowCheck();
+
+  void RefreshStatusTexts() override;
+  void Redraw(bool zoomToExtents) override;
+  void ClearSurface() override;
+  ModelLayers Layers() override;
+  void ResetScales() override;
+  void SetCaption(const std::string& caption) override;
+  void ClearGrids() override;
+  void ShowRecentFiles() override;
+  void ResetEquations() override;
+  int NodeAt(float x, float y) override;
+  void DropHighlight() override;
+  void ShowHint(const std::string& text) override;
+  bool ShowProgress(const std::string& text, double fraction) override;
+  void EndProgress() override;
+  void SavePicture(const std::string& path) override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void BuildToolBar();
+  void BuildCentre();
+  void BuildStrip();
+  void ConnectBoard();
+  void ConnectSwitches();
+  void ConnectScales();
+  void ConnectPanels();
+  void BuildGridMenu();
+  void OpenGridMenu(DataGridView& view, const QPoint& place);
+  void EnableGridActions();
+  void RunOnGrid(GridCommand command);
+  void ConnectKeys();
+  void ShowMenus(QMdiSubWindow* active);
+  void TakeCell(const std::function<bool()>& take);
+  void ClickResultSwitch(QCheckBox& box, bool& flag, bool& guard);
+  void TickResultSwitches(bool ticked);
+  void stepDeflectionScale(bool up);
+  void stepLoadsScale(bool up);
+  void ShowScales();
+  void Tick();
+  void ShowGrid(int index);
+  void ShowGridOf(std::size_t kind);
+  void SavePlace();
+  void DrawHighlight();
+  void ShowDrawing();
+  void Analyse();
+  void CheckAnalysis();
+  void FollowModelInCheck();
+  void ShowCheckStatus();
+  void HideBoard();
+  void ShowBoard();
+
+  MainStatusBar* stsBar = nullptr;
+  ControlBoard* CBpic = nullptr;
+  ChildArea* Children = nullptr;
+  QWidget* BtnPic = nullptr; ///< the strip that brings the hidden board back
+  QVBoxLayout* Centre = nullptr;
+  QSplitter* BoardSplitter = nullptr;
+  frmGraph* Graph = nullptr;         ///< nullptr until MDIForm_Load
+  frmEquations* Equations = nullptr; ///< likewise
+  QMdiSubWindow* GraphWindow = nullptr;
+  QMdiSubWindow* EquationsWindow = nullptr;
+  QMenu* mnuGrid = nullptr;
+  QList<RecentFilesMenu*> RecentLists; ///< one in each File menu
+  Grid* menuGrid = &GrJoints;          ///< the grid that the grid menu's commands work on: the visible one
+  QString Caption{"Strutwright"};      ///< without what a child window that fills the frame adds to the title
+  EditHistory History{Caption};
+  RecoveryKeeper Recovery{*this, History.Steps()};
+  QTimer Timer1;
+  frmCheck* Check = nullptr; ///< nullptr until it is first asked for
+  std::vector<int> HighlightedNodes;
+  std::vector<int> HighlightedMembers;
+  bool reactionsGuard = false; ///< the next click of the box is the program's own
+  bool forcesGuard = false;
+  bool deflectedGuard = false;
+  bool Working = false;   ///< long work shows its progress
+  bool Analysing = false; ///< the check waits for what the analysis comes to
+  bool Ending = false;
+};
+
+} // namespace strutwright

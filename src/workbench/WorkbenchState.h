@@ -1,0 +1,26 @@
+#pragma once
+
+#include "CheckState.h"
+
+#include <cstdint>
+
+namespace strutwright {
+
+/// What the workbench remembers between commands: the scales' spinners, the animation and the check.
+struct WorkbenchState {
+  std::int16_t lastDeflectionSpin = 0; ///< what the spinner of DeflectionScale showed at its last change; 0: none yet
+  std::int16_t lastLoadsSpin = 0;      ///< the same of LoadsScale
+  bool animating = false;              ///< the animation of the deflected shape runs
+  std::int16_t animStep = 0;           ///< +1 or -1, the way in which it turns the spinner
+
+  CheckState check; ///< the check of the last answer
+};
+
+inline WorkbenchState TheWorkbench;
+inline auto& lastDeflectionSpin = TheWorkbench.lastDeflectionSpin;
+inline auto& lastLoadsSpin = TheWorkbench.lastLoadsSpin;
+inline auto& animating = TheWorkbench.animating;
+inline auto& animStep = TheWorkbench.animStep;
+inline auto& TheCheck = TheWorkbench.check;
+
+} // namespace strutwright
