@@ -282,4 +282,8 @@ void frmBracefold::WheelTurned(const MouseEvent& event, double steps) {
   if (ZoomAbout(preview->Surface(), event.x, event.y, std::pow(ZoomStep, steps))) Draw(false);
 }
 
+void frmBracefold::ViewKeyPressed(ViewMove move) {
+  if (MoveView(preview->Surface(), move)) Draw(false);
+}
+
 } // namespace strutwright

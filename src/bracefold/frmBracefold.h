@@ -55,6 +55,7 @@ class frmBracefold : public QWidget, public WindowlessHost, private DisplayListe
   void MouseReleased(const MouseEvent& /*event*/) override {}
   void MouseLeft() override {}
   void WheelTurned(const MouseEvent& event, double steps) override;
+  void ViewKeyPressed(ViewMove move) override;
 
   const TrussFamily* Family;
   std::string Summary; ///< of the truss in the preview

@@ -99,7 +99,9 @@ float Displace(float coordinate, float D, float scale) {
   return static_cast<float>(coordinate + product / std::pow(10.0, 3));
 }
 
+/// Node 0 stands for a node that a member does not name: the model is drawn from there too, and it never moves.
 Displaced DisplacedNode(const std::vector<float>& displacements, int n, float scale) {
+  if (n == 0) return {NodeTable(0, NodeX), NodeTable(0, NodeY)};
   return {Displace(NodeTable(n, NodeX), EntryOf(displacements, n, 0), scale),
           Displace(NodeTable(n, NodeY), EntryOf(displacements, n, 1), scale)};
 }

@@ -32,6 +32,7 @@ struct EquationPage {
   EquationStep lastStep = EquationStep::None;
   int lastMember = 0;                ///< the member that the last step added; 0 when it was no such step
   std::array<int, 5> lastFreedoms{}; ///< where it was added, indices 1..4; zeros where it was not
+  int shownMember = 0;               ///< the member that was last added to this matrix; 0: none, or all at once
 };
 
 /// A page as it was before a press.

@@ -87,6 +87,7 @@ void BeginWithMember1(EquationPage& page) {
   page.matrixOf = 0;
   page.fixed.reset();
   page.allAdded = false;
+  page.shownMember = 0;
 }
 
 void EmptyMatrix(EquationPage& page) {
@@ -149,6 +150,7 @@ void AddNextMember(EquationPage page, int member) {
   page.allAdded = member == MemberCount;
   page.addMemberCaption = page.allAdded ? "Clear K" : "Add Member " + std::to_string(member + 1);
   page.lastMember = member;
+  page.shownMember = member;
   page.lastFreedoms = share ? share->freedoms : std::array<int, 5>{};
   const bool sameMatrix = page.viewStiffness == TheEquations.page.viewStiffness;
   Turn(std::move(page), EquationStep::AddMember);

@@ -256,6 +256,17 @@ TEST_F(BracefoldFormTest, ZoomsWithTheWheel) {
   EXPECT_FLOAT_EQ(DisplaySurface->Window().width, before / 1.25F);
 }
 
+TEST_F(BracefoldFormTest, MovesAndZoomsThePictureByKeys) {
+  auto& preview = Find<QWidget>("preview");
+  const ViewWindow before = DisplaySurface->Window();
+
+  QTest::keyClick(&preview, Qt::Key_Right);
+  QTest::keyClick(&preview, Qt::Key_Minus);
+
+  EXPECT_FLOAT_EQ(DisplaySurface->Window().width, before.width * 1.25F);
+  EXPECT_GT(DisplaySurface->Window().left + DisplaySurface->Window().width / 2, before.left + before.width / 2);
+}
+
 TEST_F(BracefoldFormTest, MovesThePictureByDragging) {
   auto& preview = Find<QWidget>("preview");
   const int before = FirstInkedColumn(preview.grab().toImage());

@@ -132,6 +132,15 @@ void frmGraph::MouseLeft() {
 
 void frmGraph::WheelTurned(const MouseEvent& event, double steps) { Act(MouseWheel(event, steps)); }
 
+void frmGraph::ViewKeyPressed(ViewMove move) {
+  Frame.Run([this, move] {
+    if (MoveView(Surface(), move)) Frame.RedrawWhatCanBeDrawn(false);
+  });
+}
+
+/// A child window keeps Tab to itself unless it is asked to pass it on.
+bool frmGraph::focusNextPrevChild(bool next) { return Frame.MoveFocus(next); }
+
 void frmGraph::Act(const MouseVerdict& verdict) {
   ShowMouseState();
   Do(verdict);

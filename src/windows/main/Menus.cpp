@@ -57,7 +57,7 @@ QAction* MenuBuilder::Add(QMenu& menu, const QString& name, const QString& text,
 void MenuBuilder::AddFileMenu() {
   QMenu& file = *AddMenu("mnuFile", "&File");
   Add(
-      file, "mnuNew", "&New", QKeySequence::New, [&frame = Frame] { frame.Edit("New", NewFromMenu); },
+      file, "mnuNew", "&New", QKeySequence::New, [&frame = Frame] { frame.BeginNewModel(NewFromMenu); },
       "Begins with an empty model");
   Add(file, "mnuOpen", "&Open...", QKeySequence::Open, [&frame = Frame] { frame.Edit("Open", OpenFromMenu); });
   AddExamples(file);

@@ -14,6 +14,7 @@
 #include "frmOptions.h"
 #include "modAnimation.h"
 #include "modCheck.h"
+#include "modEntryGaps.h"
 #include "modFileCommands.h"
 #include "modGenerators.h"
 #include "modGrids.h"
@@ -63,6 +64,7 @@ frmMain::~frmMain() {
 void frmMain::runAnalysis() {
   CommitPendingEdit();
   DropCheck();
+  AddedMember = 0;
   try {
     Analyse();
   } catch (...) {
@@ -145,6 +147,12 @@ void frmMain::Run(const std::function<void()>& command) {
   Recovery.NoteChange();
 }
 
+void frmMain::BeginNewModel(void (*command)()) {
+  Edit("New", command);
+  CBpic->viewOpt[0]->setChecked(true);
+  CBpic->GrJointsView->setFocus();
+}
+
 void frmMain::CommitPendingEdit() { CBpic->grTxtBox->Commit(); }
 
 /// The model is taken from the grids first, so that a row pasted meanwhile is not overwritten.
@@ -173,16 +181,23 @@ void frmMain::ActivateDisplay() { Children->setActiveSubWindow(GraphWindow); }
 
 void frmMain::ActivateEquations() { Children->setActiveSubWindow(EquationsWindow); }
 
-void frmMain::HighlightMember(int m) {
-  HighlightedNodes.clear();
-  HighlightedMembers = m == 0 ? std::vector<int>{} : std::vector{m};
+void frmMain::ShowAddedMember(int m) {
+  AddedMember = m;
+  AddedIn = ModelAsEntered::Now();
   RedrawWhatCanBeDrawn(false);
+}
+
+bool frmMain::HasHighlight() const {
+  return AddedMember != 0 || !HighlightedNodes.empty() || !HighlightedMembers.empty();
 }
 
 void frmMain::DrawHighlight() {
   if (DisplaySurface == nullptr) return;
+  if (AddedMember != 0 && !AddedIn.IsCurrent()) AddedMember = 0;
+  std::vector<int> members = HighlightedMembers;
+  if (AddedMember != 0) members.push_back(AddedMember);
   try {
-    for (const int m : HighlightedMembers) {
+    for (const int m : members) {
       if (m >= 1 && m <= MemberCount) strutwright::DrawMember(*DisplaySurface, m, Orange);
     }
     for (const int n : HighlightedNodes) {
@@ -190,6 +205,7 @@ void frmMain::DrawHighlight() {
     }
   } catch (const std::out_of_range&) {
     HighlightedMembers.clear(); // their nodes have gone since they were chosen
+    AddedMember = 0;
   }
 }
 
@@ -217,10 +233,19 @@ void frmMain::RedrawWhatCanBeDrawn(bool zoomToExtents) {
   if (Working) return;
   const std::vector<std::string> failures = RedrawQuietly(DisplaySurface, zoomToExtents);
   ShowDrawing();
-  if (failures.empty()) return;
+  // Where there is a gap in the grids it is the reason, and the note on it says more.
+  if (failures.empty() || !RowGapText().empty()) return;
   std::string hint = failures.front();
   std::replace(hint.begin(), hint.end(), '\n', ' ');
   ShowHint(hint);
+}
+
+/// Every step that changes a text of the grids comes here, undone ones too.
+void frmMain::ShowEntryNote() {
+  std::string note = RowGapText();
+  const std::string missing = MissingNodeText();
+  if (!note.empty() && !missing.empty()) note += " ";
+  stsBar->ShowNote(QString::fromStdString(note + missing));
 }
 
 void frmMain::ClickResultSwitch(QCheckBox& box, bool& flag, bool& guard) {

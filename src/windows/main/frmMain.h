@@ -2,7 +2,9 @@
 
 #include "EditHistory.h"
 #include "Host.h"
+#include "ModelAsEntered.h"
 #include "RecoveryKeeper.h"
+#include "modCheck.h"
 #include "modGridClipboard.h"
 #include "modModelStore.h"
 
@@ -78,6 +80,9 @@ class frmMain : public QMainWindow, public Host {
   /// what: its name, as in "Undo Paste".
   void Edit(const QString& what, const std::function<void()>& command) { History.Run(what, command); }
 
+  /// Runs one of the commands that begin an empty model, and leaves the keyboard where its first node is typed.
+  void BeginNewModel(void (*command)());
+
   /// What the user calls the model: its file's name, or what the title says in its place.
   std::string ModelName() const;
 
@@ -85,6 +90,9 @@ class frmMain : public QMainWindow, public Host {
   const QUndoStack& EditSteps() const { return History.Steps(); }
 
   void CommitPendingEdit();
+
+  /// What Tab and Shift+Tab do: gives the keyboard to the next or previous control of the whole frame, wherever it is.
+  bool MoveFocus(bool next) { return focusNextPrevChild(next); }
 
   /// Add a node or a member to the model as it stands in the grids, and draw it.
   void DrawNode(float x, float y);
@@ -107,12 +115,20 @@ class frmMain : public QMainWindow, public Host {
   /// Draws the truss again; what can't be drawn is said in the status bar and not in a box.
   void RedrawWhatCanBeDrawn(bool zoomToExtents);
 
-  /// Draws the truss with member m highlighted until the model is edited; 0: without a highlight.
-  void HighlightMember(int m);
+  /// Draws the truss with member m, which the stiffness equations have just added, highlighted until the model changes
+  /// or is analysed; 0: without that highlight.
+  void ShowAddedMember(int m);
 
   /// Draws the truss with these nodes and members highlighted until the model is edited, and selects their rows in the
   /// grids, of which one that has such rows is shown.  What the model does not have is passed over.
   void ShowParts(const std::vector<int>& nodes, const std::vector<int>& members);
+
+  /// Draws the truss without what ShowParts has highlighted; what is selected stays.
+  void ShowNoParts();
+
+  /// What the control board's E and A can do for members without rigidity, and doing it.
+  RigidityOffer RigidityOnBoard() const;
+  void FillInRigidity();
 
   /// Opens the check window, or brings it to the front, on the model as it stands in the grids.
   void ShowCheck();
@@ -162,7 +178,9 @@ class frmMain : public QMainWindow, public Host {
   void ShowGridOf(std::size_t kind);
   void SavePlace();
   void DrawHighlight();
+  bool HasHighlight() const;
   void ShowDrawing();
+  void ShowEntryNote();
   void Analyse();
   void CheckAnalysis();
   void FollowModelInCheck();
@@ -190,6 +208,8 @@ class frmMain : public QMainWindow, public Host {
   frmCheck* Check = nullptr; ///< nullptr until it is first asked for
   std::vector<int> HighlightedNodes;
   std::vector<int> HighlightedMembers;
+  int AddedMember = 0;         ///< highlighted too; 0 for none
+  ModelAsEntered AddedIn;      ///< the model that this member belongs to
   bool reactionsGuard = false; ///< the next click of the box is the program's own
   bool forcesGuard = false;
   bool deflectedGuard = false;

@@ -11,6 +11,7 @@
 #include "NumericKeyFilter.h"
 #include "WorkbenchState.h"
 #include "frmAbout.h"
+#include "frmCheck.h"
 #include "frmEquations.h"
 #include "frmGraph.h"
 #include "modFileCommands.h"
@@ -24,6 +25,7 @@
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
 #include <QToolBar>
@@ -37,7 +39,8 @@ namespace strutwright {
 namespace {
 
 constexpr QSize StartSize{1180, 800};
-constexpr int ClockInterval = 100; // ms
+constexpr QSize WindowFrame{8, 40}; // what the desktop puts around a window, at most
+constexpr int ClockInterval = 100;  // ms
 
 std::string Text(const QLineEdit* box) { return box->text().toStdString(); }
 
@@ -59,7 +62,8 @@ frmMain::frmMain() {
   ConnectPanels();
   BuildGridMenu();
   ConnectKeys();
-  resize(StartSize);
+  OnSignal(&History.Steps(), &QUndoStack::indexChanged, this, [this] { ShowEntryNote(); });
+  resize(StartSize.boundedTo(screen()->availableSize() - WindowFrame));
   Timer1.setObjectName("Timer1");
   Timer1.setParent(this);
   OnSignal(&Timer1, &QTimer::timeout, this, [this] { Tick(); });
@@ -76,7 +80,7 @@ void frmMain::BuildToolBar() {
     connect(action, &QAction::triggered, this, [this, command] { Run(command); });
     return action;
   };
-  add("new", "New File", [this] { Edit("New", newModel); });
+  add("new", "New File", [this] { BeginNewModel(newModel); });
   add("open", "Open File", [this] { Edit("Open", [] { openModel(""); }); });
   add("save", "Save File", SaveFromMenu);
   bar->addSeparator();
@@ -153,6 +157,11 @@ void frmMain::ConnectPanels() {
   connectList(board.nodeLoadBtn, "Node Load", board.nodesTxt, GrJoints, board.xnlTxt, board.ynlTxt, NodeForceX);
   connectList(board.EABtn, "Member Properties", board.memTxt, GrMembers, board.eTxt, board.aTxt, MemberE);
   FilterNumericBoxes(board);
+  for (QLineEdit* box : {board.eTxt, board.aTxt}) {
+    OnSignal(box, &QLineEdit::textChanged, this, [this] {
+      if (Check != nullptr && Check->isVisible()) Check->ShowRigidityOffer();
+    });
+  }
 }
 
 void frmMain::BuildGridMenu() {

@@ -84,4 +84,16 @@ void frmMain::ShowParts(const std::vector<int>& nodes, const std::vector<int>& m
   RedrawWhatCanBeDrawn(false);
 }
 
+void frmMain::ShowNoParts() {
+  HighlightedNodes.clear();
+  HighlightedMembers.clear();
+  RedrawWhatCanBeDrawn(false);
+}
+
+RigidityOffer frmMain::RigidityOnBoard() const {
+  return OfferRigidity(CBpic->eTxt->text().toStdString(), CBpic->aTxt->text().toStdString());
+}
+
+void frmMain::FillInRigidity() { FillRigidity(CBpic->eTxt->text().toStdString(), CBpic->aTxt->text().toStdString()); }
+
 } // namespace strutwright

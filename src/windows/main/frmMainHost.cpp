@@ -11,10 +11,13 @@
 #include "frmGraph.h"
 #include "modGrids.h"
 #include "modModelStore.h"
+#include "modMotionView.h"
 #include "modPicking.h"
 #include "modRedraw.h"
 #include "modRubberBands.h"
 #include "modScales.h"
+
+#include <algorithm>
 
 namespace strutwright {
 
@@ -50,7 +53,10 @@ void frmMain::SetCaption(const std::string& caption) {
 
 void frmMain::ClearGrids() {
   for (Grid* grid : {&GrJoints, &GrMembers, &jResGr, &mResGr}) ClearGrid(*grid, GridCapacity);
-  for (Grid* grid : {&GrJoints, &GrMembers}) NumberRows(*grid);
+  for (Grid* grid : {&GrJoints, &GrMembers}) {
+    NumberRows(*grid);
+    grid->SetCurrentCell(std::min(1, grid->RowCount() - 1), 1); // the first row comes when it is needed
+  }
 }
 
 void frmMain::ShowRecentFiles() {
@@ -77,6 +83,18 @@ void frmMain::EndProgress() {
   stsBar->EndProgress();
 }
 
-void frmMain::SavePicture(const std::string& path) { DisplaySurface->SavePicture(path); }
+/// A highlight tells the user what is being talked about; the picture is of the truss.
+void frmMain::SavePicture(const std::string& path) {
+  if (!HasHighlight()) return DisplaySurface->SavePicture(path);
+  RedrawQuietly(DisplaySurface, false);
+  DrawShownMotion(*DisplaySurface);
+  try {
+    DisplaySurface->SavePicture(path);
+  } catch (...) {
+    RedrawWhatCanBeDrawn(false);
+    throw;
+  }
+  RedrawWhatCanBeDrawn(false);
+}
 
 } // namespace strutwright
