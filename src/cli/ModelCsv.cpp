@@ -211,7 +211,7 @@ std::string TableToCsv(const FieldTable& table, const std::array<GridColumn, Col
 std::string ModelToCsv() { return TableToCsv(NodeTable, JointColumns) + TableToCsv(MemberTable, MemberColumns); }
 
 StoredModel ModelFromCsv(const std::string& text) {
-  Table nodes{JointColumns, "node", MostAnalysedNodes};
+  Table nodes{JointColumns, "node", MaxAnalysedNodes};
   Table members{MemberColumns, "member", MostMembers};
   Table* current = nullptr;
   CsvReader reader(text);

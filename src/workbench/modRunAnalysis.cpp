@@ -1,6 +1,7 @@
 #include "modRunAnalysis.h"
 
 #include "AnalysisState.h"
+#include "AnalysisTexts.h"
 #include "Platform.h"
 #include "modAnalysis.h"
 #include "modFileCommands.h"
@@ -10,6 +11,7 @@
 #include <cstdint>
 #include <exception>
 #include <string>
+#include <vector>
 
 namespace strutwright {
 
@@ -17,7 +19,7 @@ namespace {
 
 bool MakeScratchCopy() {
   // What is too large to be analysed is too large to be read back; the analysis says so in plainer words.
-  if (NodeCount > MostAnalysedNodes) return true;
+  if (NodeCount > MaxAnalysedNodes) return true;
   try {
     writeScratchCopy();
     return true;
@@ -29,10 +31,40 @@ bool MakeScratchCopy() {
   }
 }
 
+void LeaveAnalysis() {
+  AnalysisDone = FlagFalse;
+  TheHost().RefreshStatusTexts();
+}
+
+void ShowMembersAtFault(const std::vector<MemberAtFault>& atFault) {
+  for (const MemberAtFault& each : atFault) ShowMessage(MessageIcon::Critical, IgnoredText(each));
+}
+
+void RefuseModel(const std::string& text) {
+  ShowMessage(MessageIcon::Critical, text);
+  LeaveAnalysis();
+}
+
+/// Shows why there are no results.
+void ReportEnd(AnalysisEnd end) {
+  switch (end) {
+  case AnalysisEnd::Done: return;
+  case AnalysisEnd::TooManyNodes:
+    return RefuseModel("The model has " + std::to_string(NodeCount) + " nodes, but at most " +
+                       std::to_string(MaxAnalysedNodes) +
+                       " can be analysed.\nRemove nodes and run the analysis again.");
+  case AnalysisEnd::UnknownNode:
+    return RefuseModel(
+        UnknownNodeText(FindUnknownNode().value(), "Correct the member's node numbers and run the analysis again."));
+  case AnalysisEnd::NoNodes: return ReportAnalysisFailure(EmptyModelCheck);
+  case AnalysisEnd::Unstable: return ReportAnalysisFailure(UnstableCheck);
+  }
+}
+
 bool Analyse() {
-  std::int16_t ok = FlagTrue;
-  AnalyseTruss(ok);
-  return ok != FlagFalse;
+  const AnalysisEnd end = AnalyseTruss({ShowMembersAtFault, SolvingText});
+  ReportEnd(end);
+  return end == AnalysisEnd::Done;
 }
 
 } // namespace
@@ -55,6 +87,12 @@ bool runAnalysis(ScratchCopy scratch) {
   }
   TheHost().EndAnalysis(true);
   return false;
+}
+
+void ReportAnalysisFailure(int code) {
+  FailedCheck = code;
+  ShowMessage(MessageIcon::Critical, AnalysisFailureText(code));
+  LeaveAnalysis();
 }
 
 } // namespace strutwright
