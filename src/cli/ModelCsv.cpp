@@ -21,12 +21,6 @@ constexpr int LeastCapacity = 20;
 constexpr int MostMembers = 32767;
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 
-std::string_view TrimBlanks(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(" \t");
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
-
 struct Record {
   int line = 0; ///< where it begins
   std::vector<std::string> fields;

@@ -59,7 +59,8 @@ def expect_registration(desktop, model):
 
 def analyse_in_the_window(usr, picture):
     """As a user who may not write where the program is installed: that is root's alone."""
-    examples = sorted(path.name for path in (usr / "share/strutwright/examples").glob("*.stw"))
+    index = (usr / "share/strutwright/examples/index.txt").read_text().splitlines()
+    examples = [line.split(" | ")[0] + ".stw" for line in index]
     user = NOBODY if os.geteuid() == 0 else None
     with Desktop(usr / "bin/strutwright", fresh_home=True, installed=True, user=user) as desktop:
         try:

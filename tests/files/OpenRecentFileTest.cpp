@@ -59,7 +59,7 @@ class OpenRecentFileTest : public PlatformTest {
 TEST_F(OpenRecentFileTest, TakesTheNameOfAnExampleToo) {
   fs::create_directory(folder.Path("examples"));
   fs::copy(triangle, folder.Path("examples/a.stw"));
-  OpenExample(ExampleModels().front());
+  OpenExample(Examples().front().path);
   ASSERT_THAT(Shown(), ElementsAre(folder.Path("examples/a.stw")));
   ASSERT_EQ(CurrentFileName, "");
 

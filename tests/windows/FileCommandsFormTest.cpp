@@ -159,16 +159,19 @@ TEST_F(FileFormTest, OpensMoreNodesThanAnAnalysisTakes) {
   }
 }
 
-TEST_F(FileFormTest, ListsTheExamplesThatLieBesideTheProgram) {
+TEST_F(FileFormTest, ListsTheExamplesThatLieBesideTheProgramAsACourse) {
   std::filesystem::copy(EXAMPLES_DIR, folder.Path("examples"));
   auto* menu = Find<QWidget>("frmGraph").findChild<QMenu*>("mnuFile");
   ASSERT_NE(menu, nullptr);
   emit menu->aboutToShow();
   QAction& first = Command("mnuExample_1");
-  EXPECT_EQ(first.text(), "collinear_bar.stw");
+  EXPECT_EQ(first.text(), "First truss, three bars");
+  EXPECT_THAT(first.toolTip().toStdString(), testing::HasSubstr("pencil and paper"));
+  EXPECT_EQ(Command("mnuExample_6").text(), "Fink roof, 9 m");
+  EXPECT_EQ(Command("mnuExample_6").toolTip().left(7), "Rafters");
   first.trigger();
   EXPECT_GT(NodeCount, 0);
-  EXPECT_EQ(frame->windowTitle(), "collinear_bar.stw");
+  EXPECT_EQ(frame->windowTitle(), "first_truss.stw");
   EXPECT_EQ(CurrentFileName, "");
 }
 
