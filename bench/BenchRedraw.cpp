@@ -26,14 +26,11 @@ namespace {
 constexpr int Columns = 100;
 constexpr int Rows = 50;
 
-/// Ticks every layer and shows no box: what is drawn here is sound.
+/// Shows no box: what is drawn here is sound.
 class Desktop : public MessageBoxes, public WindowlessHost {
  public:
   void Show(const Message& message) override { throw std::runtime_error(message.text); }
   bool Ask(const Message& question) override { throw std::runtime_error(question.text); }
-  ModelLayers Layers() override {
-    return {.supports = true, .loads = true, .grid = true, .memberNumbers = true, .nodeNumbers = true};
-  }
 };
 
 /// 5000 nodes on a lattice a metre wide, each with a load, and 10000 members between neighbours; supports below.

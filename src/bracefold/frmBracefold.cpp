@@ -254,12 +254,9 @@ void frmBracefold::SaveAndOpen() {
   if (!path.empty()) OpenInStrutwright(path);
 }
 
-ModelLayers frmBracefold::Layers() {
-  const bool numbers = numbersChk->isChecked();
-  return {.grid = false, .memberNumbers = numbers, .nodeNumbers = numbers};
-}
-
 void frmBracefold::Draw(bool zoomToExtents) {
+  const bool numbers = numbersChk->isChecked();
+  TheDisplay.Layers = {.grid = false, .memberNumbers = numbers, .nodeNumbers = numbers};
   RedrawDisplay(&preview->Surface(), zoomToExtents);
   preview->update();
 }

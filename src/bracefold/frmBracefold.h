@@ -27,8 +27,6 @@ class frmBracefold : public QWidget, public WindowlessHost, private DisplayListe
   frmBracefold(const TrussFamily& family, const TrussTexts& texts);
   ~frmBracefold() override;
 
-  ModelLayers Layers() override;
-
  private:
   QLayout* BuildFields();
   QLayout* BuildPicture();

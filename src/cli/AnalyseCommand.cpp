@@ -206,7 +206,6 @@ void Print(const ModelSession& session, Result result, const Check& check, const
 int Depict(ModelSession& session, Result result, const PictureRequest& picture, bool several) {
   if (picture.file.empty() || result == Result::Unreadable) return ExitOk;
   const std::string file = FileFor(picture.file, session.File(), several);
-  session.SetLayers(picture.layers);
   try {
     MakePicture(picture, file, result == Result::Ok);
   } catch (const FileError& error) {

@@ -25,9 +25,6 @@ class ModelSession : private MessageBoxes, private WindowlessHost {
   /// Opens the file as the window does.  A failure has been told; returns whether there is a model.
   bool Open();
 
-  /// Switches the layers of the model's picture; all are on at first.
-  void SetLayers(const ModelLayers& layers) { Shows = layers; }
-
   /// Writes a line about the file to `err` that no box would show.
   void Tell(const std::string& text);
 
@@ -42,14 +39,12 @@ class ModelSession : private MessageBoxes, private WindowlessHost {
  private:
   void Show(const Message& message) override;
   bool Ask(const Message& question) override;
-  ModelLayers Layers() override { return Shows; }
 
   std::string FileName;
   std::ostream& Err;
   NativeFileSystem Disk;
   QtPaper Pages;
   std::vector<Message> Messages;
-  ModelLayers Shows;
 };
 
 } // namespace strutwright

@@ -1,6 +1,5 @@
 #include "Picture.h"
 
-#include "DisplayState.h"
 #include "QtDrawingSurface.h"
 #include "modRedraw.h"
 #include "modViewTransform.h"
@@ -79,13 +78,13 @@ void MakePicture(const PictureRequest& request, const std::string& file, bool an
   EnsureApplication();
   QtDrawingSurface surface(request.width, request.height);
   SetViewWindow(surface, -1, 10, 0, 3);
-  DisplaySurface = &surface;
-  ShowReactions = analysed && request.reactions;
-  ShowMemberForces = analysed && request.memberForces;
-  ShowDeflectedShape = analysed && request.deflectedShape;
-  DeflectionScale = request.deflectionScale;
-  RedrawDisplay(&surface, true);
-  DisplaySurface = nullptr;
+  Draw(surface, {.layers = request.layers,
+                 .reactions = analysed && request.reactions,
+                 .memberForces = analysed && request.memberForces,
+                 .deflectedShape = analysed && request.deflectedShape,
+                 .deflectionScale = request.deflectionScale,
+                 .extents = ExtentsOfModel(1),
+                 .frameExtents = true});
   surface.SavePicture(file);
 }
 

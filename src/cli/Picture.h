@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Host.h"
+#include "TrussView.h"
 
 #include <optional>
 #include <string>

@@ -1,13 +1,10 @@
 #pragma once
 
 #include "DrawingSurface.h"
-#include "Host.h"
 #include "MouseState.h"
+#include "TrussView.h"
 
 #include <cstdint>
-#include <optional>
-#include <string>
-#include <vector>
 
 namespace strutwright {
 
@@ -15,12 +12,10 @@ namespace strutwright {
 struct DisplayState {
   DrawingSurface* DisplaySurface = nullptr; ///< the one surface; while it is unset, a redraw does nothing
 
-  float MaxX = 0; ///< model extents, m: the bounding box of the nodes and the origin
-  float MaxY = 0;
-  float MinX = 0;
-  float MinY = 0;
+  ModelExtents Extents;  ///< as they were when the model was last framed
   bool KeepView = false; ///< false: the next model drawing frames the extents
 
+  ModelLayers Layers; ///< what the five plain switches show
   bool ShowReactions = false;
   bool ShowMemberForces = false;
   bool ShowDeflectedShape = false;
@@ -36,18 +31,14 @@ struct DisplayState {
   bool DrawNodeMode = false;   ///< a click adds a node at the nearest grid point
   bool DrawMemberMode = false; ///< two clicks on nodes add a member
   MouseState Mouse;            ///< the other modes, and what the mouse is in the middle of
-
-  std::optional<ModelLayers> OwnLayers; ///< while set, drawn instead of the layers that the user wants to see
-
-  std::vector<std::string>* DrawingFailures = nullptr; ///< while set, failures are kept here and show no box
 };
 
 inline DisplayState TheDisplay;
 inline auto& DisplaySurface = TheDisplay.DisplaySurface;
-inline auto& MaxX = TheDisplay.MaxX;
-inline auto& MaxY = TheDisplay.MaxY;
-inline auto& MinX = TheDisplay.MinX;
-inline auto& MinY = TheDisplay.MinY;
+inline auto& MaxX = TheDisplay.Extents.maxX;
+inline auto& MaxY = TheDisplay.Extents.maxY;
+inline auto& MinX = TheDisplay.Extents.minX;
+inline auto& MinY = TheDisplay.Extents.minY;
 inline auto& KeepView = TheDisplay.KeepView;
 inline auto& ShowReactions = TheDisplay.ShowReactions;
 inline auto& ShowMemberForces = TheDisplay.ShowMemberForces;

@@ -1,6 +1,5 @@
 #include "modDrawing.h"
 
-#include "DisplayState.h"
 #include "Platform.h"
 #include "modNumberText.h"
 
@@ -53,9 +52,9 @@ void DrawNodeMarker(DrawingSurface& surface, double x, double y, Colour colour) 
   surface.DrawCircle(x, -y, NodeRadius);
 }
 
-void DrawHorizontalLoad(DrawingSurface& surface, float F, double x, double y, Colour colour) {
+void DrawHorizontalLoad(DrawingSurface& surface, float F, double x, double y, Colour colour, float scale) {
   if (!(std::fabs(F) >= LeastLoad)) return;
-  const double L = std::fabs(static_cast<double>(F)) / LoadsScale;
+  const double L = std::fabs(static_cast<double>(F)) / scale;
   surface.SetPenWidth(2);
   if (F > 0) {
     DrawArrow(surface, L * LoadHead, x, -y, x + L, -y, colour);
@@ -65,9 +64,9 @@ void DrawHorizontalLoad(DrawingSurface& surface, float F, double x, double y, Co
   PrintLoad(surface, F > 0 ? x + 0.1 : x + L - 0.4, y + 0.2, F, colour);
 }
 
-void DrawVerticalLoad(DrawingSurface& surface, float F, double x, double y, Colour colour) {
+void DrawVerticalLoad(DrawingSurface& surface, float F, double x, double y, Colour colour, float scale) {
   if (!(std::fabs(F) >= LeastLoad)) return;
-  const double L = std::fabs(static_cast<double>(F)) / LoadsScale;
+  const double L = std::fabs(static_cast<double>(F)) / scale;
   surface.SetPenWidth(2);
   if (F > 0) {
     DrawArrow(surface, L * LoadHead, x, -y, x, -(y + L), colour);
@@ -85,21 +84,20 @@ void PrintText(DrawingSurface& surface, double x, double y, const std::string& t
   surface.SetTextColour(Black);
 }
 
-void ReportDrawingFailure(const std::string& text, const std::exception& failure) {
-  const std::string whole = text + "\n" + failure.what();
-  if (TheDisplay.DrawingFailures != nullptr) {
-    TheDisplay.DrawingFailures->push_back(whole);
-  } else if (!MessageIsOpen()) {
-    ShowMessage(MessageIcon::Information, whole);
-  }
+void ShowDrawingFailure(const std::string& text) {
+  if (!MessageIsOpen()) ShowMessage(MessageIcon::Information, text);
 }
 
-bool TryDrawing(const std::function<void()>& draw) {
+void ReportDrawingFailure(const std::string& text, const std::exception& failure, const FailureReport& report) {
+  report(text + "\n" + failure.what());
+}
+
+bool TryDrawing(const std::function<void()>& draw, const FailureReport& report) {
   try {
     draw();
     return true;
   } catch (const std::exception& failure) {
-    ReportDrawingFailure("Drawing error: check the input data", failure);
+    ReportDrawingFailure("Drawing error: check the input data", failure, report);
     return false;
   }
 }

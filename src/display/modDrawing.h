@@ -1,6 +1,6 @@
 #pragma once
 
-#include "DrawingSurface.h"
+#include "TrussView.h"
 
 #include <exception>
 #include <functional>
@@ -27,22 +27,22 @@ void DrawArrow(DrawingSurface& surface, double headSize, double x1, double y1, d
 void DrawNodeMarker(DrawingSurface& surface, double x, double y, Colour colour);
 
 /// The x component F of a load or reaction, in kN, at a world point; nothing below 0.01 kN in size.
+/// scale: kN per m of arrow.
 /// The arrow lies to the right of the point for either sign: it pulls to the right or pushes to the left.
-void DrawHorizontalLoad(DrawingSurface& surface, float F, double x, double y, Colour colour);
+void DrawHorizontalLoad(DrawingSurface& surface, float F, double x, double y, Colour colour, float scale);
 
 /// The y component likewise; the arrow lies above the point for either sign.
-void DrawVerticalLoad(DrawingSurface& surface, float F, double x, double y, Colour colour);
+void DrawVerticalLoad(DrawingSurface& surface, float F, double x, double y, Colour colour, float scale);
 
 /// Prints at a point of the surface so that lines under the text show, and sets the text colour back to black.
 void PrintText(DrawingSurface& surface, double x, double y, const std::string& text, Colour colour);
 
-/// Tells the user in a box what kept a part of the drawing from being finished: `text`, then the failure's
-/// description on a line of its own.  While a box is open there is no second one.
-/// While DrawingFailures is set, the text goes there instead.
-void ReportDrawingFailure(const std::string& text, const std::exception& failure);
+/// Reports what kept a part of the drawing from being finished: `text`, then the failure's description on a line of
+/// its own.
+void ReportDrawingFailure(const std::string& text, const std::exception& failure, const FailureReport& report);
 
 /// Draws a part of the model or what marks it.  A failure ends that part and has been reported, under the words for
 /// the model, when this returns false.
-bool TryDrawing(const std::function<void()>& draw);
+bool TryDrawing(const std::function<void()>& draw, const FailureReport& report = ShowDrawingFailure);
 
 } // namespace strutwright

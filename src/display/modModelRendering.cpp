@@ -1,7 +1,5 @@
 #include "modModelRendering.h"
 
-#include "DisplayState.h"
-#include "Platform.h"
 #include "modDrawing.h"
 #include "modModelStore.h"
 #include "modNumberText.h"
@@ -19,9 +17,25 @@ struct Point {
   double y = 0;
 };
 
-Point NodePoint(int n) { return {NodeTable(n, NodeX), NodeTable(n, NodeY)}; }
+/// In drawn m, of which there are `unit` for a m of the truss.
+Point NodePoint(int n, float unit) {
+  const float x = NodeTable(n, NodeX) * unit;
+  const float y = NodeTable(n, NodeY) * unit;
+  return {x, y};
+}
 
-Point MemberEnd(int m, MemberField end) { return NodePoint(RoundNodeNumber(MemberTable(m, end))); }
+Point MemberEnd(int m, MemberField end, float unit) { return NodePoint(RoundNodeNumber(MemberTable(m, end)), unit); }
+
+void DrawMemberLine(DrawingSurface& surface, int m, Colour colour, float unit) {
+  const Point start = MemberEnd(m, MemberNodeI, unit);
+  const Point end = MemberEnd(m, MemberNodeJ, unit);
+  DrawLine(surface, start.x, start.y, end.x, end.y, colour);
+}
+
+void DrawMarker(DrawingSurface& surface, int n, Colour colour, float unit) {
+  const Point node = NodePoint(n, unit);
+  DrawNodeMarker(surface, node.x, node.y, colour);
+}
 
 void ResetPen(DrawingSurface& surface) {
   surface.SetPenMode(PenMode::Copy);
@@ -32,26 +46,26 @@ void ResetPen(DrawingSurface& surface) {
   surface.SetLineStyle(LineStyle::Solid);
 }
 
-void PrintMemberNumber(DrawingSurface& surface, int m) {
-  const Point start = MemberEnd(m, MemberNodeI);
-  const Point end = MemberEnd(m, MemberNodeJ);
+void PrintMemberNumber(DrawingSurface& surface, int m, float unit) {
+  const Point start = MemberEnd(m, MemberNodeI, unit);
+  const Point end = MemberEnd(m, MemberNodeJ, unit);
   PrintText(surface, (start.x + end.x) / 2, -((start.y + end.y) / 2), std::to_string(m), Red);
 }
 
-void DrawMembers(DrawingSurface& surface, bool numbers) {
+void DrawMembers(DrawingSurface& surface, const TrussView& view) {
   for (int m = 1; m <= MemberCount; ++m) {
-    DrawMember(surface, m, Black);
-    if (numbers) PrintMemberNumber(surface, m);
+    DrawMemberLine(surface, m, Black, view.unit);
+    if (view.layers.memberNumbers) PrintMemberNumber(surface, m, view.unit);
   }
 }
 
 /// The numbers stand off by a hundredth of the model's largest x, on purpose not of the window: zooming in parts
 /// them from their markers.
-void DrawNodes(DrawingSurface& surface, bool numbers) {
+void DrawNodes(DrawingSurface& surface, const TrussView& view) {
   for (int n = 1; n <= NodeCount; ++n) {
-    HighlightNode(surface, n, Black);
-    if (numbers) {
-      PrintText(surface, surface.CurrentX() + MaxX / 100.0, surface.CurrentY(), std::to_string(n), Black);
+    DrawMarker(surface, n, Black, view.unit);
+    if (view.layers.nodeNumbers) {
+      PrintText(surface, surface.CurrentX() + view.extents.maxX / 100.0, surface.CurrentY(), std::to_string(n), Black);
     }
   }
 }
@@ -148,16 +162,16 @@ void PrintGridValue(DrawingSurface& surface, double x, double y, double value) {
   surface.DrawText(FormatNumber(static_cast<float>(value), "#0.0"));
 }
 
-void DrawGridLines(DrawingSurface& surface, const ViewWindow& window) {
-  const double m = GridSpacingX / 20.0;
+void DrawGridLines(DrawingSurface& surface, const GridLines& grid, const ViewWindow& window) {
+  const double m = grid.spacingX / 20.0;
   const double right = static_cast<double>(window.left) + window.width;
   const double bottom = static_cast<double>(window.top) + window.height;
-  const Multiples across = MultiplesIn(GridSpacingX, window.left, window.width);
+  const Multiples across = MultiplesIn(grid.spacingX, window.left, window.width);
   for (int i = 0; i < across.count; ++i) {
     surface.DrawLine(across[i], window.top, across[i], bottom);
     PrintGridValue(surface, across[i] + m, 0, across[i]);
   }
-  const Multiples down = MultiplesIn(GridSpacingY, window.top, window.height);
+  const Multiples down = MultiplesIn(grid.spacingY, window.top, window.height);
   for (int i = 0; i < down.count; ++i) {
     surface.DrawLine(window.left, down[i], right, down[i]);
     PrintGridValue(surface, m, down[i], -down[i]);
@@ -170,45 +184,35 @@ void DrawAxes(DrawingSurface& surface, const ViewWindow& window) {
   surface.DrawLine(window.left, 0, static_cast<double>(window.left) + window.width, 0);
 }
 
-void DrawModelLayers(DrawingSurface& surface) {
+void DrawModelLayers(DrawingSurface& surface, const TrussView& view) {
   ResetPen(surface);
-  const ModelLayers layers = TheDisplay.OwnLayers ? *TheDisplay.OwnLayers : TheHost().Layers();
-  if (!KeepView) {
-    ComputeModelExtents();
-    SetViewWindow(surface, MinX, MaxX, MinY, MaxY);
-  }
+  const ModelExtents& extents = view.extents;
+  if (view.frameExtents) SetViewWindow(surface, extents.minX, extents.maxX, extents.minY, extents.maxY);
   surface.SetPenWidth(2);
-  if (layers.grid) DrawGrid(surface);
-  DrawMembers(surface, layers.memberNumbers);
-  DrawNodes(surface, layers.nodeNumbers);
-  if (layers.loads) DrawLoads(surface);
-  if (layers.supports) DrawSupports(surface);
+  if (view.layers.grid) DrawGrid(surface, view.grid);
+  DrawMembers(surface, view);
+  DrawNodes(surface, view);
+  if (view.layers.loads) DrawLoads(surface, view);
+  if (view.layers.supports) DrawSupports(surface, view.unit);
   surface.SetPenWidth(1);
 }
 
 } // namespace
 
-void DrawModel(DrawingSurface& surface) {
-  TryDrawing([&] { DrawModelLayers(surface); });
+void DrawModel(DrawingSurface& surface, const TrussView& view) {
+  TryDrawing([&] { DrawModelLayers(surface, view); }, view.failures);
 }
 
-void DrawMember(DrawingSurface& surface, int m, Colour colour) {
-  const Point start = MemberEnd(m, MemberNodeI);
-  const Point end = MemberEnd(m, MemberNodeJ);
-  DrawLine(surface, start.x, start.y, end.x, end.y, colour);
-}
+void DrawMember(DrawingSurface& surface, int m, Colour colour) { DrawMemberLine(surface, m, colour, 1); }
 
-void HighlightNode(DrawingSurface& surface, int n, Colour colour) {
-  const Point node = NodePoint(n);
-  DrawNodeMarker(surface, node.x, node.y, colour);
-}
+void HighlightNode(DrawingSurface& surface, int n, Colour colour) { DrawMarker(surface, n, colour, 1); }
 
-void DrawSupports(DrawingSurface& surface) {
+void DrawSupports(DrawingSurface& surface, float unit) {
   surface.SetPenWidth(2);
   for (int n = 1; n <= NodeCount; ++n) {
     const float code = NodeTable(n, NodeSupport);
     if (code == 0) continue;
-    const SupportSymbol symbol(surface, NodePoint(n), code == 2);
+    const SupportSymbol symbol(surface, NodePoint(n, unit), code == 2);
     if (code == 1 || code == 2) {
       DrawRoller(symbol);
     } else {
@@ -217,26 +221,25 @@ void DrawSupports(DrawingSurface& surface) {
   }
 }
 
-void DrawLoads(DrawingSurface& surface) {
+void DrawLoads(DrawingSurface& surface, const TrussView& view) {
   for (int n = 1; n <= NodeCount; ++n) {
-    const Point node = NodePoint(n);
-    DrawHorizontalLoad(surface, NodeTable(n, NodeForceX), node.x, node.y, Red);
-    DrawVerticalLoad(surface, NodeTable(n, NodeForceY), node.x, node.y, Red);
+    const Point node = NodePoint(n, view.unit);
+    DrawHorizontalLoad(surface, NodeTable(n, NodeForceX), node.x, node.y, Red, view.loadsScale);
+    DrawVerticalLoad(surface, NodeTable(n, NodeForceY), node.x, node.y, Red, view.loadsScale);
   }
 }
 
-void DrawGrid(DrawingSurface& surface) {
-  const LineStyle style = GridLineStyle == 0 ? LineStyle::Solid : LineStyle::Dashed;
-  SetGridPen(surface, style);
+void DrawGrid(DrawingSurface& surface, const GridLines& grid) {
+  SetGridPen(surface, grid.style);
   surface.SetTextAttribute(false);
   surface.SetTextColour(Grey);
   const ViewWindow window = surface.Window();
-  if (IsSparse(GridSpacingX, window.width, surface.PixelWidth()) &&
-      IsSparse(GridSpacingY, window.height, surface.PixelHeight())) {
-    DrawGridLines(surface, window);
+  if (IsSparse(grid.spacingX, window.width, surface.PixelWidth()) &&
+      IsSparse(grid.spacingY, window.height, surface.PixelHeight())) {
+    DrawGridLines(surface, grid, window);
   }
   DrawAxes(surface, window);
-  surface.SetLineStyle(style);
+  surface.SetLineStyle(grid.style);
   surface.SetTextColour(Black);
 }
 

@@ -6,31 +6,44 @@
 #include "modModelRendering.h"
 #include "modResultsRendering.h"
 #include "modRubberBands.h"
+#include "modViewTransform.h"
 
 namespace strutwright {
 
-void RedrawDisplay(DrawingSurface* surface, bool zoomToExtents) {
-  if (DisplaySurface == nullptr || surface == nullptr) return;
-  KeepView = !zoomToExtents;
-  TryDrawing([surface] { surface->Clear(); });
-  if (surface == DisplaySurface) ForgetRubberBands();
-  DrawModel(*surface);
-  if (ShowDeflectedShape) DrawDeflectedShape(Displacements, *surface, DeflectionScale);
-  if (ShowMemberForces) DrawMemberForces(*surface);
-  if (ShowReactions) DrawReactions(*surface);
+void Draw(DrawingSurface& surface, const TrussView& view) {
+  TryDrawing([&surface] { surface.Clear(); }, view.failures);
+  DrawModel(surface, view);
+  if (view.deflectedShape) DrawDeflectedShape(Displacements, surface, view);
+  if (view.memberForces) DrawMemberForces(surface, view);
+  if (view.reactions) DrawReactions(surface, view);
 }
 
-std::vector<std::string> RedrawQuietly(DrawingSurface* surface, bool zoomToExtents) {
-  std::vector<std::string> failures;
-  TheDisplay.DrawingFailures = &failures;
-  try {
-    RedrawDisplay(surface, zoomToExtents);
-  } catch (...) {
-    TheDisplay.DrawingFailures = nullptr; // the list ends here
-    throw;
-  }
-  TheDisplay.DrawingFailures = nullptr;
-  return failures;
+GridLines GridOfDisplay() {
+  return {.spacingX = GridSpacingX,
+          .spacingY = GridSpacingY,
+          .style = GridLineStyle == 0 ? LineStyle::Solid : LineStyle::Dashed};
+}
+
+TrussView ViewOfDisplay() {
+  return {.layers = TheDisplay.Layers,
+          .reactions = ShowReactions,
+          .memberForces = ShowMemberForces,
+          .deflectedShape = ShowDeflectedShape,
+          .deflectionScale = DeflectionScale,
+          .loadsScale = LoadsScale,
+          .grid = GridOfDisplay(),
+          .extents = TheDisplay.Extents,
+          .frameExtents = !KeepView};
+}
+
+void RedrawDisplay(DrawingSurface* surface, bool zoomToExtents, const FailureReport& failures) {
+  if (DisplaySurface == nullptr || surface == nullptr) return;
+  KeepView = !zoomToExtents;
+  if (zoomToExtents) ComputeModelExtents();
+  if (surface == DisplaySurface) ForgetRubberBands();
+  TrussView view = ViewOfDisplay();
+  view.failures = failures;
+  Draw(*surface, view);
 }
 
 } // namespace strutwright

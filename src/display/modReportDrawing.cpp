@@ -1,14 +1,13 @@
 #include "modReportDrawing.h"
 
 #include "AnalysisState.h"
-#include "DisplayState.h"
 #include "modModelStore.h"
 #include "modRedraw.h"
 #include "modViewTransform.h"
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
+#include <string>
 
 namespace strutwright {
 
@@ -142,35 +141,6 @@ double DrawnLength(const ReportFrame& frame) {
   return MemberCount == 0 ? 0 : sum / MemberCount * frame.unit * frame.width / frame.window.width;
 }
 
-/// Puts the display's state back, whatever was drawn.
-class KeptDisplay {
- public:
-  KeptDisplay() : Kept(TheDisplay) {}
-  ~KeptDisplay() { TheDisplay = Kept; }
-  KeptDisplay(const KeptDisplay&) = delete;
-  KeptDisplay& operator=(const KeptDisplay&) = delete;
-
- private:
-  DisplayState Kept;
-};
-
-/// The nodes at their places in units, and back at their own.
-class ScaledNodes {
- public:
-  explicit ScaledNodes(float unit) : Kept(NodeTable) {
-    for (int n = 1; n <= NodeCount; ++n) {
-      NodeTable(n, NodeX) *= unit;
-      NodeTable(n, NodeY) *= unit;
-    }
-  }
-  ~ScaledNodes() { NodeTable = std::move(Kept); }
-  ScaledNodes(const ScaledNodes&) = delete;
-  ScaledNodes& operator=(const ScaledNodes&) = delete;
-
- private:
-  FieldTable Kept;
-};
-
 } // namespace
 
 ReportFrame FrameReport() {
@@ -185,18 +155,18 @@ ReportFrame FrameReport() {
 }
 
 void DrawReport(DrawingSurface& surface, const ReportFrame& frame) {
-  const KeptDisplay kept;
-  const ScaledNodes scaled(frame.unit);
-  if (DisplaySurface == nullptr) DisplaySurface = &surface;
-  TheDisplay.OwnLayers = {.grid = false, .memberNumbers = frame.numbers, .nodeNumbers = frame.numbers};
-  ShowReactions = true;
-  ShowMemberForces = frame.forces;
-  ShowDeflectedShape = true;
-  DeflectionScale = frame.deflectionScale * frame.unit;
-  LoadsScale = frame.loadsScale / frame.unit;
+  const ModelLayers layers{.grid = false, .memberNumbers = frame.numbers, .nodeNumbers = frame.numbers};
+  const auto leaveOut = [](const std::string& /*failure*/) {};
   surface.SetWindow(frame.window);
-  ComputeModelExtents(); // the numbers stand off by a part of them
-  static_cast<void>(RedrawQuietly(&surface, false));
+  Draw(surface, {.layers = layers,
+                 .reactions = true,
+                 .memberForces = frame.forces,
+                 .deflectedShape = true,
+                 .deflectionScale = frame.deflectionScale * frame.unit,
+                 .loadsScale = frame.loadsScale / frame.unit,
+                 .unit = frame.unit,
+                 .extents = ExtentsOfModel(frame.unit),
+                 .failures = leaveOut});
 }
 
 } // namespace strutwright

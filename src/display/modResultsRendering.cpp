@@ -31,15 +31,18 @@ float EntryOf(const std::vector<float>& results, int n, int direction) {
   return results[static_cast<std::size_t>(dof)];
 }
 
+/// A coordinate of a node in drawn m.
+float Drawn(int n, NodeField coordinate, float unit) { return NodeTable(n, coordinate) * unit; }
+
 /// A member as a drawn line: start, direction (not normalised) and length, in m, y upwards.
 struct MemberLine {
-  explicit MemberLine(int m) {
+  MemberLine(int m, float unit) {
     const int i = RoundNodeNumber(MemberTable(m, MemberNodeI));
     const int j = RoundNodeNumber(MemberTable(m, MemberNodeJ));
-    x = NodeTable(i, NodeX);
-    y = NodeTable(i, NodeY);
-    dx = NodeTable(j, NodeX) - x;
-    dy = NodeTable(j, NodeY) - y;
+    x = Drawn(i, NodeX, unit);
+    y = Drawn(i, NodeY, unit);
+    dx = Drawn(j, NodeX, unit) - x;
+    dy = Drawn(j, NodeY, unit) - y;
     L = std::sqrt(dx * dx + dy * dy);
   }
 
@@ -66,8 +69,8 @@ void PrintForce(DrawingSurface& surface, const MemberLine& line, float F) {
   PrintText(surface, x, -y, FormatNumber(F, "#0.0"), Blue);
 }
 
-void DrawForce(DrawingSurface& surface, int m) {
-  const MemberLine line(m);
+void DrawForce(DrawingSurface& surface, int m, float unit) {
+  const MemberLine line(m, unit);
   const float F = MemberForce(m);
   surface.SetPenWidth(2);
   if (F < -ZeroForce) {
@@ -80,12 +83,13 @@ void DrawForce(DrawingSurface& surface, int m) {
   PrintForce(surface, line, F);
 }
 
-void DrawReaction(DrawingSurface& surface, int n) {
+void DrawReaction(DrawingSurface& surface, int n, const TrussView& view) {
   const float code = NodeTable(n, NodeSupport);
-  const double x = NodeTable(n, NodeX);
-  const double y = NodeTable(n, NodeY);
-  if (code == 1 || code == 3) DrawVerticalLoad(surface, EntryOf(Reactions, n, 1), x, y, Green);
-  if (code == 2 || code == 3) DrawHorizontalLoad(surface, EntryOf(Reactions, n, 0), x, y, Green);
+  const double x = Drawn(n, NodeX, view.unit);
+  const double y = Drawn(n, NodeY, view.unit);
+  const float scale = view.loadsScale;
+  if (code == 1 || code == 3) DrawVerticalLoad(surface, EntryOf(Reactions, n, 1), x, y, Green, scale);
+  if (code == 2 || code == 3) DrawHorizontalLoad(surface, EntryOf(Reactions, n, 0), x, y, Green, scale);
 }
 
 struct Displaced {
@@ -100,24 +104,24 @@ float Displace(float coordinate, float D, float scale) {
 }
 
 /// Node 0 stands for a node that a member does not name: the model is drawn from there too, and it never moves.
-Displaced DisplacedNode(const std::vector<float>& displacements, int n, float scale) {
-  if (n == 0) return {NodeTable(0, NodeX), NodeTable(0, NodeY)};
-  return {Displace(NodeTable(n, NodeX), EntryOf(displacements, n, 0), scale),
-          Displace(NodeTable(n, NodeY), EntryOf(displacements, n, 1), scale)};
+Displaced DisplacedNode(const std::vector<float>& displacements, int n, const TrussView& view) {
+  if (n == 0) return {Drawn(0, NodeX, view.unit), Drawn(0, NodeY, view.unit)};
+  return {Displace(Drawn(n, NodeX, view.unit), EntryOf(displacements, n, 0), view.deflectionScale),
+          Displace(Drawn(n, NodeY, view.unit), EntryOf(displacements, n, 1), view.deflectionScale)};
 }
 
 /// One pixel wide: the shape often lies close to the model, which must stay visible under it.
-void DrawDeflectedLayer(const std::vector<float>& displacements, DrawingSurface& surface, float scale) {
+void DrawDeflectedLayer(const std::vector<float>& displacements, DrawingSurface& surface, const TrussView& view) {
   UsePen(surface, Red);
   surface.SetPenWidth(1);
   for (int n = 1; n <= NodeCount; ++n) {
-    const Displaced node = DisplacedNode(displacements, n, scale);
+    const Displaced node = DisplacedNode(displacements, n, view);
     surface.DrawCircle(node.x, -node.y, DeflectedRadius);
   }
   surface.SetLineStyle(LineStyle::Dashed);
   for (int m = 1; m <= MemberCount; ++m) {
-    const Displaced i = DisplacedNode(displacements, RoundNodeNumber(MemberTable(m, MemberNodeI)), scale);
-    const Displaced j = DisplacedNode(displacements, RoundNodeNumber(MemberTable(m, MemberNodeJ)), scale);
+    const Displaced i = DisplacedNode(displacements, RoundNodeNumber(MemberTable(m, MemberNodeI)), view);
+    const Displaced j = DisplacedNode(displacements, RoundNodeNumber(MemberTable(m, MemberNodeJ)), view);
     surface.DrawLine(i.x, -i.y, j.x, -j.y);
   }
   surface.SetLineStyle(LineStyle::Solid);
@@ -125,27 +129,27 @@ void DrawDeflectedLayer(const std::vector<float>& displacements, DrawingSurface&
 
 } // namespace
 
-void DrawReactions(DrawingSurface& surface) {
+void DrawReactions(DrawingSurface& surface, const TrussView& view) {
   try {
-    for (int n = 1; n <= NodeCount; ++n) DrawReaction(surface, n);
+    for (int n = 1; n <= NodeCount; ++n) DrawReaction(surface, n, view);
   } catch (const std::exception& failure) {
-    ReportDrawingFailure("Drawing error: check the input data", failure);
+    ReportDrawingFailure("Drawing error: check the input data", failure, view.failures);
   }
 }
 
-void DrawMemberForces(DrawingSurface& surface) {
+void DrawMemberForces(DrawingSurface& surface, const TrussView& view) {
   try {
-    for (int m = 1; m <= MemberCount; ++m) DrawForce(surface, m);
+    for (int m = 1; m <= MemberCount; ++m) DrawForce(surface, m, view.unit);
   } catch (const std::exception& failure) {
-    ReportDrawingFailure("Drawing error: check the input data", failure);
+    ReportDrawingFailure("Drawing error: check the input data", failure, view.failures);
   }
 }
 
-void DrawDeflectedShape(const std::vector<float>& displacements, DrawingSurface& surface, float scale) {
+void DrawDeflectedShape(const std::vector<float>& displacements, DrawingSurface& surface, const TrussView& view) {
   try {
-    DrawDeflectedLayer(displacements, surface, scale);
+    DrawDeflectedLayer(displacements, surface, view);
   } catch (const std::exception& failure) {
-    ReportDrawingFailure("Drawing error: drawDSD function", failure);
+    ReportDrawingFailure("Drawing error: drawDSD function", failure, view.failures);
   }
 }
 

@@ -42,17 +42,20 @@ bool IsWithinLimits(double x, double y, double width, double height, double fact
 
 } // namespace
 
-void ComputeModelExtents() {
-  MaxX = MaxY = MinX = MinY = 0;
+ModelExtents ExtentsOfModel(float unit) {
+  ModelExtents extents;
   for (int n = 1; n <= NodeCount; ++n) {
-    const float x = NodeTable(n, NodeX);
-    const float y = NodeTable(n, NodeY);
-    if (x > MaxX) MaxX = x;
-    if (y > MaxY) MaxY = y;
-    if (x < MinX) MinX = x;
-    if (y < MinY) MinY = y;
+    const float x = NodeTable(n, NodeX) * unit;
+    const float y = NodeTable(n, NodeY) * unit;
+    if (x > extents.maxX) extents.maxX = x;
+    if (y > extents.maxY) extents.maxY = y;
+    if (x < extents.minX) extents.minX = x;
+    if (y < extents.minY) extents.minY = y;
   }
+  return extents;
 }
+
+void ComputeModelExtents() { TheDisplay.Extents = ExtentsOfModel(1); }
 
 void SetViewWindow(DrawingSurface& surface, float minX, float maxX, float minY, float maxY) {
   if (minX == 0 && maxX == 0 && minY == 0 && maxY == 0) return;

@@ -1,14 +1,17 @@
 #pragma once
 
-#include "DrawingSurface.h"
+#include "TrussView.h"
 
 namespace strutwright {
 
 // The window of the world that a surface shows.  A window that a 32-bit float can't hold is never set: the surface
 // then keeps the one that it has.
 
-/// Sets MinX, MaxX, MinY and MaxY to the bounding box of the nodes and the origin, in m.
+/// The bounding box of the nodes and the origin, in drawn m.  unit: drawn m for a m of the truss.
 /// The origin always belongs to it, on purpose: a model is seen where it stands, not only what it looks like.
+ModelExtents ExtentsOfModel(float unit);
+
+/// Sets MinX, MaxX, MinY and MaxY to those of the model, in m.
 void ComputeModelExtents();
 
 /// Frames a world box, in m: centred, in the surface's proportions, the box filling 1/1.4 of the window in the

@@ -4,15 +4,6 @@
 
 namespace strutwright {
 
-/// Which layers of the model the user wants to see.
-struct ModelLayers {
-  bool supports = true;
-  bool loads = true;
-  bool grid = true;
-  bool memberNumbers = true;
-  bool nodeNumbers = true;
-};
-
 /// What the lower floors ask of the main window.
 class Host {
  public:
@@ -30,9 +21,6 @@ class Host {
 
   /// Empties the drawing without drawing anew.
   virtual void ClearSurface() = 0;
-
-  /// The state of the five plain display switches, read at each drawing.
-  virtual ModelLayers Layers() = 0;
 
   /// DeflectionScale 100 and LoadsScale 10, shown in their labels.
   virtual void ResetScales() = 0;

@@ -11,7 +11,6 @@ class WindowlessHost : public Host {
   void RefreshStatusTexts() override {}
   void Redraw(bool /*zoomToExtents*/) override {}
   void ClearSurface() override {}
-  ModelLayers Layers() override { return {}; }
   void ResetScales() override {}
   void SetCaption(const std::string& /*caption*/) override {}
   void ClearGrids() override;

@@ -11,6 +11,7 @@
 #include "modModelStore.h"
 #include "modNumberText.h"
 #include "modRecentFiles.h"
+#include "modRedraw.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -122,7 +123,9 @@ void LayOutForCapacity() {
 void ApplyOptions() {
   TakeGridAndSnap();
   ShowGridAndSnap();
-  if (TheHost().Layers().grid && DisplaySurface != nullptr) TryDrawing([] { DrawGrid(*DisplaySurface); });
+  if (TheDisplay.Layers.grid && DisplaySurface != nullptr) {
+    TryDrawing([] { DrawGrid(*DisplaySurface, GridOfDisplay()); });
+  }
   if (TheOptions.capacityChanged) LayOutForCapacity();
   TheHost().Redraw(false);
   applyMaxFiles();

@@ -5,6 +5,8 @@
 #include "FakePlatform.h"
 #include "ModelBuilder.h"
 #include "RecordingSurface.h"
+#include "modRedraw.h"
+#include "modViewTransform.h"
 
 #include <string>
 #include <vector>
@@ -21,9 +23,15 @@ class DisplayFixture : public PlatformTest {
     TheAnalysis = AnalysisState{};
     TheDisplay = DisplayState{};
     DisplaySurface = &surface;
-    host.layers = {false, false, false, false, false};
+    TheDisplay.Layers = {false, false, false, false, false};
   }
   ~DisplayFixture() override { TheDisplay = DisplayState{}; }
+
+  /// What the display shows; the extents are taken where it would frame them.
+  static TrussView View() {
+    if (!KeepView) ComputeModelExtents();
+    return ViewOfDisplay();
+  }
 
   static Message DrawingBox(const std::string& description) {
     return Box(MessageIcon::Information, "Drawing error: check the input data\n" + description);

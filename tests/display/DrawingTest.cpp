@@ -56,41 +56,41 @@ TEST_F(DrawingTest, HasNoHeadOnAnArrowWithoutLength) {
 }
 
 TEST_F(DrawingTest, PullsToTheRight) {
-  DrawHorizontalLoad(surface, 20, 1, 3, Red); // 20 kN at 10 kN a metre
+  DrawHorizontalLoad(surface, 20, 1, 3, Red, LoadsScale); // 20 kN at 10 kN a metre
   EXPECT_THAT(surface.ink, ElementsAre("line 1 -3 3 -3 red 2", "line 3 -3 2.5 -3.5 red 2", "line 3 -3 2.5 -2.5 red 2",
                                        "text 1.1 -3.2 '20.0' red"));
 }
 
 TEST_F(DrawingTest, PushesToTheLeftFromTheRight) {
-  DrawHorizontalLoad(surface, -20, 1, 3, Red);
+  DrawHorizontalLoad(surface, -20, 1, 3, Red, LoadsScale);
   EXPECT_THAT(surface.ink, ElementsAre("line 3 -3 1 -3 red 2", "line 1 -3 1.5 -2.5 red 2", "line 1 -3 1.5 -3.5 red 2",
                                        "text 2.6 -3.2 '-20.0' red"));
 }
 
 TEST_F(DrawingTest, PullsUpwards) {
-  DrawVerticalLoad(surface, 20, 1, 3, Green);
+  DrawVerticalLoad(surface, 20, 1, 3, Green, LoadsScale);
   EXPECT_THAT(surface.ink, ElementsAre("line 1 -3 1 -5 green 2", "line 1 -5 0.5 -4.5 green 2",
                                        "line 1 -5 1.5 -4.5 green 2", "text 1.1 -5 '20.0' green"));
 }
 
 TEST_F(DrawingTest, PushesDownwardsFromAbove) {
-  DrawVerticalLoad(surface, -20, 1, 3, Green);
+  DrawVerticalLoad(surface, -20, 1, 3, Green, LoadsScale);
   EXPECT_THAT(surface.ink, ElementsAre("line 1 -5 1 -3 green 2", "line 1 -3 1.5 -3.5 green 2",
                                        "line 1 -3 0.5 -3.5 green 2", "text 1.1 -5 '-20.0' green"));
 }
 
 TEST_F(DrawingTest, ScalesArrowsByTheLoadsScale) {
   LoadsScale = 40;
-  DrawVerticalLoad(surface, 20, 0, 0, Red);
+  DrawVerticalLoad(surface, 20, 0, 0, Red, LoadsScale);
   EXPECT_EQ(surface.ink.front(), "line 0 0 0 -0.5 red 2");
 }
 
 TEST_F(DrawingTest, DrawsLoadsFromAHundredthOn) {
-  DrawHorizontalLoad(surface, 0.005F, 0, 0, Red);
-  DrawVerticalLoad(surface, -0.00999F, 0, 0, Red);
+  DrawHorizontalLoad(surface, 0.005F, 0, 0, Red, LoadsScale);
+  DrawVerticalLoad(surface, -0.00999F, 0, 0, Red, LoadsScale);
   EXPECT_THAT(surface.ink, IsEmpty());
-  DrawHorizontalLoad(surface, 0.01F, 0, 0, Red);
-  DrawVerticalLoad(surface, -0.01F, 0, 0, Red);
+  DrawHorizontalLoad(surface, 0.01F, 0, 0, Red, LoadsScale);
+  DrawVerticalLoad(surface, -0.01F, 0, 0, Red, LoadsScale);
   EXPECT_THAT(surface.Ink("text", "red"), ElementsAre("text 0.1 -0.2 '0.0' red", "text 0.1 -0.001 '0.0' red"));
   EXPECT_EQ(surface.ink.size(), 8U);
 }

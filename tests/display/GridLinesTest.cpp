@@ -19,7 +19,7 @@ class GridLinesTest : public DisplayFixture {
     surface.Forget();
     GridSpacingX = spacingX;
     GridSpacingY = spacingY;
-    DrawGrid(surface);
+    DrawGrid(surface, GridOfDisplay());
   }
 
   GridLinesTest() { surface.window = {-0.5F, -1.5F, 3, 2}; }

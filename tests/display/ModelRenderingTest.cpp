@@ -14,7 +14,7 @@ class ModelRenderingTest : public DisplayFixture {
  protected:
   Lines Draw(const ModelData& model) {
     SetTables(model);
-    DrawModel(surface);
+    DrawModel(surface, View());
     return surface.ink;
   }
 };
@@ -26,25 +26,25 @@ TEST_F(ModelRenderingTest, DrawsMembersThenNodes) {
 }
 
 TEST_F(ModelRenderingTest, NumbersAMemberAtItsMiddle) {
-  host.layers.memberNumbers = true;
+  TheDisplay.Layers.memberNumbers = true;
   EXPECT_THAT(Draw(Bar), ElementsAre("line 0 0 4 -2 black 2", "text 2 -1 '1' red", "circle 0 0 0.1 black 2",
                                      "circle 4 -2 0.1 black 2"));
 }
 
 TEST_F(ModelRenderingTest, NumbersANodeAHundredthOfTheLargestXBesideIt) {
-  host.layers.nodeNumbers = true;
+  TheDisplay.Layers.nodeNumbers = true;
   EXPECT_THAT(Draw(Bar), ElementsAre("line 0 0 4 -2 black 2", "circle 0 0 0.1 black 2", "text 0.04 0 '1' black",
                                      "circle 4 -2 0.1 black 2", "text 4.04 -2 '2' black"));
 }
 
 TEST_F(ModelRenderingTest, NumbersANodeOnItsCentreWhereNoXIsAboveZero) {
-  host.layers.nodeNumbers = true;
+  TheDisplay.Layers.nodeNumbers = true;
   Draw({{{-4, 2}}, {}});
   EXPECT_EQ(surface.ink.back(), "text -4 -2 '1' black");
 }
 
 TEST_F(ModelRenderingTest, TakesTheNumbersDistanceFromTheLastExtents) {
-  host.layers.nodeNumbers = true;
+  TheDisplay.Layers.nodeNumbers = true;
   KeepView = true;
   MaxX = 50; // as the last framing left it
   Draw({{{4, 2}}, {}});
@@ -52,15 +52,15 @@ TEST_F(ModelRenderingTest, TakesTheNumbersDistanceFromTheLastExtents) {
 }
 
 TEST_F(ModelRenderingTest, DrawsSupportsOverLoads) {
-  host.layers.loads = true;
-  host.layers.supports = true;
+  TheDisplay.Layers.loads = true;
+  TheDisplay.Layers.supports = true;
   Draw({{{0, 0, 10, 0, 3}}, {}});
   EXPECT_EQ(surface.ink.at(1), "line 0 0 1 0 red 2");
   EXPECT_EQ(surface.ink.back(), "circle 0 0 0.1 green 2");
 }
 
 TEST_F(ModelRenderingTest, DrawsTheGridBelowAllElse) {
-  host.layers.grid = true;
+  TheDisplay.Layers.grid = true;
   Draw(Bar);
   EXPECT_EQ(surface.ink.front().substr(0, 4), "line");
   EXPECT_NE(surface.ink.front().find("grey"), std::string::npos);
@@ -68,7 +68,7 @@ TEST_F(ModelRenderingTest, DrawsTheGridBelowAllElse) {
 }
 
 TEST_F(ModelRenderingTest, LabelsLoadsInBothDirections) {
-  host.layers.loads = true;
+  TheDisplay.Layers.loads = true;
   Draw({{{1, 2, 5, -10, 0}}, {}});
   EXPECT_EQ(surface.Ink("text", "red"), (Lines{"text 1.1 -2.2 '5.0' red", "text 1.1 -3 '-10.0' red"}));
 }
@@ -76,14 +76,14 @@ TEST_F(ModelRenderingTest, LabelsLoadsInBothDirections) {
 TEST_F(ModelRenderingTest, ReadsTheLayersAtEveryDrawing) {
   Draw(Bar);
   surface.Forget();
-  host.layers.nodeNumbers = true;
-  DrawModel(surface);
+  TheDisplay.Layers.nodeNumbers = true;
+  DrawModel(surface, View());
   EXPECT_EQ(surface.Ink("text", "black").size(), 2U);
 }
 
 TEST_F(ModelRenderingTest, ResetsThePenAndLeavesItOnePixelWide) {
   SetTables({});
-  DrawModel(surface);
+  DrawModel(surface, View());
   EXPECT_THAT(surface.calls, ElementsAre("PenMode copy", "FillStyle solid", "FillColour black", "PenColour black",
                                          "TextColour black", "LineStyle solid", "PenWidth 2", "PenWidth 1"));
 }
@@ -100,7 +100,7 @@ TEST_F(ModelRenderingTest, FramesTheExtentsUnlessTheViewIsKept) {
 
 TEST_F(ModelRenderingTest, LeavesTheWindowOfAnEmptyModel) {
   const ViewWindow before = surface.window;
-  host.layers = ModelLayers{};
+  TheDisplay.Layers = ModelLayers{};
   Draw({});
   EXPECT_EQ(surface.window, before);
   EXPECT_EQ(surface.Ink("line", "grey").size() + surface.Ink("text", "grey").size(), surface.ink.size());
@@ -113,7 +113,7 @@ TEST_F(ModelRenderingTest, RoundsNodeNumbersToEven) {
 }
 
 TEST_F(ModelRenderingTest, StopsAtAMemberWithoutItsNode) {
-  host.layers.supports = true;
+  TheDisplay.Layers.supports = true;
   EXPECT_THAT(Draw({{{0, 0, 0, 0, 3}, {4, 2}}, {{1, 2}, {1, 3}, {2, 1}}}), ElementsAre("line 0 0 4 -2 black 2"));
   EXPECT_THAT(TakeMessages(), ElementsAre(DrawingBox("table index 3,1")));
 }

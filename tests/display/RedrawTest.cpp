@@ -93,7 +93,7 @@ TEST_F(RedrawTest, GoesOnAfterAFailure) {
 
 TEST_F(RedrawTest, NeverThrows) {
   ShowReactions = ShowMemberForces = ShowDeflectedShape = true;
-  host.layers = ModelLayers{};
+  TheDisplay.Layers = ModelLayers{};
   RedrawDisplay(&surface, true);
   const int calls = static_cast<int>(surface.calls.size());
   for (int n = 1; n <= calls; ++n) {
@@ -106,10 +106,14 @@ TEST_F(RedrawTest, NeverThrows) {
 
 TEST_F(RedrawTest, CanKeepItsFailuresForTheStatusBar) {
   MemberTable(1, MemberNodeJ) = 9;
-  EXPECT_THAT(RedrawQuietly(&surface, false), ElementsAre("Drawing error: check the input data\ntable index 9,1"));
+  Lines failures;
+  const auto keep = [&failures](const std::string& text) { failures.push_back(text); };
+  RedrawDisplay(&surface, false, keep);
+  EXPECT_THAT(failures, ElementsAre("Drawing error: check the input data\ntable index 9,1"));
+  failures.clear();
   MemberTable(1, MemberNodeJ) = 2;
-  EXPECT_THAT(RedrawQuietly(&surface, false), IsEmpty());
-  EXPECT_EQ(TheDisplay.DrawingFailures, nullptr);
+  RedrawDisplay(&surface, false, keep);
+  EXPECT_THAT(failures, IsEmpty());
 }
 
 /// A desktop that paints a window anew while it shows a box over it.
@@ -140,7 +144,7 @@ TEST_F(RedrawTest, ShowsNoSecondBoxUnderAnOpenOne) {
 
 TEST_F(RedrawTest, SurvivesCoordinatesOfAnySize) {
   ShowReactions = ShowMemberForces = ShowDeflectedShape = true;
-  host.layers = ModelLayers{};
+  TheDisplay.Layers = ModelLayers{};
   const float huge = std::numeric_limits<float>::max();
   for (const float x : {1e30F, huge, -huge, 1e-30F, Infinity, NaN}) {
     SetTables({{{0, 0, x, x, 3}, {x, -x, x, x, x}}, {{1, 2}, {2, 2}}});
@@ -154,7 +158,7 @@ TEST_F(RedrawTest, SurvivesCoordinatesOfAnySize) {
 }
 
 TEST_F(RedrawTest, SurvivesLoadsWithoutAScale) {
-  host.layers.loads = true;
+  TheDisplay.Layers.loads = true;
   LoadsScale = 0;
   SetTables({{{0, 0, 5, 5}}, {}});
   RedrawDisplay(&surface, true);

@@ -76,7 +76,7 @@ TEST_F(ReportDrawingTest, LeavesTheDisplayAsItIs) {
   EXPECT_TRUE(DrawNodeMode);
   EXPECT_TRUE(TheMouse.RubberBands[0].has_value());
   EXPECT_EQ(MaxX, 99.0F);
-  EXPECT_FALSE(TheDisplay.OwnLayers.has_value());
+  EXPECT_EQ(TheDisplay.Layers, (ModelLayers{false, false, false, false, false}));
 }
 
 TEST_F(ReportDrawingTest, LeavesTheModelAsItIs) {

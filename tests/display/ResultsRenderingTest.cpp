@@ -19,8 +19,14 @@ class ResultsRenderingTest : public DisplayFixture {
     SetTables({{{0, 0}, {dx, dy}}, {{1, 2}}});
     MemberTable(1, MemberFieldForce) = F;
     surface.Forget();
-    DrawMemberForces(surface);
+    DrawMemberForces(surface, View());
     return surface.ink;
+  }
+
+  /// The view with a scale of the deflected shape.
+  static TrussView Scaled(float scale) {
+    DeflectionScale = scale;
+    return View();
   }
 
   /// What the reactions layer draws at a support of this code with reactions of 20 and 30 kN.
@@ -28,7 +34,7 @@ class ResultsRenderingTest : public DisplayFixture {
     SetTables({{{1, 3, 0, 0, code}}, {}});
     Reactions = {0, 20, 30};
     surface.Forget();
-    DrawReactions(surface);
+    DrawReactions(surface, View());
     return surface.Ink("text", "green");
   }
 };
@@ -84,28 +90,28 @@ TEST_F(ResultsRenderingTest, DrawsNoReactionsOfOtherCodes) {
 TEST_F(ResultsRenderingTest, LeavesOutReactionsBelowAHundredth) {
   SetTables({{{1, 3, 0, 0, 3}}, {}});
   Reactions = {0, 0.009F, -0.01F};
-  DrawReactions(surface);
+  DrawReactions(surface, View());
   EXPECT_EQ(surface.Ink("text", "green"), (Lines{"text 1.1 -3.001 '0.0' green"}));
 }
 
 TEST_F(ResultsRenderingTest, DrawsReactionsAsTheArrowsOfLoads) {
   SetTables({{{1, 3, 0, 0, 2}}, {}});
   Reactions = {0, -20, 30};
-  DrawReactions(surface);
+  DrawReactions(surface, View());
   EXPECT_THAT(surface.ink, ElementsAre("line 3 -3 1 -3 green 2", "line 1 -3 1.5 -2.5 green 2",
                                        "line 1 -3 1.5 -3.5 green 2", "text 2.6 -3.2 '-20.0' green"));
 }
 
 TEST_F(ResultsRenderingTest, DrawsTheDeflectedShapeDashedAndHollow) {
   SetTables({{{0, 0}, {4, 3}}, {{1, 2}}});
-  DrawDeflectedShape({0, 0, 0, 2, -5}, surface, 100); // 0.2 m to the right and 0.5 m down
+  DrawDeflectedShape({0, 0, 0, 2, -5}, surface, Scaled(100)); // 0.2 m to the right and 0.5 m down
   EXPECT_THAT(surface.ink,
               ElementsAre("circle 0 0 0.1 red 1", "circle 4.2 -2.5 0.1 red 1", "line 0 0 4.2 -2.5 red 1 dashed"));
 }
 
 TEST_F(ResultsRenderingTest, RoundsADisplacedCoordinateToSinglePrecision) {
   SetTables({{{16777216, 0}}, {}});
-  DrawDeflectedShape({0, 300, 0}, surface, 1); // 0.3 m more is lost to a float of this size
+  DrawDeflectedShape({0, 300, 0}, surface, Scaled(1)); // 0.3 m more is lost to a float of this size
   EXPECT_EQ(surface.CurrentX(), 16777216);
 }
 
@@ -126,7 +132,7 @@ TEST_F(ResultsRenderingTest, StopsTheShapeAtANodeBelow0) {
 
 TEST_F(ResultsRenderingTest, StopsTheShapeWhereAResultIsMissing) {
   SetTables({{{0, 0}, {4, 3}}, {{1, 2}}});
-  DrawDeflectedShape({0, 0, 0}, surface, 100);
+  DrawDeflectedShape({0, 0, 0}, surface, Scaled(100));
   EXPECT_EQ(surface.ink.size(), 1U);
   EXPECT_THAT(TakeMessages(),
               ElementsAre(Box(MessageIcon::Information, "Drawing error: drawDSD function\nnode 2 has no result")));
@@ -135,15 +141,15 @@ TEST_F(ResultsRenderingTest, StopsTheShapeWhereAResultIsMissing) {
 TEST_F(ResultsRenderingTest, TellsWhenTheSurfaceFailsUnderTheShape) {
   SetTables({{{0, 0}}, {}});
   surface.failAt = 7;
-  DrawDeflectedShape({0, 0, 0}, surface, 100);
+  DrawDeflectedShape({0, 0, 0}, surface, Scaled(100));
   EXPECT_THAT(TakeMessages(),
               ElementsAre(Box(MessageIcon::Information, "Drawing error: drawDSD function\nthe surface is lost")));
 }
 
 TEST_F(ResultsRenderingTest, TellsWhenForcesOrReactionsCannotBeDrawn) {
   SetTables({{{0, 0, 0, 0, 3}}, {{1, 2}}});
-  DrawMemberForces(surface);
-  DrawReactions(surface);
+  DrawMemberForces(surface, View());
+  DrawReactions(surface, View());
   EXPECT_THAT(TakeMessages(), ElementsAre(DrawingBox("table index 2,1"), DrawingBox("node 1 has no result")));
 }
 

@@ -121,7 +121,6 @@ class FakeHost : public Host {
   void RefreshStatusTexts() override { asked.emplace_back("RefreshStatusTexts"); }
   void Redraw(bool zoomToExtents) override;
   void ClearSurface() override { asked.emplace_back("ClearSurface"); }
-  ModelLayers Layers() override { return layers; }
   void ResetScales() override { asked.emplace_back("ResetScales"); }
   void SetCaption(const std::string& caption) override { asked.push_back("SetCaption(" + caption + ")"); }
   void ClearGrids() override { asked.emplace_back("ClearGrids"); }
@@ -135,7 +134,6 @@ class FakeHost : public Host {
   void SavePicture(const std::string& path) override;
 
   std::vector<std::string> asked;
-  ModelLayers layers;
   std::string pictureFailure;              ///< reason why no picture can be saved; empty when one can
   std::function<int(float, float)> nodeAt; ///< answers NodeAt; without it there is no node
   int reportsUntilCancel = -1;             ///< how many reports of progress go by before the user cancels; -1: never

@@ -290,7 +290,7 @@ TEST_F(ReportTest, DoesNotDependOnWhatTheDisplayShows) {
   DeflectionScale = 30;
   LoadsScale = 3;
   ShowReactions = ShowMemberForces = ShowDeflectedShape = false;
-  host.layers = {false, false, true, false, false};
+  TheDisplay.Layers = {false, false, true, false, false};
   EXPECT_EQ(MakeReport("bridge.stw").document.html, html);
   EXPECT_EQ(paper.drawn, drawn);
 }

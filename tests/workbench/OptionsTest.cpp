@@ -178,7 +178,7 @@ TEST_F(ApplyOptionsTest, DrawsTheGridWhereItIsSwitchedOn) {
   EXPECT_THAT(surface.ink, testing::Not(IsEmpty()));
   EXPECT_THAT(surface.ink, Contains(testing::HasSubstr("dashed")));
   surface.Forget();
-  host.layers.grid = false;
+  TheDisplay.Layers.grid = false;
   ApplyOptions();
   EXPECT_THAT(surface.ink, IsEmpty());
 }

@@ -2,8 +2,8 @@
 
 #include "DataGridView.h"
 #include "GridEditBox.h"
-#include "Host.h"
 #include "ScaleSpinner.h"
+#include "TrussView.h"
 
 #include <array>
 

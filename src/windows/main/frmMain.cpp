@@ -96,6 +96,7 @@ void frmMain::AnimateDSD() { StartAnimation(*CBpic->udDeflectionScale); }
 
 void frmMain::MDIForm_Load() {
   AnalysisDone = FlagFalse;
+  TheDisplay.Layers = CBpic->Layers();
   KeepView = false;
   ShowDeflectedShape = false;
   ShowMemberForces = false;
@@ -231,7 +232,8 @@ void frmMain::TakeCell(const std::function<bool()>& take) {
 
 void frmMain::RedrawWhatCanBeDrawn(bool zoomToExtents) {
   if (Working) return;
-  const std::vector<std::string> failures = RedrawQuietly(DisplaySurface, zoomToExtents);
+  std::vector<std::string> failures;
+  RedrawDisplay(DisplaySurface, zoomToExtents, [&failures](const std::string& text) { failures.push_back(text); });
   ShowDrawing();
   // Where there is a gap in the grids it is the reason, and the note on it says more.
   if (failures.empty() || !RowGapText().empty()) return;

@@ -136,7 +136,6 @@ class frmMain : public QMainWindow, public Host {
   void RefreshStatusTexts() override;
   void Redraw(bool zoomToExtents) override;
   void ClearSurface() override;
-  ModelLayers Layers() override;
   void ResetScales() override;
   void SetCaption(const std::string& caption) override;
   void ClearGrids() override;

@@ -218,7 +218,10 @@ void frmMain::RunOnGrid(GridCommand command) {
 
 void frmMain::ConnectSwitches() {
   for (QCheckBox* box : {CBpic->SupportsChk, CBpic->loadsChk, CBpic->gridChk, CBpic->memberChk, CBpic->nodeChk}) {
-    OnSignal(box, &QCheckBox::toggled, this, [this] { Run([this] { Redraw(false); }); });
+    OnSignal(box, &QCheckBox::toggled, this, [this] {
+      TheDisplay.Layers = CBpic->Layers();
+      Run([this] { Redraw(false); });
+    });
   }
   const auto connectResult = [this](QCheckBox* box, bool& flag, bool& guard) {
     OnSignal(box, &QCheckBox::toggled, this,

@@ -39,8 +39,6 @@ void frmMain::ClearSurface() {
   if (Graph != nullptr) Graph->ShowDrawing();
 }
 
-ModelLayers frmMain::Layers() { return CBpic->Layers(); }
-
 void frmMain::ResetScales() {
   strutwright::ResetScales();
   ShowScales();
