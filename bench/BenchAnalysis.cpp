@@ -59,9 +59,7 @@ void Prepare(const benchmark::State& state) {
 }
 
 void Analyse() {
-  std::int16_t ok = FlagTrue;
-  AnalyseTruss(ok);
-  if (ok == FlagFalse) throw std::runtime_error("the truss should be stable");
+  if (AnalyseTruss() != AnalysisEnd::Done) throw std::runtime_error("the truss should be stable");
 }
 
 /// What this process and those it has waited for have computed so far, in ms.  Unlike the time that passes it does not
@@ -92,16 +90,17 @@ double MedianTime(const std::function<void()>& something) {
 
 /// The equations of the model in the tables, supports and loads included.
 GeneralEquations EquationsOfModel() {
-  AnalysisState& state = TheAnalysis;
-  const auto size = static_cast<std::size_t>(DofCount + 1);
-  state.LoadVector.assign(size, 0.0F);
-  state.Reactions.assign(size, 0.0F);
-  state.FixedDof.assign(size, 0);
-  TiledMatrix K(DofCount);
-  AssembleGlobalStiffness(K);
+  AllocateAnalysisArrays();
+  AssembleGlobalStiffness(GlobalStiffness);
   BuildLoadVector(LoadVector);
-  ApplySupports(K, LoadVector, Reactions, FixedDof);
-  return {DofCount, K.Entries(), LoadVector};
+  ApplySupports(GlobalStiffness, LoadVector, Reactions, FixedDof);
+  GeneralEquations equations{DofCount, {}, LoadVector};
+  for (int row = 1; row <= DofCount; ++row) {
+    for (const StiffnessMatrix::Entry& entry : GlobalStiffness.Row(row)) {
+      equations.entries.push_back({row, entry.column, entry.value});
+    }
+  }
+  return equations;
 }
 
 void Compare(benchmark::State& state) {

@@ -1,6 +1,7 @@
 // How long each step from a stored model to its answers takes, for Pratt trusses of 10, 100 and 1000 nodes.
 
 #include "AnalysisState.h"
+#include "LongWork.h"
 #include "MessageBoxes.h"
 #include "ModelBuilder.h"
 #include "NativeFileSystem.h"
@@ -81,21 +82,16 @@ void Solve(benchmark::State& state) {
   BuildLoadVector(LoadVector);
   ApplySupports(GlobalStiffness, LoadVector, Reactions, FixedDof);
   for ([[maybe_unused]] auto step : state) {
-    state.PauseTiming();
-    Matrix K = GlobalStiffness;
-    state.ResumeTiming();
-    std::int16_t ok = FlagTrue;
-    SolveEquations(K, Displacements, LoadVector, DofCount, ok);
-    if (ok == FlagFalse) state.SkipWithError("the truss should be stable");
+    LongWork work("Solving");
+    const SolveOutcome outcome = SolveEquations(GlobalStiffness, Displacements, LoadVector, work);
+    if (outcome != SolveOutcome::Solved) state.SkipWithError("the truss should be stable");
   }
 }
 
 void WholeAnalysis(benchmark::State& state) {
   Prepare(state);
   for ([[maybe_unused]] auto step : state) {
-    std::int16_t ok = FlagTrue;
-    AnalyseTruss(ok);
-    if (ok == FlagFalse) state.SkipWithError("the truss should be stable");
+    if (AnalyseTruss() != AnalysisEnd::Done) state.SkipWithError("the truss should be stable");
   }
 }
 

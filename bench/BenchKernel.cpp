@@ -5,6 +5,7 @@
 #include "LongWork.h"
 #include "Platform.h"
 #include "TiledSolver.h"
+#include "modSolver.h"
 
 #include <array>
 #include <cstddef>
@@ -76,7 +77,8 @@ void InDenseFill(benchmark::State& state) {
     TiledMatrix K = FullEquations();
     LongWork work("Solving");
     state.ResumeTiming();
-    if (SolveTiled(K, D, *kernel, work) != Solution::Found) state.SkipWithError("the matrix should be sound");
+    if (SolveTiled(K, D, PivotTolerance, *kernel, work) != Solution::Found)
+      state.SkipWithError("the matrix should be sound");
   }
   const double n = FullFreedoms;
   CountUpdates(state, n * n * n / 3);

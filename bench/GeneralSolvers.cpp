@@ -20,7 +20,7 @@ namespace {
 #ifdef WITH_EIGEN
 void SolveWithEigen(const GeneralEquations& equations) {
   std::vector<Eigen::Triplet<double>> triplets;
-  for (const TiledMatrix::Entry& entry : equations.entries) {
+  for (const GeneralEquations::Entry& entry : equations.entries) {
     if (entry.column <= entry.row) triplets.emplace_back(entry.row - 1, entry.column - 1, entry.value);
   }
   Eigen::SparseMatrix<double> K(equations.freedoms, equations.freedoms);
@@ -38,7 +38,7 @@ constexpr int WidestBand = 200;
 
 int HalfBand(const GeneralEquations& equations) {
   int widest = 0;
-  for (const TiledMatrix::Entry& entry : equations.entries) {
+  for (const GeneralEquations::Entry& entry : equations.entries) {
     widest = std::max(widest, std::abs(entry.row - entry.column));
   }
   return widest;
@@ -49,7 +49,7 @@ void SolveWithLapack(const GeneralEquations& equations) {
   const int half = HalfBand(equations);
   const int rows = 3 * half + 1;
   std::vector<double> band(static_cast<std::size_t>(rows) * static_cast<std::size_t>(n));
-  for (const TiledMatrix::Entry& entry : equations.entries) {
+  for (const GeneralEquations::Entry& entry : equations.entries) {
     const int row = 2 * half + entry.row - entry.column;
     band[static_cast<std::size_t>(entry.column - 1) * static_cast<std::size_t>(rows) + static_cast<std::size_t>(row)] =
         entry.value;

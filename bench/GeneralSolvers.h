@@ -1,7 +1,5 @@
 #pragma once
 
-#include "TiledMatrix.h"
-
 #include <functional>
 #include <string>
 #include <vector>
@@ -10,9 +8,16 @@ namespace strutwright {
 
 /// Equations as a general solver takes them.
 struct GeneralEquations {
+  /// Numbered from 1.
+  struct Entry {
+    int row = 0;
+    int column = 0;
+    float value = 0;
+  };
+
   int freedoms = 0;
-  std::vector<TiledMatrix::Entry> entries; ///< numbered from 1
-  std::vector<float> rightHandSide;        ///< (0..freedoms), entry 0 is not used
+  std::vector<Entry> entries;
+  std::vector<float> rightHandSide; ///< (0..freedoms), entry 0 is not used
 };
 
 /// Another way to solve them, in double precision, from the numbers to the solution.

@@ -29,11 +29,8 @@ class SilentDesktop : public MessageBoxes {
 
 CheckReport Judge(const ModelData& model) {
   SetTables(model);
-  AnalysisDone = FlagTrue;
-  std::int16_t ok = FlagTrue;
-  AnalyseTruss(ok);
-  if (ok == FlagFalse) AnalysisDone = FlagFalse;
-  return CheckAnswer(LastOutcome());
+  const bool done = AnalyseTruss() == AnalysisEnd::Done;
+  return CheckAnswer(done ? AnalysisOutcome::Done : AnalysisOutcome::Unstable);
 }
 
 /// The largest displacement of the analysis in mm.

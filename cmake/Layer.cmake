@@ -1,7 +1,7 @@
 # strutwright_layer(NAME [FOLDERS ...] SOURCES ... HEADERS ... USES ...)
 #
 # One folder, one library, one include path. USES names the layers below that the folder may include; what a
-# folder does not name it can neither include nor, in the `layers` preset, link.
+# folder does not name it can neither include nor, where layers are shared libraries, link.
 # FOLDERS: where the headers lie when it is not the folder itself.
 function(strutwright_layer NAME)
   cmake_parse_arguments(ARG "" "" "FOLDERS;SOURCES;HEADERS;USES" ${ARGN})
@@ -14,6 +14,8 @@ function(strutwright_layer NAME)
   foreach(USED IN LISTS ARG_USES)
     target_link_libraries(strutwright_${NAME} PUBLIC strutwright_${USED})
   endforeach()
+  # One command compiles a source for a shared and for a static library, so that ccache serves both.
+  set_target_properties(strutwright_${NAME} PROPERTIES DEFINE_SYMBOL "")
   if(BUILD_SHARED_LIBS AND NOT STRUTWRIGHT_SANITIZE)
     target_link_options(strutwright_${NAME} PRIVATE -Wl,-z,defs)
   endif()

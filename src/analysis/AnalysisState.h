@@ -1,6 +1,7 @@
 #pragma once
 
-#include "Matrix.h"
+#include "MemberMatrix.h"
+#include "StiffnessMatrix.h"
 #include "modModelStore.h"
 
 #include <cstddef>
@@ -20,11 +21,9 @@ constexpr std::size_t YFreedom(int n) { return static_cast<std::size_t>(2 * n); 
 
 /// The working arrays and results of the analysis.  Freedom 2n-1 is x and 2n is y of node n; entry 0 is not used.
 struct AnalysisState {
-  std::int16_t DofCount = 0; ///< 2 * NodeCount
-  /// (0..DofCount, 0..DofCount + 1), kN/mm; last column: right-hand side.  AllocateAnalysisArrays makes it for those
-  /// who want to see every entry; AnalyseTruss does without, since most entries of a large truss are zero.
-  Matrix GlobalStiffness;
-  Matrix MemberStiffnessBuffer{4, 4}; ///< one member's matrix in global axes, kN/mm; indices 1..4 are used
+  std::int16_t DofCount = 0;          ///< 2 * NodeCount
+  StiffnessMatrix GlobalStiffness;    ///< (1..DofCount, 1..DofCount), kN/mm, supports imposed
+  MemberMatrix MemberStiffnessBuffer; ///< one member's matrix in global axes, kN/mm
   std::vector<float> LoadVector;      ///< (0..DofCount), kN
   std::vector<std::int16_t> FixedDof; ///< (0..DofCount), 1 marks a restrained freedom
   std::vector<float> Displacements;   ///< (0..DofCount), mm

@@ -1,17 +1,12 @@
 #include "modAnalysis.h"
 
 #include "AnalysisState.h"
-#include "ModelEvents.h"
-#include "Platform.h"
-#include "modMember.h"
+#include "LongWork.h"
 #include "modModelStore.h"
-#include "modNumberText.h"
 #include "modSolver.h"
 
 #include <cmath>
 #include <cstddef>
-#include <string>
-#include <utility>
 
 namespace strutwright {
 
@@ -22,71 +17,23 @@ constexpr float RestrainedInX = 2.0F;
 
 void AddTo(float& sum, double addend) { sum = static_cast<float>(static_cast<double>(sum) + addend); }
 
-void LeaveAnalysis() {
-  AnalysisDone = FlagFalse;
-  ModelEvents().AnalysisStateChanged();
-}
-
-bool CheckNodeCount() {
-  if (NodeCount <= MostAnalysedNodes) return true;
-  ShowMessage(MessageIcon::Critical, "The model has " + std::to_string(NodeCount) + " nodes, but at most " +
-                                         std::to_string(MostAnalysedNodes) +
-                                         " can be analysed.\n"
-                                         "Remove nodes and run the analysis again.");
-  LeaveAnalysis();
-  return false;
-}
-
-bool CheckNodeNumber(int m, MemberField field) {
+bool NamesUnknownNode(int m, MemberField field) {
   const int node = RoundNodeNumber(MemberTable(m, field));
-  if (node >= 0 && node <= NodeCount) return true;
-  const auto rounded = static_cast<float>(std::nearbyint(MemberTable(m, field)));
-  ShowMessage(MessageIcon::Critical, "Member " + std::to_string(m) + " names node " + NumberText(rounded) +
-                                         ", which does not exist: the nodes are numbered 1 to " +
-                                         std::to_string(NodeCount) +
-                                         ".\nCorrect the member's node numbers and run the analysis again.");
-  LeaveAnalysis();
-  return false;
+  return node < 0 || node > NodeCount;
 }
 
-/// Reports the first member that names a node outside 0..NodeCount.  Node 0 is left to AddMemberToGlobal.
-bool CheckMemberNodes() {
-  for (int m = 1; m <= MemberCount; ++m) {
-    if (!CheckNodeNumber(m, MemberNodeI) || !CheckNodeNumber(m, MemberNodeJ)) return false;
-  }
-  return true;
-}
-
-/// Sets DofCount, and reports what keeps the model from being analysed at all.
-bool CheckModel() {
-  if (!CheckNodeCount()) return false;
+/// Sets DofCount; Done where nothing keeps the model from being analysed.
+AnalysisEnd CheckModel() {
+  if (NodeCount > MaxAnalysedNodes) return AnalysisEnd::TooManyNodes;
   DofCount = static_cast<std::int16_t>(2 * NodeCount);
-  if (DofCount > 0) return CheckMemberNodes();
-  ReportAnalysisFailure(EmptyModelCheck);
-  return false;
+  if (DofCount <= 0) return AnalysisEnd::NoNodes;
+  return FindUnknownNode() ? AnalysisEnd::UnknownNode : AnalysisEnd::Done;
 }
 
 void Restrain(std::size_t freedom, std::vector<float>& P, std::vector<float>& R, std::vector<std::int16_t>& fixed) {
   R.at(freedom) = -P.at(freedom);
   P.at(freedom) = 0.0F;
   fixed.at(freedom) = 1;
-}
-
-void AllocateVectors() {
-  const auto size = static_cast<std::size_t>(DofCount + 1);
-  LoadVector.assign(size, 0.0F);
-  FixedDof.assign(size, 0);
-  Displacements.assign(size, 0.0F);
-  Reactions.assign(size, 0.0F);
-}
-
-template <typename Equations>
-void AddMembers(Equations& K) {
-  MemberStiffnessBuffer.Recreate(4, 4);
-  for (int m = 1; m <= MemberCount; ++m) {
-    MemberStiffness(MemberStiffnessBuffer, m);
-    AddMemberToGlobal(m, MemberStiffnessBuffer, K);
-  }
 }
 
 // P(i) += PS (c, s), P(j) -= PS (c, s).   Checked: a bar between fixed ends bears PS and moves nothing.
@@ -102,42 +49,6 @@ void AddPrestress(int m, std::vector<float>& P) {
   AddTo(P.at(YFreedom(j)), -Py);
   AddTo(P.at(XFreedom(i)), Px);
   AddTo(P.at(YFreedom(i)), Py);
-}
-
-/// As long as it lives, messages are left out.
-class Silence : public MessageBoxes {
- public:
-  Silence() : Before(std::exchange(ThePlatform().messages, this)) {}
-  ~Silence() override { ThePlatform().messages = Before; }
-  Silence(const Silence&) = delete;
-  Silence& operator=(const Silence&) = delete;
-
-  void Show(const Message& /*message*/) override {}
-  bool Ask(const Message& /*question*/) override { return false; }
-
- private:
-  MessageBoxes* Before;
-};
-
-// K(d, c) = K(c, d) = 0, K(d, d) = 1: the equation of a restrained freedom reads D(d) = 0.
-void RestrainEquations(Matrix& K, const std::vector<std::int16_t>& fixed) {
-  for (int d = 1; d <= DofCount; ++d) {
-    if (fixed.at(static_cast<std::size_t>(d)) != 1) continue;
-    for (int c = 1; c <= DofCount; ++c) {
-      K(d, c) = 0.0F;
-      K(c, d) = 0.0F;
-    }
-    K(d, d) = 1.0F;
-  }
-}
-
-/// The equations once more, entry by entry: what is wrong with members has been reported when they were first made.
-Matrix EquationsInFull() {
-  const Silence silence;
-  Matrix K;
-  AssembleGlobalStiffness(K);
-  RestrainEquations(K, FixedDof);
-  return K;
 }
 
 /// The supported node whose number is exactly the value of the field; 0 where there is none.
@@ -157,40 +68,49 @@ void AddMemberReaction(int node, int m, double sign) {
 
 } // namespace
 
-void AnalyseTruss(std::int16_t& ok) {
-  FailedCheck.reset();
-  if (!CheckModel()) {
-    ok = FlagFalse;
-    return;
-  }
-  AllocateVectors();
-  GlobalStiffness = Matrix();
-  TiledMatrix K(DofCount);
-  AssembleGlobalStiffness(K);
+AnalysisEnd AnalyseTruss(const AnalysisReports& reports) {
+  if (const AnalysisEnd end = CheckModel(); end != AnalysisEnd::Done) return end;
+  AllocateAnalysisArrays();
+  reports.membersAtFault(AssembleGlobalStiffness(GlobalStiffness));
   BuildLoadVector(LoadVector);
-  ApplySupports(K, LoadVector, Reactions, FixedDof);
-  SolveEquations(K, Displacements, LoadVector, DofCount, ok, EquationsInFull);
-  if (ok == FlagFalse) return;
+  ApplySupports(GlobalStiffness, LoadVector, Reactions, FixedDof);
+  LongWork work(reports.solvingText);
+  const SolveOutcome outcome = SolveEquations(GlobalStiffness, Displacements, LoadVector, work);
+  if (outcome == SolveOutcome::Unstable) return AnalysisEnd::Unstable;
   for (int m = 1; m <= MemberCount; ++m) ComputeMemberForce(m);
   ComputeReactions();
+  return AnalysisEnd::Done;
+}
+
+std::optional<UnknownNode> FindUnknownNode() {
+  for (int m = 1; m <= MemberCount; ++m) {
+    for (const MemberField field : {MemberNodeI, MemberNodeJ}) {
+      if (NamesUnknownNode(m, field)) return UnknownNode{m, static_cast<float>(std::nearbyint(MemberTable(m, field)))};
+    }
+  }
+  return std::nullopt;
 }
 
 void AllocateAnalysisArrays() {
-  AllocateVectors();
-  GlobalStiffness.Recreate(DofCount, DofCount + 1);
-  MemberStiffnessBuffer.Recreate(4, 4);
+  const auto size = static_cast<std::size_t>(DofCount + 1);
+  GlobalStiffness = StiffnessMatrix(DofCount);
+  MemberStiffnessBuffer = MemberMatrix();
+  LoadVector.assign(size, 0.0F);
+  FixedDof.assign(size, 0);
+  Displacements.assign(size, 0.0F);
+  Reactions.assign(size, 0.0F);
 }
 
-void AssembleGlobalStiffness(Matrix& K) {
+std::vector<MemberAtFault> AssembleGlobalStiffness(StiffnessMatrix& K) {
+  std::vector<MemberAtFault> atFault;
   DofCount = static_cast<std::int16_t>(2 * NodeCount);
-  K.Recreate(DofCount, DofCount + 1);
-  AddMembers(K);
-}
-
-void AssembleGlobalStiffness(TiledMatrix& K) {
-  DofCount = static_cast<std::int16_t>(2 * NodeCount);
-  K = TiledMatrix(DofCount);
-  AddMembers(K);
+  K = StiffnessMatrix(DofCount);
+  MemberStiffnessBuffer = MemberMatrix();
+  for (int m = 1; m <= MemberCount; ++m) {
+    for (const MemberFault fault : MemberStiffness(MemberStiffnessBuffer, m)) atFault.push_back({m, fault});
+    if (!AddMemberToGlobal(m, MemberStiffnessBuffer, K)) atFault.push_back({m, MemberFault::NoNode});
+  }
+  return atFault;
 }
 
 void BuildLoadVector(std::vector<float>& P) {
@@ -212,16 +132,16 @@ void RestrainSupports(std::vector<float>& P, std::vector<float>& R, std::vector<
   }
 }
 
-void ApplySupports(Matrix& K, std::vector<float>& P, std::vector<float>& R, std::vector<std::int16_t>& fixed) {
-  RestrainSupports(P, R, fixed);
-  RestrainEquations(K, fixed);
-}
-
-void ApplySupports(TiledMatrix& K, std::vector<float>& P, std::vector<float>& R, std::vector<std::int16_t>& fixed) {
-  RestrainSupports(P, R, fixed);
-  for (int d = 1; d <= DofCount; ++d) {
+// K(d, c) = K(c, d) = 0, K(d, d) = 1: the equation of a restrained freedom reads D(d) = 0.
+void RestrainEquations(StiffnessMatrix& K, const std::vector<std::int16_t>& fixed) {
+  for (int d = 1; d <= K.Freedoms(); ++d) {
     if (fixed.at(static_cast<std::size_t>(d)) == 1) K.Restrain(d);
   }
+}
+
+void ApplySupports(StiffnessMatrix& K, std::vector<float>& P, std::vector<float>& R, std::vector<std::int16_t>& fixed) {
+  RestrainSupports(P, R, fixed);
+  RestrainEquations(K, fixed);
 }
 
 void ComputeReactions() {
@@ -232,12 +152,6 @@ void ComputeReactions() {
     if (j != 0) AddMemberReaction(j, m, 1.0);
     if (i != 0 && i != j) AddMemberReaction(i, m, -1.0); // a member from a node to itself counts as ending there
   }
-}
-
-void ReportAnalysisFailure(int code) {
-  FailedCheck = code;
-  ShowMessage(MessageIcon::Critical, "Structure is unstable - Aborting analysis\nFailed Check " + std::to_string(code));
-  LeaveAnalysis();
 }
 
 float NodeDisplacement(int n, std::string_view direction) {

@@ -1,7 +1,6 @@
 #include "modMember.h"
 
 #include "AnalysisState.h"
-#include "Platform.h"
 #include "modModelStore.h"
 
 #include <array>
@@ -42,40 +41,19 @@ MemberSpan SpanOf(int m) {
   return {difference(NodeX), difference(NodeY)};
 }
 
-void ReportIgnored(int m, const std::string& what) {
-  ShowMessage(MessageIcon::Critical, "Error: member index " + std::to_string(m) + " " + what + "\nMember ignored");
-}
-
-/// Whether the number can be a member's; reports it where not.
-bool CanBeMember(int m) {
-  if (m > 0) return true;
-  ShowMessage(MessageIcon::Critical, "Error: member index of " + std::to_string(m) + " called");
-  return false;
-}
-
-/// Reports everything that makes the member invalid, in the order E, A, length.
-bool CheckMember(int m, float length) {
-  bool valid = true;
-  if (MemberTable(m, MemberE) < 0) {
-    ReportIgnored(m, "E-value");
-    valid = false;
-  }
-  if (MemberTable(m, MemberA) < 0) {
-    ReportIgnored(m, "A-value");
-    valid = false;
-  }
-  if (!(length > 0)) {
-    ReportIgnored(m, "has no length");
-    valid = false;
-  }
-  return valid;
+std::vector<MemberFault> FaultsOf(int m, float length) {
+  std::vector<MemberFault> faults;
+  if (MemberTable(m, MemberE) < 0) faults.push_back(MemberFault::EBelowZero);
+  if (MemberTable(m, MemberA) < 0) faults.push_back(MemberFault::ABelowZero);
+  if (!(length > 0)) faults.push_back(MemberFault::NoLength);
+  return faults;
 }
 
 // k = EA/L | cc cs -cc -cs |   c, s: direction of i to j.
 //          |    ss -cs -ss |   Checked: rows sum to zero; horizontal, vertical and 3-4-5 bars.
 //          |        cc  cs |
 //          | sym.       ss |
-void FillStiffness(Matrix& k, double E, double A, double length, double c, double s) {
+void FillStiffness(MemberMatrix& k, double E, double A, double length, double c, double s) {
   const double axial = E * A / length;
   const auto xx = static_cast<float>(c * c * axial);
   const auto xy = static_cast<float>(E * A * c * s / length);
@@ -93,19 +71,6 @@ void FillStiffness(Matrix& k, double E, double A, double length, double c, doubl
   }
 }
 
-int Freedom(const std::array<int, 5>& freedoms, int p) { return freedoms[static_cast<std::size_t>(p)]; }
-
-void Accumulate(float& entry, float addend) {
-  entry = static_cast<float>(static_cast<double>(entry) + static_cast<double>(addend));
-}
-
-/// Adds what k holds from (p, q) on for two freedoms of one node by two of one node.
-void AddNodeBlock(const Matrix& k, int p, int q, float* block) {
-  for (int r = 0; r < 2; ++r) {
-    for (int c = 0; c < 2; ++c) Accumulate(TileRow(block, r)[c], k(p + r, q + c));
-  }
-}
-
 /// Displacement of node j less that of node i, each named by its freedom, in mm.
 float EndMovement(std::size_t freedomAtJ, std::size_t freedomAtI) {
   return static_cast<float>(static_cast<double>(Displacements.at(freedomAtJ)) -
@@ -116,14 +81,15 @@ float EndMovement(std::size_t freedomAtJ, std::size_t freedomAtI) {
 
 float MemberLength(int m) { return SpanOf(m).Length(); }
 
-float MemberCos(int m) { return CanBeMember(m) ? SpanOf(m).Cos(MemberLength(m)) : 0.0F; }
+float MemberCos(int m) { return m > 0 ? SpanOf(m).Cos(MemberLength(m)) : 0.0F; }
 
-float MemberSin(int m) { return CanBeMember(m) ? SpanOf(m).Sin(MemberLength(m)) : 0.0F; }
+float MemberSin(int m) { return m > 0 ? SpanOf(m).Sin(MemberLength(m)) : 0.0F; }
 
-bool MemberStiffness(Matrix& k, int m) {
+std::vector<MemberFault> MemberStiffness(MemberMatrix& k, int m) {
   const MemberSpan span = SpanOf(m);
   const float length = span.Length();
-  if (!CheckMember(m, length)) return false;
+  std::vector<MemberFault> faults = FaultsOf(m, length);
+  if (!faults.empty()) return faults;
   const float c = span.Cos(length);
   const float s = span.Sin(length);
   const auto lengthInMm = static_cast<float>(length * Thousand);
@@ -131,33 +97,27 @@ bool MemberStiffness(Matrix& k, int m) {
   MemberTable(m, MemberFieldCos) = c;
   MemberTable(m, MemberFieldSin) = s;
   FillStiffness(k, MemberTable(m, MemberE), MemberTable(m, MemberA), lengthInMm, c, s);
-  return true;
+  return faults;
 }
 
-std::optional<std::array<int, 5>> MemberFreedoms(int m) {
+std::optional<MemberFreedoms> FreedomsOf(int m) {
   const MemberEnds ends = EndsOf(m);
-  if (ends.i <= 0 || ends.j <= 0) {
-    ReportIgnored(m, "node numbers");
-    return std::nullopt;
-  }
+  if (ends.i <= 0 || ends.j <= 0) return std::nullopt;
   return {{0, 2 * ends.i - 1, 2 * ends.i, 2 * ends.j - 1, 2 * ends.j}};
 }
 
-void AddMemberToGlobal(int m, const Matrix& k, Matrix& K) {
-  const std::optional<std::array<int, 5>> freedoms = MemberFreedoms(m);
-  if (!freedoms) return;
+void AddAtFreedoms(const MemberFreedoms& freedoms, const MemberMatrix& k, StiffnessMatrix& K) {
   for (int p = 1; p <= 4; ++p) {
-    for (int q = 1; q <= 4; ++q) Accumulate(K(Freedom(*freedoms, p), Freedom(*freedoms, q)), k(p, q));
+    for (int q = 1; q <= 4; ++q) {
+      K.Add(freedoms[static_cast<std::size_t>(p)], freedoms[static_cast<std::size_t>(q)], k(p, q));
+    }
   }
 }
 
-void AddMemberToGlobal(int m, const Matrix& k, TiledMatrix& K) {
-  const std::optional<std::array<int, 5>> freedoms = MemberFreedoms(m);
-  if (!freedoms) return;
-  // The two freedoms of a node are never in different tiles.
-  for (const int p : {1, 3}) {
-    for (const int q : {1, 3}) AddNodeBlock(k, p, q, &K(Freedom(*freedoms, p), Freedom(*freedoms, q)));
-  }
+bool AddMemberToGlobal(int m, const MemberMatrix& k, StiffnessMatrix& K) {
+  const std::optional<MemberFreedoms> freedoms = FreedomsOf(m);
+  if (freedoms) AddAtFreedoms(*freedoms, k, K);
+  return freedoms.has_value();
 }
 
 void ComputeMemberForce(int m) {
@@ -198,18 +158,18 @@ float MemberStress(int m) {
   return static_cast<float>(Thousand * MemberForce(m) / A);
 }
 
-bool MemberCanStretch(int m) { return MemberTable(m, MemberE) > 0 && MemberTable(m, MemberA) > 0; }
+std::optional<StretchFault> StretchFaultOf(int m) {
+  const bool hasE = MemberTable(m, MemberE) > 0;
+  const bool hasA = MemberTable(m, MemberA) > 0;
+  if (hasE && hasA) return std::nullopt;
+  if (hasE) return StretchFault::A;
+  return hasA ? StretchFault::E : StretchFault::EAndA;
+}
 
 float MemberStretch(int m) {
-  const double E = MemberTable(m, MemberE);
-  const double A = MemberTable(m, MemberA);
-  if (MemberCanStretch(m)) {
-    return static_cast<float>(static_cast<double>(MemberForce(m)) * MemberTable(m, MemberFieldLength) / (E * A));
-  }
-  const char* reason = "E is not valid";
-  if (A <= 0) reason = E <= 0 ? "E and A are not valid" : "area is not valid";
-  ShowMessage(MessageIcon::Information, "Ignoring member " + std::to_string(m) + " as " + reason);
-  return 0.0F;
+  if (StretchFaultOf(m)) return 0.0F;
+  const double EA = static_cast<double>(MemberTable(m, MemberE)) * MemberTable(m, MemberA);
+  return static_cast<float>(static_cast<double>(MemberForce(m)) * MemberTable(m, MemberFieldLength) / EA);
 }
 
 } // namespace strutwright

@@ -1,40 +1,61 @@
 #pragma once
 
-#include "Matrix.h"
-#include "TiledMatrix.h"
+#include "MemberMatrix.h"
+#include "StiffnessMatrix.h"
 
 #include <array>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace strutwright {
 
 // One member m, 1..MemberCount (16-bit), from node i to node j.  Its nodes must lie in 0..NodeCount, otherwise the
-// table access throws std::out_of_range; AnalyseTruss checks that first.  What a user can cause is shown in a message
-// box.
+// table access throws std::out_of_range; AnalyseTruss checks that first.  What a user can cause is returned, for the
+// command that called to show it in the words of AnalysisTexts.h.
+
+/// Why a member is ignored.
+enum class MemberFault {
+  EBelowZero,
+  ABelowZero,
+  NoLength,
+  NoNode ///< a node number of zero or less
+};
+
+struct MemberAtFault {
+  int member = 0;
+  MemberFault fault{};
+
+  bool operator==(const MemberAtFault&) const = default;
+};
+
+/// Which of a member's properties, not being above zero, keeps it from having an elongation.
+enum class StretchFault { E, A, EAndA };
+
+/// Global freedoms of the local ones 1..4, x and y at i, x and y at j; entry 0 is not used.
+using MemberFreedoms = std::array<int, 5>;
 
 /// Distance of the member's nodes, in m.  Source: docs/method.md, 1.
 float MemberLength(int m);
 
 /// Cosine and sine of the direction from node i to node j.  Source: docs/method.md, 1.
-/// m <= 0 shows a message and gives 0.  The length must not be zero: that is not tested here.
+/// m <= 0 gives 0.  The length must not be zero: that is not tested here.
 float MemberCos(int m);
 float MemberSin(int m);
 
-/// Fills k, the member's 4 x 4 matrix in kN/mm (indices 1..4: x and y at i, x and y at j), and the member's fields
-/// for length (mm), cosine and sine.  Source: docs/method.md, 2.
-/// E or A below zero or no length show a message and leave both untouched: k keeps what it held before.
-/// Returns whether k is this member's matrix now.
-bool MemberStiffness(Matrix& k, int m);
+/// Fills k with the member's matrix, and the member's fields for length (mm), cosine and sine.
+/// E or A below zero or no length leave both as they were: k keeps what it held before.  Source: docs/method.md, 2.
+/// Returns what is wrong with the member, in the order E, A, length; nothing when k is its matrix now.
+std::vector<MemberFault> MemberStiffness(MemberMatrix& k, int m);
 
-/// The global freedoms of the member's local ones 1..4, x and y at i, x and y at j; entry 0 is not used.
-/// A node number of zero or less shows a message and gives nothing.
-std::optional<std::array<int, 5>> MemberFreedoms(int m);
+/// Nothing for a node number of zero or less.
+std::optional<MemberFreedoms> FreedomsOf(int m);
 
-/// Adds k to K at the member's four freedoms.  Source: docs/method.md, 3.
-/// K: (0..n, 0..n or more).  A node number of zero or less shows a message and adds nothing.
-void AddMemberToGlobal(int m, const Matrix& k, Matrix& K);
-void AddMemberToGlobal(int m, const Matrix& k, TiledMatrix& K);
+/// Adds k to K at four freedoms.  Source: docs/method.md, 3.
+void AddAtFreedoms(const MemberFreedoms& freedoms, const MemberMatrix& k, StiffnessMatrix& K);
+
+/// Adds k to K at the member's four freedoms.  False, and nothing is added, for a node number of zero or less.
+bool AddMemberToGlobal(int m, const MemberMatrix& k, StiffnessMatrix& K);
 
 /// Computes the member's axial force in kN, tension positive, from Displacements and stores it in its field.
 /// E, A or the stored length not above zero give 0.  Source: docs/method.md, 6.
@@ -50,10 +71,10 @@ std::string MemberState(int m);
 /// Stress in N/mm2, tension positive; 0 where the area is not above zero.
 float MemberStress(int m);
 
-/// True when E and A are above zero, so that the member can stretch.
-bool MemberCanStretch(int m);
+/// What keeps the member from having an elongation; nothing when E and A are above zero.
+std::optional<StretchFault> StretchFaultOf(int m);
 
-/// Elongation in mm.  E or A not above zero show a message and give 0.
+/// Elongation in mm; 0 where E or A is not above zero.
 float MemberStretch(int m);
 
 } // namespace strutwright

@@ -1,119 +1,124 @@
 #include "modSolver.h"
 
-#include "AnalysisState.h"
-#include "Ensure.h"
 #include "LongWork.h"
 #include "TiledSolver.h"
-#include "modAnalysis.h"
-#include "modRenumbering.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <string>
+#include <optional>
 #include <utility>
 
 namespace strutwright {
 
 namespace {
 
-constexpr const char* SolvingText = "Solving the equations";
-constexpr const char* RenumberingHint = " (Tools > Renumber Nodes Along the Span makes this faster)";
+/// Updates of entries after which the host is asked again whether to go on: a few microseconds of work.
+constexpr double UpdatesBetweenReports = 4000;
 
-/// The row from p on with the largest entry of column p; of equal ones the upper.
-int FindPivotRow(const Matrix& K, int p, int n) {
+/// Updates for each freedom above which tiles are faster; bench_analysis compares.
+constexpr double MostUpdatesOfRows = 1000;
+
+void Eliminate(RowEquations& equations, LongWork& work) {
+  const double all = equations.Reach().Updates();
+  double done = 0;
+  double reported = -UpdatesBetweenReports; // the first column is one to report
+  for (int p = 1; p < equations.Freedoms(); ++p) {
+    done += equations.Reach().UpdatesOf(p);
+    if (done > reported + UpdatesBetweenReports) work.Done((reported = done) / all);
+    BringPivotUp(equations, p);
+    EliminateColumn(equations, p);
+  }
+}
+
+/// Nothing where a value is not finite and an entry is left out: zero times infinity would make it no number.
+std::optional<SolveOutcome> SolveRows(RowEquations equations, std::vector<float>& D, LongWork& work) {
+  Eliminate(equations, work);
+  if (!equations.CanBeTrusted()) return std::nullopt;
+  if (!IsStable(equations)) return SolveOutcome::Unstable;
+  BackSubstitute(equations);
+  if (!equations.CanBeTrusted()) return std::nullopt;
+  for (int i = 1; i <= equations.Freedoms(); ++i) D.at(static_cast<std::size_t>(i)) = equations.P(i);
+  return SolveOutcome::Solved;
+}
+
+std::optional<SolveOutcome> SolveTiles(const StiffnessMatrix& K, std::vector<float>& D, const std::vector<float>& P,
+                                       LongWork& work) {
+  TiledMatrix tiles(K.Freedoms());
+  for (int row = 1; row <= K.Freedoms(); ++row) {
+    for (const StiffnessMatrix::Entry& entry : K.Row(row)) tiles(row, entry.column) = entry.value;
+    tiles(row, K.Freedoms() + 1) = P.at(static_cast<std::size_t>(row));
+  }
+  switch (SolveTiled(tiles, D, PivotTolerance, Kernels().front(), work)) {
+  case Solution::Found: return SolveOutcome::Solved;
+  case Solution::Unstable: return SolveOutcome::Unstable;
+  case Solution::NotFinite: break;
+  }
+  return std::nullopt;
+}
+
+} // namespace
+
+SolveOutcome SolveEquations(const StiffnessMatrix& K, std::vector<float>& D, const std::vector<float>& P,
+                            LongWork& work) {
+  Envelope envelope = EnvelopeOf(K);
+  const bool inTiles = TilesAreFaster(envelope);
+  std::optional<SolveOutcome> outcome =
+      inTiles ? SolveTiles(K, D, P, work) : SolveRows({K, P, std::move(envelope)}, D, work);
+  if (!outcome) outcome = SolveRows({K, P, WholeEnvelope(K.Freedoms())}, D, work);
+  return outcome.value();
+}
+
+bool TilesAreFaster(const Envelope& envelope) { return envelope.Updates() > MostUpdatesOfRows * envelope.Freedoms(); }
+
+void BringPivotUp(RowEquations& equations, int p) {
   int pivotRow = p;
-  float best = std::abs(K(p, p));
-  for (int r = p + 1; r <= n; ++r) {
-    const float candidate = std::abs(K(r, p));
+  float best = std::abs(equations.K(p, p));
+  for (int r = p + 1; r <= equations.LowestRow(p); ++r) {
+    const float candidate = std::abs(equations.K(r, p));
     if (best < candidate) {
       pivotRow = r;
       best = candidate;
     }
   }
-  return pivotRow;
+  if (pivotRow != p) equations.Exchange(p, pivotRow, p);
 }
 
-/// Exchanges what elimination still reads of two rows: columns p..n + 1.
-void ExchangeRows(Matrix& K, int p, int other, int n) {
-  float* upper = K.Row(p);
-  float* lower = K.Row(other);
-  for (int c = p; c <= n + 1; ++c) std::swap(upper[c], lower[c]);
-}
-
-void GiveUpUnstable(std::int16_t& ok) {
-  ReportAnalysisFailure(UnstableCheck);
-  ok = FlagFalse;
-}
-
-} // namespace
-
-void SolveEquations(Matrix& K, std::vector<float>& D, const std::vector<float>& P, std::int16_t n, std::int16_t& ok) {
-  for (int i = 1; i <= n; ++i) K(i, n + 1) = P.at(static_cast<std::size_t>(i));
-  LongWork work(SolvingText);
-  for (std::int16_t p = 1; p < n; ++p) {
-    work.Done(ShareOfElimination(p, n));
-    const int pivotRow = FindPivotRow(K, p, n);
-    if (pivotRow != p) ExchangeRows(K, p, pivotRow, n);
-    EliminateColumn(K, p, n);
-  }
-  if (!IsStable(K, n)) {
-    GiveUpUnstable(ok);
-    return;
-  }
-  BackSubstitute(K, n);
-  for (int i = 1; i <= n; ++i) D.at(static_cast<std::size_t>(i)) = K(i, n + 1);
-}
-
-void SolveEquations(TiledMatrix& K, std::vector<float>& D, const std::vector<float>& P, std::int16_t n,
-                    std::int16_t& ok, const std::function<Matrix()>& inFull) {
-  for (int i = 1; i <= n; ++i) K(i, n + 1) = P.at(static_cast<std::size_t>(i));
-  Solution verdict = Solution::Found;
-  {
-    LongWork work(RenumberingWouldHelp() ? std::string(SolvingText) + RenumberingHint : SolvingText);
-    verdict = SolveTiled(K, D, Kernels().front(), work);
-  }
-  if (verdict == Solution::Unstable) GiveUpUnstable(ok);
-  if (verdict != Solution::NotFinite) return;
-  GlobalStiffness = inFull();
-  SolveEquations(GlobalStiffness, D, P, n, ok);
-}
-
-// Step p leaves (n - p)^2 entries to change, so that the work ahead goes with the cube.
-double ShareOfElimination(int p, int n) {
-  const double ahead = static_cast<double>(n - p) / n;
-  return 1 - ahead * ahead * ahead;
-}
-
-void EliminateColumn(Matrix& K, std::int16_t p, std::int16_t n) {
-  Ensure(K.LastRow() >= n && K.LastColumn() > n, "the matrix has the right-hand side beside its columns");
-  const float* pivotRow = K.Row(p);
-  const float pivot = pivotRow[p];
-  if (pivot == 0.0F) return;
+void EliminateColumn(RowEquations& equations, int p) {
+  const float* pivotRow = &equations.K(p, p);
+  const double pivot = pivotRow[0];
+  if (pivot == 0.0) return;
   // K(r, c) -= K(p, c) f, f = K(r, p) / K(p, p), rounded to a float each time.   Checked: two equations by hand.
-  for (int r = p + 1; r <= n; ++r) {
-    float* row = K.Row(r);
-    const double factor = static_cast<double>(row[p]) / static_cast<double>(pivot);
-    for (int c = p + 1; c <= n + 1; ++c) {
+  for (int r = p + 1; r <= equations.LowestRow(p); ++r) {
+    float* row = &equations.K(r, p);
+    const double factor = static_cast<double>(row[0]) / pivot;
+    if (factor != 0.0) equations.ExtendTo(r, equations.LastColumn(p));
+    const int last = equations.LastColumn(r) - p;
+    for (int c = 1; c <= last; ++c) {
       row[c] = static_cast<float>(static_cast<double>(row[c]) - static_cast<double>(pivotRow[c]) * factor);
     }
+    equations.P(r) = static_cast<float>(equations.P(r) - equations.P(p) * factor);
   }
+  // The rows below get products of zero, which can turn a load of -0 into 0.
+  if (std::signbit(equations.P(p)) != std::signbit(pivot)) equations.ClearSignsOfZeroLoads(equations.LowestRow(p) + 1);
 }
 
-bool IsStable(const Matrix& K, std::int16_t n) {
-  for (int i = 1; i <= n; ++i) {
-    if (PivotTolerance > std::abs(K(i, i))) return false;
+bool IsStable(const RowEquations& equations) {
+  for (int i = 1; i <= equations.Freedoms(); ++i) {
+    if (PivotTolerance > std::abs(equations.K(i, i))) return false;
   }
   return true;
 }
 
-void BackSubstitute(Matrix& K, std::int16_t n) {
-  K(n, n + 1) = static_cast<float>(static_cast<double>(K(n, n + 1)) / static_cast<double>(K(n, n)));
-  // D(r) = (P(r) - sum of K(r, c) D(c) over c > r) / K(r, r).
-  for (int r = n - 1; r >= 1; --r) {
-    const float* row = K.Row(r);
+void BackSubstitute(RowEquations& equations) {
+  // D(r) = (P(r) - sum of K(r, c) D(c) over c > r) / K(r, r), and P becomes D.
+  for (int r = equations.Freedoms(); r >= 1; --r) {
+    const float* row = &equations.K(r, r);
+    const float* D = &equations.P(r);
     double sum = 0.0;
-    for (int c = r + 1; c <= n; ++c) sum += static_cast<double>(row[c]) * static_cast<double>(K(c, n + 1));
-    K(r, n + 1) = static_cast<float>((static_cast<double>(row[n + 1]) - sum) / static_cast<double>(row[r]));
+    for (int c = 1; c <= equations.LastColumn(r) - r; ++c)
+      sum += static_cast<double>(row[c]) * static_cast<double>(D[c]);
+    equations.P(r) = static_cast<float>((static_cast<double>(equations.P(r)) - sum) / static_cast<double>(row[0]));
   }
 }
 

@@ -1,5 +1,6 @@
 #include "DesktopFileTypes.h"
 #include "EventGuard.h"
+#include "ModelToOpen.h"
 #include "NativeFileSystem.h"
 #include "NativePlaces.h"
 #include "Platform.h"
@@ -14,14 +15,15 @@
 
 #include <cstdio>
 #include <exception>
+#include <string>
 
 #include <QApplication>
 
 namespace {
 
 int RunProgram(int argc, char** argv) {
-  // The arguments belong to Qt alone: the program always starts with an empty model.
-  QApplication application(argc, argv);
+  QApplication application(argc, argv); // takes its own arguments out
+  const std::string model = strutwright::ModelToOpen(argc, argv);
   strutwright::QtMessageBoxes messages;
   strutwright::QtFileDialog dialog;
   strutwright::QtClipboard clipboard;
@@ -50,6 +52,7 @@ int RunProgram(int argc, char** argv) {
   frame.RestorePlace();
   frame.show();
   strutwright::Guard([&frame] { frame.MDIForm_Load(); });
+  if (!model.empty()) frame.OpenModel(model);
   return QApplication::exec();
 }
 

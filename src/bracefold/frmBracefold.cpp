@@ -146,19 +146,21 @@ QLayout* frmBracefold::BuildLastRow() {
   errorLbl = NewFaultLabel("errorLbl");
   summaryLbl = new QLabel;
   summaryLbl->setObjectName("summaryLbl");
-  btnSave = new QPushButton("Save &As...");
-  btnClose = new QPushButton("Cl&ose");
-  btnSave->setObjectName("btnSave");
-  btnClose->setObjectName("btnClose");
-  btnSave->setToolTip("Saves the truss as a model that Strutwright opens");
-  btnClose->setToolTip("Closes this window");
-  OnSignal(btnSave, &QPushButton::clicked, this, [this] { Save(); });
-  OnSignal(btnClose, &QPushButton::clicked, this, [this] { close(); });
   auto* row = new QHBoxLayout;
   row->addWidget(errorLbl, 1);
   row->addWidget(summaryLbl, 1);
-  row->addWidget(btnSave);
-  row->addWidget(btnClose);
+  const auto add = [&](const QString& name, const QString& text, const QString& tip, auto click) {
+    auto* button = new QPushButton(text);
+    button->setObjectName(name);
+    button->setToolTip(tip);
+    OnSignal(button, &QPushButton::clicked, this, click);
+    row->addWidget(button);
+    return button;
+  };
+  btnSave = add("btnSave", "Save &As...", "Saves the truss as a model that Strutwright opens", [this] { Save(); });
+  btnSaveOpen = add("btnSaveOpen", "Save and O&pen in Strutwright",
+                    "Saves the truss as a model and opens that in Strutwright", [this] { SaveAndOpen(); });
+  btnClose = add("btnClose", "Cl&ose", "Closes this window", [this] { close(); });
   return row;
 }
 
@@ -234,14 +236,22 @@ void frmBracefold::ShowFault(const std::optional<TrussFault>& fault) {
   errorLbl->setVisible(fault.has_value());
   summaryLbl->setVisible(!fault);
   btnSave->setEnabled(!fault);
+  btnSaveOpen->setEnabled(!fault);
 }
 
 /// what: what has been done to the truss, to stand before its summary.
 void frmBracefold::ShowSummary(const QString& what) { summaryLbl->setText(what + QString::fromStdString(Summary)); }
 
-void frmBracefold::Save() {
+/// The file's path; empty where nothing was saved.
+std::string frmBracefold::Save() {
   const std::string path = SaveTrussAs();
   if (!path.empty()) ShowSummary("Saved as " + QString::fromStdString(LastComponent(path)) + ": ");
+  return path;
+}
+
+void frmBracefold::SaveAndOpen() {
+  const std::string path = Save();
+  if (!path.empty()) OpenInStrutwright(path);
 }
 
 void frmBracefold::Draw(bool zoomToExtents) {
@@ -267,6 +277,10 @@ void frmBracefold::MouseMoved(const MouseEvent& event) {
 
 void frmBracefold::WheelTurned(const MouseEvent& event, double steps) {
   if (ZoomAbout(preview->Surface(), event.x, event.y, std::pow(ZoomStep, steps))) Draw(false);
+}
+
+void frmBracefold::ViewKeyPressed(ViewMove move) {
+  if (MoveView(preview->Surface(), move)) Draw(false);
 }
 
 } // namespace strutwright

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <optional>
+#include <string>
 
 #include <QWidget>
 
@@ -42,7 +43,8 @@ class frmBracefold : public QWidget, private DisplayListener {
   void Draw(bool zoomToExtents);
   void ShowFault(const std::optional<TrussFault>& fault);
   void ShowSummary(const QString& text);
-  void Save();
+  std::string Save();
+  void SaveAndOpen();
 
   void Resized() override;
   void MouseMoved(const MouseEvent& event) override;
@@ -50,6 +52,7 @@ class frmBracefold : public QWidget, private DisplayListener {
   void MouseReleased(const MouseEvent& /*event*/) override {}
   void MouseLeft() override {}
   void WheelTurned(const MouseEvent& event, double steps) override;
+  void ViewKeyPressed(ViewMove move) override;
 
   const TrussFamily* Family;
   std::string Summary; ///< of the truss in the preview
@@ -65,6 +68,7 @@ class frmBracefold : public QWidget, private DisplayListener {
   QLabel* errorLbl = nullptr;
   QLabel* summaryLbl = nullptr;
   QPushButton* btnSave = nullptr;
+  QPushButton* btnSaveOpen = nullptr;
   QPushButton* btnClose = nullptr;
 };
 

@@ -1,8 +1,10 @@
 #include "BracefoldCommandLine.h"
 #include "NativeFileSystem.h"
+#include "NativePlaces.h"
 #include "Platform.h"
 #include "QtFileDialog.h"
 #include "QtMessageBoxes.h"
+#include "QtShell.h"
 #include "frmBracefold.h"
 
 #include <cstdlib>
@@ -44,9 +46,12 @@ int ShowWindow(char* programName, const TrussFamily& family, const TrussTexts& t
   qInstallMessageHandler(nullptr);
   QtMessageBoxes messages;
   QtFileDialog dialog;
+  QtShell shell;
   frmBracefold window(family, texts);
   ThePlatform().messages = &messages;
   ThePlatform().dialog = &dialog;
+  ThePlatform().shell = &shell;
+  ThePlatform().programFolder = ExecutableFolder();
   window.show();
   return QApplication::exec();
 }

@@ -3,6 +3,9 @@
 #include "Platform.h"
 #include "modFileCommands.h"
 #include "modModelFile.h"
+#include "modPlaces.h"
+
+#include <filesystem>
 
 namespace strutwright {
 
@@ -20,6 +23,13 @@ std::string SaveTrussAs() {
     return "";
   }
   return dialog.fileName;
+}
+
+void OpenInStrutwright(const std::string& path) {
+  const auto separator = static_cast<char>(std::filesystem::path::preferred_separator);
+  const std::string program = MainProgram(ProgramFolder(), separator);
+  if (TheShell().Start(program, {"--open", path})) return;
+  ShowMessage(MessageIcon::Information, "Strutwright can't be started. It would be at\n" + program);
 }
 
 } // namespace strutwright

@@ -8,4 +8,8 @@ namespace strutwright {
 /// Returns the file's path; empty where the user cancelled or where saving failed, which has been told by then.
 std::string SaveTrussAs();
 
+/// Opens a model file in Strutwright, which lies in the same folder as this program.
+/// Where that can't be started a box says so.
+void OpenInStrutwright(const std::string& path);
+
 } // namespace strutwright

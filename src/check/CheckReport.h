@@ -16,14 +16,15 @@ enum class AnalysisOutcome {
 /// How serious a report is, for the colour of the status panel; the words say the same.
 enum class CheckLevel { None, Good, Doubtful, Bad };
 
-/// One support or one member that would stop a motion.
+/// One support or one member that would stop a motion, or the rigidity of members that have none.
 struct Cure {
-  int node = 0;        ///< node to support, or the member's first node
+  int node = 0;        ///< node to support, or the member's first node; 0 for rigidity
   int otherNode = 0;   ///< the member's second node; 0 for a support
   int supportCode = 0; ///< code that the node should have then; 0 for a member
   std::string text;    ///< "Support node 3 in x (support code 2)", "Add a member from node 1 to node 3"
 
   bool IsMember() const { return otherNode != 0; }
+  bool IsRigidity() const { return node == 0; }
 };
 
 /// One way in which the truss can move without stretching a member.
@@ -31,7 +32,8 @@ struct Mechanism {
   std::vector<double> motion; ///< (0..2 NodeCount), freedom 2n-1 is x and 2n is y of node n; the largest entry is 1
   std::vector<int> nodes;     ///< the nodes that move, in ascending order
   std::string sentence;    ///< "Node 2 can move up while node 3 moves to the left; no member or support resists this"
-  std::vector<Cure> cures; ///< at most five, members first; each alone takes this motion away
+  std::vector<Cure> cures; ///< at most five, members first; each alone takes this motion away.  Where rigidity would,
+                           ///< nothing else is proposed
 };
 
 /// Whether the truss holds, by the rank of its equilibrium matrix.  No factor on E, A or all coordinates changes it.
@@ -72,6 +74,7 @@ struct ZeroBar {
 };
 
 enum class FindingKind {
+  RowGap,
   CoincidentNodes,
   MemberOnMember,
   CrossingMembers,
@@ -89,7 +92,7 @@ enum class FindingKind {
 /// Something odd about the model itself.
 struct Finding {
   FindingKind kind = FindingKind::FreeNode;
-  std::string text;         ///< one sentence without a full stop
+  std::string text;         ///< one sentence, without a full stop unless the status bar says the same
   std::vector<int> nodes;   ///< to select, ascending
   std::vector<int> members; ///< to select, ascending
 };
@@ -98,13 +101,14 @@ struct Finding {
 struct CheckReport {
   AnalysisOutcome outcome = AnalysisOutcome::None;
   StabilityReport stability;
+  std::vector<int> withoutRigidity;       ///< members with an E or an A that is not above zero
   std::optional<AccuracyReport> accuracy; ///< of a stable truss that has results
   std::optional<BalanceReport> balance;   ///< of results, also of a mechanism
   std::vector<ZeroBar> zeroBars;          ///< of a stable truss, in the order of members
   std::vector<Finding> findings;
   CheckLevel level = CheckLevel::None;
   std::string status;  ///< for the status panel; empty without an analysis
-  std::string verdict; ///< one plain sentence
+  std::string verdict; ///< in plain words: one sentence, and before it one on members without rigidity
 };
 
 } // namespace strutwright

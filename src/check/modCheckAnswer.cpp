@@ -7,6 +7,7 @@
 #include "modFindings.h"
 #include "modMechanisms.h"
 #include "modModelStore.h"
+#include "modRigidity.h"
 #include "modZeroBars.h"
 
 namespace strutwright {
@@ -31,8 +32,7 @@ std::string CoordinateHint(const CheckReport& report) {
   return ", because so far from the origin its coordinates are too coarse: put the origin near the truss";
 }
 
-std::string VerdictOf(const CheckReport& report) {
-  if (NodeCount == 0) return "There is no truss to judge";
+std::string VerdictOnTruss(const CheckReport& report) {
   if (!report.stability.Stable()) return MechanismVerdict(report);
   if (report.outcome == AnalysisOutcome::None) return "The truss is stable, but there are no results to judge";
   if (report.outcome == AnalysisOutcome::Unstable) {
@@ -44,6 +44,11 @@ std::string VerdictOf(const CheckReport& report) {
   const std::string right = "right to " + Plural(digits, "digit") + CoordinateHint(report);
   if (digits < EnoughDigits) return "The truss is stable, but these results are only " + right;
   return "The truss is stable and these results are " + right;
+}
+
+std::string VerdictOf(const CheckReport& report) {
+  if (NodeCount == 0) return "There is no truss to judge";
+  return RigidityVerdict(report.withoutRigidity) + VerdictOnTruss(report);
 }
 
 std::string StatusOf(const CheckReport& report) {
@@ -80,6 +85,8 @@ CheckReport CheckAnswer(AnalysisOutcome outcome) {
   const CheckedTruss truss = ReadTruss();
   report.outcome = outcome == AnalysisOutcome::Done && !HaveResults() ? AnalysisOutcome::None : outcome;
   report.stability = JudgeStability(truss);
+  report.withoutRigidity = MembersWithoutRigidity();
+  ProposeRigidity(truss, report);
   report.findings = FindOddities(truss);
   if (report.outcome == AnalysisOutcome::Done) report.balance = BalanceResults(truss);
   if (report.stability.Stable()) {

@@ -22,7 +22,7 @@ std::vector<int> LeftOutMembers(const CheckedTruss& truss);
 /// out of the usual.  Members with the same odd value make one finding.
 void FindOddValues(const CheckedTruss& truss, FindingList& findings);
 
-/// All of these.
+/// All of these, and before them the gaps of the grids.
 std::vector<Finding> FindOddities(const CheckedTruss& truss);
 
 } // namespace strutwright

@@ -1,5 +1,6 @@
 #include "modFindings.h"
 
+#include "modEntryGaps.h"
 #include "modMechanisms.h"
 #include "modMember.h"
 #include "modModelStore.h"
@@ -246,6 +247,7 @@ void FindOddValues(const CheckedTruss& truss, FindingList& findings) {
 
 std::vector<Finding> FindOddities(const CheckedTruss& truss) {
   FindingList findings;
+  FindRowGaps(findings);
   FindCoincidentNodes(truss, findings);
   FindOddPlaces(truss, findings);
   FindOddValues(truss, findings);

@@ -49,9 +49,6 @@ Result OpenAndAnalyse(ModelSession& session) {
   }
 }
 
-/// Elongation in mm as it was listed; the message about a member that can't stretch has been shown by then.
-float ListedStretch(int m) { return MemberCanStretch(m) ? MemberStretch(m) : 0.0F; }
-
 std::vector<std::string> HeadingsOf(const Grid& grid) {
   std::vector<std::string> headings;
   for (int column = 0; column < grid.ColumnCount(); ++column) headings.push_back(grid.Text(0, column));
@@ -68,7 +65,7 @@ void PrintCsv(const ModelSession& session, Result result, bool nameFile, std::os
   out << CsvRecord(HeadingsOf(mResGr));
   for (int m = 1; result == Result::Ok && m <= MemberCount; ++m) {
     out << CsvRecord({std::to_string(m), ShortestText(MemberForce(m)), MemberState(m), ShortestText(MemberStress(m)),
-                      ShortestText(ListedStretch(m))});
+                      ShortestText(MemberStretch(m))});
   }
 }
 
@@ -93,7 +90,7 @@ std::string JsonMember(int m) {
                      {"force", JsonNumber(MemberForce(m))},
                      {"state", JsonText(MemberState(m))},
                      {"stress", JsonNumber(MemberStress(m))},
-                     {"stretch", JsonNumber(ListedStretch(m))}});
+                     {"stretch", JsonNumber(MemberStretch(m))}});
 }
 
 std::string JsonMessage(const Message& message) {

@@ -21,12 +21,6 @@ constexpr int LeastCapacity = 20;
 constexpr int MostMembers = 32767;
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 
-std::string_view TrimBlanks(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(" \t");
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
-
 struct Record {
   int line = 0; ///< where it begins
   std::vector<std::string> fields;
@@ -211,7 +205,7 @@ std::string TableToCsv(const FieldTable& table, const std::array<GridColumn, Col
 std::string ModelToCsv() { return TableToCsv(NodeTable, JointColumns) + TableToCsv(MemberTable, MemberColumns); }
 
 StoredModel ModelFromCsv(const std::string& text) {
-  Table nodes{JointColumns, "node", MostAnalysedNodes};
+  Table nodes{JointColumns, "node", MaxAnalysedNodes};
   Table members{MemberColumns, "member", MostMembers};
   Table* current = nullptr;
   CsvReader reader(text);

@@ -103,7 +103,9 @@ float Displace(float coordinate, float D, float scale) {
   return static_cast<float>(coordinate + product / std::pow(10.0, 3));
 }
 
+/// Node 0 stands for a node that a member does not name: the model is drawn from there too, and it never moves.
 Displaced DisplacedNode(const std::vector<float>& displacements, int n, const TrussView& view) {
+  if (n == 0) return {Drawn(0, NodeX, view.unit), Drawn(0, NodeY, view.unit)};
   return {Displace(Drawn(n, NodeX, view.unit), EntryOf(displacements, n, 0), view.deflectionScale),
           Displace(Drawn(n, NodeY, view.unit), EntryOf(displacements, n, 1), view.deflectionScale)};
 }

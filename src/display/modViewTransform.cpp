@@ -11,6 +11,7 @@ namespace {
 
 constexpr double FramingMargin = 1.4;
 constexpr double ZoomStep = 1.25;
+constexpr double KeyStep = 0.1;    // of the window
 constexpr float LeastSide = 1e-6F; // of a zoom rectangle, m
 constexpr double LeastSize = 1e-3; // of a window that was zoomed into, m
 constexpr double MostSize = 1e9;   // of a window that was zoomed out of, m
@@ -98,6 +99,27 @@ bool ZoomAbout(DrawingSurface& surface, double x, double y, double factor) {
   const double height = window.height * factor;
   if (!(factor > 0) || factor == 1 || !IsWithinLimits(x, y, width, height, factor)) return false;
   return SetWindowIfFinite(surface, x - (x - window.left) * factor, y - (y - window.top) * factor, width, height);
+}
+
+bool MoveView(DrawingSurface& surface, ViewMove move) {
+  const ViewWindow window = surface.Window();
+  const double width = window.width;
+  const double height = window.height;
+  const auto shift = [&](double across, double down) {
+    return SetWindowIfFinite(surface, window.left + across * width, window.top + down * height, width, height);
+  };
+  const auto zoom = [&](double factor) {
+    return ZoomAbout(surface, window.left + width / 2, window.top + height / 2, factor);
+  };
+  switch (move) {
+  case ViewMove::Left: return shift(-KeyStep, 0);
+  case ViewMove::Right: return shift(KeyStep, 0);
+  case ViewMove::Up: return shift(0, -KeyStep);
+  case ViewMove::Down: return shift(0, KeyStep);
+  case ViewMove::In: return zoom(1 / ZoomStep);
+  case ViewMove::Out: return zoom(ZoomStep);
+  }
+  return false;
 }
 
 } // namespace strutwright

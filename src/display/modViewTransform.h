@@ -30,6 +30,13 @@ void EnlargeWindow(DrawingSurface& surface);
 /// Both are surface coordinates in the window as it is before the shift.
 void PanWindow(DrawingSurface& surface, double fromX, double fromY, double toX, double toY);
 
+/// The ways in which keys move the view.
+enum class ViewMove { Left, Right, Up, Down, In, Out };
+
+/// Moves the window a tenth of its width or height, to show what lies on that side, or zooms about its centre by 1.25.
+/// Returns whether the window was set: the limits of ZoomAbout hold.
+bool MoveView(DrawingSurface& surface, ViewMove move);
+
 /// Makes the window `factor` times as wide and high, so that the given point of the surface stays where it is.
 /// Nothing happens where that would show less than 1 mm, more than 1e9 m, or a detail finer than coordinates of that
 /// size can tell apart; returns whether the window was set.

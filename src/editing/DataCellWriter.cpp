@@ -5,11 +5,19 @@
 namespace strutwright {
 
 void DataCellWriter::Write(int row, int column, const std::string& text) {
-  if (row >= 1 && row < Target.RowCount() && column >= 0 && column < Target.ColumnCount()) {
+  if (HasCell(row, column)) {
     Target.SetText(row, column, text);
   } else if (!FirstMiss) {
     FirstMiss.emplace(row, column);
   }
+}
+
+void DataCellWriter::Empty(int row, int column) {
+  if (HasCell(row, column)) Target.SetText(row, column, "");
+}
+
+bool DataCellWriter::HasCell(int row, int column) const {
+  return row >= 1 && row < Target.RowCount() && column >= 0 && column < Target.ColumnCount();
 }
 
 void DataCellWriter::TellFirstMiss() const {

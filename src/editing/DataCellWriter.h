@@ -15,10 +15,15 @@ class DataCellWriter {
 
   void Write(int row, int column, const std::string& text);
 
+  /// Empties a cell; where the grid has none, there is nothing to empty and nothing to tell.
+  void Empty(int row, int column);
+
   /// Shows the first cell that was not there, if any.
   void TellFirstMiss() const;
 
  private:
+  bool HasCell(int row, int column) const;
+
   Grid& Target;
   std::optional<GridRangeError> FirstMiss;
 };

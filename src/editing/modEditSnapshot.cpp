@@ -33,7 +33,9 @@ void WriteTexts(const GridTexts& kept, Grid& grid) {
 
 } // namespace
 
-EditSnapshot TakeSnapshot() { return {TextsOf(GrJoints), TextsOf(GrMembers), GridCapacity, CurrentFileName}; }
+EditSnapshot TakeSnapshot() {
+  return {TextsOf(GrJoints), TextsOf(GrMembers), GridCapacity, CurrentFileName, TheFiles.Opened.open};
+}
 
 void RestoreSnapshot(const EditSnapshot& snapshot) {
   EndAnalysis(); // or its results would be drawn on the model that comes back
@@ -41,6 +43,7 @@ void RestoreSnapshot(const EditSnapshot& snapshot) {
   WriteTexts(snapshot.members, GrMembers);
   GridCapacity = snapshot.gridCapacity;
   CurrentFileName = snapshot.currentFileName;
+  TheFiles.Opened.open = snapshot.modelNumber;
   RebuildModelFromGrids();
   ModelEvents().ModelChanged();
 }

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -73,13 +74,62 @@ void MakeRoom(Grid& grid, std::size_t rows) {
   if (spare) grid.SetText(needed, 0, std::to_string(needed));
 }
 
-void PasteLine(DataCellWriter& cells, int row, const std::vector<std::string>& line) {
+/// Writes pasted texts into a grid.  Of those that are no numbers the first is shown at once, as one that was typed
+/// is, and the others in one box in the end: a table with a column of names must not bring a box for each.
+class PastedBlock {
+ public:
+  explicit PastedBlock(Grid& grid) : Cells(grid) {}
+
+  void WriteLine(int row, const std::vector<std::string>& line);
+  void ReportFailures() const;
+
+ private:
+  void WriteCell(int row, int column, const std::string& text);
+  void ReportNonNumeric() const;
+
+  DataCellWriter Cells;
+  int NonNumeric = 0;
+  std::vector<std::string> Places; ///< of the non-numeric texts after the first, as far as they are named
+};
+
+void PastedBlock::WriteLine(int row, const std::vector<std::string>& line) {
   int column = 1;
-  for (const std::string& text : line) {
-    cells.Write(row, column, NumberText(CheckCellValue(text, row + 1, column + 1)));
-    ++column;
+  for (const std::string& text : line) WriteCell(row, column++, text);
+  Cells.Write(row, 0, std::to_string(row));
+}
+
+void PastedBlock::WriteCell(int row, int column, const std::string& text) {
+  constexpr std::size_t mostNamed = 10;
+  if (text.empty()) return Cells.Empty(row, column);
+  float value = 0;
+  if (const std::optional<float> number = NumericValue(text)) {
+    value = *number;
+  } else if (++NonNumeric == 1) {
+    value = CheckCellValue(text, row + 1, column + 1);
+  } else if (Places.size() < mostNamed) {
+    Places.push_back("(" + std::to_string(row + 1) + "," + std::to_string(column + 1) + ")");
   }
-  cells.Write(row, 0, std::to_string(row));
+  Cells.Write(row, column, NumberText(value));
+}
+
+void PastedBlock::ReportNonNumeric() const {
+  const int more = NonNumeric - 1;
+  if (more < 1) return;
+  const int unnamed = more - static_cast<int>(Places.size());
+  std::vector<std::string> names = Places;
+  if (unnamed > 0) names.push_back(std::to_string(unnamed) + " more");
+  std::string list = names.front();
+  for (std::size_t k = 1; k < names.size(); ++k) list += (k + 1 < names.size() ? ", " : " and ") + names[k];
+  const bool one = more == 1;
+  ShowMessage(MessageIcon::Exclamation,
+              std::to_string(more) +
+                  (one ? " more non-numeric entry found.\nEntry " : " more non-numeric entries found.\nEntries ") +
+                  list + " set to zero");
+}
+
+void PastedBlock::ReportFailures() const {
+  ReportNonNumeric();
+  Cells.TellFirstMiss();
 }
 
 /// What is pasted while results are shown must not take them away.
@@ -114,6 +164,7 @@ void RunGridCommand(GridCommand command, Grid& grid) {
 
 void copyGrid(const Grid& grid) {
   const GridBlock selection = grid.Selection();
+  if (selection.lastRow == 0) return; // nobody asks for headings alone
   TheClipboard().SetText(PlainText(grid, selection), HtmlTable(grid, selection));
 }
 
@@ -137,10 +188,10 @@ void pasteCells(Grid& grid) {
   if (lines.empty()) return;
   const int firstRow = grid.RowCount() == 1 ? 1 : grid.CurrentRow();
   MakeRoom(grid, static_cast<std::size_t>(firstRow) + lines.size());
-  DataCellWriter cells(grid);
+  PastedBlock block(grid);
   int row = firstRow;
-  for (const auto& line : lines) PasteLine(cells, row++, line);
-  cells.TellFirstMiss();
+  for (const auto& line : lines) block.WriteLine(row++, line);
+  block.ReportFailures();
   ShowPastedRows();
 }
 

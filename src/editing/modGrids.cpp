@@ -1,7 +1,9 @@
 #include "modGrids.h"
 
 #include "AnalysisState.h"
+#include "AnalysisTexts.h"
 #include "EditingState.h"
+#include "Platform.h"
 #include "modAnalysis.h"
 #include "modMember.h"
 #include "modModelStore.h"
@@ -34,7 +36,7 @@ void ListMember(int member) {
   mResGr.SetText(member, 1, FormatNumber(MemberForce(member), "#0.0#"));
   mResGr.SetText(member, 2, MemberState(member));
   mResGr.SetText(member, 3, FormatNumber(MemberStress(member), "#0.0##"));
-  mResGr.SetText(member, 4, FormatNumber(MemberStretch(member), "#0.0##"));
+  mResGr.SetText(member, 4, FormatNumber(StretchOrMessage(member), "#0.0##"));
 }
 
 } // namespace
@@ -61,6 +63,11 @@ void resultGrids() {
   for (int node = 1; node <= NodeCount; ++node) ListNode(node);
   mResGr.SetRowCount(MemberCount + 1);
   for (int member = 1; member <= MemberCount; ++member) ListMember(member);
+}
+
+float StretchOrMessage(int m) {
+  if (const auto fault = StretchFaultOf(m)) ShowMessage(MessageIcon::Information, NoStretchText(m, *fault));
+  return MemberStretch(m);
 }
 
 } // namespace strutwright

@@ -34,7 +34,10 @@ void initGrids();
 void ClearResultGrids();
 
 /// Fills the results grids from the results of the analysis: displacements in mm, reactions and forces in kN, stresses
-/// in N/mm2, elongations in mm.  A member that can't stretch is told to the user as it is listed.
+/// in N/mm2, elongations in mm.  A member that can't stretch is shown to the user as it is listed.
 void resultGrids();
+
+/// Elongation of member m in mm; 0, with a message, where it can't stretch.
+float StretchOrMessage(int m);
 
 } // namespace strutwright

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Matrix.h"
+#include "MemberMatrix.h"
 #include "ViewStiffness.h"
 
 #include <array>
@@ -27,11 +27,12 @@ struct EquationPage {
   FreedomValues loads;                          ///< as shown, kN
   FreedomFlags fixed;                           ///< restrained since viewStiffness was made; nothing before Restrict
   FreedomValues displacements;                  ///< as shown, mm
-  Matrix memberStiffness{4, 4};                 ///< one member's matrix; an ignored member leaves its predecessor's
+  MemberMatrix memberStiffness;                 ///< one member's matrix; an ignored member leaves its predecessor's
   int matrixOf = 0;                             ///< whose matrix that is; 0: nobody's, all zero
   EquationStep lastStep = EquationStep::None;
-  int lastMember = 0;                ///< the member that the last step added; 0 when it was no such step
-  std::array<int, 5> lastFreedoms{}; ///< where it was added, indices 1..4; zeros where it was not
+  int lastMember = 0;            ///< the member that the last step added; 0 when it was no such step
+  MemberFreedoms lastFreedoms{}; ///< where it was added, indices 1..4; zeros where it was not
+  int shownMember = 0;           ///< the member that was last added to this matrix; 0: none, or all at once
 };
 
 /// A page as it was before a press.

@@ -1,6 +1,7 @@
 #include "ViewStiffness.h"
 
 #include "Ensure.h"
+#include "modAnalysis.h"
 
 #include <utility>
 
@@ -18,37 +19,27 @@ float MemberShare::At(int row, int column) const {
 }
 
 void ViewStiffness::Add(MemberShare share) {
-  std::size_t entry = 0;
-  for (std::size_t p = 1; p <= 4; ++p) {
-    for (std::size_t q = 1; q <= 4; ++q) {
-      const float addend = share.k(static_cast<int>(p), static_cast<int>(q));
-      const float before = K(share.freedoms[p], share.freedoms[q]);
-      share.before[entry++] = before;
-      if (addend == 0.0F) continue;
-      const double sum = static_cast<double>(before) + static_cast<double>(addend);
-      K.Put(share.freedoms[p], share.freedoms[q], static_cast<float>(sum));
-    }
+  for (std::size_t entry = 0; entry < share.before.size(); ++entry) {
+    share.before[entry] = K(share.freedoms[entry / 4 + 1], share.freedoms[entry % 4 + 1]);
   }
+  AddAtFreedoms(share.freedoms, share.k, K);
   Added.push_back(std::move(share));
 }
 
 void ViewStiffness::TakeBack() {
   Ensure(!Added.empty(), "a share that is taken back was added");
   const MemberShare& last = Added.back();
-  // Backwards, because a member from a node to itself adds to an entry more than once.
-  for (std::size_t p = 4; p >= 1; --p) {
-    for (std::size_t q = 4; q >= 1; --q) {
+  for (std::size_t p = 1; p <= 4; ++p) {
+    for (std::size_t q = 1; q <= 4; ++q) {
       if (last.k(static_cast<int>(p), static_cast<int>(q)) == 0.0F) continue;
-      K.Put(last.freedoms[p], last.freedoms[q], last.before[4 * (p - 1) + q - 1]);
+      K.Set(last.freedoms[p], last.freedoms[q], last.before[4 * (p - 1) + q - 1]);
     }
   }
   Added.pop_back();
 }
 
 void ViewStiffness::Clear(FreedomFlags restrained) {
-  for (int d = 1; d <= K.Last(); ++d) {
-    if (restrained->at(static_cast<std::size_t>(d)) == 1) K.ClearFreedom(d);
-  }
+  RestrainEquations(K, *restrained);
   Clearings.push_back({Added.size(), std::move(restrained)});
 }
 

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "Matrix.h"
-#include "ViewMatrix.h"
+#include "MemberMatrix.h"
+#include "StiffnessMatrix.h"
+#include "modMember.h"
 
 #include <array>
 #include <cstddef>
@@ -16,10 +17,10 @@ using FreedomFlags = std::shared_ptr<const std::vector<std::int16_t>>;
 
 /// One member's share of K.
 struct MemberShare {
-  int member = 0;                ///< whose freedoms it went to
-  int matrixOf = 0;              ///< whose matrix it is: an ignored member adds its predecessor's; 0: a matrix of zeros
-  std::array<int, 5> freedoms{}; ///< global freedoms of the local ones 1..4
-  Matrix k{4, 4};                ///< kN/mm, indices 1..4
+  int member = 0;            ///< whose freedoms it went to
+  int matrixOf = 0;          ///< whose matrix it is: an ignored member adds its predecessor's; 0: a matrix of zeros
+  MemberFreedoms freedoms{}; ///< where it goes
+  MemberMatrix k;
   std::array<float, 16> before{}; ///< the entries of K that it was added to, row after row, as they were
 
   /// What it adds to K(row, column), in kN/mm.
@@ -41,7 +42,7 @@ class ViewStiffness {
   /// Clears the rows and columns of the marked freedoms, as ApplySupports does.
   void Clear(FreedomFlags restrained);
 
-  const ViewMatrix& Values() const { return K; }
+  const StiffnessMatrix& Values() const { return K; }
   const std::vector<MemberShare>& Shares() const { return Added; }
 
   /// Where the value of an entry begins.
@@ -57,7 +58,7 @@ class ViewStiffness {
     FreedomFlags restrained;
   };
 
-  ViewMatrix K;
+  StiffnessMatrix K;
   std::vector<MemberShare> Added;
   std::vector<Clearing> Clearings;
 };

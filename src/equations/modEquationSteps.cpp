@@ -1,6 +1,7 @@
 #include "modEquationSteps.h"
 
 #include "AnalysisState.h"
+#include "AnalysisTexts.h"
 #include "EquationsState.h"
 #include "LongWork.h"
 #include "ModelEvents.h"
@@ -9,10 +10,8 @@
 #include "modKeepResults.h"
 #include "modMember.h"
 #include "modModelStore.h"
-#include "modNumberText.h"
 #include "modSolver.h"
 
-#include <cmath>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -24,52 +23,18 @@ namespace {
 
 const std::string FirstCaption = "Add Member 1";
 
-/// Puts the state of the last analysis back when it goes: a solve that fails here says nothing about those results.
-class KeptAnalysisState {
- public:
-  KeptAnalysisState() = default;
-  ~KeptAnalysisState() {
-    const bool changed = AnalysisDone != Done;
-    AnalysisDone = Done;
-    FailedCheck = Failed;
-    GlobalStiffness = std::move(Stiffness);
-    if (changed) ModelEvents().AnalysisStateChanged();
-  }
-  KeptAnalysisState(const KeptAnalysisState&) = delete;
-  KeptAnalysisState& operator=(const KeptAnalysisState&) = delete;
-
- private:
-  std::int16_t Done = AnalysisDone;
-  std::optional<int> Failed = FailedCheck;
-  Matrix Stiffness = std::exchange(GlobalStiffness, Matrix()); ///< the solver may need it for itself
-};
-
-bool CheckNodeCount() {
-  if (NodeCount <= MostAnalysedNodes) return true;
-  ShowMessage(MessageIcon::Critical, "The model has " + std::to_string(NodeCount) + " nodes, but the equations of at " +
-                                         "most " + std::to_string(MostAnalysedNodes) + " can be shown.");
-  return false;
-}
-
-bool CheckNodeNumber(int m, MemberField field) {
-  const int node = RoundNodeNumber(MemberTable(m, field));
-  if (node >= 0 && node <= NodeCount) return true;
-  const auto rounded = static_cast<float>(std::nearbyint(MemberTable(m, field)));
-  const std::string there =
-      NodeCount == 0 ? "the model has no nodes" : "the nodes are numbered 1 to " + std::to_string(NodeCount);
-  ShowMessage(MessageIcon::Critical, "Member " + std::to_string(m) + " names node " + NumberText(rounded) +
-                                         ", which does not exist: " + there +
-                                         ".\nCorrect the member's node numbers first.");
-  return false;
-}
-
 /// Whether there are equations to show; reports what stands against it.
 bool CheckModel() {
-  if (!CheckNodeCount()) return false;
-  for (int m = 1; m <= MemberCount; ++m) {
-    if (!CheckNodeNumber(m, MemberNodeI) || !CheckNodeNumber(m, MemberNodeJ)) return false;
+  if (NodeCount > MaxAnalysedNodes) {
+    ShowMessage(MessageIcon::Critical, "The model has " + std::to_string(NodeCount) +
+                                           " nodes, but the equations of at most " + std::to_string(MaxAnalysedNodes) +
+                                           " can be shown.");
+    return false;
   }
-  return true;
+  const std::optional<UnknownNode> unknown = FindUnknownNode();
+  if (!unknown) return true;
+  ShowMessage(MessageIcon::Critical, UnknownNodeText(*unknown, "Correct the member's node numbers first."));
+  return false;
 }
 
 std::size_t EntryCount(const EquationPage& page) { return static_cast<std::size_t>(page.viewDofCount) + 1; }
@@ -84,10 +49,11 @@ std::vector<float> Loads(const EquationPage& page) {
 void BeginWithMember1(EquationPage& page) {
   page.memberIndex = 0;
   page.addMemberCaption = FirstCaption;
-  page.memberStiffness.Recreate(4, 4);
+  page.memberStiffness = {};
   page.matrixOf = 0;
   page.fixed.reset();
   page.allAdded = false;
+  page.shownMember = 0;
 }
 
 void EmptyMatrix(EquationPage& page) {
@@ -131,17 +97,17 @@ void Turn(EquationPage page, EquationStep step) {
   TheEquations.past.push_back({std::exchange(TheEquations.page, std::move(page)), false});
 }
 
-/// The share of the next member in turn; nothing when it names no two nodes.
-std::optional<MemberShare> ShareOf(int m, Matrix& k, int& matrixOf) {
-  if (MemberStiffness(k, m)) matrixOf = m;
-  const std::optional<std::array<int, 5>> freedoms = MemberFreedoms(m);
-  if (!freedoms) return std::nullopt;
-  MemberShare share;
-  share.member = m;
-  share.matrixOf = matrixOf;
-  share.freedoms = *freedoms;
-  share.k = k;
-  return share;
+void ShowIgnored(int m, MemberFault fault) { ShowMessage(MessageIcon::Critical, IgnoredText({m, fault})); }
+
+/// The share of the next member in turn; nothing when it names no two nodes.  Shows what is wrong with the member.
+std::optional<MemberShare> ShareOf(int m, MemberMatrix& k, int& matrixOf) {
+  const std::vector<MemberFault> faults = MemberStiffness(k, m);
+  for (const MemberFault fault : faults) ShowIgnored(m, fault);
+  if (faults.empty()) matrixOf = m;
+  const std::optional<MemberFreedoms> freedoms = FreedomsOf(m);
+  if (freedoms) return MemberShare{m, matrixOf, *freedoms, k, {}};
+  ShowIgnored(m, MemberFault::NoNode);
+  return std::nullopt;
 }
 
 void AddNextMember(EquationPage page, int member) {
@@ -150,7 +116,8 @@ void AddNextMember(EquationPage page, int member) {
   page.allAdded = member == MemberCount;
   page.addMemberCaption = page.allAdded ? "Clear K" : "Add Member " + std::to_string(member + 1);
   page.lastMember = member;
-  page.lastFreedoms = share ? share->freedoms : std::array<int, 5>{};
+  page.shownMember = member;
+  page.lastFreedoms = share ? share->freedoms : MemberFreedoms{};
   const bool sameMatrix = page.viewStiffness == TheEquations.page.viewStiffness;
   Turn(std::move(page), EquationStep::AddMember);
   if (!share) return;
@@ -165,23 +132,26 @@ void LeaveRestrainedLoadsOut(const EquationPage& page, std::vector<float>& P) {
   }
 }
 
-/// The displacements in mm; nothing when the equations can't be solved, which has been reported.
+SolveOutcome Solve(const StiffnessMatrix& K, std::vector<float>& D, const std::vector<float>& P) {
+  LongWork work(SolvingText);
+  return SolveEquations(K, D, P, work);
+}
+
+/// The displacements in mm; nothing when the equations can't be solved, which is shown.
 FreedomValues SolvePage(const EquationPage& page) {
-  const KeptAnalysisState kept;
-  if (page.viewDofCount == 0) {
-    ReportAnalysisFailure(EmptyModelCheck);
+  const int n = page.viewDofCount;
+  if (n == 0) {
+    ShowMessage(MessageIcon::Critical, AnalysisFailureText(EmptyModelCheck));
     return nullptr;
   }
   std::vector<float> P = Loads(page);
   LeaveRestrainedLoadsOut(page, P);
-  const int n = page.viewDofCount;
-  TiledMatrix K = page.viewStiffness ? page.viewStiffness->Values().InTiles() : TiledMatrix(n);
-  const auto inFull = [&] { return page.viewStiffness ? page.viewStiffness->Values().InFull() : Matrix(n, n + 1); };
   std::vector<float> D(EntryCount(page), 0.0F);
-  std::int16_t ok = FlagTrue;
-  SolveEquations(K, D, P, page.viewDofCount, ok, inFull);
-  if (ok == FlagFalse) return nullptr;
-  return std::make_shared<const std::vector<float>>(std::move(D));
+  const StiffnessMatrix zeros(n);
+  if (Solve(page.viewStiffness ? page.viewStiffness->Values() : zeros, D, P) == SolveOutcome::Solved)
+    return std::make_shared<const std::vector<float>>(std::move(D));
+  ShowMessage(MessageIcon::Critical, AnalysisFailureText(UnstableCheck));
+  return nullptr;
 }
 
 } // namespace
@@ -210,7 +180,7 @@ void StepShowGlobalK() {
   std::optional<EquationPage> page = NextPage();
   if (!page) return;
   MakeMatrix(*page);
-  Matrix k(4, 4);
+  MemberMatrix k;
   int matrixOf = 0;
   for (int m = 1; m <= MemberCount; ++m) {
     if (std::optional<MemberShare> share = ShareOf(m, k, matrixOf)) page->viewStiffness->Add(*std::move(share));

@@ -1,18 +1,18 @@
 #include "modFileCommands.h"
 
-#include "DrawingSurface.h"
 #include "FileEvents.h"
 #include "FileState.h"
 #include "ModelEvents.h"
 #include "Platform.h"
-#include "modExamples.h"
 #include "modKeepResults.h"
 #include "modModelFile.h"
+#include "modModelHomes.h"
 #include "modModelStore.h"
 #include "modPlaces.h"
 #include "modRecentFiles.h"
 #include "modSavedModels.h"
 
+#include <algorithm>
 #include <exception>
 #include <functional>
 #include <utility>
@@ -79,6 +79,7 @@ std::string Shortcomings(const StoredModel& model) {
 
 void NoteSaved() {
   NoteFile(CurrentFileName, WriteModel());
+  TakeFileOver();
   if (TheFiles.OwnRecovery) TheFiles.OwnRecovery->restored = false;
 }
 
@@ -95,6 +96,7 @@ void ClearDataGrids() {
   for (Grid* grid : {&GrJoints, &GrMembers}) {
     ClearGrid(*grid, GridCapacity);
     NumberRows(*grid);
+    grid->SetCurrentCell(std::min(1, grid->RowCount() - 1), 1); // the first row comes when it is needed
   }
 }
 
@@ -105,6 +107,7 @@ void OpenCurrentFile(Listing listing) {
   const std::string shortcomings = Shortcomings(model);
   EndAnalysis(); // or its results would be drawn on the new model
   TakeModel(std::move(model));
+  BeginModel(CurrentFileName);
   if (listing == Listing::Listed) addRecentFile(CurrentFileName);
   ShowOpenedModel();
   if (!shortcomings.empty()) {
@@ -156,12 +159,12 @@ void OpenRecentFile(int index) {
   const std::string path = mnuRUF.at(static_cast<std::size_t>(index - 1)).tag;
   CurrentFileName = path;
   addRecentFile(path);
-  // An example stays what it is: Save asks for a name.
-  if (openModel(path) && IsExample(path)) CurrentFileName.clear();
+  openModel(path);
 }
 
 void newModel() {
   const std::string fileName = OwnFile("newTruss.stw");
+  BeginModel("");
   EndAnalysis();
   NodeCount = 0;
   MemberCount = 0;
@@ -175,11 +178,11 @@ void newModel() {
   ModelEvents().ModelReplaced();
 }
 
-void savePicture(DrawingSurface& drawing) {
+void savePicture(const std::function<void(const std::string&)>& save) {
   try {
     SetDialog("Save Truss Display As", OverwritePrompt, PictureFilter);
-    if (!AskNameToSave([&drawing] { savePicture(drawing); })) return;
-    drawing.SavePicture(TheFileDialog().fileName);
+    if (!AskNameToSave([&save] { savePicture(save); })) return;
+    save(TheFileDialog().fileName);
   } catch (const std::exception& failure) {
     ReportSaveFailure(TheFileDialog().fileName, failure.what());
   }
@@ -207,9 +210,11 @@ void SaveAsFromMenu() {
   saveModel(false);
 }
 
-void OpenFromMenu() {
+void OpenFromMenu() { OpenNamed(""); }
+
+void OpenNamed(const std::string& fileName) {
   GridCapacity = 0;
-  openModel("");
+  openModel(fileName);
 }
 
 void NewFromMenu() {

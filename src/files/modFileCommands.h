@@ -1,10 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 namespace strutwright {
-
-class DrawingSurface;
 
 // The commands of the File menu and the picture export, as the menus, the toolbar and the analysis call them.
 // The commands ask, tell and report failures themselves; only newModel and writeScratchCopy throw.
@@ -29,7 +28,8 @@ bool openModel(const std::string& fileName, std::string* reason = nullptr);
 /// fileName: not empty.
 bool OpenUnlisted(const std::string& fileName);
 
-/// Opens an entry of the recent files.  It moves to the top of the list first, whether or not it can be opened.
+/// Opens an entry of the recent files under its name, also an example: only OpenExample leaves a model without one.
+/// The entry moves to the top of the list first, whether or not it can be opened.
 /// index: from 1, of an entry that exists.
 void OpenRecentFile(int index);
 
@@ -39,7 +39,8 @@ void newModel();
 
 /// Saves a drawing under a name that the user is asked for, with the same second chance as saveModel.
 /// A failure shows "Error while saving file ", the name and the reason.
-void savePicture(DrawingSurface& drawing);
+/// save: writes it to a path; may throw FileError.
+void savePicture(const std::function<void(const std::string& path)>& save);
 
 /// Writes the model to temp_truss.stw among the program's own files and reads it back, which also sizes the tables to
 /// the counts.  Another running copy of the program waits meanwhile, so that neither reads the other's model.
@@ -52,6 +53,10 @@ void SaveAsFromMenu();
 
 /// The menus' Open.  The capacity comes from the file; where the user cancels, it stays 0.
 void OpenFromMenu();
+
+/// The same for a file whose name is known already.
+/// fileName: full path; empty asks for it.
+void OpenNamed(const std::string& fileName);
 
 /// The display's New: the grids keep their header rows alone and grow with the model.
 void NewFromMenu();

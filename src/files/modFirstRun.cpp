@@ -13,6 +13,7 @@ constexpr const char* Welcome = "Welcome to Strutwright.\n"
                                 "\n"
                                 "https://strutwright.example";
 
+/// What an installer or a package has registered stays as it is.
 void AssociateModelFiles() {
   CAssociate modelFile;
   modelFile.Title = "Strutwright File";
@@ -20,7 +21,7 @@ void AssociateModelFiles() {
   modelFile.Extension = ".stw";
   modelFile.AppCommand = ThePlatform().executable;
   modelFile.DefaultIcon = ThePlatform().icon;
-  modelFile.Associate();
+  if (!FileTypes().IsInstalled(modelFile.Class, modelFile.Extension, modelFile.AppCommand)) modelFile.Associate();
 }
 
 } // namespace

@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::size_t CountsSize = 3 * sizeof(std::int16_t);
 constexpr std::size_t ValueSize = sizeof(float);
-constexpr int MostFreedoms = 32767;
+constexpr std::size_t MostRecords = 32768; // of a table, the one that is not used included
 
 void AppendLittleEndian(std::string& bytes, std::unsigned_integral auto value) {
   for (std::size_t i = 0; i < sizeof(value); ++i) {
@@ -57,7 +57,6 @@ StoredModel ReadCounts(const std::string& bytes) {
   model.nodeCount = CountAt(bytes, 1);
   model.memberCount = CountAt(bytes, 2);
   if (model.nodeCount < 0 || model.memberCount < 0) throw FileError("The file gives a negative number of records");
-  if (2 * model.nodeCount > MostFreedoms) throw FileError("The file gives more nodes than a model can have");
   model.nodes.Recreate(model.nodeCount);
   model.members.Recreate(model.memberCount);
   model.promisedValues = ValueCount(model.nodes) + ValueCount(model.members);
@@ -107,8 +106,7 @@ void SaveModelFile(const std::string& path) { SaveBytes(path, WriteModel()); }
 
 StoredModel LoadModelFile(const std::string& path) {
   // The largest model that can be opened; nobody's video is read to its end.
-  constexpr std::size_t MostBytes =
-      CountsSize + ValueSize * (std::size_t{6} * (MostFreedoms / 2 + 1) + std::size_t{10} * 32768);
+  constexpr std::size_t MostBytes = CountsSize + ValueSize * MostRecords * (6 + 10);
   return ReadModel(Files().Read(path, 0, MostBytes));
 }
 

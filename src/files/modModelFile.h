@@ -27,8 +27,8 @@ struct StoredModel {
 std::string WriteModel();
 
 /// Reads a model from the bytes of a file; what stands behind the member table is ignored.
-/// Throws FileError when the three counts are not there, one of them is negative, or they give more than 32767
-/// degrees of freedom.
+/// Every count from 0 to 32767 is read, also one of nodes that no analysis takes: what was saved can be opened.
+/// Throws FileError when the three counts are not there or one of them is negative.
 StoredModel ReadModel(const std::string& bytes);
 
 /// Makes a model that was read the open one, GridCapacity included.

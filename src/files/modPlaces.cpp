@@ -10,6 +10,20 @@ std::string LastComponent(const std::string& path) { return path.substr(path.fin
 
 namespace {
 
+bool IsWindows(char separator) { return separator == '\\'; }
+
+} // namespace
+
+std::string CompanionProgram(const std::string& folder, char separator) {
+  return folder + separator + (IsWindows(separator) ? "Bracefold.exe" : "bracefold");
+}
+
+std::string MainProgram(const std::string& folder, char separator) {
+  return folder + separator + (IsWindows(separator) ? "Strutwright.exe" : "strutwright");
+}
+
+namespace {
+
 /// Where it can't be created, writing the file will say why.
 void CreateDataFolder() {
   try {

@@ -34,10 +34,46 @@ std::string TailOf(const std::string& target, std::size_t length) {
   return Files().Read(target, length, std::numeric_limits<std::size_t>::max());
 }
 
+void Overwrite(const std::string& target, const std::string& content) {
+  Files().Write(target, content);
+  Files().Resize(target, content.size());
+  Files().Flush(target);
+}
+
+/// Gives a file that could not be overwritten its old content again; false where that fails too.
+bool PutBack(const std::string& target, const std::string& old) {
+  try {
+    Overwrite(target, old);
+    return true;
+  } catch (const FileError&) {
+    return false;
+  }
+}
+
+/// Overwrites a file that has other names, which a new file in its place would not have.  The whole new content lies
+/// beside it until that is done, so that a kill loses nothing.
+void OverwriteUnderAllNames(const std::string& target, const std::string& content) {
+  const std::string old = TailOf(target, 0);
+  const std::string beside = PutNewFileBeside(Files(), target, content, true);
+  try {
+    Overwrite(target, content);
+  } catch (const FileError& error) {
+    if (!PutBack(target, old)) throw FileError(std::string(error.what()) + "\nThe whole content is in " + beside);
+    Discard(Files(), beside);
+    throw;
+  }
+  Discard(Files(), beside);
+}
+
+void PutInPlace(const std::string& target, const std::string& content) {
+  if (Files().HasOtherNames(target)) return OverwriteUnderAllNames(target, content);
+  ReplaceByNewFile(Files(), target, content, true);
+}
+
 void SaveOverFile(const std::string& target, const std::string& bytes) {
   Files().CheckWritable(target);
   try {
-    ReplaceByNewFile(Files(), target, bytes + TailOf(target, bytes.size()), true);
+    PutInPlace(target, bytes + TailOf(target, bytes.size()));
   } catch (const FileError& error) {
     // Without truncation the tail stays where it is, even one that may not be read.
     if (!IsRefusedByFolder(error)) throw;
@@ -47,7 +83,7 @@ void SaveOverFile(const std::string& target, const std::string& bytes) {
 
 void SaveInsteadOfFile(const std::string& target, const std::string& bytes) {
   Files().CheckWritable(target);
-  ReplaceByNewFile(Files(), target, bytes, true);
+  PutInPlace(target, bytes);
 }
 
 /// overFile: saves where there is a file already.

@@ -8,7 +8,9 @@ namespace strutwright {
 /// truncation would.
 /// The complete new content is written beside the target, flushed and put in place in one step, so that a full disk
 /// or a kill at any moment leaves the old file whole.  Symbolic links are followed; mode and, where allowed, owner
-/// are kept.  Only where the folder can't take a second file or won't let it replace the first, and for devices and
+/// are kept.  A file with more than one name (hard links) is overwritten instead, after its whole new content has been
+/// put beside it; that file goes when the work is done and stays where overwriting has failed for good, which the error
+/// then says.  Only where the folder can't take a second file or won't let it replace the first, and for devices and
 /// pipes, is the target itself written.
 /// Throws FileError; the old file is then as it was, unless it had to be written itself.
 void SaveBytes(const std::string& path, const std::string& bytes);

@@ -17,12 +17,6 @@ constexpr std::string_view Blanks = " \t";
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-std::string_view TrimBlanks(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(Blanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(Blanks) - first + 1);
-}
-
 /// Takes a run of digits off the front and returns it.
 std::string_view TakeDigits(std::string_view& text) {
   const auto end = std::find_if_not(text.begin(), text.end(), IsDigit);
@@ -192,6 +186,12 @@ std::size_t CountZeros(std::string_view pattern) {
 }
 
 } // namespace
+
+std::string_view TrimBlanks(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(Blanks);
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(Blanks) - first + 1);
+}
 
 std::optional<float> NumericValue(std::string_view text) {
   text = TrimBlanks(text);

@@ -13,6 +13,9 @@ namespace strutwright {
 /// small for it is 0.  Independent of the locale.
 std::optional<float> NumericValue(std::string_view text);
 
+/// The text without the blanks and tabs around it.
+std::string_view TrimBlanks(std::string_view text);
+
 /// Whether a text has the form of a number, however large.
 bool IsNumberForm(std::string_view text);
 

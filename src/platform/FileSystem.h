@@ -59,6 +59,12 @@ class FileSystem {
   /// Writes `bytes` from the start of the existing file, which is not truncated.
   virtual void Write(const std::string& path, const std::string& bytes) = 0;
 
+  /// Cuts the existing file off behind its first `size` bytes, or fills it with zeros up to there.
+  virtual void Resize(const std::string& path, std::size_t size) = 0;
+
+  /// Whether the existing file has more than one name (hard links): replacing it would part them.
+  virtual bool HasOtherNames(const std::string& path) = 0;
+
   /// Gives `path` the mode and, where that is allowed, the owner of `model`.
   virtual void CopyMode(const std::string& model, const std::string& path) = 0;
 

@@ -10,6 +10,10 @@ class FileTypeRegistry {
  public:
   virtual ~FileTypeRegistry() = default;
 
+  /// Whether an installer or a package has registered a file type, which then stays as it is.
+  /// typeClass: the type's name for programs.  extension: with its point.  program: the full path of the one that asks.
+  virtual bool IsInstalled(const std::string& typeClass, const std::string& extension, const std::string& program) = 0;
+
   /// Gives a key, created with those above it as needed, its default value.  What fails is not told.
   virtual void SetDefault(const std::string& key, const std::string& value) = 0;
 

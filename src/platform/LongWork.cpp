@@ -13,7 +13,10 @@ constexpr std::chrono::milliseconds ReportInterval{100};
 
 } // namespace
 
-LongWork::LongWork(std::string text) : Text(std::move(text)), NextReport(ThePlatform().now() + QuietTime) {}
+LongWork::LongWork(std::string text) : LongWork([text = std::move(text)] { return text; }) {}
+
+LongWork::LongWork(std::function<std::string()> text)
+    : MakeText(std::move(text)), NextReport(ThePlatform().now() + QuietTime) {}
 
 LongWork::~LongWork() {
   if (Shown) ThePlatform().progress->EndProgress();
@@ -24,6 +27,7 @@ void LongWork::Done(double fraction) {
   const auto now = ThePlatform().now();
   if (now < NextReport) return;
   NextReport = now + ReportInterval;
+  if (!Shown) Text = MakeText();
   Shown = true;
   if (!ThePlatform().progress->ShowProgress(Text, fraction)) throw WorkCancelled();
 }

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <exception>
+#include <functional>
 #include <string>
 
 namespace strutwright {
@@ -18,6 +19,8 @@ class LongWork {
  public:
   /// text: what is done, for the status bar.
   explicit LongWork(std::string text);
+  /// text: gives it once it is shown.
+  explicit LongWork(std::function<std::string()> text);
   ~LongWork();
   LongWork(const LongWork&) = delete;
   LongWork& operator=(const LongWork&) = delete;
@@ -26,7 +29,8 @@ class LongWork {
   void Done(double fraction);
 
  private:
-  std::string Text;
+  std::function<std::string()> MakeText;
+  std::string Text; ///< once it is shown
   std::chrono::steady_clock::time_point NextReport;
   bool Shown = false;
 };

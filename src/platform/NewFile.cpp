@@ -2,9 +2,6 @@
 
 namespace strutwright {
 
-namespace {
-
-/// Removes a file that is not wanted after all; whether that works changes nothing for the user.
 void Discard(FileSystem& files, const std::string& path) {
   try {
     files.Remove(path);
@@ -13,16 +10,25 @@ void Discard(FileSystem& files, const std::string& path) {
   }
 }
 
-} // namespace
-
-void ReplaceByNewFile(FileSystem& files, const std::string& target, const std::string& content, bool existed,
-                      bool wait) {
+std::string PutNewFileBeside(FileSystem& files, const std::string& target, const std::string& content, bool existed,
+                             bool wait) {
   const std::string fresh = files.CreateBeside(target);
   try {
     // The mode comes first: nobody shall read for a moment what is not theirs.
     if (existed) files.CopyMode(target, fresh);
     files.Write(fresh, content);
     if (wait) files.Flush(fresh);
+  } catch (...) {
+    Discard(files, fresh);
+    throw;
+  }
+  return fresh;
+}
+
+void ReplaceByNewFile(FileSystem& files, const std::string& target, const std::string& content, bool existed,
+                      bool wait) {
+  const std::string fresh = PutNewFileBeside(files, target, content, existed, wait);
+  try {
     files.Replace(fresh, target);
   } catch (...) {
     Discard(files, fresh);

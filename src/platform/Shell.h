@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace strutwright {
 
@@ -11,6 +12,9 @@ class Shell {
 
   /// Opens what lies at a path: starts a program, shows a document.  What is missing is not told.
   virtual void Open(const std::string& path) = 0;
+
+  /// Starts a program with arguments and does not wait for it.  False where it can't be started.
+  virtual bool Start(const std::string& program, const std::vector<std::string>& arguments) = 0;
 };
 
 } // namespace strutwright

@@ -7,13 +7,10 @@
 #include "modModelStore.h"
 #include "modNumberText.h"
 
-#include <algorithm>
-#include <cstddef>
 #include <cstdint>
 #include <exception>
 #include <new>
-#include <span>
-#include <utility>
+#include <optional>
 
 namespace strutwright {
 
@@ -22,27 +19,12 @@ namespace {
 constexpr const char* UsualE = "200";  // kN/mm2
 constexpr const char* UsualA = "1000"; // mm2
 
-/// What the user has entered: the results that the analysis writes beside it are no part of the model.
-std::span<const float> EnteredOfMembers() {
-  const std::span<const float> members = std::as_const(MemberTable).InOrder();
-  return members.first(static_cast<std::size_t>(MemberFieldLength) * static_cast<std::size_t>(MemberTable.Count() + 1));
-}
-
-std::vector<float> ModelNumbers() {
-  const std::span<const float> nodes = std::as_const(NodeTable).InOrder();
-  const std::span<const float> members = EnteredOfMembers();
-  std::vector<float> numbers(nodes.begin(), nodes.end());
-  numbers.insert(numbers.end(), members.begin(), members.end());
-  return numbers;
-}
-
 void Judge(AnalysisOutcome outcome) {
   TheCheck.motion = 0;
   TheCheck.report = {};
   TheCheck.failure.clear();
   try {
-    TheCheck.judged = ModelNumbers();
-    TheCheck.judgedNodes = std::as_const(NodeTable).InOrder().size();
+    TheCheck.judged = ModelAsEntered::Now();
     TheCheck.report = TheCheck.judge(outcome);
   } catch (const std::bad_alloc&) {
     TheCheck.failure = "there is not enough memory";
@@ -85,6 +67,19 @@ void AddCuringMember(const Cure& cure) {
   FillIn(MemberCount, MemberA, A);
 }
 
+/// The value of a field that can give rigidity; nothing for another text.
+std::optional<float> UsableValue(const std::string& text) {
+  const std::optional<float> value = NumericValue(text);
+  return value && *value > 0 ? value : std::nullopt;
+}
+
+std::string WhatToType(bool hasE, bool hasA) {
+  if (hasA) return "Type an E above zero into E Value on the control board; it can be filled in from there.";
+  if (hasE) return "Type an area above zero into Area on the control board; it can be filled in from there.";
+  return "Type an E and an area above zero into E Value and Area on the control board; they can be filled in from "
+         "there.";
+}
+
 bool Exists(int node) { return node >= 1 && node <= NodeCount; }
 
 } // namespace
@@ -95,19 +90,11 @@ void DropCheck() {
   TheCheck.report.outcome = AnalysisOutcome::None;
   TheCheck.report.status.clear();
   TheCheck.report.level = CheckLevel::None;
-  TheCheck.judged.clear();
+  TheCheck.judged = {};
   TheCheck.motion = 0;
 }
 
-/// Asked at every drawing, so nothing is copied.
-bool CheckIsCurrent() {
-  const std::span<const float> nodes = std::as_const(NodeTable).InOrder();
-  const std::span<const float> members = EnteredOfMembers();
-  const std::span<const float> judged = TheCheck.judged;
-  if (judged.size() != nodes.size() + members.size() || TheCheck.judgedNodes != nodes.size()) return false;
-  return std::equal(nodes.begin(), nodes.end(), judged.begin()) &&
-         std::equal(members.begin(), members.end(), judged.begin() + static_cast<std::ptrdiff_t>(nodes.size()));
-}
+bool CheckIsCurrent() { return TheCheck.judged.IsCurrent(); }
 
 void BringCheckUpToDate() {
   if (!CheckIsCurrent()) Judge(AnalysisOutcome::None);
@@ -129,6 +116,28 @@ void ApplyCure(const Cure& cure) {
   if (Exists(cure.node) && cure.IsMember() && Exists(cure.otherNode)) AddCuringMember(cure);
   if (Exists(cure.node) && !cure.IsMember()) {
     GrJoints.SetText(cure.node, NodeSupport, std::to_string(cure.supportCode));
+  }
+  RebuildModelFromGrids();
+  ModelEvents().ModelChanged();
+}
+
+RigidityOffer OfferRigidity(const std::string& E, const std::string& A) {
+  if (TheCheck.report.withoutRigidity.empty()) return {};
+  const std::optional<float> e = UsableValue(E);
+  const std::optional<float> a = UsableValue(A);
+  if (!e || !a) return {WhatToType(e.has_value(), a.has_value()), false};
+  return {"The control board holds E = " + NumberText(*e) + " kN/mm2 and A = " + NumberText(*a) + " mm2.", true};
+}
+
+void FillRigidity(const std::string& E, const std::string& A) {
+  const std::optional<float> e = UsableValue(E);
+  const std::optional<float> a = UsableValue(A);
+  if (!e || !a) return;
+  EndAnalysis();
+  RebuildModelFromGrids();
+  for (int m = 1; m <= MemberCount; ++m) {
+    FillIn(m, MemberE, NumberText(*e));
+    FillIn(m, MemberA, NumberText(*a));
   }
   RebuildModelFromGrids();
   ModelEvents().ModelChanged();

@@ -34,7 +34,21 @@ std::string CheckVerdict();
 std::string CheckReportText();
 
 /// Makes what a cure proposes an edit of the model: a member with the E and A of a member beside it, or a support.
-/// Ends the analysis and draws anew.  A cure that names a node the model has not does nothing.
+/// Ends the analysis and draws anew.  A cure that names a node the model has not does nothing, nor does one that is
+/// about rigidity: see FillRigidity.
 void ApplyCure(const Cure& cure);
+
+/// What can be done about members without rigidity.
+struct RigidityOffer {
+  std::string text;    ///< a sentence; empty where every member has rigidity
+  bool usable = false; ///< E and A can be filled in
+};
+
+/// E, A: what stands in the control board's fields, in kN/mm2 and mm2.
+RigidityOffer OfferRigidity(const std::string& E, const std::string& A);
+
+/// Gives every member of the grid whose E or A is not above zero these, and leaves what is above zero.  Ends the
+/// analysis and draws anew.  Does nothing where either text is no number above zero.
+void FillRigidity(const std::string& E, const std::string& A);
 
 } // namespace strutwright

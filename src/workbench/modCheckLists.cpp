@@ -16,6 +16,12 @@ constexpr const char* NoReport = "The check could not be made";
 
 Lines InWords(const std::string& text) { return {{text, {}, {}}}; }
 
+CheckLine LineOf(const Cure& cure) {
+  if (cure.IsRigidity()) return {cure.text, {}, TheCheck.report.withoutRigidity};
+  if (cure.IsMember()) return {cure.text, {cure.node, cure.otherNode}, {}};
+  return {cure.text, {cure.node}, {}};
+}
+
 } // namespace
 
 Lines FindingLines() {
@@ -39,9 +45,7 @@ Lines CureLines() {
   Lines lines;
   const Mechanism* shown = ShownMechanism();
   if (shown == nullptr) return lines;
-  for (const Cure& cure : shown->cures) {
-    lines.push_back({cure.text, cure.IsMember() ? std::vector{cure.node, cure.otherNode} : std::vector{cure.node}, {}});
-  }
+  for (const Cure& cure : shown->cures) lines.push_back(LineOf(cure));
   return lines.empty() ? InWords("No single member or support would") : lines;
 }
 

@@ -24,7 +24,8 @@ std::vector<CheckLine> FindingLines();
 /// The zero bars with their reasons; where there are none, or none were looked for, one line says so.
 std::vector<CheckLine> ZeroBarLines();
 
-/// What would stop the shown mechanism.  A member's line shows its nodes, a support's its node.
+/// What would stop the shown mechanism.  A member's line shows its nodes, a support's its node, and
+/// that of rigidity the members without any.
 std::vector<CheckLine> CureLines();
 
 /// Makes rows the selection of a grid: all of them where they follow each other, else the first.

@@ -1,9 +1,11 @@
 #include "modInspectors.h"
 
 #include "AnalysisState.h"
+#include "AnalysisTexts.h"
 #include "ModelEvents.h"
 #include "Platform.h"
 #include "modAnalysis.h"
+#include "modGrids.h"
 #include "modMember.h"
 #include "modModelStore.h"
 #include "modNumberText.h"
@@ -93,16 +95,23 @@ void FillValues(Grid& grid, const std::array<std::string, Count>& values) {
 
 std::string ThreePlaces(float value) { return FormatNumber(value, "#0.0##"); }
 
+/// Cosine or sine of a member; shows a message where it can be none.
+float DirectionOrMessage(float (*direction)(int), int m) {
+  if (m <= 0) ShowMessage(MessageIcon::Critical, NoSuchMemberText(m));
+  return direction(m);
+}
+
 void FillMemberProperties(Grid& grid, std::int16_t m) {
   const auto stored = [m](MemberField field) { return NumberText(MemberTable(m, field)); };
   FillValues<MemberProperties.size()>(grid, {std::to_string(m), stored(MemberNodeI), stored(MemberNodeJ),
-                                             ThreePlaces(MemberCos(m)), ThreePlaces(MemberSin(m)), stored(MemberE),
+                                             ThreePlaces(DirectionOrMessage(MemberCos, m)),
+                                             ThreePlaces(DirectionOrMessage(MemberSin, m)), stored(MemberE),
                                              stored(MemberA), ThreePlaces(MemberLength(m)), stored(MemberPS)});
 }
 
 void FillMatrix(Grid& grid, std::int16_t m) {
-  Matrix k(4, 4);
-  MemberStiffness(k, m);
+  MemberMatrix k;
+  for (const MemberFault fault : MemberStiffness(k, m)) ShowMessage(MessageIcon::Critical, IgnoredText({m, fault}));
   for (int row = 1; row <= 4; ++row) {
     // Cell (row, column) shows element (column, row); the matrix is symmetric.
     for (int column = 1; column <= 4; ++column) grid.SetText(row, column, FormatNumber(k(column, row), "#0.0#"));
@@ -111,7 +120,7 @@ void FillMatrix(Grid& grid, std::int16_t m) {
 
 void FillMemberResults(Grid& grid, std::int16_t m) {
   FillValues<MemberResults.size()>(grid, {FormatNumber(MemberForce(m), "#0.0#"), MemberState(m),
-                                          ThreePlaces(MemberStretch(m)), ThreePlaces(MemberStress(m))});
+                                          ThreePlaces(StretchOrMessage(m)), ThreePlaces(MemberStress(m))});
 }
 
 void FillNodeProperties(Grid& grid, std::int16_t n) {

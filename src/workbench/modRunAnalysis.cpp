@@ -1,6 +1,7 @@
 #include "modRunAnalysis.h"
 
 #include "AnalysisState.h"
+#include "AnalysisTexts.h"
 #include "ModelEvents.h"
 #include "Platform.h"
 #include "modAnalysis.h"
@@ -11,6 +12,7 @@
 #include <cstdint>
 #include <exception>
 #include <string>
+#include <vector>
 
 namespace strutwright {
 
@@ -18,7 +20,7 @@ namespace {
 
 bool MakeScratchCopy() {
   // What is too large to be analysed is too large to be read back; the analysis says so in plainer words.
-  if (NodeCount > MostAnalysedNodes) return true;
+  if (NodeCount > MaxAnalysedNodes) return true;
   try {
     writeScratchCopy();
     return true;
@@ -30,13 +32,43 @@ bool MakeScratchCopy() {
   }
 }
 
-bool Analyse() {
-  std::int16_t ok = FlagTrue;
-  AnalyseTruss(ok);
-  return ok != FlagFalse;
+void LeaveAnalysis() {
+  AnalysisDone = FlagFalse;
+  ModelEvents().AnalysisStateChanged();
 }
 
-void LeaveAnalysis() {
+void ShowMembersAtFault(const std::vector<MemberAtFault>& atFault) {
+  for (const MemberAtFault& each : atFault) ShowMessage(MessageIcon::Critical, IgnoredText(each));
+}
+
+void RefuseModel(const std::string& text) {
+  ShowMessage(MessageIcon::Critical, text);
+  LeaveAnalysis();
+}
+
+/// Shows why there are no results.
+void ReportEnd(AnalysisEnd end) {
+  switch (end) {
+  case AnalysisEnd::Done: return;
+  case AnalysisEnd::TooManyNodes:
+    return RefuseModel("The model has " + std::to_string(NodeCount) + " nodes, but at most " +
+                       std::to_string(MaxAnalysedNodes) +
+                       " can be analysed.\nRemove nodes and run the analysis again.");
+  case AnalysisEnd::UnknownNode:
+    return RefuseModel(
+        UnknownNodeText(FindUnknownNode().value(), "Correct the member's node numbers and run the analysis again."));
+  case AnalysisEnd::NoNodes: return ReportAnalysisFailure(EmptyModelCheck);
+  case AnalysisEnd::Unstable: return ReportAnalysisFailure(UnstableCheck);
+  }
+}
+
+bool Analyse() {
+  const AnalysisEnd end = AnalyseTruss({ShowMembersAtFault, SolvingText});
+  ReportEnd(end);
+  return end == AnalysisEnd::Done;
+}
+
+void EndWithoutResults() {
   EndAnalysis();
   ModelEvents().ModelChanged();
 }
@@ -56,11 +88,17 @@ bool runAnalysis(ScratchCopy scratch) {
     }
   } catch (...) {
     // Half-made arrays are no results, whoever tells the user why.
-    LeaveAnalysis();
+    EndWithoutResults();
     throw;
   }
-  LeaveAnalysis();
+  EndWithoutResults();
   return false;
+}
+
+void ReportAnalysisFailure(int code) {
+  FailedCheck = code;
+  ShowMessage(MessageIcon::Critical, AnalysisFailureText(code));
+  LeaveAnalysis();
 }
 
 } // namespace strutwright

@@ -12,4 +12,7 @@ enum class ScratchCopy { Written, None };
 /// Returns whether there are results.
 bool runAnalysis(ScratchCopy scratch = ScratchCopy::Written);
 
+/// Shows that the analysis was given up, and why by a code: 0 no node, 2 unstable.  Clears AnalysisDone.
+void ReportAnalysisFailure(int code);
+
 } // namespace strutwright

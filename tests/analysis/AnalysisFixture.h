@@ -3,11 +3,12 @@
 #include "AnalysisState.h"
 #include "EventsTest.h"
 #include "ModelBuilder.h"
+#include "modMember.h"
 #include "modModelStore.h"
 
 #include <array>
 #include <cstddef>
-#include <string>
+#include <ostream>
 #include <vector>
 
 namespace strutwright {
@@ -33,7 +34,7 @@ class AnalysisFixture : public EventsTest {
   }
 
   /// Entries (1..4, 1..4), row after row.
-  static std::vector<float> Used4(const Matrix& k) {
+  static std::vector<float> Used4(const MemberMatrix& k) {
     std::vector<float> entries;
     for (int row = 1; row <= 4; ++row) {
       for (int column = 1; column <= 4; ++column) entries.push_back(k(row, column));
@@ -42,22 +43,19 @@ class AnalysisFixture : public EventsTest {
   }
 };
 
-/// A matrix from its used rows; row and column 0 are zero.
-template <std::size_t Rows, std::size_t Columns>
-Matrix MatrixOf(const std::array<std::array<float, Columns>, Rows>& rows) {
-  Matrix matrix(static_cast<int>(Rows), static_cast<int>(Columns));
-  for (std::size_t r = 0; r < Rows; ++r) {
-    for (std::size_t c = 0; c < Columns; ++c) matrix(static_cast<int>(r) + 1, static_cast<int>(c) + 1) = rows[r][c];
+/// A matrix from its rows.
+template <std::size_t N>
+StiffnessMatrix MatrixOf(const std::array<std::array<float, N>, N>& rows) {
+  StiffnessMatrix K(static_cast<int>(N));
+  for (std::size_t r = 0; r < N; ++r) {
+    for (std::size_t c = 0; c < N; ++c) K.Set(static_cast<int>(r) + 1, static_cast<int>(c) + 1, rows[r][c]);
   }
-  return matrix;
+  return K;
 }
 
-inline Message IgnoredBox(int m, const std::string& what) {
-  return Box(MessageIcon::Critical, "Error: member index " + std::to_string(m) + " " + what + "\nMember ignored");
-}
-
-inline Message FailureBox(int code) {
-  return Box(MessageIcon::Critical, "Structure is unstable - Aborting analysis\nFailed Check " + std::to_string(code));
+/// So that a failing test names the fault.
+inline void PrintTo(const MemberAtFault& atFault, std::ostream* out) {
+  *out << "member " << atFault.member << ", fault " << static_cast<int>(atFault.fault);
 }
 
 } // namespace strutwright

@@ -13,6 +13,7 @@ namespace {
 using testing::Each;
 using testing::ElementsAre;
 using testing::FloatEq;
+using testing::IsEmpty;
 using testing::Pointwise;
 
 using GeometryTest = AnalysisFixture;
@@ -69,18 +70,12 @@ TEST_F(GeometryTest, FailsForANodeThatDoesNotExist) {
   EXPECT_THROW(MemberCos(2), std::out_of_range);
 }
 
-TEST_F(GeometryTest, ReportsTheCosineOfAMemberBelowOne) {
+TEST_F(GeometryTest, GivesNoDirectionToAMemberBelowOne) {
   SetBar(3, 4);
-  EXPECT_EQ(MemberCos(0), 0.0F);
-  EXPECT_EQ(MemberCos(-3), 0.0F);
-  EXPECT_THAT(TakeMessages(), ElementsAre(Box(MessageIcon::Critical, "Error: member index of 0 called"),
-                                          Box(MessageIcon::Critical, "Error: member index of -3 called")));
-}
-
-TEST_F(GeometryTest, ReportsTheSineOfAMemberBelowOne) {
-  SetBar(3, 4);
-  EXPECT_EQ(MemberSin(0), 0.0F);
-  EXPECT_THAT(TakeMessages(), ElementsAre(Box(MessageIcon::Critical, "Error: member index of 0 called")));
+  for (const int m : {0, -3}) {
+    EXPECT_EQ(MemberCos(m), 0.0F);
+    EXPECT_EQ(MemberSin(m), 0.0F);
+  }
 }
 
 class StiffnessTest : public AnalysisFixture {
@@ -92,8 +87,8 @@ class StiffnessTest : public AnalysisFixture {
 
   /// A matrix and fields with marks in them, to see whether they are written.
   void Mark() {
-    for (int row = 0; row <= 4; ++row) {
-      for (int column = 0; column <= 4; ++column) k(row, column) = 77.0F;
+    for (int row = 1; row <= 4; ++row) {
+      for (int column = 1; column <= 4; ++column) k(row, column) = 77.0F;
     }
     for (int field = MemberFieldLength; field <= MemberFieldForce; ++field) MemberTable(1, field) = 88.0F;
   }
@@ -103,7 +98,7 @@ class StiffnessTest : public AnalysisFixture {
     for (int field = MemberFieldLength; field <= MemberFieldForce; ++field) EXPECT_EQ(MemberTable(1, field), 88.0F);
   }
 
-  Matrix k{4, 4};
+  MemberMatrix k;
 };
 
 // EA/L = 200 * 1000 / 4000 = 50, c = 1, s = 0.
@@ -148,7 +143,7 @@ TEST_F(StiffnessTest, OfAFallingMemberCouplesWithTheOtherSign) {
 TEST_F(StiffnessTest, StaysTheSameWhenTheEndsAreExchanged) {
   SetBar(3, 4);
   MemberStiffness(k, 1);
-  Matrix exchanged(4, 4);
+  MemberMatrix exchanged;
   MemberTable(1, MemberNodeI) = 2;
   MemberTable(1, MemberNodeJ) = 1;
   MemberStiffness(exchanged, 1);
@@ -164,15 +159,11 @@ TEST_F(StiffnessTest, StoresLengthInMillimetresAndDirection) {
   EXPECT_FLOAT_EQ(MemberTable(1, MemberFieldSin), 0.8F);
 }
 
-TEST_F(StiffnessTest, LeavesTheForceAndTheUnusedRowAndColumnAlone) {
+TEST_F(StiffnessTest, LeavesTheForceAlone) {
   SetBar(3, 4);
   Mark();
   MemberStiffness(k, 1);
   EXPECT_EQ(MemberTable(1, MemberFieldForce), 88.0F);
-  for (int index = 0; index <= 4; ++index) {
-    EXPECT_EQ(k(0, index), 77.0F);
-    EXPECT_EQ(k(index, 0), 77.0F);
-  }
 }
 
 TEST_F(StiffnessTest, OverwritesTheMatrixOfThePreviousMember) {
@@ -194,27 +185,24 @@ TEST_F(StiffnessTest, IsZeroWithoutComplaintForEOfZero) {
   SetBar(3, 4);
   Mark();
   SetStiffness(0, 1000);
-  MemberStiffness(k, 1);
+  EXPECT_THAT(MemberStiffness(k, 1), IsEmpty());
   EXPECT_THAT(Used4(k), Each(0.0F));
   EXPECT_EQ(MemberTable(1, MemberFieldLength), 5000.0F);
-  EXPECT_TRUE(TakeMessages().empty());
 }
 
 TEST_F(StiffnessTest, IsZeroWithoutComplaintForAOfZero) {
   SetBar(3, 4);
   Mark();
   SetStiffness(200, 0);
-  MemberStiffness(k, 1);
+  EXPECT_THAT(MemberStiffness(k, 1), IsEmpty());
   EXPECT_THAT(Used4(k), Each(0.0F));
-  EXPECT_TRUE(TakeMessages().empty());
 }
 
 TEST_F(StiffnessTest, IgnoresAMemberWithNegativeE) {
   SetBar(3, 4);
   Mark();
   SetStiffness(-1, 1000);
-  MemberStiffness(k, 1);
-  EXPECT_THAT(TakeMessages(), ElementsAre(Box(MessageIcon::Critical, "Error: member index 1 E-value\nMember ignored")));
+  EXPECT_THAT(MemberStiffness(k, 1), ElementsAre(MemberFault::EBelowZero));
   ExpectMarksUntouched();
 }
 
@@ -222,40 +210,29 @@ TEST_F(StiffnessTest, IgnoresAMemberWithNegativeA) {
   SetBar(3, 4);
   Mark();
   SetStiffness(200, -1e-30F);
-  MemberStiffness(k, 1);
-  EXPECT_THAT(TakeMessages(), ElementsAre(Box(MessageIcon::Critical, "Error: member index 1 A-value\nMember ignored")));
+  EXPECT_THAT(MemberStiffness(k, 1), ElementsAre(MemberFault::ABelowZero));
   ExpectMarksUntouched();
 }
 
 TEST_F(StiffnessTest, IgnoresAMemberWithoutLength) {
   SetBar(0, 0);
   Mark();
-  MemberStiffness(k, 1);
-  EXPECT_THAT(TakeMessages(),
-              ElementsAre(Box(MessageIcon::Critical, "Error: member index 1 has no length\nMember ignored")));
+  EXPECT_THAT(MemberStiffness(k, 1), ElementsAre(MemberFault::NoLength));
   ExpectMarksUntouched();
 }
 
 TEST_F(StiffnessTest, IgnoresAMemberFromANodeToItself) {
   SetTables({{{0, 0}, {3, 4}}, {{2, 2}}});
   Mark();
-  MemberStiffness(k, 1);
-  EXPECT_THAT(TakeMessages(), ElementsAre(IgnoredBox(1, "has no length")));
+  EXPECT_THAT(MemberStiffness(k, 1), ElementsAre(MemberFault::NoLength));
   ExpectMarksUntouched();
 }
 
 TEST_F(StiffnessTest, ReportsEverythingThatIsWrongInTurn) {
   SetBar(0, 0);
   SetStiffness(-1, -1);
-  MemberStiffness(k, 1);
-  EXPECT_THAT(TakeMessages(),
-              ElementsAre(IgnoredBox(1, "E-value"), IgnoredBox(1, "A-value"), IgnoredBox(1, "has no length")));
-}
-
-TEST_F(StiffnessTest, NamesTheMemberInItsReport) {
-  SetTables({{{0, 0}, {3, 4}}, std::vector<MemberData>(12, MemberData{1, 2, -1})});
-  MemberStiffness(k, 12);
-  EXPECT_THAT(TakeMessages(), ElementsAre(IgnoredBox(12, "E-value")));
+  EXPECT_THAT(MemberStiffness(k, 1),
+              ElementsAre(MemberFault::EBelowZero, MemberFault::ABelowZero, MemberFault::NoLength));
 }
 
 } // namespace

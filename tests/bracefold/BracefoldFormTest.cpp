@@ -66,7 +66,7 @@ TEST_F(BracefoldFormTest, HasNoKeyTwice) {
   };
   for (const QLabel* label : window->findChildren<QLabel*>()) take(label->text());
   for (const QAbstractButton* button : window->findChildren<QAbstractButton*>()) take(button->text());
-  EXPECT_EQ(keys.size(), 13U);
+  EXPECT_EQ(keys.size(), 14U);
 }
 
 TEST_F(BracefoldFormTest, TellsWhatEveryControlIsFor) {
@@ -75,7 +75,7 @@ TEST_F(BracefoldFormTest, TellsWhatEveryControlIsFor) {
     EXPECT_NE(Find<QWidget>(name).accessibleName(), "") << name;
     EXPECT_NE(Find<QWidget>(name).toolTip(), "") << name;
   }
-  for (const char* name : {"btnSave", "btnClose"}) EXPECT_NE(Button(name).toolTip(), "") << name;
+  for (const char* name : {"btnSave", "btnSaveOpen", "btnClose"}) EXPECT_NE(Button(name).toolTip(), "") << name;
 }
 
 TEST_F(BracefoldFormTest, GivesUnits) {
@@ -122,6 +122,7 @@ TEST_F(BracefoldFormTest, NamesAndMarksTheFieldThatIsWrong) {
   EXPECT_FALSE(IsMarked(Line("spanTxt")));
   EXPECT_EQ(Line("heightTxt").accessibleDescription(), "must be a number from 0.1 to 10000 m");
   EXPECT_FALSE(Button("btnSave").isEnabled());
+  EXPECT_FALSE(Button("btnSaveOpen").isEnabled());
   EXPECT_EQ(NodeCount, 16);
 }
 
@@ -255,6 +256,17 @@ TEST_F(BracefoldFormTest, ZoomsWithTheWheel) {
   EXPECT_FLOAT_EQ(DisplaySurface->Window().width, before / 1.25F);
 }
 
+TEST_F(BracefoldFormTest, MovesAndZoomsThePictureByKeys) {
+  auto& preview = Find<QWidget>("preview");
+  const ViewWindow before = DisplaySurface->Window();
+
+  QTest::keyClick(&preview, Qt::Key_Right);
+  QTest::keyClick(&preview, Qt::Key_Minus);
+
+  EXPECT_FLOAT_EQ(DisplaySurface->Window().width, before.width * 1.25F);
+  EXPECT_GT(DisplaySurface->Window().left + DisplaySurface->Window().width / 2, before.left + before.width / 2);
+}
+
 TEST_F(BracefoldFormTest, MovesThePictureByDragging) {
   auto& preview = Find<QWidget>("preview");
   const int before = FirstInkedColumn(preview.grab().toImage());
@@ -320,10 +332,43 @@ TEST_F(BracefoldFormTest, SavesByKeys) {
   EXPECT_EQ(folder.EntryCount(), 1);
 }
 
+TEST_F(BracefoldFormTest, SavesAndOpensTheModelInStrutwright) {
+  EXPECT_EQ(Button("btnSaveOpen").text(), "Save and O&pen in Strutwright");
+  ThePlatform().programFolder = "/opt/truss";
+  const std::string path = folder.Path("my bridge.stw");
+  dialog.WillChoose(path);
+  Click("btnSaveOpen");
+  EXPECT_EQ(LoadModelFile(path).nodeCount, 16);
+  EXPECT_THAT(shell.started, ElementsAre(ElementsAre("/opt/truss/strutwright", "--open", path)));
+  EXPECT_EQ(Label("summaryLbl"), "Saved as my bridge.stw: 16 nodes, 29 members, statically determinate");
+  EXPECT_TRUE(window->isVisible());
+}
+
+TEST_F(BracefoldFormTest, OpensNothingThatWasNotSaved) {
+  dialog.WillCancel();
+  QTest::keyClick(window.get(), Qt::Key_P, Qt::AltModifier);
+  dialog.WillChoose(folder.Path("missing/bridge.stw"));
+  Click("btnSaveOpen");
+  EXPECT_EQ(TakeMessages().size(), 1U);
+  EXPECT_EQ(dialog.shown.size(), 2U);
+  EXPECT_TRUE(shell.started.empty());
+}
+
+TEST_F(BracefoldFormTest, SaysWhereStrutwrightIsMissing) {
+  ThePlatform().programFolder = "/opt/truss";
+  shell.startsPrograms = false;
+  dialog.WillChoose(folder.Path("bridge.stw"));
+  Click("btnSaveOpen");
+  EXPECT_THAT(TakeMessages(), ElementsAre(Box(MessageIcon::Information,
+                                              "Strutwright can't be started. It would be at\n/opt/truss/strutwright")));
+  EXPECT_EQ(folder.EntryCount(), 1);
+}
+
 TEST_F(BracefoldFormTest, SavesNothingThatIsWrong) {
   Type(Line("spanTxt"), "");
   QTest::keyClick(&Line("spanTxt"), Qt::Key_S, Qt::ControlModifier);
   Click("btnSave");
+  Click("btnSaveOpen");
   EXPECT_EQ(dialog.shown.size(), 0U);
 }
 

@@ -29,9 +29,7 @@ class TrussAnalysisTest : public PlatformTest {
   /// Makes a truss the open model and analyses it.
   static bool Analyse(const TrussFamily& family, const TrussTexts& texts) {
     TakeModel(MakeTruss(family, texts));
-    std::int16_t ok = FlagTrue;
-    AnalyseTruss(ok);
-    return ok != FlagFalse;
+    return AnalyseTruss() == AnalysisEnd::Done;
   }
 
   static double Force(int m) { return MemberTable(m, MemberFieldForce); }

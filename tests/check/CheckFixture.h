@@ -34,11 +34,16 @@ class CheckFixture : public PlatformTest {
   bool Analyse(const ModelData& model) {
     SetTables(model);
     AnalysisDone = FlagTrue;
-    std::int16_t ok = FlagTrue;
-    AnalyseTruss(ok);
-    if (ok == FlagFalse) AnalysisDone = FlagFalse;
-    return ok != FlagFalse;
+    FailedCheck.reset();
+    const AnalysisEnd end =
+        AnalyseTruss({[this](const std::vector<MemberAtFault>& seen) { atFault = seen; }, [] { return ""; }});
+    if (end == AnalysisEnd::Done) return true;
+    AnalysisDone = FlagFalse;
+    FailedCheck = end == AnalysisEnd::Unstable ? UnstableCheck : EmptyModelCheck;
+    return false;
   }
+
+  std::vector<MemberAtFault> atFault; ///< of the last analysis
 };
 
 /// Published mechanisms, with E 200 and A 1000.

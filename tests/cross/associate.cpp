@@ -1,4 +1,5 @@
-// Registers a file type on Windows.  Usage: associate TITLE CLASS EXTENSION COMMAND ICON
+// Registers a file type on Windows, unless an installer has done so, which gives the status 3.
+// Usage: associate TITLE CLASS EXTENSION COMMAND ICON
 
 #include "CAssociate.h"
 #include "Platform.h"
@@ -16,6 +17,7 @@ int main(int argc, char** argv) {
   type.Extension = argv[3];
   type.AppCommand = argv[4];
   type.DefaultIcon = argv[5];
+  if (types.IsInstalled(type.Class, type.Extension, type.AppCommand)) return 3;
   try {
     type.Associate();
   } catch (const strutwright::AssociateError& error) {

@@ -52,14 +52,15 @@ def expect_registration(desktop, model):
     default = desktop.run(*query, "default", "application/x-strutwright")
     expect(default == b"strutwright.desktop\n", f"model files are opened by {default}")
     entry = (desktop.data / "applications/strutwright.desktop").read_text()
-    expect(f"\nExec={desktop.program} %f\n" in entry, f"the entry starts something else:\n{entry}")
+    expect(f"\nExec={desktop.program} --open %f\n" in entry, f"the entry starts something else:\n{entry}")
     icon = desktop.data / "icons/hicolor/scalable/mimetypes/application-x-strutwright.svg"
     expect(icon.is_file(), "model files have no icon")
 
 
 def analyse_in_the_window(usr, picture):
     """As a user who may not write where the program is installed: that is root's alone."""
-    examples = sorted(path.name for path in (usr / "share/strutwright/examples").glob("*.stw"))
+    index = (usr / "share/strutwright/examples/index.txt").read_text().splitlines()
+    examples = [line.split(" | ")[0] + ".stw" for line in index]
     user = NOBODY if os.geteuid() == 0 else None
     with Desktop(usr / "bin/strutwright", fresh_home=True, installed=True, user=user) as desktop:
         try:

@@ -25,9 +25,7 @@ class ReportDrawingTest : public DisplayFixture {
   /// Analyses a model and draws it for a report.
   ReportFrame Draw(const ModelData& model) {
     SetTables(model);
-    std::int16_t ok = FlagTrue;
-    AnalyseTruss(ok);
-    EXPECT_EQ(ok, FlagTrue);
+    EXPECT_EQ(AnalyseTruss(), AnalysisEnd::Done);
     AnalysisDone = FlagTrue;
     const ReportFrame frame = FrameReport();
     page.width = static_cast<float>(frame.width);

@@ -115,6 +115,21 @@ TEST_F(ResultsRenderingTest, RoundsADisplacedCoordinateToSinglePrecision) {
   EXPECT_EQ(surface.CurrentX(), 16777216);
 }
 
+TEST_F(ResultsRenderingTest, DrawsAMemberOfNode0FromTheOriginAndTheMembersAfterIt) {
+  SetTables({{{1, 0}, {4, 3}}, {{0, 2}, {2, 0}, {1, 2}}});
+  DrawDeflectedShape({7, 0, 0, 2, -5}, surface, 100);
+  EXPECT_THAT(surface.Ink("line", "red"),
+              ElementsAre("line 0 0 4.2 -2.5 red 1 dashed", "line 4.2 -2.5 0 0 red 1 dashed",
+                          "line 1 0 4.2 -2.5 red 1 dashed"));
+}
+
+TEST_F(ResultsRenderingTest, StopsTheShapeAtANodeBelow0) {
+  SetTables({{{1, 0}, {4, 3}}, {{-1, 2}}});
+  DrawDeflectedShape({0, 0, 0, 2, -5}, surface, 100);
+  EXPECT_THAT(TakeMessages(),
+              ElementsAre(Box(MessageIcon::Information, "Drawing error: drawDSD function\nnode -1 has no result")));
+}
+
 TEST_F(ResultsRenderingTest, StopsTheShapeWhereAResultIsMissing) {
   SetTables({{{0, 0}, {4, 3}}, {{1, 2}}});
   DrawDeflectedShape({0, 0, 0}, surface, Scaled(100));

@@ -156,6 +156,35 @@ TEST_F(ViewTransformTest, ZoomsAboutAPoint) {
   ExpectWindow(-1, -5, 8, 6);
 }
 
+TEST_F(ViewTransformTest, MovesATenthToTheSideThatAKeyNames) {
+  const auto moved = [this](ViewMove move) {
+    surface.window = {-1, -5, 8, 6};
+    EXPECT_TRUE(MoveView(surface, move));
+    return surface.window;
+  };
+  EXPECT_EQ(moved(ViewMove::Left), (ViewWindow{-1.8F, -5, 8, 6}));
+  EXPECT_EQ(moved(ViewMove::Right), (ViewWindow{-0.2F, -5, 8, 6}));
+  EXPECT_EQ(moved(ViewMove::Up), (ViewWindow{-1, -5.6F, 8, 6})) << "the surface's y points down";
+  EXPECT_EQ(moved(ViewMove::Down), (ViewWindow{-1, -4.4F, 8, 6}));
+}
+
+TEST_F(ViewTransformTest, ZoomsAboutItsCentreByKeys) {
+  surface.window = {-1, -5, 10, 5};
+  EXPECT_TRUE(MoveView(surface, ViewMove::In));
+  ExpectWindow(0, -4.5, 8, 4);
+  EXPECT_TRUE(MoveView(surface, ViewMove::Out));
+  ExpectWindow(-1, -5, 10, 5);
+}
+
+TEST_F(ViewTransformTest, MovesByKeysWithinItsLimitsOnly) {
+  surface.window = {0, 0, 9e8F, 6e8F};
+  EXPECT_FALSE(MoveView(surface, ViewMove::Out));
+  surface.window = {3.4e38F, 0, 1e38F, 1};
+  const ViewWindow far = surface.window;
+  EXPECT_FALSE(MoveView(surface, ViewMove::Right));
+  EXPECT_EQ(surface.window, far);
+}
+
 TEST_F(ViewTransformTest, ZoomsByFactorsThatMakeSense) {
   for (const double factor : {1.0, 0.0, -2.0, static_cast<double>(NaN), static_cast<double>(Infinity)}) {
     EXPECT_FALSE(ZoomAbout(surface, 1, -1, factor)) << factor;

@@ -29,6 +29,16 @@ class GridClipboardTest : public GridFixture {
 
 using GridMenuTest = GridClipboardTest;
 
+TEST_F(GridClipboardTest, CopiesNothingOfAHeaderRowAlone) {
+  for (Grid* grid : {&GrJoints, &GrMembers, &jResGr, &mResGr}) {
+    grid->SetRowCount(1);
+    clipboard.text = "before";
+    RunGridCommand(GridCommand::Copy, *grid);
+    if (IsEnabled(GridCommand::Cut, *grid)) RunGridCommand(GridCommand::Cut, *grid);
+    EXPECT_EQ(clipboard.text, "before");
+  }
+}
+
 TEST_F(GridMenuTest, NamesItsEntriesInOrder) {
   std::vector<std::string> names;
   for (const GridMenuEntry& entry : GridMenu) names.emplace_back(entry.name);

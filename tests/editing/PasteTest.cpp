@@ -23,6 +23,8 @@ Message NonNumericBox(const std::string& text, int row, int column) {
                                            std::to_string(column) + ") set to zero");
 }
 
+Message MoreBox(const std::string& text) { return Box(MessageIcon::Exclamation, text + " set to zero"); }
+
 class PasteTest : public GridFixture {
  protected:
   void Paste(Grid& grid, const std::string& text) {
@@ -93,12 +95,49 @@ TEST_F(PasteTest, TellsOfACellThatIsNotNumericAndPastesZero) {
   EXPECT_THAT(RowTexts(GrJoints, 1), ElementsAre("1", "1.5", "0", "", "", ""));
 }
 
-TEST_F(PasteTest, TellsOfEachCellWithAPositionOneGreaterInBoth) {
+TEST_F(PasteTest, TellsOfTheOthersInOneBoxWithPositionsOneGreaterInBoth) {
   GrJoints.SetCurrentCell(4, 2);
-  Paste(GrJoints, "x\t2\r\n3\t 1,5 \r\n\t1e39\r\n");
-  ExpectBoxes(
-      {NonNumericBox("x", 5, 2), NonNumericBox("1,5", 6, 3), NonNumericBox("", 7, 2), NonNumericBox("1e39", 7, 3)});
-  EXPECT_THAT(RowTexts(GrJoints, 6), ElementsAre("6", "0", "0", "", "", ""));
+  Paste(GrJoints, "x\t2\r\n3\t 1,5 \r\n4\t1e39\r\n");
+  ExpectBoxes({NonNumericBox("x", 5, 2), MoreBox("2 more non-numeric entries found.\nEntries (6,3) and (7,3)")});
+  EXPECT_THAT(RowTexts(GrJoints, 4), ElementsAre("4", "0", "2", "", "", ""));
+  EXPECT_THAT(RowTexts(GrJoints, 5), ElementsAre("5", "3", "0", "", "", ""));
+  EXPECT_THAT(RowTexts(GrJoints, 6), ElementsAre("6", "4", "0", "", "", ""));
+}
+
+TEST_F(PasteTest, TellsOfOneMoreInTheSingular) {
+  Paste(GrJoints, "x\t2\r\n3\ty\r\n");
+  ExpectBoxes({NonNumericBox("x", 2, 2), MoreBox("1 more non-numeric entry found.\nEntry (3,3)")});
+}
+
+TEST_F(PasteTest, NamesTenOfTheOthers) {
+  Paste(GrMembers, Repeated("a\n", 11));
+  ExpectBoxes({NonNumericBox("a", 2, 2),
+               MoreBox("10 more non-numeric entries found.\nEntries (3,2), (4,2), (5,2), (6,2), (7,2), (8,2), (9,2), "
+                       "(10,2), (11,2) and (12,2)")});
+  GrMembers.SetCurrentCell(1, 1);
+  Paste(GrMembers, Repeated("a\n", 13));
+  ExpectBoxes({NonNumericBox("a", 2, 2),
+               MoreBox("12 more non-numeric entries found.\nEntries (3,2), (4,2), (5,2), (6,2), (7,2), (8,2), (9,2), "
+                       "(10,2), (11,2), (12,2) and 2 more")});
+}
+
+TEST_F(PasteTest, LeavesEmptyAndBlankCellsEmptyWithoutABox) {
+  WriteRow(GrJoints, 2, {"7", "7", "7", "7", "7"});
+  Paste(GrJoints, "0\t0\t\t\t3\r\n4\t \t\"\"\t-10\t\r\n\t\t\t\t\r\n");
+  ExpectBoxes({});
+  EXPECT_THAT(RowTexts(GrJoints, 1), ElementsAre("1", "0", "0", "", "", "3"));
+  EXPECT_THAT(RowTexts(GrJoints, 2), ElementsAre("2", "4", "", "", "-10", ""));
+  EXPECT_THAT(RowTexts(GrJoints, 3), ElementsAre("3", "", "", "", "", ""));
+}
+
+TEST_F(PasteTest, MakesNoNodeOfABlankRow) {
+  Paste(GrJoints, "0\t0\t\t\t\n4\t0\t\t\t\n\t\t\t\t\n");
+  EXPECT_EQ(NodeCount, 2);
+}
+
+TEST_F(PasteTest, SaysNothingOfEmptyCellsBesideTheGrid) {
+  Paste(GrJoints, "1\t2\t3\t4\t5\t\t \r\n");
+  ExpectBoxes({});
 }
 
 TEST_F(PasteTest, GrowsByTheRowsThatItLacksAndASpareOne) {

@@ -47,12 +47,19 @@ class FakeClipboard : public Clipboard {
   std::string html;
 };
 
-/// Keeps the paths that it was asked to open.
+/// Keeps the paths that it was asked to open, and the programs that it was asked to start with their arguments.
 class FakeShell : public Shell {
  public:
   void Open(const std::string& path) override { opened.push_back(path); }
+  bool Start(const std::string& program, const std::vector<std::string>& arguments) override {
+    started.push_back({program});
+    started.back().insert(started.back().end(), arguments.begin(), arguments.end());
+    return startsPrograms;
+  }
 
   std::vector<std::string> opened;
+  std::vector<std::vector<std::string>> started;
+  bool startsPrograms = true;
 };
 
 /// Keeps the settings in memory.
@@ -82,10 +89,16 @@ class FakeSettings : public SettingsStore {
 /// Keeps what was set, a line each: "key = value"; "Announce" where that was called.
 class FakeFileTypes : public FileTypeRegistry {
  public:
+  bool IsInstalled(const std::string& typeClass, const std::string& extension, const std::string& program) override {
+    asked = typeClass + " " + extension + " " + program;
+    return installed;
+  }
   void SetDefault(const std::string& key, const std::string& value) override { written.push_back(key + " = " + value); }
   void Announce() override { written.emplace_back("Announce"); }
 
   std::vector<std::string> written;
+  bool installed = false; ///< by an installer or a package
+  std::string asked;      ///< what IsInstalled was last asked for
 };
 
 /// Makes texts that say what they were made of, and keeps what was drawn and printed.

@@ -29,6 +29,8 @@ class FaultyFileSystem : public FileSystem {
   void CheckWritable(const std::string& path) override { Step("CheckWritable"), Real.CheckWritable(path); }
   std::string CreateBeside(const std::string& path) override { return Step("CreateBeside"), Real.CreateBeside(path); }
   void Write(const std::string& path, const std::string& bytes) override { Step("Write"), Real.Write(path, bytes); }
+  void Resize(const std::string& path, std::size_t size) override { Step("Resize"), Real.Resize(path, size); }
+  bool HasOtherNames(const std::string& path) override { return Step("HasOtherNames"), Real.HasOtherNames(path); }
   void CopyMode(const std::string& model, const std::string& path) override {
     Step("CopyMode"), Real.CopyMode(model, path);
   }

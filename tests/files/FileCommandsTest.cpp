@@ -404,12 +404,13 @@ class SavedDrawing : public RecordingSurface {
 class SavePictureTest : public FileCommandsTest {
  protected:
   SavedDrawing drawing{events};
+  std::function<void(const std::string&)> save = [this](const std::string& to) { drawing.SavePicture(to); };
 };
 
 TEST_F(SavePictureTest, ShowsTheDialogWithItsProperties) {
   dialog.fileName = path;
   dialog.WillChoose("/pictures/truss.bmp");
-  savePicture(drawing);
+  savePicture(save);
   EXPECT_THAT(dialog.shown,
               ElementsAre(ShownFileDialog{"save", "Save Truss Display As", 2, "feb", StwFolder, Pictures, path}));
 }
@@ -417,21 +418,21 @@ TEST_F(SavePictureTest, ShowsTheDialogWithItsProperties) {
 TEST_F(SavePictureTest, SavesTheDrawingAndLeavesTheModelsName) {
   CurrentFileName = path;
   dialog.WillChoose("/pictures/truss.bmp");
-  savePicture(drawing);
+  savePicture(save);
   EXPECT_THAT(events, ElementsAre("SavePicture(/pictures/truss.bmp)"));
   EXPECT_EQ(CurrentFileName, path);
 }
 
 TEST_F(SavePictureTest, ThatIsCancelledDoesNothing) {
   dialog.WillCancel();
-  savePicture(drawing);
+  savePicture(save);
   EXPECT_THAT(events, IsEmpty());
 }
 
 TEST_F(SavePictureTest, WithoutANameAsksAgainAndThenSavesTwice) {
   dialog.WillChoose("");
   dialog.WillChoose("/pictures/truss.bmp");
-  savePicture(drawing);
+  savePicture(save);
   EXPECT_THAT(TakeMessages(), ElementsAre(PleaseName()));
   EXPECT_THAT(events, ElementsAre("SavePicture(/pictures/truss.bmp)", "SavePicture(/pictures/truss.bmp)"));
 }
@@ -440,14 +441,14 @@ TEST_F(SavePictureTest, FailsForWantOfANameWhenTheRetryIsCancelled) {
   drawing.failure = "No such file or directory";
   dialog.WillChoose("");
   dialog.WillCancel();
-  savePicture(drawing);
+  savePicture(save);
   EXPECT_THAT(TakeMessages(), ElementsAre(PleaseName(), SaveError("", "No such file or directory")));
 }
 
 TEST_F(SavePictureTest, ReportsAFailure) {
   drawing.failure = "No space left on device";
   dialog.WillChoose("/dev/full");
-  savePicture(drawing);
+  savePicture(save);
   EXPECT_THAT(TakeMessages(), ElementsAre(SaveError("/dev/full", "No space left on device")));
 }
 

@@ -46,6 +46,14 @@ TEST_F(FirstRunTest, WelcomesWhereNoFileTypeIsRegistered) {
   EXPECT_EQ(TakeMessages().size(), 1U);
 }
 
+TEST_F(FirstRunTest, OnlyWelcomesWhereAnInstallerHasRegisteredTheFileType) {
+  fileTypes.installed = true;
+  firstRun();
+  EXPECT_EQ(fileTypes.asked, "Strutwright.File .stw /opt/truss/strutwright");
+  EXPECT_THAT(fileTypes.written, testing::IsEmpty());
+  EXPECT_EQ(TakeMessages().size(), 1U);
+}
+
 TEST_F(FirstRunTest, RepeatsBothAsOftenAsItIsCalled) {
   firstRun();
   firstRun();

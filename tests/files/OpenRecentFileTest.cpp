@@ -56,15 +56,16 @@ class OpenRecentFileTest : public EventsTest {
   std::string square = folder.Path("square.stw");
 };
 
-TEST_F(OpenRecentFileTest, LeavesAnExampleWithoutAFileToSaveTo) {
+TEST_F(OpenRecentFileTest, TakesTheNameOfAnExampleToo) {
   fs::create_directory(folder.Path("examples"));
   fs::copy(triangle, folder.Path("examples/a.stw"));
-  OpenExample(ExampleModels().front());
+  OpenExample(Examples().front().path);
   ASSERT_THAT(Shown(), ElementsAre(folder.Path("examples/a.stw")));
+  ASSERT_EQ(CurrentFileName, "");
 
   OpenRecentFile(1);
 
-  EXPECT_EQ(CurrentFileName, "");
+  EXPECT_EQ(CurrentFileName, folder.Path("examples/a.stw"));
   EXPECT_EQ(NodeCount, 3);
 }
 

@@ -50,5 +50,18 @@ TEST_F(OwnFileTest, LiesInTheDataFolderWhereTheProgramsTakesNone) {
   EXPECT_TRUE(std::filesystem::is_directory(folder.Path("share/strutwright")));
 }
 
+TEST(CompanionProgramTest, HasTheNameThatWindowsGivesItThere) {
+  EXPECT_EQ(CompanionProgram("C:\\Apps", '\\'), "C:\\Apps\\Bracefold.exe");
+}
+
+TEST(CompanionProgramTest, HasItsPlainNameElsewhere) {
+  EXPECT_EQ(CompanionProgram("/opt/truss", '/'), "/opt/truss/bracefold");
+}
+
+TEST(MainProgramTest, LiesInTheSameFolder) {
+  EXPECT_EQ(MainProgram("/opt/truss", '/'), "/opt/truss/strutwright");
+  EXPECT_EQ(MainProgram("C:\\Apps", '\\'), "C:\\Apps\\Strutwright.exe");
+}
+
 } // namespace
 } // namespace strutwright

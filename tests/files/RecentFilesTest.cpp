@@ -136,7 +136,7 @@ TEST_F(StartUpListTest, ShowsNoMoreEntriesThanAListCanHave) {
   EXPECT_EQ(noRUF, 0);
 }
 
-TEST_F(StartUpListTest, TellsTheHostToShowTheList) {
+TEST_F(StartUpListTest, ReportsTheList) {
   Stored({"/models/a.stw"}, "3", "1");
   startUpList();
   EXPECT_THAT(events, ElementsAre("RecentFilesChanged"));
@@ -278,7 +278,7 @@ TEST_F(AddRecentFileTest, TrimsAfterMovingAKnownFileToo) {
   EXPECT_EQ(noRUF, 1);
 }
 
-TEST_F(AddRecentFileTest, TellsTheHostOnceWhenTheListIsWhole) {
+TEST_F(AddRecentFileTest, ReportsTheListOnceWhenItIsWhole) {
   addRecentFile("d");
   EXPECT_THAT(events, ElementsAre("RecentFilesChanged"));
 }

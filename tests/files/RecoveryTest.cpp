@@ -5,6 +5,7 @@
 #include "FileState.h"
 #include "ModelBuilder.h"
 #include "NativeFileSystem.h"
+#include "RunSeed.h"
 #include "ScratchFolder.h"
 #include "modExamples.h"
 #include "modFileCommands.h"
@@ -467,7 +468,7 @@ int KillTypist(int microseconds) {
 }
 
 TEST_F(RecoveryTest, BringsBackTheLastKeptStateAfterAKillAtAnyMoment) {
-  const unsigned seed = std::random_device()();
+  const unsigned seed = RunSeed();
   SCOPED_TRACE("seed " + std::to_string(seed));
   std::mt19937 random(seed);
   for (int kill = 1; kill <= 50; ++kill) {

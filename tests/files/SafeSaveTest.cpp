@@ -74,8 +74,8 @@ TEST_F(SafeSaveTest, OfASmallerModelLeavesTheLengthAndReopensAsTheSmallerModel) 
 
 TEST_F(SafeSaveTest, FlushesTheNewContentBeforeItTakesTheOldPlace) {
   SaveBytes(ExistingFile("old"), "new");
-  EXPECT_THAT(files.steps, ElementsAre("Kind", "FollowLinks", "Kind", "CheckWritable", "Read", "CreateBeside",
-                                       "CopyMode", "Write", "Flush", "Replace"));
+  EXPECT_THAT(files.steps, ElementsAre("Kind", "FollowLinks", "Kind", "CheckWritable", "Read", "HasOtherNames",
+                                       "CreateBeside", "CopyMode", "Write", "Flush", "Replace"));
 }
 
 TEST_F(SafeSaveTest, KeepsTheMode) {
@@ -270,8 +270,8 @@ TEST_F(SafeSaveTest, NeverShowsOthersAPrivateModel) {
 TEST_F(SafeSaveTest, LeavesNothingOfTheOldFileWhereItIsToBeReplaced) {
   SaveWholeFile(ExistingFile("0123456789"), "abc");
   EXPECT_EQ(FileBytes(path), "abc");
-  EXPECT_THAT(files.steps, ElementsAre("Kind", "FollowLinks", "Kind", "CheckWritable", "CreateBeside", "CopyMode",
-                                       "Write", "Flush", "Replace"));
+  EXPECT_THAT(files.steps, ElementsAre("Kind", "FollowLinks", "Kind", "CheckWritable", "HasOtherNames", "CreateBeside",
+                                       "CopyMode", "Write", "Flush", "Replace"));
   EXPECT_EQ(folder.EntryCount(), 1);
 }
 

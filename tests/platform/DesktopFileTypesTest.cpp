@@ -24,7 +24,7 @@ class DesktopFileTypesTest : public DesktopTest {
   /// Runs the program for the first time.
   void FirstRun() {
     DesktopFileTypes types(faulty, Places(), [this](const std::string& data) { renewed.push_back(data); });
-    Associate(types);
+    if (!types.IsInstalled("Strutwright.File", ".stw", program)) Associate(types);
   }
 
   /// What the index tools make of the package.
@@ -51,7 +51,7 @@ TEST_F(DesktopFileTypesTest, DescribesTypeAndProgramInAFreshHome) {
   FirstRun();
   EXPECT_THAT(FileBytes(Data("mime/packages/strutwright.xml")), HasSubstr("<comment>Strutwright File</comment>"));
   EXPECT_THAT(FileBytes(Data("mime/packages/strutwright.xml")), HasSubstr("\"*.stw\""));
-  EXPECT_THAT(FileBytes(Data("applications/strutwright.desktop")), HasSubstr("\nExec=" + program + " %f\n"));
+  EXPECT_THAT(FileBytes(Data("applications/strutwright.desktop")), HasSubstr("\nExec=" + program + " --open %f\n"));
   EXPECT_EQ(FileBytes(Data("icons/hicolor/scalable/apps/strutwright.svg")), "<svg/>");
   EXPECT_EQ(FileBytes(Data("icons/hicolor/scalable/mimetypes/application-x-strutwright.svg")), "<svg/>");
   EXPECT_EQ(FileBytes(Home(".config/mimeapps.list")),
@@ -95,7 +95,7 @@ TEST_F(DesktopFileTypesTest, FollowsAProgramThatHasMoved) {
   renewed.clear();
   program = folder.Path("elsewhere/strutwright");
   FirstRun();
-  EXPECT_THAT(FileBytes(Data("applications/strutwright.desktop")), HasSubstr("\nExec=" + program + " %f\n"));
+  EXPECT_THAT(FileBytes(Data("applications/strutwright.desktop")), HasSubstr("\nExec=" + program + " --open %f\n"));
   EXPECT_EQ(renewed.size(), 1U);
 }
 
@@ -134,12 +134,25 @@ TEST_F(DesktopFileTypesTest, LeavesTheApplicationThatTheUserChose) {
             "[Default Applications]\napplication/x-strutwright=vim.desktop\n");
 }
 
-TEST_F(DesktopFileTypesTest, AddsOnlyTheDefaultToAnInstalledProgram) {
+TEST_F(DesktopFileTypesTest, LeavesWhatAPackageHasRegistered) {
   Install();
   FirstRun();
-  EXPECT_FALSE(fs::exists(Data("")));
+  EXPECT_FALSE(fs::exists(Home("")));
   EXPECT_THAT(renewed, IsEmpty());
-  EXPECT_TRUE(fs::exists(Home(".config/mimeapps.list")));
+}
+
+TEST_F(DesktopFileTypesTest, LeavesItAlsoToACopyBesideTheInstalledProgram) {
+  Install();
+  program = folder.Path("opt/truss/strutwright");
+  FirstRun();
+  EXPECT_FALSE(fs::exists(Home("")));
+}
+
+TEST_F(DesktopFileTypesTest, TakesHalfARegistrationForNone) {
+  Install();
+  fs::remove(folder.Path("usr/share/mime/packages/strutwright.xml"));
+  FirstRun();
+  EXPECT_TRUE(fs::exists(Data("applications/strutwright.desktop")));
 }
 
 TEST_F(DesktopFileTypesTest, LeavesWhatAnInstallationForThisUserHasBrought) {
@@ -152,21 +165,14 @@ TEST_F(DesktopFileTypesTest, LeavesWhatAnInstallationForThisUserHasBrought) {
   FirstRun();
   EXPECT_EQ(FileBytes(Data("applications/strutwright.desktop")), "installed");
   EXPECT_EQ(FileBytes(Data("mime/packages/strutwright.xml")), "installed");
-  EXPECT_TRUE(fs::exists(Home(".config/mimeapps.list")));
-}
-
-TEST_F(DesktopFileTypesTest, RegistersACopyBesideTheInstalledProgram) {
-  Install();
-  program = folder.Path("opt/truss/strutwright");
-  FirstRun();
-  EXPECT_THAT(FileBytes(Data("applications/strutwright.desktop")), HasSubstr(program));
+  EXPECT_FALSE(fs::exists(Home(".config")));
 }
 
 TEST_F(DesktopFileTypesTest, TurnsAnEntryOfAnotherCopyToTheInstalledProgram) {
   FirstRun();
   Install();
   FirstRun();
-  EXPECT_THAT(FileBytes(Data("applications/strutwright.desktop")), HasSubstr("\nExec=" + program + " %f\n"));
+  EXPECT_THAT(FileBytes(Data("applications/strutwright.desktop")), HasSubstr("\nExec=" + program + " --open %f\n"));
 }
 
 TEST_F(DesktopFileTypesTest, LeavesEveryOldFileWholeAfterAFailureAtAnyStep) {

@@ -49,7 +49,7 @@ Type=Application
 Name=Strutwright
 Icon=strutwright
 TryExec=/opt/truss/strutwright
-Exec=/opt/truss/strutwright %f
+Exec=/opt/truss/strutwright --open %f
 Terminal=false
 Categories=Education;Engineering;
 MimeType=application/x-strutwright;
@@ -66,11 +66,15 @@ TEST(DesktopEntryTest, SaysOfTheProgramWhatTheInstalledOneSays) {
   }
 }
 
+TEST(DesktopEntryTest, OpensAModelAsTheInstalledOneDoes) {
+  EXPECT_THAT(FileBytes(PACKAGING_DIR "/strutwright.desktop"), HasSubstr("\nExec=strutwright --open %f\n"));
+}
+
 TEST(DesktopEntryTest, EscapesThePathInEveryLine) {
   DesktopFileType type = TrussType();
   type.command = "/my trusses/back\\slash";
   EXPECT_THAT(DesktopEntry(type), HasSubstr("\nTryExec=/my trusses/back\\\\slash\n"
-                                            "Exec=\"/my trusses/back\\\\\\\\slash\" %f\n"));
+                                            "Exec=\"/my trusses/back\\\\\\\\slash\" --open %f\n"));
 }
 
 TEST(ExecCommandTest, LeavesAPlainPath) {

@@ -76,12 +76,12 @@ TEST_F(DesktopToolsTest, StartAProgramAtAnyPlaceWithTheModelsPath) {
                                   "tab\there", "(a) & b; c | d > e", "#~*?[x]"}) {
     program = folder.Path("opt/" + place + "/strutwright");
     PutProgram(program);
-    PutFile(program, "#!/bin/sh\nprintf %s \"$1\" >\"$HOME/new\" && mv \"$HOME/new\" \"$HOME/given\"\n");
+    PutFile(program, "#!/bin/sh\nprintf '%s %s' \"$1\" \"$2\" >\"$HOME/new\" && mv \"$HOME/new\" \"$HOME/given\"\n");
     FirstRun(RenewNothing);
     fs::remove(Home("given"));
     Output("gio launch " + ShellWord(Data("applications/strutwright.desktop")) + " '/tmp/a model.stw'");
     ASSERT_TRUE(Eventually([this] { return fs::exists(Home("given")); })) << place;
-    EXPECT_EQ(FileBytes(Home("given")), "/tmp/a model.stw");
+    EXPECT_EQ(FileBytes(Home("given")), "--open /tmp/a model.stw");
   }
 }
 

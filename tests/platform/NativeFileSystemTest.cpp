@@ -52,6 +52,25 @@ TEST_F(NativeFileSystemTest, ReadsFromAnOffsetUpToALimit) {
   EXPECT_EQ(disk.Read(path, 20, 10), "");
 }
 
+TEST_F(NativeFileSystemTest, CutsAFileOffAndFillsItUp) {
+  const std::string path = Made("file", "abcdefgh");
+  disk.Resize(path, 3);
+  EXPECT_EQ(FileBytes(path), "abc");
+  disk.Resize(path, 5);
+  EXPECT_EQ(FileBytes(path), std::string("abc\0\0", 5));
+  EXPECT_THROW(disk.Resize(folder.Path("nothing"), 3), FileError);
+}
+
+TEST_F(NativeFileSystemTest, KnowsOtherNamesOfAFile) {
+  const std::string path = Made("file", "x");
+  EXPECT_FALSE(disk.HasOtherNames(path));
+  fs::create_symlink(path, folder.Path("symbolic"));
+  EXPECT_FALSE(disk.HasOtherNames(path));
+  fs::create_hard_link(path, folder.Path("other"));
+  EXPECT_TRUE(disk.HasOtherNames(path));
+  EXPECT_THROW(disk.HasOtherNames(folder.Path("nothing")), FileError);
+}
+
 TEST_F(NativeFileSystemTest, ReadsLargeFilesWhole) {
   const std::string bytes(1000000, 'q');
   EXPECT_EQ(disk.Read(Made("large", bytes), 0, Everything), bytes);

@@ -1,4 +1,5 @@
 #include "Cover.h"
+#include "RunSeed.h"
 
 #include <cstdint>
 #include <random>
@@ -74,7 +75,7 @@ class CoverTest : public testing::TestWithParam<int> {
   }
 
   const int Width = GetParam();
-  const unsigned seed = std::random_device()();
+  const unsigned seed = RunSeed();
   testing::ScopedTrace trace{__FILE__, __LINE__, "seed " + std::to_string(seed)};
   std::mt19937_64 random{seed};
   Cover cover;

@@ -1,6 +1,7 @@
 #include "PixelLoops.h"
 #include "PixelPen.h"
 #include "QtFixture.h"
+#include "RunSeed.h"
 #include "Scribble.h"
 
 #include <algorithm>
@@ -19,7 +20,7 @@ class PixelLoopsTest : public QtFixture {
 
   double Between(double low, double high) { return std::uniform_real_distribution<double>(low, high)(random); }
 
-  const unsigned seed = std::random_device()();
+  const unsigned seed = RunSeed();
   testing::ScopedTrace trace{__FILE__, __LINE__, "seed " + std::to_string(seed)};
   std::mt19937 random{seed};
 };

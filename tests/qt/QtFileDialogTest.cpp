@@ -95,6 +95,16 @@ TEST_F(QtFileDialogTest, StartsAmongTheDocumentsWhereTheInitialFolderDoesNotExis
   EXPECT_EQ(FolderShown(), QDir(InFolder("papers")));
 }
 
+TEST_F(QtFileDialogTest, StartsInTheHomeFolderOfAUserWithoutDocumentsAndProposesNoName) {
+  fs::remove(folder.Path("papers"));
+  EXPECT_EQ(FolderShown(), QDir::home());
+  WhenShown<QFileDialog>([](QFileDialog& box) {
+    EXPECT_EQ(NameField(box).text(), "");
+    box.reject();
+  });
+  EXPECT_FALSE(dialog.ShowSave());
+}
+
 TEST_F(QtFileDialogTest, StartsInTheFolderOfItsLastUseWhereTheInitialFolderDoesNotExist) {
   fs::create_directory(folder.Path("last"));
   ASSERT_TRUE(SavesAs("last/a.stw"));

@@ -42,6 +42,20 @@ TEST_F(AnalysisFormTest, ListsTheResultsWithAZeroReactionAsAPoint) {
   EXPECT_EQ(mResGr.Text(3, 2), "T");
 }
 
+TEST_F(AnalysisFormTest, DrawsAndAnimatesATrussWithAMemberThatNamesNode0) {
+  EnterThreeBarTruss();
+  GrMembers.SetText(4, 1, "0");
+  GrMembers.SetText(4, 2, "3");
+  frame->runAnalysis();
+  EXPECT_THAT(TakeMessages(),
+              ElementsAre(Box(MessageIcon::Critical, "Error: member index 4 node numbers\nMember ignored"),
+                          Box(MessageIcon::Information, "Ignoring member 4 as E and A are not valid")));
+  frame->AnimateDSD();
+  QTest::qWait(250); // two ticks of the clock
+  frame->Redraw(false);
+  EXPECT_EQ(TakeMessages().size(), 0U);
+}
+
 TEST_F(AnalysisFormTest, WritesItsScratchCopyBesideTheProgram) {
   EnterThreeBarTruss();
   frame->runAnalysis();

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QSplitter>
 
 namespace strutwright {
 namespace {
@@ -213,10 +214,67 @@ TEST_F(CellEditingFormTest, SaysInTheStatusBarWhatCanNotBeDrawnYet) {
   EXPECT_THAT(LabelText("stsBar_Hint"), HasSubstr("Drawing error: check the input data"));
 }
 
+TEST_F(CellEditingFormTest, SaysInTheStatusBarWhichRowsAGapLeavesUnread) {
+  EnterThreeBarTruss();
+  ClickCell(joints, 2, 1);
+  Press(Qt::Key_Delete);
+  const std::string gap = "Row 2 has no x: 2 nodes are read, row 3 is not.";
+  EXPECT_EQ(TakeMessages().size(), 1U) << "members name node 3, which can't be drawn";
+  EXPECT_EQ(LabelText("stsBar_Hint"), gap);
+  ClickCell(joints, 2, 2);
+  Type("1");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(LabelText("stsBar_Hint"), gap) << "not what the drawing makes of it";
+  Command("mnuUndo").trigger();
+  TakeMessages();
+  Command("mnuUndo").trigger();
+  EXPECT_EQ(LabelText("stsBar_Hint"), "");
+}
+
+TEST_F(CellEditingFormTest, SaysThatAHalfTypedMemberIsDrawnToTheOrigin) {
+  EnterThreeBarTruss();
+  Find<QRadioButton>("viewOpt_1").click();
+  ClickCell(View("GrMembers"), 4, 1);
+  Type("3");
+  Press(Qt::Key_Right);
+  EXPECT_EQ(LabelText("stsBar_Hint"), "Member 4 has no Node j: it is drawn to the origin.");
+  Type("2");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(LabelText("stsBar_Hint"), "");
+}
+
 TEST_F(CellEditingFormTest, ShowsTheGridsHeadingsAndRowNumbers) {
   EXPECT_EQ(joints.model()->headerData(0, Qt::Horizontal), "x(m)");
   EXPECT_EQ(joints.model()->headerData(19, Qt::Vertical), "20");
   EXPECT_EQ(joints.model()->columnCount(), 5);
+}
+
+TEST_F(CellEditingFormTest, FollowsItsCellWhenTheFrameIsResized) {
+  ClickCell(joints, 2, 3);
+  Type("5");
+  const QRect before = box.geometry();
+  for (const QSize& size : {QSize(1500, 900), QSize(1100, 700)}) {
+    frame->resize(size);
+    QTest::qWait(1);
+    EXPECT_TRUE(box.isVisible());
+    EXPECT_EQ(box.geometry(), joints.visualRect(joints.model()->index(1, 2)));
+    EXPECT_NE(box.geometry(), before);
+  }
+  Press(Qt::Key_Return);
+  EXPECT_EQ(GrJoints.Text(2, 3), "5");
+}
+
+TEST_F(CellEditingFormTest, StaysInSightWhenTheBoardGetsLower) {
+  frame->resize(1180, 1000);
+  auto& splitter = Find<QSplitter>("BoardSplitter");
+  splitter.setSizes({300, 700});
+  QTest::qWait(1);
+  ClickCell(joints, 19, 1);
+  Type("5");
+  splitter.setSizes({800, 200});
+  QTest::qWait(1);
+  EXPECT_TRUE(joints.viewport()->rect().contains(box.geometry()));
+  EXPECT_EQ(box.geometry(), joints.visualRect(joints.model()->index(18, 0)));
 }
 
 TEST_F(CellEditingFormTest, FollowsItsCellWhenTheGridIsScrolled) {

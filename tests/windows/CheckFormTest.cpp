@@ -444,7 +444,7 @@ TEST_F(CheckFormTest, GivesEveryControlANameAToolTipAndAKeyOfItsOwn) {
     const auto mark = text.indexOf('&');
     if (mark >= 0) keys.insert(text[mark + 1].toLower());
   }
-  EXPECT_EQ(keys.size(), 11U);
+  EXPECT_EQ(keys.size(), 12U);
   EXPECT_EQ(std::set<QChar>(keys.begin(), keys.end()).size(), keys.size());
 }
 

@@ -2,6 +2,8 @@
 
 #include "AnalysisState.h"
 #include "FileState.h"
+#include "ModelBuilder.h"
+#include "modModelFile.h"
 #include "modModelStore.h"
 
 #include <QHeaderView>
@@ -230,6 +232,92 @@ TEST_F(EditFormTest, LeavesTheFileThatTheModelWasSavedToSince) {
   EXPECT_EQ(NodeCount, 3);
   EXPECT_EQ(CurrentFileName, folder.Path("b.stw"));
   EXPECT_EQ(frame->windowTitle(), "b.stw");
+}
+
+/// The model in a file: 4 nodes in a.stw, 5 in b.stw; both are closed again.
+class OpenTwoFilesTest : public EditFormTest {
+ protected:
+  OpenTwoFilesTest() {
+    for (const int nodes : {4, 5}) {
+      SetModel({std::vector<NodeData>(static_cast<std::size_t>(nodes)), {}});
+      PutFile(nodes == 4 ? a : b, WriteModel());
+    }
+    Open(a);
+    Open(b);
+  }
+
+  void Open(const std::string& path) {
+    dialog.WillChoose(path);
+    Command("mnuOpen").trigger();
+  }
+
+  void EditACell() {
+    ClickCell(View("GrJoints"), 1, 1);
+    Type("7");
+    Press(Qt::Key_Return);
+  }
+
+  std::string a = folder.Path("a.stw");
+  std::string b = folder.Path("b.stw");
+  std::string c = folder.Path("c.stw");
+};
+
+TEST_F(OpenTwoFilesTest, KeepTheNameThatTheModelWasSavedUnderAcrossAnUndoneOpen) {
+  EditACell();
+  dialog.WillChoose(c);
+  Command("mnuSaveAs").trigger();
+
+  for (const char* step : {"mnuUndo", "mnuUndo"}) Command(step).trigger();
+  EXPECT_EQ(NodeCount, 4);
+  EXPECT_EQ(CurrentFileName, a);
+  EXPECT_EQ(frame->windowTitle(), "a.stw");
+
+  for (const char* step : {"mnuRedo", "mnuRedo"}) Command(step).trigger();
+  EXPECT_EQ(NodeCount, 5);
+  EXPECT_EQ(CurrentFileName, c);
+  EXPECT_EQ(frame->windowTitle(), "c.stw");
+  const std::string bytes = FileBytes(b);
+  Command("mnuSave").trigger();
+  EXPECT_EQ(FileBytes(b), bytes);
+}
+
+TEST_F(OpenTwoFilesTest, AskForANameWhereAnotherModelWasSavedOverTheFile) {
+  dialog.WillChoose(a);
+  Command("mnuSaveAs").trigger();
+  Command("mnuUndo").trigger();
+  ASSERT_EQ(NodeCount, 4);
+  EXPECT_EQ(CurrentFileName, "");
+
+  dialog.WillChoose(c);
+  Command("mnuSave").trigger();
+
+  EXPECT_EQ(LoadModelFile(a).nodeCount, 5);
+  EXPECT_EQ(LoadModelFile(c).nodeCount, 4);
+}
+
+TEST_F(OpenTwoFilesTest, BringTheirOwnCapacityBack) {
+  GridCapacity = 33;
+  Command("mnuUndo").trigger();
+  EXPECT_EQ(GridCapacity, 20);
+  Command("mnuRedo").trigger();
+  EXPECT_EQ(GridCapacity, 33);
+}
+
+TEST_F(OpenTwoFilesTest, MakeNoStepOfOpeningWhatIsOpen) {
+  Open(b);
+  Command("mnuUndo").trigger();
+  EXPECT_EQ(NodeCount, 4);
+  EXPECT_EQ(CurrentFileName, a);
+}
+
+TEST_F(EditFormTest, UndoesANewThatOnlyGaveAFile) {
+  Command("mnuNew").trigger();
+  ASSERT_EQ(frame->windowTitle(), "newTruss.stw");
+  Command("mnuNew").trigger();
+  Command("mnuUndo").trigger();
+  EXPECT_EQ(frame->windowTitle(), "Strutwright");
+  EXPECT_EQ(CurrentFileName, "");
+  EXPECT_EQ(GrJoints.RowCount(), 21);
 }
 
 TEST_F(EditFormTest, MakesNoStepOfAnOpenThatIsCancelled) {

@@ -3,6 +3,7 @@
 #include "AnalysisState.h"
 #include "DisplayState.h"
 #include "FileState.h"
+#include "modModelFile.h"
 #include "modModelStore.h"
 
 #include <filesystem>
@@ -137,16 +138,40 @@ TEST_F(FileFormTest, DrawsCoordinatesOfAnySizeWithoutHanging) {
   EXPECT_GT(Ink(Qt::black), 0);
 }
 
-TEST_F(FileFormTest, ListsTheExamplesThatLieBesideTheProgram) {
+TEST_F(FileFormTest, OpensMoreNodesThanAnAnalysisTakes) {
+  for (const std::int16_t nodes : {std::int16_t{16384}, std::int16_t{32767}}) {
+    NodeCount = nodes;
+    NodeTable.Recreate(nodes);
+    for (int n = 1; n <= nodes; ++n) NodeTable(n, NodeX) = static_cast<float>(n);
+    PutFile(folder.Path("long.stw"), WriteModel());
+    dialog.WillChoose(folder.Path("long.stw"));
+    Command("mnuOpen").trigger();
+    EXPECT_EQ(GrJoints.RowCount(), nodes + 1);
+    EXPECT_EQ(frame->windowTitle(), "long.stw");
+
+    frame->runAnalysis();
+
+    EXPECT_THAT(TakeMessages(),
+                ElementsAre(Box(MessageIcon::Critical, "The model has " + std::to_string(nodes) +
+                                                           " nodes, but at most 16383 can be analysed.\n"
+                                                           "Remove nodes and run the analysis again.")));
+    EXPECT_EQ(LabelText("stsBar_Analysis"), "No Analysis");
+  }
+}
+
+TEST_F(FileFormTest, ListsTheExamplesThatLieBesideTheProgramAsACourse) {
   std::filesystem::copy(EXAMPLES_DIR, folder.Path("examples"));
   auto* menu = Find<QWidget>("frmGraph").findChild<QMenu*>("mnuFile");
   ASSERT_NE(menu, nullptr);
   emit menu->aboutToShow();
   QAction& first = Command("mnuExample_1");
-  EXPECT_EQ(first.text(), "collinear_bar.stw");
+  EXPECT_EQ(first.text(), "First truss, three bars");
+  EXPECT_THAT(first.toolTip().toStdString(), testing::HasSubstr("pencil and paper"));
+  EXPECT_EQ(Command("mnuExample_6").text(), "Fink roof, 9 m");
+  EXPECT_EQ(Command("mnuExample_6").toolTip().left(7), "Rafters");
   first.trigger();
   EXPECT_GT(NodeCount, 0);
-  EXPECT_EQ(frame->windowTitle(), "collinear_bar.stw");
+  EXPECT_EQ(frame->windowTitle(), "first_truss.stw");
   EXPECT_EQ(CurrentFileName, "");
 }
 

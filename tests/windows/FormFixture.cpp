@@ -17,6 +17,8 @@ namespace strutwright {
 
 namespace {
 
+constexpr QSize RoomySize{1180, 800}; // the screen of the platform without one is smaller
+
 void FailOnWarning(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
   // The offscreen platform has no window manager, which is nobody's fault.
   if (text.startsWith("This plugin does not support")) return;
@@ -66,6 +68,7 @@ FormTest::FormTest() {
   ThePlatform().paper = &pages;
   ThePlatform().programFolder = folder.Path("");
   ThePlatform().dataFolder = folder.Path("data");
+  frame->resize(RoomySize);
   frame->show();
   frame->MDIForm_Load();
   frame->activateWindow();
@@ -85,6 +88,7 @@ void FormTest::StartNextRun() {
   frame = std::make_unique<frmMain>();
   ThePlatform().hints = &frame->Status();
   ThePlatform().progress = &frame->Status();
+  frame->resize(RoomySize);
   frame->show();
   frame->MDIForm_Load();
 }

@@ -11,6 +11,7 @@
 namespace strutwright {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -55,6 +56,29 @@ TEST_F(RecentFilesFormTest, ListsAnOpenedFileInBothMenus) {
   EXPECT_THAT(Paths("frmGraph"), ElementsAre(path));
   EXPECT_THAT(Paths("frmEquations"), ElementsAre(path));
   EXPECT_TRUE(Command("mnuBar4").isVisible());
+}
+
+TEST_F(RecentFilesFormTest, ListsTheFileThatTheProgramIsStartedOn) {
+  const std::string path = Model("bridge.stw");
+  StartNextRun();
+  frame->OpenModel(path);
+  EXPECT_EQ(NodeCount, 3);
+  EXPECT_EQ(CurrentFileName, path);
+  EXPECT_EQ(frame->windowTitle(), "bridge.stw");
+  EXPECT_EQ(GridCapacity, 20);
+  EXPECT_THAT(Paths(), Contains(path));
+  Command("mnuUndo").trigger();
+  EXPECT_EQ(NodeCount, 0);
+  EXPECT_EQ(frame->windowTitle(), "Strutwright");
+}
+
+TEST_F(RecentFilesFormTest, SaysThatTheFileThatTheProgramIsStartedOnCanNotBeOpened) {
+  const std::string path = folder.Path("missing.stw");
+  frame->OpenModel(path);
+  EXPECT_THAT(TakeMessages(), ElementsAre(Box(MessageIcon::None, "Unkown error while opening file " + path)));
+  EXPECT_EQ(CurrentFileName, "");
+  EXPECT_EQ(frame->windowTitle(), "Strutwright");
+  EXPECT_THAT(Paths(), IsEmpty());
 }
 
 TEST_F(RecentFilesFormTest, StandsBetweenItsSeparatorsAboveExit) {

@@ -16,13 +16,16 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// "strutwright" of "Strutwright.File": safe in the name of a file.
+/// "strutwright" of "Strutwright": safe in the name of a file.
 std::string FileNameOf(std::string program) {
   std::transform(program.begin(), program.end(), program.begin(), [](unsigned char character) {
     return std::isalnum(character) == 0 ? '-' : static_cast<char>(std::tolower(character));
   });
   return program;
 }
+
+/// "Strutwright" of "Strutwright.File".
+std::string ProgramOf(const std::string& typeClass) { return typeClass.substr(0, typeClass.find('.')); }
 
 std::string WithoutArgument(const std::string& command) {
   constexpr std::string_view Argument = " %1";
@@ -40,7 +43,7 @@ std::string DesktopFileTypes::Value(const std::string& key) const {
 }
 
 DesktopFileType DesktopFileTypes::TypeOf(const std::string& extension, const std::string& typeClass) const {
-  const std::string program = typeClass.substr(0, typeClass.find('.'));
+  const std::string program = ProgramOf(typeClass);
   return {.program = program,
           .name = FileNameOf(program),
           .title = Value(typeClass),
@@ -57,26 +60,26 @@ void DesktopFileTypes::Announce() {
 }
 
 void DesktopFileTypes::Register(const DesktopFileType& type) {
-  if (!IsInstalled(type)) {
-    // An index that is not there was never made or was given up half way: the tools get another chance.
-    std::error_code error;
-    const bool indexed = fs::exists(InDataFolder("mime/" + type.MimeType() + ".xml"), error);
-    if (PutDescriptions(type) || !indexed) Renew(Places.dataHome);
-  }
+  // An index that is not there was never made or was given up half way: the tools get another chance.
+  std::error_code error;
+  const bool indexed = fs::exists(InDataFolder("mime/" + type.MimeType() + ".xml"), error);
+  if (PutDescriptions(type) || !indexed) Renew(Places.dataHome);
   PutDefaultApplication(type);
 }
 
-/// Whether an installation has brought all this, for the same executable.  An entry that this user has comes before
-/// those for everybody, whichever copy of the program it is of.
-bool DesktopFileTypes::IsInstalled(const DesktopFileType& type) const {
-  const fs::path entry = "applications/" + type.name + ".desktop";
+bool DesktopFileTypes::IsInstalled(const std::string& typeClass, const std::string& /*extension*/,
+                                   const std::string& program) {
+  const std::string name = FileNameOf(ProgramOf(typeClass));
+  const fs::path entry = "applications/" + name + ".desktop";
   std::error_code error;
   const auto brings = [&](const fs::path& folder) {
-    return fs::exists(folder / entry, error) && fs::exists(folder / "mime/packages" / (type.name + ".xml"), error) &&
-           fs::equivalent(folder / "../bin" / fs::path(type.command).filename(), type.command, error);
+    return fs::exists(folder / entry, error) && fs::exists(folder / "mime/packages" / (name + ".xml"), error);
   };
-  if (fs::exists(Places.dataHome / entry, error)) return brings(Places.dataHome);
-  return std::any_of(Places.dataFolders.begin(), Places.dataFolders.end(), brings);
+  if (!fs::exists(fs::path(Places.dataHome) / entry, error)) {
+    return std::any_of(Places.dataFolders.begin(), Places.dataFolders.end(), brings);
+  }
+  const fs::path installed = fs::path(Places.dataHome) / "../bin" / fs::path(program).filename();
+  return brings(Places.dataHome) && fs::equivalent(installed, program, error);
 }
 
 bool DesktopFileTypes::PutDescriptions(const DesktopFileType& type) {

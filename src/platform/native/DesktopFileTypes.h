@@ -12,8 +12,8 @@
 namespace strutwright {
 
 /// Registers file types with a free desktop, for this user: the type in the shared MIME database, its icon, a desktop
-/// entry with the open command, and that as the default application.  What is right already is not written again, and
-/// what the user has chosen stays.
+/// entry that opens a file with "--open", and that as the default application.  What is right already is not written
+/// again, and what the user has chosen stays.
 class DesktopFileTypes : public FileTypeRegistry {
  public:
   /// Renews the desktop's own indexes over what is below a data folder; must not wait for them.
@@ -21,6 +21,10 @@ class DesktopFileTypes : public FileTypeRegistry {
 
   DesktopFileTypes(FileSystem& files, DesktopPlaces places, RenewIndexes renew);
 
+  /// A package has registered the type for everybody when it has brought a description and a desktop entry, for
+  /// whatever copy of the program; an installation for this user when the entry is of the very program that asks.  An
+  /// entry that this user has hides those for everybody.
+  bool IsInstalled(const std::string& typeClass, const std::string& extension, const std::string& program) override;
   void SetDefault(const std::string& key, const std::string& value) override { Keys[key] = value; }
   void Announce() override;
 
@@ -28,7 +32,6 @@ class DesktopFileTypes : public FileTypeRegistry {
   std::string Value(const std::string& key) const;
   DesktopFileType TypeOf(const std::string& extension, const std::string& typeClass) const;
   void Register(const DesktopFileType& type);
-  bool IsInstalled(const DesktopFileType& type) const;
   bool PutDescriptions(const DesktopFileType& type);
   bool PutIcon(const DesktopFileType& type);
   void PutDefaultApplication(const DesktopFileType& type);

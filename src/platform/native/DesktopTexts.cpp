@@ -124,7 +124,7 @@ std::string DesktopEntry(const DesktopFileType& type) {
          "Type=Application\n"
          "Name=" +
          EntryText(type.program) + "\nIcon=" + type.name + "\nTryExec=" + EntryText(type.command) +
-         "\nExec=" + ExecCommand(type.command) + " %f\nTerminal=false\nCategories=Education;Engineering;\n" +
+         "\nExec=" + ExecCommand(type.command) + " --open %f\nTerminal=false\nCategories=Education;Engineering;\n" +
          "MimeType=" + type.MimeType() + ";\n";
 }
 

@@ -161,6 +161,16 @@ void NativeFileSystem::Write(const std::string& path, const std::string& bytes) 
   }
 }
 
+void NativeFileSystem::Resize(const std::string& path, std::size_t size) {
+  if (truncate(path.c_str(), static_cast<off_t>(size)) != 0) ThrowSystemError();
+}
+
+bool NativeFileSystem::HasOtherNames(const std::string& path) {
+  struct stat status = {};
+  if (stat(path.c_str(), &status) != 0) ThrowSystemError();
+  return status.st_nlink > 1;
+}
+
 void NativeFileSystem::CopyMode(const std::string& model, const std::string& path) {
   struct stat status = {};
   if (stat(model.c_str(), &status) != 0) ThrowSystemError();

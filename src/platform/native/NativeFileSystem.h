@@ -14,6 +14,8 @@ class NativeFileSystem : public FileSystem {
   void CheckWritable(const std::string& path) override;
   std::string CreateBeside(const std::string& path) override;
   void Write(const std::string& path, const std::string& bytes) override;
+  void Resize(const std::string& path, std::size_t size) override;
+  bool HasOtherNames(const std::string& path) override;
   void CopyMode(const std::string& model, const std::string& path) override;
   void Flush(const std::string& path) override;
   void Replace(const std::string& from, const std::string& to) override;

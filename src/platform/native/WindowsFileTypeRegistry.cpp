@@ -19,7 +19,26 @@ std::wstring WideText(const std::string& text) {
   return wide;
 }
 
+/// The default value of a key; empty where there is none.
+std::wstring DefaultOf(const std::string& key) {
+  constexpr DWORD MostBytes = 2048;
+  std::wstring value(MostBytes / sizeof(wchar_t), L'\0');
+  DWORD bytes = MostBytes;
+  if (RegGetValueW(HKEY_CLASSES_ROOT, WideText(key).c_str(), nullptr, RRF_RT_REG_SZ, nullptr, value.data(), &bytes) !=
+      ERROR_SUCCESS) {
+    return {};
+  }
+  value.resize(bytes / sizeof(wchar_t) - 1); // without the zero at its end
+  return value;
+}
+
 } // namespace
+
+bool WindowsFileTypeRegistry::IsInstalled(const std::string& typeClass, const std::string& extension,
+                                          const std::string& /*program*/) {
+  return DefaultOf(extension) == WideText(typeClass) &&
+         DefaultOf(typeClass + "\\shell\\open\\command").find(L" --open ") != std::wstring::npos;
+}
 
 void WindowsFileTypeRegistry::SetDefault(const std::string& key, const std::string& value) {
   HKEY opened = nullptr;

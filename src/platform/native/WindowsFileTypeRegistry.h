@@ -7,6 +7,8 @@ namespace strutwright {
 /// The file classes of Windows' registry, for everybody who uses the machine.
 class WindowsFileTypeRegistry : public FileTypeRegistry {
  public:
+  /// An installer's open command passes the file with "--open".
+  bool IsInstalled(const std::string& typeClass, const std::string& extension, const std::string& program) override;
   void SetDefault(const std::string& key, const std::string& value) override;
   void Announce() override;
 };

@@ -22,7 +22,9 @@ QString QtFileDialog::StartFolder() const {
   QString initial = QString::fromStdString(initialFolder);
   if (!initial.isEmpty() && QDir(initial).exists()) return initial;
   if (!LastFolder.isEmpty() && QDir(LastFolder).exists()) return LastFolder;
-  return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  // Not every user has a folder for documents; the dialog would take a missing one for the name of a file.
+  const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  return QDir(documents).exists() ? documents : QDir::homePath();
 }
 
 bool QtFileDialog::ShowOpen() { return Show(false); }

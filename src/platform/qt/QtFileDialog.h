@@ -9,7 +9,7 @@ namespace strutwright {
 
 /// The desktop's file dialog over the active window.
 /// An initial folder that does not exist gives way to the folder of the dialog's last use, at first the user's
-/// documents.
+/// documents; who has no folder for those starts in the home folder.
 class QtFileDialog : public FileDialog {
  public:
   bool ShowOpen() override;

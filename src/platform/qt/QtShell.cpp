@@ -3,6 +3,7 @@
 #include <QDesktopServices>
 #include <QFileInfo>
 #include <QProcess>
+#include <QStringList>
 #include <QUrl>
 
 namespace strutwright {
@@ -15,6 +16,12 @@ void QtShell::Open(const std::string& path) {
   } else {
     QDesktopServices::openUrl(QUrl::fromLocalFile(target.absoluteFilePath()));
   }
+}
+
+bool QtShell::Start(const std::string& program, const std::vector<std::string>& arguments) {
+  QStringList texts;
+  for (const std::string& each : arguments) texts << QString::fromStdString(each);
+  return QProcess::startDetached(QString::fromStdString(program), texts);
 }
 
 } // namespace strutwright

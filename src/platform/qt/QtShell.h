@@ -8,6 +8,7 @@ namespace strutwright {
 class QtShell : public Shell {
  public:
   void Open(const std::string& path) override;
+  bool Start(const std::string& program, const std::vector<std::string>& arguments) override;
 };
 
 } // namespace strutwright

@@ -56,11 +56,20 @@ bool IsDrawingWithMouse() {
 void frmCheck::Refresh() {
   BringCheckUpToDate();
   verdictLbl->setText(QString::fromStdString(CheckVerdict() + "."));
+  ShowRigidityOffer();
   FillTable();
   Fill(*findingsList, FindingLines());
   Fill(*zeroBarsList, ZeroBarLines());
   ShowMotion(1);
   FillMechanism();
+}
+
+void frmCheck::ShowRigidityOffer() {
+  const RigidityOffer offer = Frame.RigidityOnBoard();
+  rigidityLbl->setText(QString::fromStdString(offer.text));
+  rigidityPart->setVisible(!offer.text.empty());
+  btnFillRigidity->setEnabled(offer.usable);
+  EnableMotionButtons();
 }
 
 void frmCheck::FillTable() {
@@ -147,7 +156,8 @@ void frmCheck::FillMechanism() {
 void frmCheck::EnableMotionButtons() {
   btnPreviousMotion->setEnabled(TheCheck.motion > 1);
   btnNextMotion->setEnabled(TheCheck.motion != 0 && TheCheck.motion < MotionCount());
-  btnApplyCure->setEnabled(!curesList->selectedItems().isEmpty());
+  const Cure* cure = ChosenCure();
+  btnApplyCure->setEnabled(cure != nullptr && (!cure->IsRigidity() || btnFillRigidity->isEnabled()));
 }
 
 void frmCheck::Turn(int by) {
@@ -174,11 +184,24 @@ void frmCheck::Tick() {
   RunClock();
 }
 
-void frmCheck::ApplyChosenCure() {
+/// nullptr where none is chosen.
+const Cure* frmCheck::ChosenCure() const {
   const Mechanism* shown = ShownMechanism();
   const int row = curesList->currentRow();
-  if (shown == nullptr || row < 0 || row >= static_cast<int>(shown->cures.size())) return;
-  const Cure cure = shown->cures[static_cast<std::size_t>(row)];
+  if (shown == nullptr || curesList->selectedItems().isEmpty()) return nullptr;
+  return row >= 0 && row < static_cast<int>(shown->cures.size()) ? &shown->cures[static_cast<std::size_t>(row)]
+                                                                 : nullptr;
+}
+
+void frmCheck::FillInRigidity() {
+  Frame.Run([this] { Frame.Edit("Fill In E and A", [this] { Frame.FillInRigidity(); }); });
+}
+
+void frmCheck::ApplyChosenCure() {
+  const Cure* chosen = ChosenCure();
+  if (chosen == nullptr) return;
+  if (chosen->IsRigidity()) return FillInRigidity();
+  const Cure cure = *chosen;
   Frame.Run([this, cure] {
     if (!IsOffered(cure)) return; // a pending edit has changed the model
     Frame.Edit(cure.IsMember() ? "Add Member" : "Add Support", [&cure] { ApplyCure(cure); });
@@ -202,7 +225,7 @@ void frmCheck::hideEvent(QHideEvent* event) {
   if (event->spontaneous() || Frame.IsEnding()) return;
   Guard([this] {
     ShowMotion(0);
-    if (std::exchange(Marking, false)) return Frame.HighlightMember(0);
+    if (std::exchange(Marking, false)) return Frame.ShowNoParts();
     Frame.RedrawWhatCanBeDrawn(false);
   });
 }

@@ -27,12 +27,16 @@ class frmCheck : public QDialog {
   /// Shows the check of the model as it is now, and its first mechanism.
   void Refresh();
 
+  /// Shows what can be done about members without rigidity, by what the control board's fields hold now.
+  void ShowRigidityOffer();
+
  protected:
   void showEvent(QShowEvent* event) override;
   void hideEvent(QHideEvent* event) override;
 
  private:
   void BuildVerdict();
+  void BuildRigidity();
   void BuildTable();
   void BuildMechanism();
   void BuildMotionButtons();
@@ -50,11 +54,16 @@ class frmCheck : public QDialog {
   void Turn(int by);
   void RunClock();
   void Tick();
+  const Cure* ChosenCure() const;
   void ApplyChosenCure();
+  void FillInRigidity();
   void Copy();
 
   frmMain& Frame;
   QLabel* verdictLbl = nullptr;
+  QWidget* rigidityPart = nullptr;
+  QLabel* rigidityLbl = nullptr;
+  QPushButton* btnFillRigidity = nullptr;
   QTableWidget* checkTable = nullptr;
   QListWidget* findingsList = nullptr;
   QListWidget* zeroBarsList = nullptr;

@@ -53,6 +53,7 @@ frmCheck::frmCheck(frmMain& frame) : QDialog(&frame), Frame(frame) {
   setWindowTitle("Check");
   new QVBoxLayout(this);
   BuildVerdict();
+  BuildRigidity();
   BuildTable();
   findingsList = AddList("findingsList", "&Model check:",
                          "What is odd about the model; choose a line to see the nodes and members that it is about");
@@ -75,6 +76,19 @@ void frmCheck::BuildVerdict() {
   bold.setBold(true);
   verdictLbl->setFont(bold);
   layout()->addWidget(verdictLbl);
+}
+
+void frmCheck::BuildRigidity() {
+  rigidityPart = new QWidget;
+  auto* row = new QHBoxLayout(rigidityPart);
+  row->setContentsMargins(0, 0, 0, 0);
+  rigidityLbl = NewLabel("rigidityLbl", "What can be filled in for members without rigidity");
+  btnFillRigidity = NewButton("btnFillRigidity", "Fill &In E and A",
+                              "Gives the members without rigidity E and A from the control board; can be undone");
+  row->addWidget(rigidityLbl, 1);
+  row->addWidget(btnFillRigidity, 0, Qt::AlignTop);
+  layout()->addWidget(rigidityPart);
+  OnSignal(btnFillRigidity, &QPushButton::clicked, this, [this] { FillInRigidity(); });
 }
 
 void frmCheck::BuildTable() {

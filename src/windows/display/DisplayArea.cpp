@@ -2,7 +2,10 @@
 
 #include "EventGuard.h"
 
+#include <optional>
+
 #include <QCoreApplication>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -11,6 +14,22 @@ namespace strutwright {
 namespace {
 
 constexpr double WheelNotch = 120; // eighths of a degree that Qt gives for a notch
+constexpr int FocusFrame = 2;      // pixels, of which half lies outside
+
+/// Nothing for keys that don't move the view, with Ctrl or Alt none does.
+std::optional<ViewMove> MoveOf(const QKeyEvent& key) {
+  if ((key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0) return std::nullopt;
+  switch (key.key()) {
+  case Qt::Key_Left: return ViewMove::Left;
+  case Qt::Key_Right: return ViewMove::Right;
+  case Qt::Key_Up: return ViewMove::Up;
+  case Qt::Key_Down: return ViewMove::Down;
+  case Qt::Key_Plus:
+  case Qt::Key_Equal: return ViewMove::In; // the plus without Shift of many keyboards
+  case Qt::Key_Minus: return ViewMove::Out;
+  default: return std::nullopt;
+  }
+}
 
 MouseButton ButtonOf(Qt::MouseButton button) {
   switch (button) {
@@ -29,7 +48,7 @@ DisplayArea::DisplayArea(DisplayListener& listener, QWidget* parent)
   setAccessibleName("Truss display");
   setAttribute(Qt::WA_OpaquePaintEvent);
   setMouseTracking(true);
-  setFocusPolicy(Qt::ClickFocus);
+  setFocusPolicy(Qt::StrongFocus);
 }
 
 void DisplayArea::paintEvent(QPaintEvent* /*event*/) {
@@ -37,7 +56,11 @@ void DisplayArea::paintEvent(QPaintEvent* /*event*/) {
   if (Drawing.Image().devicePixelRatio() != devicePixelRatioF()) {
     QCoreApplication::postEvent(this, new QResizeEvent(size(), size())); // the queue owns it
   }
-  QPainter(this).drawImage(QPoint(0, 0), Drawing.Image());
+  QPainter painter(this);
+  painter.drawImage(QPoint(0, 0), Drawing.Image());
+  if (!hasFocus()) return;
+  painter.setPen(QPen(palette().color(QPalette::Highlight), FocusFrame));
+  painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
 void DisplayArea::resizeEvent(QResizeEvent* /*event*/) {
@@ -71,6 +94,12 @@ void DisplayArea::wheelEvent(QWheelEvent* event) {
   const double steps = event->angleDelta().y() / WheelNotch;
   Guard([&] { Listener.WheelTurned(At(event->position(), Qt::NoButton, event->buttons()), steps); });
   event->accept();
+}
+
+void DisplayArea::keyPressEvent(QKeyEvent* event) {
+  const std::optional<ViewMove> move = MoveOf(*event);
+  if (!move) return QWidget::keyPressEvent(event);
+  Guard([this, move] { Listener.ViewKeyPressed(*move); });
 }
 
 MouseEvent DisplayArea::At(const QPointF& pixel, Qt::MouseButton button, Qt::MouseButtons held) const {

@@ -2,6 +2,7 @@
 
 #include "QtDrawingSurface.h"
 #include "modMouseEvents.h"
+#include "modViewTransform.h"
 
 #include <QWidget>
 
@@ -21,9 +22,12 @@ class DisplayListener {
 
   /// steps: away from the user positive.
   virtual void WheelTurned(const MouseEvent& event, double steps) = 0;
+
+  virtual void ViewKeyPressed(ViewMove move) = 0;
 };
 
-/// The drawing area `Disp`: shows the picture that its surface keeps, and tells where the mouse is on it.
+/// The drawing area `Disp`: shows the picture that its surface keeps, and tells where the mouse is on it and which keys
+/// move the view.  While it has the keyboard it has a frame.
 class DisplayArea : public QWidget {
  public:
   DisplayArea(DisplayListener& listener, QWidget* parent);
@@ -41,6 +45,7 @@ class DisplayArea : public QWidget {
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void leaveEvent(QEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   MouseEvent At(const QPointF& pixel, Qt::MouseButton button, Qt::MouseButtons held) const;

@@ -54,18 +54,21 @@ void frmGraph::AddEditMenu(MenuBuilder& build) {
 
 void frmGraph::AddDrawingMenu(MenuBuilder& build) {
   QMenu& drawing = *build.AddMenu("mnuDraw", "&Drawing");
-  const auto add = [&](const QString& name, const QString& text, MouseMode mode, const QString& toolTip) {
-    build.Add(
-        drawing, name, text, {}, [this, mode] { Choose(mode); }, toolTip);
+  const auto add = [&](const QString& name, const QString& text, MouseMode mode, const QString& toolTip,
+                       const QKeySequence& key = {}) {
+    return build.Add(
+        drawing, name, text, key, [this, mode] { Choose(mode); }, toolTip);
   };
-  add("mnuDrawNodes", "Draw &Nodes", MouseMode::DrawNode, "A click adds a node at the nearest grid point");
-  add("mnuDrawMembers", "Draw &Members", MouseMode::DrawMember, "Two clicks on nodes add a member");
+  Frame.addActions( // for the keys, whichever child window is active
+      {add("mnuDrawNodes", "Draw &Nodes", MouseMode::DrawNode, "A click adds a node at the nearest grid point",
+           Qt::Key_F7),
+       add("mnuDrawMembers", "Draw &Members", MouseMode::DrawMember, "Two clicks on nodes add a member", Qt::Key_F8)});
   add("mnuSelNode", "&Select Node", MouseMode::SelectNode, "A click shows the details of a node");
   add("mnuSelMember", "Se&lect Member", MouseMode::SelectMember, "A click shows the details of a member");
   add("mnuDelete", "&Delete", MouseMode::Delete, "A click deletes a node, or else a member");
   drawing.addSeparator();
   build.Add(
-      drawing, "mnuSavePic", "Save &picture", {}, [this] { savePicture(Surface()); },
+      drawing, "mnuSavePic", "Save &picture", {}, [this] { Frame.SavePicture(); },
       "Saves the truss display as a picture");
 }
 

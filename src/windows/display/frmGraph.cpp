@@ -15,9 +15,11 @@
 #include "modModelRendering.h"
 #include "modModelStore.h"
 #include "modPicking.h"
+#include "modPlaces.h"
 #include "modRecentFiles.h"
 #include "modScales.h"
 
+#include <filesystem>
 #include <utility>
 
 #include <QCloseEvent>
@@ -66,7 +68,9 @@ std::int16_t frmGraph::seekJoint(float x, float y, bool offer) {
   return static_cast<std::int16_t>(n);
 }
 
-void frmGraph::mnuGenerator_Click() { vLaunch(ProgramFolder() + "/bracefold"); }
+void frmGraph::mnuGenerator_Click() {
+  vLaunch(CompanionProgram(ProgramFolder(), static_cast<char>(std::filesystem::path::preferred_separator)));
+}
 
 void frmGraph::vLaunch(const std::string& path) { TheShell().Open(path); }
 
@@ -127,6 +131,15 @@ void frmGraph::MouseLeft() {
 }
 
 void frmGraph::WheelTurned(const MouseEvent& event, double steps) { Act(MouseWheel(event, steps)); }
+
+void frmGraph::ViewKeyPressed(ViewMove move) {
+  Frame.Run([this, move] {
+    if (MoveView(Surface(), move)) Frame.RedrawWhatCanBeDrawn(false);
+  });
+}
+
+/// A child window keeps Tab to itself unless it is asked to pass it on.
+bool frmGraph::focusNextPrevChild(bool next) { return Frame.MoveFocus(next); }
 
 void frmGraph::Act(const MouseVerdict& verdict) {
   ShowMouseState();

@@ -55,6 +55,7 @@ class frmGraph : public QWidget, private DisplayListener {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
 
  private:
   void Resized() override;
@@ -63,6 +64,7 @@ class frmGraph : public QWidget, private DisplayListener {
   void MouseReleased(const MouseEvent& event) override;
   void MouseLeft() override;
   void WheelTurned(const MouseEvent& event, double steps) override;
+  void ViewKeyPressed(ViewMove move) override;
 
   void Act(const MouseVerdict& verdict);
   void Do(const MouseVerdict& verdict);

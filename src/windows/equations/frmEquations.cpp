@@ -182,9 +182,8 @@ void frmEquations::ShowPage() {
   ShowStepToCome();
   ShowAddedCells();
   ShowOrigin();
-  if (page.lastMember == 0 && ShownMember == 0) return;
-  ShownMember = page.lastMember;
-  Frame.HighlightMember(ShownMember);
+  if (page.shownMember != ShownMember) Frame.ShowAddedMember(page.shownMember);
+  ShownMember = page.shownMember;
 }
 
 /// Scrolls to what the member that was just added has changed, to its first node where not all of it fits.
@@ -223,5 +222,8 @@ void frmEquations::closeEvent(QCloseEvent* event) {
   event->ignore();
   Guard([] { ShowMessage(MessageIcon::Critical, "Window cannot be closed"); });
 }
+
+/// A child window keeps Tab to itself unless it is asked to pass it on.
+bool frmEquations::focusNextPrevChild(bool next) { return Frame.MoveFocus(next); }
 
 } // namespace strutwright

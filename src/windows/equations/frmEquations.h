@@ -34,6 +34,7 @@ class frmEquations : public QWidget {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
 
  private:
   using CopyCommand = void (*)(EquationGrid grid, const GridBlock& block);
@@ -66,7 +67,7 @@ class frmEquations : public QWidget {
   QLabel* lblStepToCome = nullptr;
   QLabel* lblOrigin = nullptr;
   QList<QMenu*> MenuList;
-  int ShownMember = 0; ///< highlighted in the truss display; 0 for none
+  int ShownMember = 0; ///< what the frame was last asked to show in the truss display; 0 for none
 };
 
 } // namespace strutwright

@@ -13,6 +13,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScopedValueRollback>
 
 namespace strutwright {
@@ -28,6 +29,17 @@ std::optional<char32_t> OpeningCharacter(const QKeyEvent& key) {
   const auto characters = key.text().toUcs4();
   if (characters.isEmpty()) return std::nullopt;
   return static_cast<char32_t>(characters.first());
+}
+
+constexpr int HintMargin = 8; // pixels
+
+bool HoldsNoText(const Grid& grid) {
+  for (int row = 1; row < grid.RowCount(); ++row) {
+    for (int column = 1; column < grid.ColumnCount(); ++column) {
+      if (!grid.Text(row, column).empty()) return false;
+    }
+  }
+  return true;
 }
 
 } // namespace
@@ -117,8 +129,45 @@ void DataGridView::focusInEvent(QFocusEvent* event) {
   CommitPendingEdit();
 }
 
+void DataGridView::paintEvent(QPaintEvent* event) {
+  QTableView::paintEvent(event);
+  ShowsHint = !EmptyHint.isEmpty() && HoldsNoText(Data());
+  if (ShowsHint) PaintEmptyHint();
+}
+
+/// The hint lies over cells that have not changed.
+void DataGridView::dataChanged(const QModelIndex& first, const QModelIndex& last, const QVector<int>& roles) {
+  QTableView::dataChanged(first, last, roles);
+  if (!EmptyHint.isEmpty() && ShowsHint != HoldsNoText(Data())) viewport()->update();
+}
+
+/// Below the first row, where the entry will stand.
+void DataGridView::PaintEmptyHint() {
+  QPainter painter(viewport());
+  const int top = verticalHeader()->defaultSectionSize();
+  const QRect room = viewport()->rect().adjusted(HintMargin, top, -HintMargin, 0);
+  const int flags = int{Qt::AlignHCenter} | int{Qt::TextWordWrap};
+  QRect text = painter.boundingRect(room, flags, EmptyHint);
+  text.moveTop(room.top() + qMax(0, (room.height() - text.height()) / 3));
+  painter.fillRect(text.adjusted(-HintMargin, -HintMargin / 2, HintMargin, HintMargin / 2), palette().base());
+  painter.setPen(palette().color(QPalette::PlaceholderText));
+  painter.drawText(text, flags, EmptyHint);
+}
+
+/// Fewer rows may fit now, and the one that is being edited must not get lost.
+void DataGridView::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  if (EditBox != nullptr) EditBox->KeepInSight(*this);
+}
+
+void DataGridView::scrollContentsBy(int dx, int dy) {
+  QTableView::scrollContentsBy(dx, dy);
+  if (EditBox != nullptr) EditBox->Follow(*this);
+}
+
 void DataGridView::updateGeometries() {
   QTableView::updateGeometries();
+  if (EditBox != nullptr) EditBox->Follow(*this);
   if (Corner == nullptr) return;
   Corner->setText(QString::fromStdString(Data().Text(0, 0)));
   Corner->setGeometry(frameWidth(), frameWidth(), verticalHeader()->width(), horizontalHeader()->height());

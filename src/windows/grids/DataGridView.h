@@ -28,6 +28,9 @@ class DataGridView : public QTableView {
   /// holds is taken when this view receives the focus.
   void SetEditBox(GridEditBox& box) { EditBox = &box; }
 
+  /// What the grid says in grey as long as none of its data cells holds a text.
+  void SetEmptyHint(const QString& hint) { EmptyHint = hint; }
+
   /// Called with a global position when the user asks for the grid's menu.
   void SetMenuNotice(std::function<void(const QPoint&)> listener) { MenuListener = std::move(listener); }
 
@@ -38,8 +41,12 @@ class DataGridView : public QTableView {
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void scrollContentsBy(int dx, int dy) override;
   void updateGeometries() override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  void dataChanged(const QModelIndex& first, const QModelIndex& last, const QVector<int>& roles) override;
   void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
  private:
@@ -47,12 +54,15 @@ class DataGridView : public QTableView {
   void OpenEditBox(char32_t typed);
   void CommitPendingEdit();
   void PassToEditBox(QKeyEvent& event);
+  void PaintEmptyHint();
   void ShowSelection();
   void TakeSelection();
 
   GridModel Model;
   QLabel* Corner = nullptr; ///< shows the text of cell (0, 0)
   GridEditBox* EditBox = nullptr;
+  QString EmptyHint;
+  bool ShowsHint = false; ///< as it was painted last
   std::function<void(const QPoint&)> MenuListener;
   bool Synchronising = false;
   bool PassingKey = false;

@@ -5,9 +5,7 @@
 
 #include <optional>
 
-#include <QHeaderView>
 #include <QKeyEvent>
-#include <QScrollBar>
 
 namespace strutwright {
 
@@ -49,19 +47,20 @@ void GridEditBox::Open(DataGridView& view, char32_t typed) {
   View = &view;
   Row = view.Data().CurrentRow();
   Column = view.Data().CurrentColumn();
-  for (const QScrollBar* bar : {view.verticalScrollBar(), view.horizontalScrollBar()}) {
-    connect(bar, &QScrollBar::valueChanged, this, &GridEditBox::Place, Qt::UniqueConnection);
-  }
   setGeometry(view.CurrentCellRect());
   show();
   setFocus();
   setCursorPosition(static_cast<int>(text().size()));
 }
 
-/// Follows its cell when the grid is scrolled.
-void GridEditBox::Place() {
-  if (!View) return;
-  setGeometry(View->visualRect(View->model()->index(Row - 1, Column - 1)));
+void GridEditBox::Follow(const DataGridView& view) {
+  if (View == &view) setGeometry(View->visualRect(View->model()->index(Row - 1, Column - 1)));
+}
+
+void GridEditBox::KeepInSight(DataGridView& view) {
+  if (View != &view) return;
+  view.scrollTo(view.model()->index(Row - 1, Column - 1));
+  Follow(view);
 }
 
 /// Ends the edit before anything else happens: a message over the half-ended edit would give the grid the focus back

@@ -23,6 +23,13 @@ class GridEditBox : public QLineEdit {
   void Commit();
 
   bool IsPending() const { return View != nullptr; }
+  bool IsPendingIn(const DataGridView& view) const { return View == &view; }
+
+  /// Lies over its cell again after a view has moved its cells; does nothing for a view without the pending edit.
+  void Follow(const DataGridView& view);
+
+  /// The same after a view has got another size, in which the cell may lie out of sight.
+  void KeepInSight(DataGridView& view);
 
   /// How the text gets into its cell: called with the routine that puts it there, which returns whether the cell has
   /// changed.
@@ -33,7 +40,6 @@ class GridEditBox : public QLineEdit {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  void Place();
   void Cancel();
   void CommitAndMove(CellKey key);
   DataGridView* Close();

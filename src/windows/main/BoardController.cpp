@@ -38,6 +38,9 @@ BoardController::BoardController(frmMain& frame, ControlBoard& board, GridComman
   ConnectList({Board.nodeLoadBtn, "Node Load", Board.nodesTxt, &GrJoints, Board.xnlTxt, Board.ynlTxt, NodeForceX});
   ConnectList({Board.EABtn, "Member Properties", Board.memTxt, &GrMembers, Board.eTxt, Board.aTxt, MemberE});
   FilterNumericBoxes(Board);
+  for (QLineEdit* box : {Board.eTxt, Board.aTxt}) {
+    OnSignal(box, &QLineEdit::textChanged, &Frame, [this] { Frame.NoteRigidity(); });
+  }
   StartClock();
 }
 

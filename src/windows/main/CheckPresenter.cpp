@@ -42,6 +42,7 @@ void CheckPresenter::CloseWindow() {
 
 void CheckPresenter::Begin() {
   DropCheck();
+  AddedMember = 0;
   Analysing = true;
 }
 
@@ -103,16 +104,37 @@ void CheckPresenter::ShowGridOf(std::size_t kind) {
   if (!shown) entered.setChecked(true);
 }
 
-void CheckPresenter::Highlight(int m) {
+void CheckPresenter::ShowNoParts() {
   Nodes.clear();
-  Members = m == 0 ? std::vector<int>{} : std::vector{m};
+  Members.clear();
   Frame.RedrawWhatCanBeDrawn(false);
+}
+
+void CheckPresenter::ShowAddedMember(int m) {
+  AddedMember = m;
+  AddedIn = ModelAsEntered::Now();
+  Frame.RedrawWhatCanBeDrawn(false);
+}
+
+RigidityOffer CheckPresenter::RigidityOnBoard() const {
+  return OfferRigidity(Board.eTxt->text().toStdString(), Board.aTxt->text().toStdString());
+}
+
+void CheckPresenter::FillInRigidity() {
+  FillRigidity(Board.eTxt->text().toStdString(), Board.aTxt->text().toStdString());
+}
+
+void CheckPresenter::ShowRigidityOffer() {
+  if (Window != nullptr && Window->isVisible()) Window->ShowRigidityOffer();
 }
 
 void CheckPresenter::Draw() {
   if (DisplaySurface == nullptr) return;
+  if (AddedMember != 0 && !AddedIn.IsCurrent()) AddedMember = 0;
+  std::vector<int> members = Members;
+  if (AddedMember != 0) members.push_back(AddedMember);
   try {
-    for (const int m : Members) {
+    for (const int m : members) {
       if (m >= 1 && m <= MemberCount) DrawMember(*DisplaySurface, m, Orange);
     }
     for (const int n : Nodes) {
@@ -120,6 +142,7 @@ void CheckPresenter::Draw() {
     }
   } catch (const std::out_of_range&) {
     Members.clear(); // their nodes have gone since they were chosen
+    AddedMember = 0;
   }
   DrawShownMotion(*DisplaySurface);
 }

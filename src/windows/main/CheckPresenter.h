@@ -1,5 +1,8 @@
 #pragma once
 
+#include "ModelAsEntered.h"
+#include "modCheck.h"
+
 #include <cstddef>
 #include <vector>
 
@@ -48,8 +51,21 @@ class CheckPresenter {
   /// Highlights these nodes and members, and selects their rows in the grids, of which one that has such rows is shown.
   void ShowParts(const std::vector<int>& nodes, const std::vector<int>& members);
 
-  /// Highlights member m alone; 0: nothing.
-  void Highlight(int m);
+  /// Highlights these parts no longer; what is selected stays.
+  void ShowNoParts();
+
+  /// Highlights the member that the stiffness equations have just added too, until the model changes or is analysed;
+  /// 0: none.
+  void ShowAddedMember(int m);
+
+  bool HasHighlight() const { return AddedMember != 0 || !Nodes.empty() || !Members.empty(); }
+
+  /// What the control board's E and A can do for members without rigidity, and doing it.
+  RigidityOffer RigidityOnBoard() const;
+  void FillInRigidity();
+
+  /// Shows the offer in the check window, where it is open.
+  void ShowRigidityOffer();
 
   /// The frame closes, and the check window with it.
   void CloseWindow();
@@ -69,6 +85,8 @@ class CheckPresenter {
   frmCheck* Window = nullptr; ///< nullptr until it is first asked for
   std::vector<int> Nodes;     ///< highlighted until the model is edited
   std::vector<int> Members;
+  int AddedMember = 0;    ///< highlighted too; 0 for none
+  ModelAsEntered AddedIn; ///< the model that this member belongs to
   bool Analysing = false; ///< the check waits for what the analysis comes to
 };
 

@@ -25,10 +25,12 @@ QRectF Share(const QRect& geometry, const QSize& size) {
 ChildArea::ChildArea(QWidget* parent) : QMdiArea(parent) {
   setObjectName("MdiArea");
   setAccessibleName("Child windows");
+  setFocusPolicy(Qt::NoFocus);
 }
 
 QMdiSubWindow* ChildArea::AddChild(QWidget& child, const QRectF& share) {
   QMdiSubWindow* window = addSubWindow(&child);
+  window->setFocusPolicy(Qt::ClickFocus); // Tab goes to what is in it
   Places.insert(window, {share, {}});
   Arrange(window, viewport()->size());
   window->show();

@@ -35,6 +35,7 @@ MainStatusBar::MainStatusBar(QWidget* parent) : QStatusBar(parent) {
   Hint = new QLabel(this);
   Hint->setObjectName("stsBar_Hint");
   Hint->setAccessibleName("Hint");
+  Hint->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // a long one must not make the window wider
   addWidget(Hint, 1);
   Progress = new QProgressBar(this);
   Progress->setObjectName("stsBar_Progress");
@@ -50,7 +51,7 @@ MainStatusBar::MainStatusBar(QWidget* parent) : QStatusBar(parent) {
   addPermanentWidget(Cancel);
   connect(Cancel, &QPushButton::clicked, this, [this] { Cancelled = true; });
   HintTimer.setSingleShot(true);
-  connect(&HintTimer, &QTimer::timeout, Hint, &QLabel::clear);
+  connect(&HintTimer, &QTimer::timeout, this, [this] { Say(Note); });
 }
 
 QLabel* MainStatusBar::AddPanel(const QString& name, const QString& description, int characters) {
@@ -81,9 +82,18 @@ bool MainStatusBar::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void MainStatusBar::ShowHint(const QString& text) {
+  Say(text);
+  HintTimer.start(HintTime);
+}
+
+void MainStatusBar::ShowNote(const QString& text) {
+  Note = text;
+  if (!HintTimer.isActive() && Progress->isHidden()) Say(Note);
+}
+
+void MainStatusBar::Say(const QString& text) {
   Hint->setText(text);
   Hint->setToolTip(text);
-  HintTimer.start(HintTime);
 }
 
 bool MainStatusBar::ShowProgress(const QString& text, double fraction) {
@@ -104,7 +114,7 @@ bool MainStatusBar::ShowProgress(const QString& text, double fraction) {
 void MainStatusBar::EndProgress() {
   Progress->hide();
   Cancel->hide();
-  Hint->clear();
+  Say(Note);
   if (FocusBefore) FocusBefore->setFocus();
   FocusBefore = nullptr;
 }

@@ -28,6 +28,8 @@ class MainStatusBar : public QStatusBar {
   /// Called when the user clicks on what the check has to say.
   void SetCheckNotice(std::function<void()> listener) { CheckListener = std::move(listener); }
   void ShowHint(const QString& text);
+  /// What stands where the hint stands whenever there is no hint; an empty text ends it.
+  void ShowNote(const QString& text);
 
   /// Shows how far long work is and takes paint events and clicks on Cancel, nothing else; a request to close the
   /// window meanwhile is kept for later.  False once the user has cancelled.
@@ -41,6 +43,7 @@ class MainStatusBar : public QStatusBar {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void Say(const QString& text);
   QLabel* AddPanel(const QString& name, const QString& description, int characters);
 
   QLabel* Coordinates = nullptr;
@@ -52,6 +55,7 @@ class MainStatusBar : public QStatusBar {
   QPushButton* Cancel = nullptr;
   std::function<void()> CheckListener;
   QTimer HintTimer;
+  QString Note;
   bool Cancelled = false;
   QPointer<QWidget> FocusBefore; ///< what had the focus when the progress was shown
 };

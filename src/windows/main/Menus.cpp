@@ -7,7 +7,6 @@
 #include "modExamples.h"
 #include "modFileCommands.h"
 #include "modManual.h"
-#include "modPlaces.h"
 #include "modRecovery.h"
 
 #include <utility>
@@ -57,7 +56,7 @@ QAction* MenuBuilder::Add(QMenu& menu, const QString& name, const QString& text,
 void MenuBuilder::AddFileMenu() {
   QMenu& file = *AddMenu("mnuFile", "&File");
   Add(
-      file, "mnuNew", "&New", QKeySequence::New, [&frame = Frame] { frame.Edit("New", NewFromMenu); },
+      file, "mnuNew", "&New", QKeySequence::New, [&frame = Frame] { frame.BeginNewModel(NewFromMenu); },
       "Begins with an empty model");
   Add(file, "mnuOpen", "&Open...", QKeySequence::Open, [&frame = Frame] { frame.Edit("Open", OpenFromMenu); });
   AddExamples(file);
@@ -77,10 +76,12 @@ void MenuBuilder::AddExamples(QMenu& menu) {
   QMenu* examples = AddSubmenu(menu, "mnuExamples", "Open &Example");
   OnSignal(&menu, &QMenu::aboutToShow, examples, [this_ = *this, examples] {
     if (!examples->isEmpty()) return;
-    for (const std::string& path : ExampleModels()) {
-      MenuBuilder(this_).Add(*examples, "mnuExample_" + QString::number(examples->actions().size() + 1),
-                             QString::fromStdString(LastComponent(path)), {},
-                             [path, &frame = this_.Frame] { frame.Edit("Open", [&] { OpenExample(path); }); });
+    for (const Example& each : Examples()) {
+      const QString text = QString::fromStdString(each.title).replace('&', "&&");
+      MenuBuilder(this_).Add(
+          *examples, "mnuExample_" + QString::number(examples->actions().size() + 1), text, {},
+          [path = each.path, &frame = this_.Frame] { frame.Edit("Open", [&] { OpenExample(path); }); },
+          QString::fromStdString(each.tip));
     }
     examples->setEnabled(!examples->isEmpty());
   });

@@ -13,10 +13,12 @@
 #include "frmEquations.h"
 #include "frmGraph.h"
 #include "frmOptions.h"
+#include "modEntryGaps.h"
 #include "modFileCommands.h"
 #include "modGenerators.h"
 #include "modGrids.h"
 #include "modModelStore.h"
+#include "modMotionView.h"
 #include "modOptions.h"
 #include "modRedraw.h"
 #include "modRunAnalysis.h"
@@ -32,6 +34,7 @@
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QSettings>
 #include <QShortcut>
 #include <QSplitter>
@@ -46,6 +49,7 @@ namespace strutwright {
 namespace {
 
 constexpr QSize StartSize{1180, 800};
+constexpr QSize WindowFrame{8, 40}; // what the desktop puts around a window, at most
 
 // The child windows' shares of the room above the board.
 constexpr QRectF DisplayShare{0, 0, 0.56, 1};
@@ -71,7 +75,8 @@ frmMain::frmMain() {
   Check = std::make_unique<CheckPresenter>(*this, *CBpic, *stsBar);
   Listener = std::make_unique<MainListener>(*this);
   ConnectKeys();
-  resize(StartSize);
+  OnSignal(&History.Steps(), &QUndoStack::indexChanged, this, [this] { ShowEntryNote(); });
+  resize(StartSize.boundedTo(screen()->availableSize() - WindowFrame));
 }
 
 frmMain::~frmMain() {
@@ -91,13 +96,13 @@ void frmMain::BuildToolBar() {
     connect(action, &QAction::triggered, this, [this, command] { Run(command); });
     return action;
   };
-  add("new", "New File", [this] { Edit("New", newModel); });
+  add("new", "New File", [this] { BeginNewModel(newModel); });
   add("open", "Open File", [this] { Edit("Open", [] { openModel(""); }); });
   add("save", "Save File", SaveFromMenu);
   bar->addSeparator();
   add("bracefold", "Bracefold", [this] { Graph->mnuGenerator_Click(); });
   add("analyse", "Run Analysis", [this] { runAnalysis(); });
-  add("picture", "Save Truss Display as Picture", [] { savePicture(*DisplaySurface); });
+  add("picture", "Save Truss Display as Picture", [this] { SavePicture(); });
   add("options", "Options Box", [this] { ShowOptions(); });
   bar->addSeparator();
   add("about", "About", [this] { frmAbout(this).exec(); });
@@ -239,6 +244,10 @@ void frmMain::ShowRecentFiles() {
 
 void frmMain::AnimateDSD() { Board->Animate(); }
 
+void frmMain::OpenModel(const std::string& path) {
+  Run([&] { Edit("Open", [&] { OpenNamed(path); }); });
+}
+
 void frmMain::initGrids() { strutwright::initGrids(); }
 
 void frmMain::EndProgram() { close(); }
@@ -261,6 +270,12 @@ void frmMain::Run(const std::function<void()>& command) {
     command();
   });
   Recovery.NoteChange();
+}
+
+void frmMain::BeginNewModel(void (*command)()) {
+  Edit("New", command);
+  CBpic->viewOpt[0]->setChecked(true);
+  CBpic->GrJointsView->setFocus();
 }
 
 void frmMain::CommitPendingEdit() { CBpic->grTxtBox->Commit(); }
@@ -304,10 +319,37 @@ void frmMain::RedrawWhatCanBeDrawn(bool zoomToExtents) {
   std::vector<std::string> failures;
   RedrawDisplay(DisplaySurface, zoomToExtents, [&failures](const std::string& text) { failures.push_back(text); });
   ShowDrawing();
-  if (failures.empty()) return;
+  // Where there is a gap in the grids it is the reason, and the note on it says more.
+  if (failures.empty() || !RowGapText().empty()) return;
   std::string hint = failures.front();
   std::replace(hint.begin(), hint.end(), '\n', ' ');
   ShowHint(hint);
+}
+
+/// Every step that changes a text of the grids comes here, undone ones too.
+void frmMain::ShowEntryNote() {
+  std::string note = RowGapText();
+  const std::string missing = MissingNodeText();
+  if (!note.empty() && !missing.empty()) note += " ";
+  stsBar->ShowNote(QString::fromStdString(note + missing));
+}
+
+void frmMain::SavePicture() {
+  savePicture([this](const std::string& path) { WritePicture(path); });
+}
+
+/// A highlight tells the user what is being talked about; the picture is of the truss.
+void frmMain::WritePicture(const std::string& path) {
+  if (!Check->HasHighlight()) return DisplaySurface->SavePicture(path);
+  RedrawDisplay(DisplaySurface, false, [](const std::string& /*failure*/) {});
+  DrawShownMotion(*DisplaySurface);
+  try {
+    DisplaySurface->SavePicture(path);
+  } catch (...) {
+    RedrawWhatCanBeDrawn(false);
+    throw;
+  }
+  RedrawWhatCanBeDrawn(false);
 }
 
 /// Puts the truss on screen as it has been drawn, and what depends on the model with it.

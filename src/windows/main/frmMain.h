@@ -6,6 +6,7 @@
 #include "GridCommands.h"
 #include "MainListener.h"
 #include "RecoveryKeeper.h"
+#include "modCheck.h"
 
 #include <cstdint>
 #include <functional>
@@ -46,6 +47,10 @@ class frmMain : public QMainWindow {
   /// Starts the program in the frame, which is shown already: state, grids, child windows, view.
   void MDIForm_Load();
 
+  /// Opens a model file as File > Open does after its name has been chosen.
+  /// path: full, not empty.
+  void OpenModel(const std::string& path);
+
   /// Takes the size and place that the frame had when the program last ended; to be called before it is shown.
   void RestorePlace();
 
@@ -72,6 +77,9 @@ class frmMain : public QMainWindow {
   /// what: its name, as in "Undo Paste".
   void Edit(const QString& what, const std::function<void()>& command) { History.Run(what, command); }
 
+  /// Runs one of the commands that begin an empty model, and leaves the keyboard where its first node is typed.
+  void BeginNewModel(void (*command)());
+
   /// What the user calls the model: its file's name, or what the title says in its place.
   std::string ModelName() const;
 
@@ -79,6 +87,9 @@ class frmMain : public QMainWindow {
   const QUndoStack& EditSteps() const { return History.Steps(); }
 
   void CommitPendingEdit();
+
+  /// What Tab and Shift+Tab do: gives the keyboard to the next or previous control of the whole frame, wherever it is.
+  bool MoveFocus(bool next) { return focusNextPrevChild(next); }
 
   /// Add a node or a member to the model as it stands in the grids, and draw it.
   void DrawNode(float x, float y);
@@ -101,12 +112,24 @@ class frmMain : public QMainWindow {
   /// Draws the truss again; what can't be drawn is said in the status bar and not in a box.
   void RedrawWhatCanBeDrawn(bool zoomToExtents);
 
-  /// Draws the truss with member m highlighted until the model is edited; 0: without a highlight.
-  void HighlightMember(int m) { Check->Highlight(m); }
+  /// Draws the truss with member m, which the stiffness equations have just added, highlighted until the model changes
+  /// or is analysed; 0: without that highlight.
+  void ShowAddedMember(int m) { Check->ShowAddedMember(m); }
 
   /// Draws the truss with these nodes and members highlighted until the model is edited, and selects their rows in the
   /// grids, of which one that has such rows is shown.  What the model does not have is passed over.
   void ShowParts(const std::vector<int>& nodes, const std::vector<int>& members) { Check->ShowParts(nodes, members); }
+
+  /// Draws the truss without what ShowParts has highlighted; what is selected stays.
+  void ShowNoParts() { Check->ShowNoParts(); }
+
+  /// What the control board's E and A can do for members without rigidity, and doing it.
+  RigidityOffer RigidityOnBoard() const { return Check->RigidityOnBoard(); }
+  void FillInRigidity() { Check->FillInRigidity(); }
+  void NoteRigidity() { Check->ShowRigidityOffer(); }
+
+  /// Saves the truss display as a picture under a name that the user is asked for.
+  void SavePicture();
 
   /// Opens the check window, or brings it to the front, on the model as it stands in the grids.
   void ShowCheck();
@@ -144,6 +167,8 @@ class frmMain : public QMainWindow {
   void ShowMenus(QMdiSubWindow* active);
   void SavePlace();
   void ShowDrawing();
+  void WritePicture(const std::string& path);
+  void ShowEntryNote();
   void Analyse();
   void HideBoard();
   void ShowBoard();

@@ -2,7 +2,6 @@
 
 #include "NegativeZeros.h"
 #include "TiledBackSubstitution.h"
-#include "modSolver.h"
 
 #include <algorithm>
 #include <array>
@@ -48,8 +47,8 @@ constexpr std::size_t FetchAhead = 4;
 
 class Elimination {
  public:
-  Elimination(TiledMatrix& equations, const Kernel& inner, LongWork& told)
-      : K(equations), kernel(inner), work(told), negativeZeros(equations) {}
+  Elimination(TiledMatrix& equations, float pivotTolerance, const Kernel& inner, LongWork& told)
+      : K(equations), tolerance(pivotTolerance), kernel(inner), work(told), negativeZeros(equations) {}
 
   Solution Run() {
     for (int first = 0; first < K.Freedoms(); first += PanelWidth) {
@@ -85,6 +84,7 @@ class Elimination {
   alignas(64) std::array<float, TileSize> otherFresh{};
   PivotRows pivotRows;
   TiledMatrix& K;
+  float tolerance;
   const Kernel& kernel;
   LongWork& work;
   NegativeZeros negativeZeros;
@@ -94,10 +94,16 @@ class Elimination {
   std::vector<int> indexOf; ///< of a group among the panel's groups, -1 for none
 };
 
+// Step p leaves (n - p)^2 entries to change, so that the work ahead goes with the cube.
+double ShareDone(int p, int n) {
+  const double ahead = static_cast<double>(n - p) / n;
+  return 1 - ahead * ahead * ahead;
+}
+
 Solution Elimination::EliminatePanel(int first) {
-  work.Done(ShareOfElimination(first, K.Freedoms()));
+  work.Done(ShareDone(first, K.Freedoms()));
   panel.Load(K, first);
-  Solution verdict = panel.Eliminate(kernel);
+  Solution verdict = panel.Eliminate(tolerance, kernel);
   if (verdict != Solution::Found) return verdict;
   for (int column = first / TileColumns; column < ColumnAfter(); ++column) negativeZeros.Take(column);
   FollowExchanges();
@@ -146,7 +152,7 @@ Solution Elimination::UpdateColumnsRight() {
 
 /// False when something is not finite.
 bool Elimination::UpdateColumn(int column) {
-  work.Done(ShareOfElimination(panel.First(), K.Freedoms()));
+  work.Done(ShareDone(panel.First(), K.Freedoms()));
   if (!FinishPivotRows(column)) return false;
   const std::vector<int> withNegativeZeros = negativeZeros.Take(column);
   UpdateTilesBelow(column);
@@ -307,9 +313,9 @@ bool Elimination::GiveZerosTheirSigns(float* tile, int index) const {
 
 } // namespace
 
-Solution SolveTiled(TiledMatrix& K, std::vector<float>& D, const Kernel& kernel, LongWork& work) {
+Solution SolveTiled(TiledMatrix& K, std::vector<float>& D, float tolerance, const Kernel& kernel, LongWork& work) {
   // On the heap, because not every system aligns what lies on the stack as the kernels need it.
-  const Solution verdict = std::make_unique<Elimination>(K, kernel, work)->Run();
+  const Solution verdict = std::make_unique<Elimination>(K, tolerance, kernel, work)->Run();
   return verdict == Solution::Found ? BackSubstituteTiled(K, D) : verdict;
 }
 

@@ -36,8 +36,8 @@ class Panel {
   /// Copies the columns first.. of K, counted from 0, and its right-hand side; first is a multiple of 64.
   void Load(const TiledMatrix& K, int first);
 
-  /// Eliminates; Solution::Found when all went well.
-  Solution Eliminate(const Kernel& kernel);
+  /// Eliminates; Solution::Found when all went well.  tolerance: of pivots, as SolveTiled has it.
+  Solution Eliminate(float tolerance, const Kernel& kernel);
 
   /// Puts the pivot rows and the right-hand side back into K and takes the panel's columns of all other rows out of it.
   void Store(TiledMatrix& K);
@@ -80,7 +80,7 @@ class Panel {
   void LoadRightHandSide(const std::vector<float>& P);
   void GiveZerosTheirSigns(int c);
   bool LosesSign(int c, std::size_t row) const;
-  Solution ChoosePivot(int j);
+  Solution ChoosePivot(int j, float tolerance);
   void ExchangeRows(int j, std::size_t other);
   void ComputeFactors(int j);
   void UpdateColumnsAfter(int j, const Kernel& kernel);

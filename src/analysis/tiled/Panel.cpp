@@ -1,7 +1,5 @@
 #include "Panel.h"
 
-#include "modSolver.h"
-
 #include <algorithm>
 #include <bit>
 #include <cmath>
@@ -88,10 +86,10 @@ int Panel::RowOfK(std::size_t row) const {
   return TileRows * GroupList[row / TileRows] + static_cast<int>(row % TileRows);
 }
 
-Solution Panel::Eliminate(const Kernel& kernel) {
+Solution Panel::Eliminate(float tolerance, const Kernel& kernel) {
   for (int j = 0; j < Pivots; ++j) {
     GiveZerosTheirSigns(j);
-    const Solution verdict = ChoosePivot(j);
+    const Solution verdict = ChoosePivot(j, tolerance);
     if (verdict != Solution::Found) return verdict;
     ComputeFactors(j);
     UpdateColumnsAfter(j, kernel);
@@ -118,13 +116,13 @@ bool Panel::LosesSign(int c, std::size_t row) const {
 }
 
 // The row from j on with the largest entry; of equal ones the upper.
-Solution Panel::ChoosePivot(int j) {
+Solution Panel::ChoosePivot(int j, float tolerance) {
   const float* column = Column(j);
   const auto from = static_cast<std::size_t>(j);
   const std::uint32_t largest = LargestSize(column + from, RowCount - from);
   if (largest >= InfinityBits || LargestSize(column, from) >= InfinityBits) return Solution::NotFinite;
   // Elimination changes this entry no more, so that the stability check need not wait.
-  if (PivotTolerance > std::bit_cast<float>(largest)) return Solution::Unstable;
+  if (tolerance > std::bit_cast<float>(largest)) return Solution::Unstable;
   const float* pivot = std::find_if(column + from, column + RowCount, [largest](float entry) {
     return (BitsOfFloat(entry) & ~NegativeZeroBits) == largest;
   });

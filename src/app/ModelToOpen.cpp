@@ -1,0 +1,32 @@
+#include "ModelToOpen.h"
+
+#include <filesystem>
+#include <string_view>
+#include <system_error>
+
+namespace strutwright {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// Without "." and "..", unless a link on the way makes that another file.
+std::string FullPath(const fs::path& path) {
+  std::error_code error;
+  const fs::path full = fs::absolute(path, error);
+  if (error) return path.string();
+  const fs::path plain = full.lexically_normal();
+  return (fs::equivalent(plain, full, error) ? plain : full).string();
+}
+
+} // namespace
+
+std::string ModelToOpen(int count, const char* const* arguments) {
+  for (int i = 1; i + 1 < count; ++i) {
+    const std::string_view file = arguments[i + 1];
+    if (std::string_view(arguments[i]) == "--open") return file.empty() ? "" : FullPath(file);
+  }
+  return "";
+}
+
+} // namespace strutwright
