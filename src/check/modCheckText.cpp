@@ -17,6 +17,9 @@ std::string Short(double value, const std::string& unit = "") {
   return std::string(text.begin(), end) + unit;
 }
 
+/// The unit of a relative difference.
+constexpr const char* OfLargest = " of the largest";
+
 std::string Line(const std::string& text) { return text + "\n"; }
 
 std::string Worst(const CheckRow& row) {
@@ -27,10 +30,11 @@ std::string Worst(const CheckRow& row) {
 std::string RowLine(const CheckRow& row) { return Line(row.label + ": " + row.value + Worst(row)); }
 
 std::vector<CheckRow> AccuracyRows(const AccuracyReport& accuracy) {
-  return {{"Digits", std::to_string(accuracy.digits)},
-          {"Largest difference of displacements", Short(accuracy.displacementDifference), accuracy.worstNode},
-          {"Largest difference of member forces", Short(accuracy.forceDifference), 0, accuracy.worstMember},
-          {"Largest difference of reactions", Short(accuracy.reactionDifference)}};
+  return {
+      {"Digits", std::to_string(accuracy.digits)},
+      {"Largest difference of displacements", Short(accuracy.displacementDifference, OfLargest), accuracy.worstNode},
+      {"Largest difference of member forces", Short(accuracy.forceDifference, OfLargest), 0, accuracy.worstMember},
+      {"Largest difference of reactions", Short(accuracy.reactionDifference, OfLargest)}};
 }
 
 std::vector<CheckRow> BalanceRows(const BalanceReport& balance) {

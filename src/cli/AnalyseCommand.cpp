@@ -4,6 +4,7 @@
 #include "EditingState.h"
 #include "FileSystem.h"
 #include "ModelSession.h"
+#include "OutputNames.h"
 #include "Picture.h"
 #include "modAnalysis.h"
 #include "modCheckAnswer.h"
@@ -18,9 +19,11 @@
 #include <algorithm>
 #include <cmath>
 #include <exception>
+#include <istream>
 #include <limits>
 #include <optional>
 #include <ostream>
+#include <utility>
 
 namespace strutwright {
 
@@ -38,9 +41,9 @@ int StatusOf(Result result) {
   return result == Result::Unreadable ? ExitUsage : ExitFailed;
 }
 
-Result OpenAndAnalyse(ModelSession& session) {
+Result OpenAndAnalyse(ModelSession& session, std::istream& in) {
   try {
-    if (!session.Open()) return Result::Unreadable;
+    if (!session.Open(in)) return Result::Unreadable;
     if (runAnalysis(ScratchCopy::None)) return Result::Ok;
     return FailedCheck == UnstableCheck ? Result::Unstable : Result::Failed;
   } catch (const std::exception& failure) {
@@ -69,34 +72,32 @@ void PrintCsv(const ModelSession& session, Result result, bool nameFile, std::os
   }
 }
 
-std::string JsonNode(int n) {
-  return JsonObject({{"node", std::to_string(n)},
-                     {"x", JsonNumber(NodeTable(n, NodeX))},
-                     {"y", JsonNumber(NodeTable(n, NodeY))},
-                     {"dx", JsonNumber(NodeDisplacement(n, "x"))},
-                     {"dy", JsonNumber(NodeDisplacement(n, "y"))},
-                     {"rx", JsonNumber(Reactions.at(XFreedom(n)))},
-                     {"ry", JsonNumber(Reactions.at(YFreedom(n)))},
-                     {"support", JsonNumber(NodeTable(n, NodeSupport))}});
+Json JsonNode(int n) {
+  return {{"node", n},
+          {"x", JsonNumber(NodeTable(n, NodeX))},
+          {"y", JsonNumber(NodeTable(n, NodeY))},
+          {"dx", JsonNumber(NodeDisplacement(n, "x"))},
+          {"dy", JsonNumber(NodeDisplacement(n, "y"))},
+          {"rx", JsonNumber(Reactions.at(XFreedom(n)))},
+          {"ry", JsonNumber(Reactions.at(YFreedom(n)))},
+          {"support", JsonNumber(NodeTable(n, NodeSupport))}};
 }
 
-std::string JsonMember(int m) {
-  return JsonObject({{"member", std::to_string(m)},
-                     {"i", JsonNumber(MemberTable(m, MemberNodeI))},
-                     {"j", JsonNumber(MemberTable(m, MemberNodeJ))},
-                     {"length", JsonNumber(MemberTable(m, MemberFieldLength))},
-                     {"cos", JsonNumber(MemberTable(m, MemberFieldCos))},
-                     {"sin", JsonNumber(MemberTable(m, MemberFieldSin))},
-                     {"force", JsonNumber(MemberForce(m))},
-                     {"state", JsonText(MemberState(m))},
-                     {"stress", JsonNumber(MemberStress(m))},
-                     {"stretch", JsonNumber(MemberStretch(m))}});
+Json JsonMember(int m) {
+  return {{"member", m},
+          {"i", JsonNumber(MemberTable(m, MemberNodeI))},
+          {"j", JsonNumber(MemberTable(m, MemberNodeJ))},
+          {"length", JsonNumber(MemberTable(m, MemberFieldLength))},
+          {"cos", JsonNumber(MemberTable(m, MemberFieldCos))},
+          {"sin", JsonNumber(MemberTable(m, MemberFieldSin))},
+          {"force", JsonNumber(MemberForce(m))},
+          {"state", MemberState(m)},
+          {"stress", JsonNumber(MemberStress(m))},
+          {"stretch", JsonNumber(MemberStretch(m))}};
 }
 
-std::string JsonMessage(const Message& message) {
-  return JsonObject({{"icon", JsonText(IconName(message.icon))},
-                     {"title", JsonText(message.title)},
-                     {"text", JsonText(message.text)}});
+Json JsonMessage(const Message& message) {
+  return {{"icon", IconName(message.icon)}, {"title", message.title}, {"text", message.text}};
 }
 
 /// Fewest digits that a result may have before a script is warned of it.
@@ -130,49 +131,54 @@ int StatusOf(Result result, const Check& check) {
   return isMisleading ? ExitMisleading : ExitOk;
 }
 
-template <typename Item, typename Text>
-std::string JsonListOf(const std::vector<Item>& items, const Text& text) {
-  std::vector<std::string> values;
-  for (const Item& item : items) values.push_back(text(item));
-  return JsonList(values);
+template <typename Item, typename Value>
+Json JsonListOf(const std::vector<Item>& items, const Value& value) {
+  Json list = Json::array();
+  for (const Item& item : items) list.push_back(value(item));
+  return list;
 }
 
-std::string JsonResidual(const std::optional<BalanceReport>& balance) {
+Json JsonResidual(const std::optional<BalanceReport>& balance) {
   constexpr double largest = std::numeric_limits<float>::max();
-  if (!balance || !(std::abs(balance->nodeResidual) <= largest)) return "null";
+  if (!balance || !(std::abs(balance->nodeResidual) <= largest)) return nullptr;
   return JsonNumber(static_cast<float>(balance->nodeResidual));
 }
 
-std::string JsonCheck(const CheckReport& check) {
+Json JsonCheck(const CheckReport& check) {
   const bool stable = check.stability.Stable();
-  const std::string zeroMembers =
-      JsonListOf(check.zeroBars, [](const ZeroBar& bar) { return std::to_string(bar.member); });
-  return JsonObject(
-      {{"stable", stable ? "true" : "false"},
-       {"mechanisms", std::to_string(check.stability.mechanismCount)},
-       {"indeterminacy", std::to_string(check.stability.indeterminacy)},
-       {"digits", check.accuracy ? std::to_string(check.accuracy->digits) : "null"},
-       {"residual", JsonResidual(check.balance)},
-       {"zero_members", stable ? zeroMembers : "null"},
-       {"verdict", JsonText(check.verdict)},
-       {"motions", JsonListOf(check.stability.mechanisms, [](const Mechanism& m) { return JsonText(m.sentence); })},
-       {"oddities", JsonListOf(check.findings, [](const Finding& f) { return JsonText(f.text); })}});
+  const Json zeroMembers = JsonListOf(check.zeroBars, [](const ZeroBar& bar) { return bar.member; });
+  return {{"stable", stable},
+          {"mechanisms", check.stability.mechanismCount},
+          {"indeterminacy", check.stability.indeterminacy},
+          {"digits", check.accuracy ? Json(check.accuracy->digits) : Json()},
+          {"residual", JsonResidual(check.balance)},
+          {"zero_members", stable ? zeroMembers : Json()},
+          {"verdict", check.verdict},
+          {"motions", JsonListOf(check.stability.mechanisms, [](const Mechanism& m) { return m.sentence; })},
+          {"oddities", JsonListOf(check.findings, [](const Finding& f) { return f.text; })}};
+}
+
+/// The unit of every quantity that has one, by its key.
+Json JsonUnits(const Check& check) {
+  Json units{{"x", "m"},   {"y", "m"},       {"dx", "mm"},    {"dy", "mm"},        {"rx", "kN"},
+             {"ry", "kN"}, {"length", "mm"}, {"force", "kN"}, {"stress", "N/mm2"}, {"stretch", "mm"}};
+  if (check.wasAsked) units["residual"] = "kN";
+  return units;
 }
 
 void PrintJson(const ModelSession& session, Result result, const Check& check, std::ostream& out) {
-  std::vector<std::string> messages;
-  std::vector<std::string> nodes;
-  std::vector<std::string> members;
-  for (const Message& message : session.Shown()) messages.push_back(JsonMessage(message));
+  Json nodes = Json::array();
+  Json members = Json::array();
   for (int n = 1; result == Result::Ok && n <= NodeCount; ++n) nodes.push_back(JsonNode(n));
   for (int m = 1; result == Result::Ok && m <= MemberCount; ++m) members.push_back(JsonMember(m));
-  std::vector<std::pair<std::string_view, std::string>> values{{"file", JsonText(session.File())},
-                                                               {"result", JsonText(ResultName(result))},
-                                                               {"messages", JsonList(messages)},
-                                                               {"nodes", JsonList(nodes)},
-                                                               {"members", JsonList(members)}};
-  if (check.wasAsked) values.emplace_back("check", check.report ? JsonCheck(*check.report) : "null");
-  out << JsonObject(values) << '\n';
+  Json values{{"file", session.File()},
+              {"result", ResultName(result)},
+              {"messages", JsonListOf(session.Shown(), JsonMessage)},
+              {"units", JsonUnits(check)},
+              {"nodes", std::move(nodes)},
+              {"members", std::move(members)}};
+  if (check.wasAsked) values["check"] = check.report ? JsonCheck(*check.report) : Json();
+  PrintJsonLine(values, out);
 }
 
 void PrintText(const ModelSession& session, Result result, const Check& check, std::ostream& out) {
@@ -202,10 +208,17 @@ void Print(const ModelSession& session, Result result, const Check& check, const
   }
 }
 
+/// The name of what is made of the session's model.  It says so where another model has taken the one to expect.
+std::string NameFor(ModelSession& session, const std::string& what, const std::string& asked, OutputNames& names) {
+  const OutputNames::Name name = names.For(asked, session.File());
+  if (name.isNumbered) session.Tell("The " + what + " is " + name.file + ", because another model's has its name");
+  return name.file;
+}
+
 /// The status of making the picture, if there is something to make it of.  A failure has been told.
-int Depict(ModelSession& session, Result result, const PictureRequest& picture, bool several) {
+int Depict(ModelSession& session, Result result, const PictureRequest& picture, OutputNames& names) {
   if (picture.file.empty() || result == Result::Unreadable) return ExitOk;
-  const std::string file = FileFor(picture.file, session.File(), several);
+  const std::string file = NameFor(session, "picture", picture.file, names);
   try {
     MakePicture(picture, file, result == Result::Ok);
   } catch (const FileError& error) {
@@ -216,13 +229,13 @@ int Depict(ModelSession& session, Result result, const PictureRequest& picture, 
 }
 
 /// The same of writing the report.
-int Document(ModelSession& session, Result result, const AnalyseRequest& request) {
+int Document(ModelSession& session, Result result, const AnalyseRequest& request, OutputNames& names) {
   if (request.report.empty() || result == Result::Unreadable) return ExitOk;
   if (result != Result::Ok) {
     session.Tell("No report is written, because there are no results");
     return ExitOk;
   }
-  const std::string file = FileFor(request.report, session.File(), request.models.size() > 1);
+  const std::string file = NameFor(session, "report", request.report, names);
   try {
     EnsureApplication();
     WriteReport(MakeReport(ValidText(LastComponent(session.File()))), file);
@@ -235,17 +248,18 @@ int Document(ModelSession& session, Result result, const AnalyseRequest& request
 
 } // namespace
 
-int AnalyseModels(const AnalyseRequest& request, std::ostream& out, std::ostream& err, const AnswerJudge& judge) {
-  const bool several = request.models.size() > 1;
+int AnalyseModels(const AnalyseRequest& request, std::istream& in, std::ostream& out, std::ostream& err,
+                  const AnswerJudge& judge) {
+  OutputNames names(request.models.size() > 1);
   int status = ExitOk;
   for (const std::string& file : request.models) {
     ModelSession session(file, err);
-    const Result result = OpenAndAnalyse(session);
+    const Result result = OpenAndAnalyse(session, in);
     const Check check = CheckOf(session, result, request, judge);
     Print(session, result, check, request, out);
     out.flush();
     status = std::max({status, StatusOf(result), StatusOf(result, check),
-                       Depict(session, result, request.picture, several), Document(session, result, request)});
+                       Depict(session, result, request.picture, names), Document(session, result, request, names)});
   }
   return status;
 }

@@ -1,6 +1,7 @@
 #include "CommandLine.h"
 
 #include "Commands.h"
+#include "ModelInput.h"
 #include "Picture.h"
 #include "modNumberText.h"
 #include "modReportFiles.h"
@@ -26,7 +27,7 @@ struct Request {
   std::string input;
   std::string output;
   std::string format = "text";
-  std::function<int(std::ostream&, std::ostream&)> command;
+  std::function<int(std::istream&, std::ostream&, std::ostream&)> command;
 };
 
 OutputFormat FormatNamed(const std::string& name) {
@@ -61,7 +62,10 @@ std::string ScaleFault(PictureRequest& picture, const std::string& text) {
 void AddPicture(CLI::App& command, PictureRequest& picture) {
   CLI::Option* file = command.add_option("--picture", picture.file,
                                          "Also draw each model with its results: .png, .svg, otherwise a bitmap");
-  file->check([](const std::string& name) { return name.empty() ? "a file name is expected" : ""; });
+  file->check([](const std::string& name) {
+    if (name == StandardStream) return "standard output bears the results";
+    return name.empty() ? "a file name is expected" : "";
+  });
   const auto add = [&](const char* name, const char* help, const char* kind, auto fault) {
     const auto check = [&picture, fault](const std::string& text) { return fault(picture, text); };
     command
@@ -79,7 +83,7 @@ void AddPicture(CLI::App& command, PictureRequest& picture) {
 void AddAnalyse(CLI::App& program, Request& request) {
   CLI::App& command = *program.add_subcommand("analyse", "Analyse models and print displacements, reactions and "
                                                          "member forces");
-  command.add_option("MODEL", request.analysis.models, "Model files (.stw)")->required();
+  command.add_option("MODEL", request.analysis.models, "Models (.stw) or their csv; - is standard input")->required();
   AddFormat(command, request);
   command.add_flag("--check", request.analysis.check,
                    "Also tell how far each answer can be trusted; exit status 3 where it can't");
@@ -90,31 +94,32 @@ void AddAnalyse(CLI::App& program, Request& request) {
       })
       ->type_name("FILE");
   command.callback([&request] {
-    request.command = [&request](std::ostream& out, std::ostream& err) {
+    request.command = [&request](std::istream& in, std::ostream& out, std::ostream& err) {
       request.analysis.format = FormatNamed(request.format);
-      return AnalyseModels(request.analysis, out, err);
+      return AnalyseModels(request.analysis, in, out, err);
     };
   });
 }
 
 void AddShow(CLI::App& program, Request& request) {
   CLI::App& command = *program.add_subcommand("show", "Print the nodes and members of a model");
-  command.add_option("MODEL", request.input, "Model file (.stw)")->required();
+  command.add_option("MODEL", request.input, "Model (.stw) or its csv; - is standard input")->required();
   AddFormat(command, request);
   command.callback([&request] {
-    request.command = [&request](std::ostream& out, std::ostream& err) {
-      return ShowModel(request.input, FormatNamed(request.format), out, err);
+    request.command = [&request](std::istream& in, std::ostream& out, std::ostream& err) {
+      return ShowModel(request.input, FormatNamed(request.format), in, out, err);
     };
   });
 }
 
 void AddMake(CLI::App& program, Request& request) {
   CLI::App& command = *program.add_subcommand("make", "Build a model from the csv that \"show --format csv\" prints");
-  command.add_option("INPUT", request.input, "Comma-separated nodes and members")->required();
-  command.add_option("OUT", request.output, "Model file to write (.stw)")->required();
+  command.add_option("INPUT", request.input, "Comma-separated nodes and members, or a model; - is standard input")
+      ->required();
+  command.add_option("OUT", request.output, "Model file to write (.stw); - is standard output")->required();
   command.callback([&request] {
-    request.command = [&request](std::ostream&, std::ostream& err) {
-      return MakeModel(request.input, request.output, err);
+    request.command = [&request](std::istream& in, std::ostream& out, std::ostream& err) {
+      return MakeModel(request.input, request.output, in, out, err);
     };
   });
 }
@@ -142,9 +147,9 @@ std::optional<int> Parse(const std::vector<std::string>& arguments, Request& req
 }
 
 /// Nothing ends the program but itself: what nobody caught is told in a line.
-int CarryOut(const Request& request, std::ostream& out, std::ostream& err) {
+int CarryOut(const Request& request, std::istream& in, std::ostream& out, std::ostream& err) {
   try {
-    return request.command(out, err);
+    return request.command(in, out, err);
   } catch (const std::exception& failure) {
     err << "strutwright-cli: " << failure.what() << '\n';
     return ExitUsage;
@@ -153,10 +158,10 @@ int CarryOut(const Request& request, std::ostream& out, std::ostream& err) {
 
 } // namespace
 
-int RunCommandLine(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {
+int RunCommandLine(const std::vector<std::string>& arguments, std::istream& in, std::ostream& out, std::ostream& err) {
   Request request;
   const std::optional<int> parsed = Parse(arguments, request, out, err);
-  const int status = parsed ? *parsed : CarryOut(request, out, err);
+  const int status = parsed ? *parsed : CarryOut(request, in, out, err);
   out.flush();
   if (out) return status;
   err << "strutwright-cli: the output could not be written\n";

@@ -12,6 +12,7 @@
 namespace strutwright {
 
 // The commands of strutwright-cli.  Each returns the exit status; results go to `out`, messages to `err`.
+// A file to read may be a model or its csv, which the content tells; "-" is `in`.
 
 /// What to analyse, and what to make of it.
 struct AnalyseRequest {
@@ -27,13 +28,14 @@ using AnswerJudge = std::function<CheckReport(AnalysisOutcome)>;
 
 /// For each file what Open and Run Analysis do in the window; prints the results and makes the picture and
 /// the report asked for.
-int AnalyseModels(const AnalyseRequest& request, std::ostream& out, std::ostream& err,
+int AnalyseModels(const AnalyseRequest& request, std::istream& in, std::ostream& out, std::ostream& err,
                   const AnswerJudge& judge = CheckAnswer);
 
 /// Prints the input tables of a model.
-int ShowModel(const std::string& file, OutputFormat format, std::ostream& out, std::ostream& err);
+int ShowModel(const std::string& file, OutputFormat format, std::istream& in, std::ostream& out, std::ostream& err);
 
-/// Builds a model file from comma-separated input.  A bad line is named, and then nothing is written.
-int MakeModel(const std::string& input, const std::string& output, std::ostream& err);
+/// Builds a model file; as `output`, "-" is `out`.  A bad line of csv is named, and then nothing is written.
+int MakeModel(const std::string& input, const std::string& output, std::istream& in, std::ostream& out,
+              std::ostream& err);
 
 } // namespace strutwright

@@ -2,29 +2,26 @@
 #include "Commands.h"
 #include "FileSystem.h"
 #include "ModelCsv.h"
+#include "ModelInput.h"
 #include "ModelSession.h"
-#include "Platform.h"
 #include "modFileCommands.h"
 #include "modModelFile.h"
 
-#include <cstddef>
+#include <istream>
 #include <optional>
 #include <ostream>
+#include <string>
 
 namespace strutwright {
 
 namespace {
 
-/// More than any model needs, and little enough to be read at once.
-constexpr std::size_t MostInputBytes = std::size_t{64} << 20;
-
-/// The text of the input file; nothing when it can't be read, which has been told by then.
-std::optional<std::string> ReadInput(const std::string& input, std::ostream& err) {
+/// The bytes of the input; nothing when it can't be read, which has been told by then.
+std::optional<std::string> InputOf(const std::string& input, std::istream& in, std::ostream& err) {
   ModelSession session(input, err);
   try {
-    std::string text = Files().Read(input, 0, MostInputBytes + 1);
-    if (text.size() > MostInputBytes) throw FileError("The file is larger than any model");
-    return text;
+    std::string bytes = ReadInput(input, in);
+    return IsText(bytes) ? bytes : ModelBytes(bytes);
   } catch (const FileError& error) {
     session.Tell(error.what());
     return std::nullopt;
@@ -33,15 +30,20 @@ std::optional<std::string> ReadInput(const std::string& input, std::ostream& err
 
 } // namespace
 
-int MakeModel(const std::string& input, const std::string& output, std::ostream& err) {
-  const std::optional<std::string> text = ReadInput(input, err);
-  if (!text) return ExitUsage;
+int MakeModel(const std::string& input, const std::string& output, std::istream& in, std::ostream& out,
+              std::ostream& err) {
+  const std::optional<std::string> bytes = InputOf(input, in, err);
+  if (!bytes) return ExitUsage;
   ModelSession session(output, err);
   try {
-    TakeModel(ModelFromCsv(*text));
+    TakeModel(IsText(*bytes) ? ModelFromCsv(*bytes) : ReadModel(*bytes));
   } catch (const CsvError& error) {
     err << input << ":" << error.line << ": " << error.what() << '\n';
     return ExitUsage;
+  }
+  if (output == StandardStream) {
+    out << WriteModel();
+    return ExitOk;
   }
   try {
     SaveModelFile(output);

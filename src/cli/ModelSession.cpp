@@ -51,7 +51,8 @@ bool ModelSession::Ask(const Message& question) {
   return false;
 }
 
-bool ModelSession::Open() {
+bool ModelSession::Open(std::istream& in) {
+  Disk.SetInput(FileName, in);
   std::string reason;
   if (openModel(FileName, &reason)) return true;
   Tell(reason);

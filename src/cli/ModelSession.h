@@ -1,7 +1,7 @@
 #pragma once
 
 #include "MessageBoxes.h"
-#include "NativeFileSystem.h"
+#include "ModelInput.h"
 #include "QtPaper.h"
 
 #include <iosfwd>
@@ -20,8 +20,9 @@ class ModelSession : private MessageBoxes {
   ModelSession(const ModelSession&) = delete;
   ModelSession& operator=(const ModelSession&) = delete;
 
-  /// Opens the file as the window does.  A failure has been told; returns whether there is a model.
-  bool Open();
+  /// Opens the file as the window does, or as the model that it makes where it is a csv; "-" is `in`.
+  /// A failure has been told; returns whether there is a model.
+  bool Open(std::istream& in);
 
   /// Writes a line about the file to `err` that no box would show.
   void Tell(const std::string& text);
@@ -40,7 +41,7 @@ class ModelSession : private MessageBoxes {
 
   std::string FileName;
   std::ostream& Err;
-  NativeFileSystem Disk;
+  InputFileSystem Disk;
   QtPaper Pages;
   std::vector<Message> Messages;
 };

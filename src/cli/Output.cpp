@@ -1,9 +1,5 @@
 #include "Output.h"
 
-#include "modNumberText.h"
-
-#include <nlohmann/json.hpp>
-
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -24,12 +20,6 @@ std::string CsvField(const std::string& text) {
   std::string quoted = "\"";
   for (const char c : text) quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
   return quoted + "\"";
-}
-
-std::string Join(const std::vector<std::string>& parts) {
-  std::string text;
-  for (const std::string& part : parts) text += (text.empty() ? "" : ",") + part;
-  return text;
 }
 
 } // namespace
@@ -57,21 +47,17 @@ std::string CsvRecord(const std::vector<std::string>& fields) {
   return record + "\r\n";
 }
 
-std::string JsonText(const std::string& text) {
-  return nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+std::string ValidText(const std::string& text) {
+  return nlohmann::json::parse(nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace));
 }
 
-std::string ValidText(const std::string& text) { return nlohmann::json::parse(JsonText(text)); }
-
-std::string JsonNumber(float value) { return std::isfinite(value) ? ShortestText(value) : "null"; }
-
-std::string JsonObject(const std::vector<std::pair<std::string_view, std::string>>& values) {
-  std::vector<std::string> members;
-  members.reserve(values.size());
-  for (const auto& [key, value] : values) members.push_back(JsonText(std::string(key)) + ":" + value);
-  return "{" + Join(members) + "}";
+Json JsonNumber(float value) {
+  if (!std::isfinite(value)) return nullptr;
+  return value == 0 ? 0.0F : value;
 }
 
-std::string JsonList(const std::vector<std::string>& values) { return "[" + Join(values) + "]"; }
+void PrintJsonLine(const Json& value, std::ostream& out) {
+  out << value.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
+}
 
 } // namespace strutwright

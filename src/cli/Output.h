@@ -2,11 +2,12 @@
 
 #include "Grid.h"
 
+#include <cstdint>
 #include <iosfwd>
 #include <string>
-#include <string_view>
-#include <utility>
 #include <vector>
+
+#include <nlohmann/json.hpp>
 
 namespace strutwright {
 
@@ -21,14 +22,14 @@ std::string CsvRecord(const std::vector<std::string>& fields);
 /// The text with the replacement character for what is not valid UTF-8.
 std::string ValidText(const std::string& text);
 
-/// A JSON string literal; what is not valid UTF-8 becomes the replacement character.
-std::string JsonText(const std::string& text);
+/// Keeps the order of its keys, and prints a float with the digits that read back to the same float.
+using Json =
+    nlohmann::basic_json<nlohmann::ordered_map, std::vector, std::string, bool, std::int64_t, std::uint64_t, float>;
 
-/// A JSON number with the shortest digits that read back to the same float; null where it is not finite.
-std::string JsonNumber(float value);
+/// A number: zero without a sign, null where it is not finite.
+Json JsonNumber(float value);
 
-/// A JSON object or list of values that are JSON already, on one line.
-std::string JsonObject(const std::vector<std::pair<std::string_view, std::string>>& values);
-std::string JsonList(const std::vector<std::string>& values);
+/// Prints a value on a line of its own; what is not valid UTF-8 becomes the replacement character.
+void PrintJsonLine(const Json& value, std::ostream& out);
 
 } // namespace strutwright

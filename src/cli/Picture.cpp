@@ -4,7 +4,6 @@
 #include "modRedraw.h"
 #include "modViewTransform.h"
 
-#include <filesystem>
 #include <map>
 #include <regex>
 #include <sstream>
@@ -65,13 +64,6 @@ bool ChooseSize(PictureRequest& request, const std::string& text) {
   request.width = width;
   request.height = height;
   return true;
-}
-
-std::string FileFor(const std::string& asked, const std::string& model, bool several) {
-  if (!several) return asked;
-  std::filesystem::path path(asked);
-  const std::string name = path.stem().string() + "-" + std::filesystem::path(model).stem().string();
-  return path.replace_filename(name + path.extension().string()).string();
 }
 
 void MakePicture(const PictureRequest& request, const std::string& file, bool analysed) {

@@ -29,10 +29,6 @@ std::optional<std::string> ChooseLayers(PictureRequest& request, const std::stri
 /// Takes "WIDTHxHEIGHT", both 16..8192.  Returns whether the text is that; otherwise nothing changes.
 bool ChooseSize(PictureRequest& request, const std::string& text);
 
-/// The file that is made of a model: the one that was asked for or, with several models, that with the model's base
-/// name inserted before its extension.
-std::string FileFor(const std::string& asked, const std::string& model, bool several);
-
 /// Has Qt ready to draw texts; needs no display server.
 void EnsureApplication();
 

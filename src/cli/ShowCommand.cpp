@@ -5,32 +5,39 @@
 #include "modColumns.h"
 #include "modModelStore.h"
 
+#include <array>
+#include <cstddef>
+#include <istream>
 #include <ostream>
+#include <string>
 
 namespace strutwright {
 
 namespace {
 
-std::string JsonRecord(const FieldTable& table, int number, const std::array<GridColumn, 6>& columns) {
-  std::vector<std::pair<std::string_view, std::string>> values{{columns[0].key, std::to_string(number)}};
+Json JsonRecord(const FieldTable& table, int number, const std::array<GridColumn, 6>& columns) {
+  Json record = Json::object();
+  record[std::string(columns[0].key)] = number;
   for (std::size_t field = 1; field < columns.size(); ++field) {
-    values.emplace_back(columns[field].key, JsonNumber(table(number, static_cast<int>(field))));
+    record[std::string(columns[field].key)] = JsonNumber(table(number, static_cast<int>(field)));
   }
-  return JsonObject(values);
+  return record;
 }
 
-std::string JsonTable(const FieldTable& table, const std::array<GridColumn, 6>& columns) {
-  std::vector<std::string> records;
+Json JsonTable(const FieldTable& table, const std::array<GridColumn, 6>& columns) {
+  Json records = Json::array();
   for (int number = 1; number <= table.Count(); ++number) records.push_back(JsonRecord(table, number, columns));
-  return JsonList(records);
+  return records;
 }
 
 void PrintJson(const std::string& file, std::ostream& out) {
-  out << JsonObject({{"file", JsonText(file)},
-                     {"capacity", std::to_string(GridCapacity)},
-                     {"nodes", JsonTable(NodeTable, JointColumns)},
-                     {"members", JsonTable(MemberTable, MemberColumns)}})
-      << '\n';
+  const Json units{{"x", "m"}, {"y", "m"}, {"fx", "kN"}, {"fy", "kN"}, {"e", "kN/mm2"}, {"a", "mm2"}, {"ps", "kN"}};
+  PrintJsonLine({{"file", file},
+                 {"capacity", GridCapacity},
+                 {"units", units},
+                 {"nodes", JsonTable(NodeTable, JointColumns)},
+                 {"members", JsonTable(MemberTable, MemberColumns)}},
+                out);
 }
 
 void PrintText(std::ostream& out) {
@@ -41,9 +48,9 @@ void PrintText(std::ostream& out) {
 
 } // namespace
 
-int ShowModel(const std::string& file, OutputFormat format, std::ostream& out, std::ostream& err) {
+int ShowModel(const std::string& file, OutputFormat format, std::istream& in, std::ostream& out, std::ostream& err) {
   ModelSession session(file, err);
-  if (!session.Open()) return ExitUsage;
+  if (!session.Open(in)) return ExitUsage;
   switch (format) {
   case OutputFormat::Text: PrintText(out); break;
   case OutputFormat::Csv: out << ModelToCsv(); break;

@@ -1,5 +1,6 @@
 #include "modReportText.h"
 
+#include "AnalysisState.h"
 #include "EditingState.h"
 #include "modCheckAnswer.h"
 #include "modColumns.h"
@@ -115,14 +116,17 @@ Row ResultRow(const Grid& grid, int row) {
   return texts;
 }
 
-/// In a direction that no support holds, a node has no reaction, whatever its grid shows.
+std::string ReactionText(std::size_t freedom) { return FormatNumber(Reactions.at(freedom), "#0.0"); }
+
+/// In a direction that no support holds, a node has no reaction, whatever its grid shows.  The grid's zero is a lone
+/// point, which nobody would read as one in a document.
 std::string NodeResultsHtml() {
   Rows rows;
   for (int n = 1; n <= NodeCount; ++n) {
     const float code = NodeTable(n, NodeSupport);
     Row row = ResultRow(jResGr, n);
-    if (code == 0 || code == 1) row[ReactionX].clear();
-    if (code == 0 || code == 2) row[ReactionY].clear();
+    row[ReactionX] = code == 0 || code == 1 ? "" : ReactionText(XFreedom(n));
+    row[ReactionY] = code == 0 || code == 2 ? "" : ReactionText(YFreedom(n));
     rows.push_back(row);
   }
   std::vector<HtmlColumn> columns{Number("Node")};
@@ -162,14 +166,33 @@ std::string ExplanationSections() {
          ExplanationsHtml("Quantity", "Unit", UnitsOfReport);
 }
 
-/// The verdict, which is the first line of the check's text, and then its facts.
+/// How many directions the supports hold.
+int HeldDirections() {
+  int held = 0;
+  for (int n = 1; n <= NodeCount; ++n) {
+    const float code = NodeTable(n, NodeSupport);
+    if (code != 0) held += code == 1 || code == 2 ? 1 : 2;
+  }
+  return held;
+}
+
+/// The count that every course begins with: unknown forces less equations of equilibrium.
+std::string CountLine() {
+  const int held = HeldDirections();
+  const int difference = MemberCount + held - 2 * NodeCount;
+  return "Count: b + r - 2n = " + std::to_string(MemberCount) + " + " + std::to_string(held) + " - 2 \u00B7 " +
+         std::to_string(NodeCount) + " = " + std::to_string(difference) +
+         " (b members, r directions that supports hold, n nodes)";
+}
+
+/// The verdict, which is the first line of the check's text, the count, and then the check's facts.
 std::string CheckSection(const ReportParts& parts) {
   std::string begin = HtmlHeading(2, "Check") + HtmlParagraph(Verdict(parts));
   if (!parts.checkFailure.empty()) return begin;
   std::istringstream text(CheckText(parts.check));
   std::vector<std::string> lines;
   for (std::string line; std::getline(text, line);) lines.push_back(line);
-  lines.erase(lines.begin());
+  lines.front() = CountLine();
   return begin + HtmlList(lines);
 }
 

@@ -160,20 +160,21 @@ CheckReport ReportToPrint() {
 }
 
 TEST(CheckTextTest, ListsEverything) {
-  EXPECT_EQ(CheckText(ReportToPrint()), "Verdict\n"
-                                        "Mechanisms: 0\n"
-                                        "Static indeterminacy: 1\n"
-                                        "Digits: 5\n"
-                                        "Largest difference of displacements: 1.23e-06, worst at node 3\n"
-                                        "Largest difference of member forces: 0\n"
-                                        "Largest difference of reactions: 2e-07\n"
-                                        "Largest residual of a node: 0.00125 kN, worst at node 2\n"
-                                        "Residual of the whole: 0.5 kN, 1.5 kN m\n"
-                                        "Work of loads and prestress: 1.23e+03 J, stored energy: 1.23e+03 J\n"
-                                        "Zero bars: 1\n"
-                                        "  Member 4: Reason\n"
-                                        "Oddities of the model: 1\n"
-                                        "  Node 7 has no member\n");
+  EXPECT_EQ(CheckText(ReportToPrint()),
+            "Verdict\n"
+            "Mechanisms: 0\n"
+            "Static indeterminacy: 1\n"
+            "Digits: 5\n"
+            "Largest difference of displacements: 1.23e-06 of the largest, worst at node 3\n"
+            "Largest difference of member forces: 0 of the largest\n"
+            "Largest difference of reactions: 2e-07 of the largest\n"
+            "Largest residual of a node: 0.00125 kN, worst at node 2\n"
+            "Residual of the whole: 0.5 kN, 1.5 kN m\n"
+            "Work of loads and prestress: 1.23e+03 J, stored energy: 1.23e+03 J\n"
+            "Zero bars: 1\n"
+            "  Member 4: Reason\n"
+            "Oddities of the model: 1\n"
+            "  Node 7 has no member\n");
 }
 
 TEST(CheckTextTest, ListsMechanismsAndTheirCures) {

@@ -112,9 +112,30 @@ TEST_F(AnalyseTest, NamesTheJsonKeysInTheirOrder) {
     for (const auto& item : object.items()) text += item.key() + " ";
     return text;
   };
-  EXPECT_EQ(keys(model), "file result messages nodes members ");
+  EXPECT_EQ(keys(model), "file result messages units nodes members ");
   EXPECT_EQ(keys(model["nodes"][0]), "node x y dx dy rx ry support ");
   EXPECT_EQ(keys(model["members"][0]), "member i j length cos sin force state stress stretch ");
+}
+
+TEST_F(AnalyseTest, GivesTheUnitOfEveryQuantityInJson) {
+  Run({"analyse", "--format", "json", Reference("triangle")});
+  const json units = json::parse(R"({"x":"m","y":"m","dx":"mm","dy":"mm","rx":"kN","ry":"kN","length":"mm",
+                                     "force":"kN","stress":"N/mm2","stretch":"mm"})");
+  EXPECT_EQ(json::parse(out)["units"], units);
+  Run({"analyse", "--check", "--format", "json", Reference("triangle")});
+  EXPECT_EQ(json::parse(out)["units"]["residual"], "kN");
+}
+
+// Nodes and members have the digits of the csv, a whole number a point more.
+TEST_F(AnalyseTest, PrintsTheDigitsOfTheCsvInJson) {
+  Run({"analyse", "--format", "csv", Reference("random_60_prestress")});
+  const auto csv = Lines(out, "\r\n");
+  Run({"analyse", "--format", "json", Reference("random_60_prestress")});
+  for (std::size_t line = 1; csv[line].find("MEMBERS") != 0; ++line) {
+    std::string dx = Lines(csv[line], ",")[1];
+    if (dx.find_first_of(".e") == std::string::npos) dx += ".0";
+    EXPECT_THAT(out, HasSubstr("\"dx\":" + dx + ",")) << line;
+  }
 }
 
 TEST_F(AnalyseTest, TellsAnUnstableModelByStatusResultAndMessage) {

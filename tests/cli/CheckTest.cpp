@@ -190,7 +190,9 @@ TEST_F(CheckTest, GoesOnWithTheNextModelWhereTheCheckFails) {
     if (++asked == 2) throw std::bad_alloc();
     return CheckAnswer(outcome);
   };
-  EXPECT_EQ(AnalyseModels({{sound, sound, sound}, OutputFormat::Json, true, {}, ""}, results, messages, judge), 1);
+  std::istringstream input;
+  EXPECT_EQ(AnalyseModels({{sound, sound, sound}, OutputFormat::Json, true, {}, ""}, input, results, messages, judge),
+            1);
   EXPECT_EQ(messages.str(), sound + ": The answer could not be checked; std::bad_alloc\n");
   std::vector<std::string> checks;
   for (std::istringstream lines(results.str()); lines.good() && lines.peek() != EOF;) {
@@ -205,7 +207,8 @@ TEST_F(CheckTest, SaysInItsTextThatTheCheckFailed) {
   std::ostringstream results;
   std::ostringstream messages;
   const AnswerJudge judge = [](AnalysisOutcome) -> CheckReport { throw std::bad_alloc(); };
-  AnalyseModels({{Reference("triangle")}, OutputFormat::Text, true, {}, ""}, results, messages, judge);
+  std::istringstream input;
+  AnalyseModels({{Reference("triangle")}, OutputFormat::Text, true, {}, ""}, input, results, messages, judge);
   EXPECT_THAT(results.str(), EndsWith("\nThe answer could not be checked: std::bad_alloc\n\n"));
 }
 

@@ -15,9 +15,10 @@ namespace strutwright {
 class CliTest : public testing::Test {
  protected:
   int Run(const std::vector<std::string>& arguments) {
+    std::istringstream inStream(in);
     std::ostringstream outStream;
     std::ostringstream errStream;
-    const int status = RunCommandLine(arguments, outStream, errStream);
+    const int status = RunCommandLine(arguments, inStream, outStream, errStream);
     out = outStream.str();
     err = errStream.str();
     return status;
@@ -26,6 +27,7 @@ class CliTest : public testing::Test {
   static std::string Reference(const std::string& name) { return std::string(REFERENCE_DIR) + "/" + name + ".stw"; }
 
   ScratchFolder folder;
+  std::string in; ///< what standard input holds
   std::string out;
   std::string err;
 };

@@ -57,10 +57,11 @@ TEST_F(CommandLineTest, RefusesWrongUsage) {
 TEST_F(CommandLineTest, TellsWhenItsOutputIsLost) {
   std::ofstream full("/dev/full");
   std::ostringstream errStream;
-  EXPECT_EQ(RunCommandLine({"analyse", Reference("triangle")}, full, errStream), 2);
+  std::istringstream inStream;
+  EXPECT_EQ(RunCommandLine({"analyse", Reference("triangle")}, inStream, full, errStream), 2);
   EXPECT_THAT(errStream.str(), HasSubstr("could not be written"));
   std::ofstream alsoFull("/dev/full");
-  EXPECT_EQ(RunCommandLine({"--help"}, alsoFull, errStream), 2);
+  EXPECT_EQ(RunCommandLine({"--help"}, inStream, alsoFull, errStream), 2);
 }
 
 int StatusOfProgram(const std::string& arguments) {

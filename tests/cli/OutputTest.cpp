@@ -1,7 +1,11 @@
 #include "Output.h"
 
+#include <bit>
+#include <cmath>
+#include <cstdint>
 #include <limits>
 #include <sstream>
+#include <string>
 
 #include <gtest/gtest.h>
 
@@ -18,31 +22,46 @@ TEST(CsvRecordTest, QuotesWhatWouldBreakIt) {
   EXPECT_EQ(CsvRecord({"a,b", "say \"hi\"", "two\nlines"}), "\"a,b\",\"say \"\"hi\"\"\",\"two\nlines\"\r\n");
 }
 
-TEST(JsonTest, EscapesTexts) {
-  EXPECT_EQ(JsonText("a\"b\\c\nd"), R"("a\"b\\c\nd")");
-  EXPECT_EQ(JsonText("\xC3\xA4"), "\"\xC3\xA4\"");
+std::string JsonLine(const Json& value) {
+  std::ostringstream out;
+  PrintJsonLine(value, out);
+  return out.str();
 }
 
-TEST(JsonTest, ShowsTheReplacementCharacterForWhatIsNotUtf8) { EXPECT_EQ(JsonText("a\xFF"), "\"a\xEF\xBF\xBD\""); }
+TEST(JsonTest, EscapesTexts) {
+  EXPECT_EQ(JsonLine("a\"b\\c\nd"), "\"a\\\"b\\\\c\\nd\"\n");
+  EXPECT_EQ(JsonLine("\xC3\xA4"), "\"\xC3\xA4\"\n");
+}
+
+TEST(JsonTest, ShowsTheReplacementCharacterForWhatIsNotUtf8) { EXPECT_EQ(JsonLine("a\xFF"), "\"a\xEF\xBF\xBD\"\n"); }
 
 TEST(ValidTextTest, KeepsWhatIsValidAndMarksTheRest) {
   EXPECT_EQ(ValidText("br\xC3\xBC\x63ke \"1\".stw"), "br\xC3\xBC\x63ke \"1\".stw");
   EXPECT_EQ(ValidText("a\xFF.stw"), "a\xEF\xBF\xBD.stw");
 }
 
-TEST(JsonTest, GivesTheShortestNumber) {
-  EXPECT_EQ(JsonNumber(3), "3");
-  EXPECT_EQ(JsonNumber(0.1F), "0.1");
-  EXPECT_EQ(JsonNumber(-0.0F), "0");
-  EXPECT_EQ(JsonNumber(1e10F), "1e+10");
-  EXPECT_EQ(JsonNumber(std::numeric_limits<float>::quiet_NaN()), "null");
-  EXPECT_EQ(JsonNumber(std::numeric_limits<float>::infinity()), "null");
+TEST(JsonTest, GivesAFloatItsShortDecimalAndAPoint) {
+  EXPECT_EQ(JsonLine(JsonNumber(3)), "3.0\n");
+  EXPECT_EQ(JsonLine(JsonNumber(0.1F)), "0.1\n");
+  EXPECT_EQ(JsonLine(JsonNumber(-0.0F)), "0.0\n");
+  EXPECT_EQ(JsonLine(JsonNumber(19.999998F)), "19.999998\n");
+  EXPECT_EQ(JsonLine(JsonNumber(1e10F)), "1e+10\n");
+  EXPECT_EQ(JsonLine(JsonNumber(std::numeric_limits<float>::quiet_NaN())), "null\n");
+  EXPECT_EQ(JsonLine(JsonNumber(std::numeric_limits<float>::infinity())), "null\n");
 }
 
-TEST(JsonTest, BuildsObjectsAndLists) {
-  EXPECT_EQ(JsonObject({}), "{}");
-  EXPECT_EQ(JsonList({}), "[]");
-  EXPECT_EQ(JsonObject({{"a", "1"}, {"b", JsonList({"2", "3"})}}), R"({"a":1,"b":[2,3]})");
+TEST(JsonTest, ReadsBackToTheSameFloat) {
+  std::uint32_t bits = 1;
+  for (int i = 0; i < 20000; ++i) {
+    bits = bits * 1664525U + 1013904223U;
+    const auto value = std::bit_cast<float>(bits);
+    if (!std::isfinite(value)) continue;
+    EXPECT_EQ(Json::parse(JsonLine(JsonNumber(value))).get<float>(), value);
+  }
+}
+
+TEST(JsonTest, KeepsTheOrderOfItsKeys) {
+  EXPECT_EQ(JsonLine({{"b", 1}, {"a", Json::array({2, 3})}}), "{\"b\":1,\"a\":[2,3]}\n");
 }
 
 TEST(PrintTableTest, LinesColumnsUp) {

@@ -33,6 +33,8 @@ TEST_F(ShowTest, PrintsTheInputTablesAsJson) {
   EXPECT_EQ(Run({"show", "--format", "json", Reference("triangle")}), 0);
   const auto model = nlohmann::json::parse(out);
   EXPECT_EQ(model["capacity"], 20);
+  EXPECT_EQ(model["units"],
+            nlohmann::json::parse(R"({"x":"m","y":"m","fx":"kN","fy":"kN","e":"kN/mm2","a":"mm2","ps":"kN"})"));
   EXPECT_EQ(model["nodes"][2], nlohmann::json::parse(R"({"node":3,"x":2,"y":3,"fx":5,"fy":-10,"support":0})"));
   EXPECT_EQ(model["members"][1], nlohmann::json::parse(R"({"member":2,"i":2,"j":3,"e":200,"a":1000,"ps":0})"));
 }

@@ -133,6 +133,7 @@ TEST_F(OpenModelTest, RefusesAMissingFileAndDoesNotCreateIt) {
 TEST_F(OpenModelTest, RefusesAFolder) { ExpectRefused(folder.Root()); }
 
 TEST_F(OpenModelTest, ShowsThatGarbageIsDamaged) {
+  SetModel(Square());
   PutFile(path, "This is no model, but a letter to a friend.\n");
   // "Th", "is" and " i" are its three counts.
   EXPECT_TRUE(openModel(path));

@@ -1,10 +1,14 @@
+#include "AnalysisState.h"
 #include "ReportFixture.h"
 #include "modCheckAnswer.h"
+#include "modNumberText.h"
 #include "modReportText.h"
 
 #include <chrono>
+#include <cstddef>
 #include <fstream>
 #include <iterator>
+#include <regex>
 #include <string>
 #include <vector>
 
@@ -184,17 +188,19 @@ TEST_F(ReportTest, HeadsResultsWithTheirUnits) {
 // The bar pulls node 1 with 40 kN; it becomes 40 * 5000 / (200 * 1000) = 1 mm longer and bears 40 N/mm2.
 TEST_F(ReportTest, HasTheResultsOfAPulledBar) {
   const std::string results = Section(HtmlOf(Bar()), "Results");
-  EXPECT_THAT(results, HasSubstr(TableRow({"1", "0.0", "0.0", "-40.", "."})));
+  EXPECT_THAT(results, HasSubstr(TableRow({"1", "0.0", "0.0", "-40.0", "0.0"})));
   EXPECT_THAT(results, HasSubstr(NumberCell("40.0") + WordCell("T") + NumberCell("40.0") + NumberCell("1.0")));
 }
+
+std::string Reaction(std::size_t freedom) { return FormatNumber(Reactions.at(freedom), "#0.0"); }
 
 TEST_F(ReportTest, ShowsReactionsWhereSupportsHoldANode) {
   const ModelData truss{{{0, 3, 0, 0, 2}, {4, 0, 0, 0, 3}, {0, 0, 5, -10, 0}}, {{1, 2}, {2, 3}, {1, 3}}};
   const std::string nodes = Section(HtmlOf(truss), "Displacements and reactions", "h3");
-  EXPECT_THAT(nodes, HasSubstr(TableRow({"1", jResGr.Text(1, 1), jResGr.Text(1, 2), jResGr.Text(1, 3), ""})));
-  EXPECT_THAT(nodes, HasSubstr(GridRow(jResGr, 2, 1, 4)));
+  EXPECT_THAT(nodes, HasSubstr(TableRow({"1", jResGr.Text(1, 1), jResGr.Text(1, 2), Reaction(XFreedom(1)), ""})));
+  EXPECT_THAT(nodes, HasSubstr(TableRow({"2", "0.0", "0.0", Reaction(XFreedom(2)), Reaction(YFreedom(2))})));
   EXPECT_THAT(nodes, HasSubstr(TableRow({"3", jResGr.Text(3, 1), jResGr.Text(3, 2), "", ""})));
-  EXPECT_THAT(Section(HtmlOf(Bar()), "Results"), HasSubstr(TableRow({"2", "1.0", "0.0", "", "."})));
+  EXPECT_THAT(Section(HtmlOf(Bar()), "Results"), HasSubstr(TableRow({"2", "1.0", "0.0", "", "0.0"})));
 }
 
 std::string ManualPage(const std::string& name) {
@@ -234,6 +240,26 @@ TEST_F(ReportTest, EndsWithTheCheck) {
   }
 }
 
+TEST_F(ReportTest, CountsUnknownsAgainstEquations) {
+  const std::string explanation = " (b members, r directions that supports hold, n nodes)</li>";
+  EXPECT_THAT(Section(HtmlOf(Bar()), "Check"),
+              HasSubstr("<ul>\n<li>Count: b + r - 2n = 1 + 3 - 2 \u00B7 2 = 0" + explanation));
+  // Codes 2, 7 and 0 hold one, two and no direction.
+  const ModelData truss{{{0, 3, 0, 0, 2}, {4, 0, 0, 0, 7}, {0, 0, 5, -10, 0}}, {{1, 2}, {2, 3}, {1, 3}, {1, 3}}};
+  EXPECT_THAT(Section(HtmlOf(truss), "Check"), HasSubstr("b + r - 2n = 4 + 3 - 2 \u00B7 3 = 1" + explanation));
+}
+
+TEST_F(ReportTest, GivesTheFiguresOfTheCheckTheirUnits) {
+  const std::string check = Section(HtmlOf(PrattTruss(10)), "Check");
+  for (const char* line : {"Largest difference of displacements: [^<]* of the largest",
+                           "Largest difference of member forces: [^<]* of the largest",
+                           "Largest difference of reactions: [^<]* of the largest",
+                           "Largest residual of a node: [^<]* kN", "Residual of the whole: [^<]* kN, [^<]* kN m",
+                           "Work of loads and prestress: [^<]* J, stored energy: [^<]* J"}) {
+    EXPECT_TRUE(std::regex_search(check, std::regex("<li>" + std::string(line)))) << line;
+  }
+}
+
 TEST_F(ReportTest, PutsWhatTheCheckFoundBelowItsHeading) {
   // Nobody pulls the second bar.
   const ModelData truss{{{0, 0, 0, 0, 3}, {5, 0, 40, 0, 1}, {0, 5, 0, 0, 3}}, {{1, 2}, {1, 3}}};
@@ -243,7 +269,7 @@ TEST_F(ReportTest, PutsWhatTheCheckFoundBelowItsHeading) {
 TEST_F(ReportTest, CanBeOfASupportWithoutAMember) {
   const std::string html = HtmlOf({{{2, 3, 4, -5, 3}}, {}});
   EXPECT_THAT(html, HasSubstr("1 node, 0 members."));
-  EXPECT_THAT(html, HasSubstr(TableRow({"1", "0.0", "0.0", "-4.", "5."})));
+  EXPECT_THAT(html, HasSubstr(TableRow({"1", "0.0", "0.0", "-4.0", "5.0"})));
 }
 
 // Without one of its diagonals, and so stiff that what rounding leaves of its pivot passes.

@@ -23,11 +23,11 @@
 namespace strutwright {
 namespace {
 
-/// Record 0 of the table can be drawn as a node, but it has no displacement.
+/// Record 0 of the table is drawn as a node that does not move.
 bool NamesAMissingNode(int m) {
   const int i = RoundNodeNumber(MemberTable(m, MemberNodeI));
   const int j = RoundNodeNumber(MemberTable(m, MemberNodeJ));
-  return std::min(i, j) < 1 || std::max(i, j) > NodeCount;
+  return std::min(i, j) < 0 || std::max(i, j) > NodeCount;
 }
 
 bool AnyMemberNamesAMissingNode() {

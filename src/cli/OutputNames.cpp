@@ -1,0 +1,32 @@
+#include "OutputNames.h"
+
+#include "ModelInput.h"
+
+#include <filesystem>
+
+namespace strutwright {
+
+namespace {
+
+std::string WithSuffix(const std::string& asked, const std::string& suffix) {
+  std::filesystem::path path(asked);
+  const std::string name = path.stem().string() + suffix;
+  return path.replace_filename(name + path.extension().string()).string();
+}
+
+std::string BaseName(const std::string& model) {
+  return model == StandardStream ? "stdin" : std::filesystem::path(model).stem().string();
+}
+
+} // namespace
+
+OutputNames::Name OutputNames::For(const std::string& asked, const std::string& model) {
+  if (!Several) return {asked, false};
+  const std::string suffix = "-" + BaseName(model);
+  std::string file = WithSuffix(asked, suffix);
+  int number = 1;
+  while (!Taken.insert(file).second) file = WithSuffix(asked, suffix + "-" + std::to_string(++number));
+  return {file, number > 1};
+}
+
+} // namespace strutwright
