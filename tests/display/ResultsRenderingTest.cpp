@@ -117,7 +117,7 @@ TEST_F(ResultsRenderingTest, RoundsADisplacedCoordinateToSinglePrecision) {
 
 TEST_F(ResultsRenderingTest, DrawsAMemberOfNode0FromTheOriginAndTheMembersAfterIt) {
   SetTables({{{1, 0}, {4, 3}}, {{0, 2}, {2, 0}, {1, 2}}});
-  DrawDeflectedShape({7, 0, 0, 2, -5}, surface, 100);
+  DrawDeflectedShape({7, 0, 0, 2, -5}, surface, Scaled(100));
   EXPECT_THAT(surface.Ink("line", "red"),
               ElementsAre("line 0 0 4.2 -2.5 red 1 dashed", "line 4.2 -2.5 0 0 red 1 dashed",
                           "line 1 0 4.2 -2.5 red 1 dashed"));
@@ -125,7 +125,7 @@ TEST_F(ResultsRenderingTest, DrawsAMemberOfNode0FromTheOriginAndTheMembersAfterI
 
 TEST_F(ResultsRenderingTest, StopsTheShapeAtANodeBelow0) {
   SetTables({{{1, 0}, {4, 3}}, {{-1, 2}}});
-  DrawDeflectedShape({0, 0, 0, 2, -5}, surface, 100);
+  DrawDeflectedShape({0, 0, 0, 2, -5}, surface, Scaled(100));
   EXPECT_THAT(TakeMessages(),
               ElementsAre(Box(MessageIcon::Information, "Drawing error: drawDSD function\nnode -1 has no result")));
 }
