@@ -57,6 +57,7 @@ TEST_F(KeepResultsTest, EndsTheAnalysisWhereANodeOrAMemberIsGone) {
   GrJoints.SetRowCount(3);
   RebuildKeepingResults();
   EXPECT_THAT(events, ElementsAre("AnalysisEnded", "ModelChanged"));
+  AnalysisDone = FlagTrue;
   GrMembers.SetRowCount(3);
   RebuildKeepingResults();
   EXPECT_THAT(events, ElementsAre("AnalysisEnded", "ModelChanged", "AnalysisEnded", "ModelChanged"));

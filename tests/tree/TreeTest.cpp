@@ -142,6 +142,7 @@ const std::map<std::string, std::set<std::string>> AllowedLayers{
     {"check", {"platform", "model", "analysis"}},
     {"files", {"platform", "model", "analysis"}},
     {"display", {"platform", "model", "analysis"}},
+    {"statics", {"platform", "model", "analysis", "check"}},
     {"editing", {"platform", "model", "analysis", "files"}},
     {"equations", {"platform", "model", "analysis"}},
     {"workbench", {"platform", "model", "analysis", "check", "files", "display", "editing"}},
@@ -155,7 +156,8 @@ const std::map<std::string, std::set<std::string>> AllowedLayers{
      {"platform", "native", "qt", "model", "analysis", "files", "display", "workbench", "windows", "families",
       "bracefold"}},
     {"cli",
-     {"platform", "native", "qt", "model", "analysis", "check", "files", "display", "editing", "workbench", "report"}},
+     {"platform", "native", "qt", "model", "analysis", "check", "files", "display", "statics", "editing", "workbench",
+      "report"}},
 };
 
 /// The libraries of the house that a folder's CMakeLists.txt links, by either way of saying so.

@@ -33,7 +33,7 @@ void UpdateColumn(float* column, const double* factors, double pivotRowEntry, st
 
 std::vector<Kernel> KernelsOfThisProcessor() {
   std::vector<Kernel> kernels = VectorKernels();
-  kernels.push_back({"plain", UpdateTile, UpdateInTurn<UpdateTile>, UpdateColumn});
+  kernels.push_back({"plain", UpdateTile, UpdateColumn});
   return kernels;
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -28,19 +27,9 @@ struct Kernel {
   /// True when the tile then holds a zero with a minus sign.
   bool (*UpdateTile)(const TileUpdate& update, const double* pivotRows);
 
-  /// The same for two different tiles, side by side: while one waits for its last difference, the other gets on.
-  std::array<bool, 2> (*UpdateTwoTiles)(const TileUpdate& one, const TileUpdate& other, const double* pivotRows);
-
   /// x(i) = x(i) - f(i) u for i = 0..count - 1.
   void (*UpdateColumn)(float* column, const double* factors, double pivotRowEntry, std::size_t count);
 };
-
-/// A Kernel::UpdateTwoTiles that works on one after the other.
-template <bool (*UpdateTile)(const TileUpdate&, const double*)>
-std::array<bool, 2> UpdateInTurn(const TileUpdate& one, const TileUpdate& other, const double* pivotRows) {
-  const bool first = UpdateTile(one, pivotRows);
-  return {first, UpdateTile(other, pivotRows)};
-}
 
 /// The kernels that this processor can run, the fastest first; the last is plain C++.
 const std::vector<Kernel>& Kernels();

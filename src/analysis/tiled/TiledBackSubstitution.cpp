@@ -30,15 +30,6 @@ double SumRightOfDiagonal(const TiledMatrix& K, int row, const std::vector<doubl
   return sum;
 }
 
-/// Has the tiles of a group brought from memory while another one is worked on.
-void FetchGroup(const TiledMatrix& K, int group) {
-  for (int word = 0; word < K.Words(); ++word) {
-    for (std::uint64_t bits = K.Stored(word, group); bits != 0; bits &= bits - 1) {
-      FetchTile(K.Find(group, 64 * word + std::countr_zero(bits)));
-    }
-  }
-}
-
 float EntryOf(const TiledMatrix& K, int row, int column, int c) {
   const float* tile = K.Find(row / TileRows, column);
   return tile == nullptr ? 0.0F : TileRow(tile, row % TileRows)[c];
@@ -50,7 +41,6 @@ float EntryOf(const TiledMatrix& K, int row, int column, int c) {
 Solution BackSubstituteTiled(const TiledMatrix& K, std::vector<float>& D) {
   std::vector<double> found(static_cast<std::size_t>(K.TileColumnCount() * TileColumns), 0.0);
   for (int row = K.Freedoms() - 1; row >= 0; --row) {
-    if (row % TileRows == TileRows - 1 && row > TileRows) FetchGroup(K, row / TileRows - 1);
     const auto P = static_cast<double>(K.RightHandSide()[static_cast<std::size_t>(row)]);
     const auto diagonal = static_cast<double>(EntryOf(K, row, row / TileColumns, row % TileColumns));
     const auto value = static_cast<float>((P - SumRightOfDiagonal(K, row, found)) / diagonal);

@@ -22,8 +22,8 @@ bool IsEmptyRow(const float* row) {
 
 TiledMatrix::TiledMatrix(int n)
     : Size(n), GroupCount(Upward(n, TileRows)), WordCount(Upward(n, 64 * TileColumns)),
-      P(AsSize(GroupCount * TileRows)), Blocks(BlockNumber(WordCount, 0)),
-      LastGroups(AsSize(Upward(n, 64) * (64 / TileColumns)), -1) {
+      P(AsSize(GroupCount * TileRows)), StoredBits(AsSize(GroupCount) * AsSize(WordCount)),
+      LastGroups(AsSize(Upward(n, 64) * (64 / TileColumns)), -1), Places(AsSize(GroupCount) * LastGroups.size()) {
   Ensure(n >= 1, "equations are made for at least one freedom");
 }
 
@@ -35,53 +35,12 @@ float& TiledMatrix::operator()(int row, int column) {
   return TileRow(tile, (row - 1) % TileRows)[(column - 1) % TileColumns];
 }
 
-void TiledMatrix::Restrain(int d) {
-  const int group = (d - 1) / TileRows;
-  for (int word = 0; word < WordCount; ++word) {
-    for (std::uint64_t bits = Stored(word, group); bits != 0; bits &= bits - 1) {
-      const int column = 64 * word + std::countr_zero(bits);
-      float* row = TileRow(Find(group, column), (d - 1) % TileRows);
-      for (int c = 0; c < TileColumns; ++c) {
-        if (row[c] == 0.0F) continue;
-        (*this)(TileColumns * column + c + 1, d) = 0.0F;
-        row[c] = 0.0F;
-      }
-    }
-  }
-  (*this)(d, d) = 1.0F;
-}
-
-std::vector<TiledMatrix::Entry> TiledMatrix::Entries() const {
-  std::vector<Entry> entries;
-  entries.reserve(AsSize(16) * PlacesUsed);
-  for (int group = 0; group < GroupCount; ++group) {
-    for (int word = 0; word < WordCount; ++word) {
-      for (std::uint64_t bits = Stored(word, group); bits != 0; bits &= bits - 1) {
-        const int column = 64 * word + std::countr_zero(bits);
-        const float* tile = Find(group, column);
-        for (int at = 0; at < TileSize; ++at) {
-          if (tile[at] == 0.0F) continue;
-          entries.push_back(
-              {TileRows * group + at / TileColumns + 1, TileColumns * column + at % TileColumns + 1, tile[at]});
-        }
-      }
-    }
-  }
-  return entries;
-}
-
 float* TiledMatrix::Make(int group, int column) {
   if (float* tile = Find(group, column)) return tile;
-  Block& block = MakeBlock(column / 64, group);
-  std::uint32_t& places = block.placesOf[InBlock(group)][InBlock(column) / ColumnsOfPlaces];
-  if (places == 0) {
-    places = static_cast<std::uint32_t>(PlacePool.size());
-    PlacePool.emplace_back();
-  }
   LastGroups[AsSize(column)] = std::max(LastGroups[AsSize(column)], group);
   const std::uint32_t place = NewPlace();
-  PlacePool[places][AsSize(column % ColumnsOfPlaces)] = place;
-  block.stored[InBlock(group)] |= std::uint64_t{1} << (column % 64);
+  Places[PlaceNumber(group, column)] = place;
+  StoredBits[WordNumber(column / 64, group)] |= std::uint64_t{1} << (column % 64);
   float* tile = TileAt(place);
   std::fill_n(tile, TileSize, 0.0F);
   return tile;
@@ -89,14 +48,8 @@ float* TiledMatrix::Make(int group, int column) {
 
 void TiledMatrix::Drop(int group, int column) {
   if (!IsStored(group, column)) return;
-  FreePlaces.push_back(PlaceOf(group, column));
-  Blocks[BlockNumber(column / 64, group)]->stored[InBlock(group)] &= ~(std::uint64_t{1} << (column % 64));
-}
-
-TiledMatrix::Block& TiledMatrix::MakeBlock(int word, int group) {
-  std::unique_ptr<Block>& block = Blocks[BlockNumber(word, group)];
-  if (!block) block = std::make_unique<Block>();
-  return *block;
+  FreePlaces.push_back(Places[PlaceNumber(group, column)]);
+  StoredBits[WordNumber(column / 64, group)] &= ~(std::uint64_t{1} << (column % 64));
 }
 
 std::uint32_t TiledMatrix::NewPlace() {

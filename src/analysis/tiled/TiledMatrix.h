@@ -18,37 +18,18 @@ inline constexpr int TileSize = TileRows * TileColumns;
 inline float* TileRow(float* tile, std::ptrdiff_t r) { return tile + TileColumns * r; }
 inline const float* TileRow(const float* tile, std::ptrdiff_t r) { return tile + TileColumns * r; }
 
-/// Has a tile, or nothing, brought from memory while something else is done.
-inline void FetchTile(const float* tile) {
-  for (int r = 0; tile != nullptr && r < TileRows; ++r) __builtin_prefetch(TileRow(tile, r));
-}
-
 /// The equations of an analysis, K beside P.  Of K only tiles that hold something are stored; an entry that is not
 /// stored is +0.
 class TiledMatrix {
  public:
-  /// An entry that is not zero, named by the row and column of the equations.
-  struct Entry {
-    int row = 0;
-    int column = 0;
-    float value = 0;
-  };
-
   /// Equations for n freedoms, all zero.
   explicit TiledMatrix(int n);
 
   /// n
   int Freedoms() const { return Size; }
 
-  /// Entry (row, column) as in Matrix: row 1..n, column 1..n + 1, the last being P.  Stores the tile of an entry of K.
+  /// Entry (row, column): row 1..n, column 1..n + 1, the last being P.  Stores the tile of an entry of K.
   float& operator()(int row, int column);
-
-  /// Makes equation d read D(d) = 0: row and column d of K zero, 1 on the diagonal.  Takes time for the entries of
-  /// row d only, which must be those of column d as well.  d: 1..n
-  void Restrain(int d);
-
-  /// The entries of K that are not zero, row after row within a tile.
-  std::vector<Entry> Entries() const;
 
   // What follows counts rows, groups and tile columns from 0.  The columns of K that are left over stay zero.
 
@@ -60,9 +41,11 @@ class TiledMatrix {
   const std::vector<float>& RightHandSide() const { return P; }
 
   /// The tile, or nothing where it is not stored.
-  float* Find(int group, int column) { return IsStored(group, column) ? TileAt(PlaceOf(group, column)) : nullptr; }
+  float* Find(int group, int column) {
+    return IsStored(group, column) ? TileAt(Places[PlaceNumber(group, column)]) : nullptr;
+  }
   const float* Find(int group, int column) const {
-    return IsStored(group, column) ? TileAt(PlaceOf(group, column)) : nullptr;
+    return IsStored(group, column) ? TileAt(Places[PlaceNumber(group, column)]) : nullptr;
   }
 
   /// The tile, which is stored from now on.
@@ -73,10 +56,7 @@ class TiledMatrix {
 
   /// Which tiles of a group are stored: bit b of word w for tile column 64 w + b.
   int Words() const { return WordCount; }
-  std::uint64_t Stored(int word, int group) const {
-    const std::unique_ptr<Block>& block = Blocks[BlockNumber(word, group)];
-    return block ? block->stored[InBlock(group)] : 0;
-  }
+  std::uint64_t Stored(int word, int group) const { return StoredBits[WordNumber(word, group)]; }
 
   /// No group after this one has ever had a tile in the column.
   int LastGroup(int column) const { return LastGroups[static_cast<std::size_t>(column)]; }
@@ -91,26 +71,12 @@ class TiledMatrix {
   struct alignas(64) Tile {
     std::array<float, TileSize> values;
   };
-  static constexpr int ColumnsOfPlaces = 16;
-  /// Where a group's tiles of so many columns are: numbers into the chunks.
-  using Places = std::array<std::uint32_t, ColumnsOfPlaces>;
-
-  /// The index of 64 groups by 64 tile columns, of which most hold nothing.
-  struct Block {
-    std::array<std::uint64_t, 64> stored{};
-    std::array<std::array<std::uint32_t, 64 / ColumnsOfPlaces>, 64> placesOf{}; ///< into PlacePool; 0 for none
-  };
-
-  std::size_t BlockNumber(int word, int group) const {
-    return static_cast<std::size_t>(word) * static_cast<std::size_t>(GroupCount / 64 + 1) +
-           static_cast<std::size_t>(group / 64);
+  std::size_t WordNumber(int word, int group) const {
+    return static_cast<std::size_t>(group) * static_cast<std::size_t>(WordCount) + static_cast<std::size_t>(word);
   }
-  static std::size_t InBlock(int number) { return static_cast<std::size_t>(number % 64); }
-  Block& MakeBlock(int word, int group);
-  std::uint32_t PlaceOf(int group, int column) const {
-    const Block& block = *Blocks[BlockNumber(column / 64, group)];
-    const std::uint32_t places = block.placesOf[InBlock(group)][InBlock(column) / ColumnsOfPlaces];
-    return PlacePool[places][InBlock(column) % ColumnsOfPlaces];
+  /// Where the number of a tile's place among the chunks stands.
+  std::size_t PlaceNumber(int group, int column) const {
+    return static_cast<std::size_t>(group) * LastGroups.size() + static_cast<std::size_t>(column);
   }
   bool IsStored(int group, int column) const { return (Stored(column / 64, group) >> (column % 64) & 1U) != 0; }
   float* TileAt(std::uint32_t place) const {
@@ -123,9 +89,9 @@ class TiledMatrix {
   int GroupCount = 0;
   int WordCount = 0;
   std::vector<float> P;
-  std::vector<std::unique_ptr<Block>> Blocks; ///< word after word, all groups of a word together
-  std::vector<int> LastGroups;                ///< to each tile column
-  std::vector<Places> PlacePool{Places{}};
+  std::vector<std::uint64_t> StoredBits; ///< group after group
+  std::vector<int> LastGroups;           ///< to each tile column
+  std::vector<std::uint32_t> Places;     ///< group after group; of tiles that are stored
   std::vector<std::unique_ptr<Tile[]>> Chunks;
   std::uint32_t PlacesUsed = 0;
   std::vector<std::uint32_t> FreePlaces;

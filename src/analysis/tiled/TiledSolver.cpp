@@ -37,14 +37,6 @@ struct PivotRows {
   }
 };
 
-/// A tile, or nothing where none is stored yet, of the panel's group `index`.
-struct Touched {
-  float* tile;
-  std::size_t index;
-};
-
-constexpr std::size_t FetchAhead = 4;
-
 class Elimination {
  public:
   Elimination(TiledMatrix& equations, float pivotTolerance, const Kernel& inner, LongWork& told)
@@ -69,19 +61,14 @@ class Elimination {
   void KeepPivotRow(float* row, int j);
   void GivePivotZerosTheirSigns(float* row, int j);
   void UpdateTilesBelow(int column);
-  void UpdateTile(int column, const Touched& each);
-  void UpdateTwoTiles(int column, const Touched& one, const Touched& other);
-  TileUpdate UpdateOf(const Touched& each, std::array<float, TileSize>& inPlace) const;
-  void FinishTile(int column, const Touched& each, const TileUpdate& update, bool minusZeros);
+  void UpdateTile(int column, std::size_t index);
   void UpdateUntouchedZeros(int column, int group);
   bool MayLoseSigns(int index) const;
   bool GiveZerosTheirSigns(float* tile, int index) const;
 
   int ColumnAfter() const { return (panel.First() + PanelWidth) / TileColumns; }
 
-  // Tiles that are not stored yet.
-  alignas(64) std::array<float, TileSize> fresh{};
-  alignas(64) std::array<float, TileSize> otherFresh{};
+  alignas(64) std::array<float, TileSize> fresh{}; ///< a tile that is not stored yet
   PivotRows pivotRows;
   TiledMatrix& K;
   float tolerance;
@@ -90,8 +77,7 @@ class Elimination {
   NegativeZeros negativeZeros;
   Panel panel;
   std::vector<std::uint64_t> columnsAtWork; ///< tile columns where the panel's pivot rows hold something
-  std::vector<Touched> touched;
-  std::vector<int> indexOf; ///< of a group among the panel's groups, -1 for none
+  std::vector<int> indexOf;                 ///< of a group among the panel's groups, -1 for none
 };
 
 // Step p leaves (n - p)^2 entries to change, so that the work ahead goes with the cube.
@@ -225,8 +211,6 @@ void Elimination::GivePivotZerosTheirSigns(float* row, int j) {
 }
 
 void Elimination::UpdateTilesBelow(int column) {
-  // First all are looked up, so that the memory fetches them side by side, then they are updated.
-  touched.clear();
   const auto own = static_cast<std::size_t>(panel.OwnGroups());
   for (std::size_t word = own / 64; word < panel.GroupWords(); ++word) {
     std::uint64_t groups = 0;
@@ -235,52 +219,25 @@ void Elimination::UpdateTilesBelow(int column) {
     }
     if (word == own / 64) groups &= ~std::uint64_t{0} << (own % 64);
     for (; groups != 0; groups &= groups - 1) {
-      const std::size_t index = 64 * word + static_cast<std::size_t>(std::countr_zero(groups));
-      touched.push_back({K.Find(panel.Groups()[index], column), index});
+      UpdateTile(column, 64 * word + static_cast<std::size_t>(std::countr_zero(groups)));
     }
   }
-  std::size_t at = 0;
-  for (; at + 2 <= touched.size(); at += 2) {
-    for (std::size_t ahead = at + FetchAhead; ahead < std::min(at + FetchAhead + 2, touched.size()); ++ahead) {
-      FetchTile(touched[ahead].tile);
-    }
-    UpdateTwoTiles(column, touched[at], touched[at + 1]);
-  }
-  if (at < touched.size()) UpdateTile(column, touched[at]);
 }
 
-void Elimination::UpdateTile(int column, const Touched& each) {
-  const TileUpdate update = UpdateOf(each, fresh);
-  FinishTile(column, each, update, kernel.UpdateTile(update, pivotRows.Row(0)));
-}
-
-void Elimination::UpdateTwoTiles(int column, const Touched& one, const Touched& other) {
-  const TileUpdate update = UpdateOf(one, fresh);
-  const TileUpdate otherUpdate = UpdateOf(other, otherFresh);
-  const auto [minusZeros, otherMinusZeros] = kernel.UpdateTwoTiles(update, otherUpdate, pivotRows.Row(0));
-  FinishTile(column, one, update, minusZeros);
-  FinishTile(column, other, otherUpdate, otherMinusZeros);
-}
-
-/// inPlace: takes the place of a tile that is not stored yet.
-TileUpdate Elimination::UpdateOf(const Touched& each, std::array<float, TileSize>& inPlace) const {
-  float* tile = each.tile;
-  if (tile == nullptr) {
-    inPlace.fill(0.0F);
-    tile = inPlace.data();
-  }
-  return {tile, panel.Factors(each.index), panel.FactorBits(each.index) & pivotRows.bits};
-}
-
-void Elimination::FinishTile(int column, const Touched& each, const TileUpdate& update, bool minusZeros) {
-  const int group = panel.Groups()[each.index];
-  minusZeros = minusZeros && GiveZerosTheirSigns(update.tile, static_cast<int>(each.index));
+/// index: of the group among the panel's.
+void Elimination::UpdateTile(int column, std::size_t index) {
+  const int group = panel.Groups()[index];
+  float* stored = K.Find(group, column);
+  if (stored == nullptr) fresh.fill(0.0F);
+  float* tile = stored == nullptr ? fresh.data() : stored;
+  bool minusZeros =
+      kernel.UpdateTile({tile, panel.Factors(index), panel.FactorBits(index) & pivotRows.bits}, pivotRows.Row(0));
+  minusZeros = minusZeros && GiveZerosTheirSigns(tile, static_cast<int>(index));
   if (minusZeros) negativeZeros.Note(group, column);
-  if (each.tile != nullptr) return;
+  if (stored != nullptr) return;
   // Products too small for a float may have left nothing.
-  if (!minusZeros && std::all_of(update.tile, update.tile + TileSize, [](float entry) { return entry == 0.0F; }))
-    return;
-  std::copy_n(update.tile, TileSize, K.Make(group, column));
+  if (!minusZeros && std::all_of(fresh.begin(), fresh.end(), [](float entry) { return entry == 0.0F; })) return;
+  std::copy(fresh.begin(), fresh.end(), K.Make(group, column));
 }
 
 /// What becomes of -0 in a tile where no product other than zero came.

@@ -19,57 +19,12 @@ constexpr int NegativeZero = static_cast<int>(0x80000000U);
 
 // Each routine does what its namesake in Kernel.cpp does, so many entries at a time.
 
-/// Has the compiler store a tile after each pivot and load it again for the next, for all that it could keep it in
-/// registers: the processor converts what it loads with less work than what is in a register.  Gains 7 %.
-inline void KeepInMemory() { asm volatile("" ::: "memory"); }
-
-namespace sse2 {
-
-/// Four entries, less what the two halves of a row say.
-__m128 Updated(__m128 x, __m128d f, __m128d u0, __m128d u1) {
-  const __m128d low = _mm_sub_pd(_mm_cvtps_pd(x), _mm_mul_pd(u0, f));
-  const __m128d high = _mm_sub_pd(_mm_cvtps_pd(_mm_movehl_ps(x, x)), _mm_mul_pd(u1, f));
-  return _mm_movelh_ps(_mm_cvtpd_ps(low), _mm_cvtpd_ps(high));
-}
-
-bool HasNegativeZero(const float* tile) {
-  __m128i found = _mm_setzero_si128();
-  for (int at = 0; at < TileSize; at += 4) {
-    const __m128i entries = _mm_castps_si128(_mm_load_ps(tile + at));
-    found = _mm_or_si128(found, _mm_cmpeq_epi32(entries, _mm_set1_epi32(NegativeZero)));
+/// The entries at the end of a column that are too few for a vector.
+void UpdateRest(float* column, const double* factors, double pivotRowEntry, std::size_t count) {
+  for (std::size_t i = 0; i < count; ++i) {
+    column[i] = static_cast<float>(static_cast<double>(column[i]) - pivotRowEntry * factors[i]);
   }
-  return _mm_movemask_epi8(found) != 0;
 }
-
-bool UpdateTile(const TileUpdate& update, const double* pivotRows) {
-  for (std::uint64_t pivots = update.pivots; pivots != 0; pivots &= pivots - 1) {
-    const std::ptrdiff_t j = __builtin_ctzll(pivots);
-    const double* u = pivotRows + TileColumns * j;
-    for (int q = 0; q < TileColumns; q += 4) {
-      const __m128d u0 = _mm_load_pd(u + q);
-      const __m128d u1 = _mm_load_pd(u + q + 2);
-      for (std::ptrdiff_t r = 0; r < TileRows; ++r) {
-        float* x = TileRow(update.tile, r) + q;
-        _mm_store_ps(x, Updated(_mm_load_ps(x), _mm_set1_pd(update.factors[TileRows * j + r]), u0, u1));
-      }
-    }
-  }
-  return HasNegativeZero(update.tile);
-}
-
-void UpdateColumn(float* column, const double* factors, double pivotRowEntry, std::size_t count) {
-  const __m128d u = _mm_set1_pd(pivotRowEntry);
-  std::size_t i = 0;
-  for (; i + 2 <= count; i += 2) {
-    auto* pair = reinterpret_cast<__m128i*>(column + i);
-    const __m128d x = _mm_cvtps_pd(_mm_castsi128_ps(_mm_loadl_epi64(pair)));
-    const __m128d updated = _mm_sub_pd(x, _mm_mul_pd(u, _mm_loadu_pd(factors + i)));
-    _mm_storel_epi64(pair, _mm_castps_si128(_mm_cvtpd_ps(updated)));
-  }
-  for (; i < count; ++i) column[i] = static_cast<float>(static_cast<double>(column[i]) - pivotRowEntry * factors[i]);
-}
-
-} // namespace sse2
 
 namespace avx2 {
 
@@ -89,7 +44,6 @@ STRUTWRIGHT_AVX2 inline bool HasNegativeZero(const float* tile) {
 STRUTWRIGHT_AVX2 bool UpdateTile(const TileUpdate& update, const double* pivotRows) {
   for (std::uint64_t pivots = update.pivots; pivots != 0; pivots &= pivots - 1) {
     const std::ptrdiff_t j = __builtin_ctzll(pivots);
-    KeepInMemory();
     const double* f = update.factors + TileRows * j;
     const double* u = pivotRows + TileColumns * j;
     for (int q = 0; q < TileColumns; q += 4) {
@@ -109,7 +63,7 @@ STRUTWRIGHT_AVX2 void UpdateColumn(float* column, const double* factors, double 
   for (; i + 4 <= count; i += 4) {
     _mm_storeu_ps(column + i, Updated(_mm_loadu_ps(column + i), _mm256_loadu_pd(factors + i), u));
   }
-  sse2::UpdateColumn(column + i, factors + i, pivotRowEntry, count - i);
+  UpdateRest(column + i, factors + i, pivotRowEntry, count - i);
 }
 
 } // namespace avx2
@@ -122,7 +76,6 @@ STRUTWRIGHT_AVX512 inline __m256 Updated(__m256 x, __m512d f, __m512d u) {
 
 /// Takes one pivot from a tile; factors, pivotRow: those of the pivot.
 STRUTWRIGHT_AVX512 inline void TakePivot(float* tile, const double* factors, const double* pivotRow) {
-  KeepInMemory();
   const __m512d u0 = _mm512_load_pd(pivotRow);
   const __m512d u1 = _mm512_load_pd(pivotRow + 8);
   for (std::ptrdiff_t r = 0; r < TileRows; ++r) {
@@ -143,29 +96,13 @@ STRUTWRIGHT_AVX512 bool UpdateTile(const TileUpdate& update, const double* pivot
   return avx2::HasNegativeZero(tile);
 }
 
-STRUTWRIGHT_AVX512 std::array<bool, 2> UpdateTwoTiles(const TileUpdate& one, const TileUpdate& other,
-                                                      const double* pivotRows) {
-  const TileUpdate a = one;
-  const TileUpdate b = other;
-  std::uint64_t pivots = a.pivots;
-  std::uint64_t otherPivots = b.pivots;
-  for (; pivots != 0 && otherPivots != 0; pivots &= pivots - 1, otherPivots &= otherPivots - 1) {
-    const std::ptrdiff_t j = __builtin_ctzll(pivots);
-    const std::ptrdiff_t k = __builtin_ctzll(otherPivots);
-    TakePivot(a.tile, a.factors + TileRows * j, pivotRows + TileColumns * j);
-    TakePivot(b.tile, b.factors + TileRows * k, pivotRows + TileColumns * k);
-  }
-  const bool first = UpdateTile({a.tile, a.factors, pivots}, pivotRows);
-  return {first, UpdateTile({b.tile, b.factors, otherPivots}, pivotRows)};
-}
-
 STRUTWRIGHT_AVX512 void UpdateColumn(float* column, const double* factors, double pivotRowEntry, std::size_t count) {
   const __m512d u = _mm512_set1_pd(pivotRowEntry);
   std::size_t i = 0;
   for (; i + 8 <= count; i += 8) {
     _mm256_storeu_ps(column + i, Updated(_mm256_loadu_ps(column + i), _mm512_loadu_pd(factors + i), u));
   }
-  sse2::UpdateColumn(column + i, factors + i, pivotRowEntry, count - i);
+  UpdateRest(column + i, factors + i, pivotRowEntry, count - i);
 }
 
 } // namespace avx512
@@ -175,12 +112,11 @@ STRUTWRIGHT_AVX512 void UpdateColumn(float* column, const double* factors, doubl
 std::vector<Kernel> VectorKernels() {
   std::vector<Kernel> kernels;
   if (__builtin_cpu_supports("avx512f")) {
-    kernels.push_back({"AVX-512", avx512::UpdateTile, avx512::UpdateTwoTiles, avx512::UpdateColumn});
+    kernels.push_back({"AVX-512", avx512::UpdateTile, avx512::UpdateColumn});
   }
   if (__builtin_cpu_supports("avx2")) {
-    kernels.push_back({"AVX2", avx2::UpdateTile, UpdateInTurn<avx2::UpdateTile>, avx2::UpdateColumn});
+    kernels.push_back({"AVX2", avx2::UpdateTile, avx2::UpdateColumn});
   }
-  kernels.push_back({"SSE2", sse2::UpdateTile, UpdateInTurn<sse2::UpdateTile>, sse2::UpdateColumn});
   return kernels;
 }
 
