@@ -3,6 +3,7 @@
 #include "DrawingSurface.h"
 #include "MouseState.h"
 #include "TrussView.h"
+#include "modClearDrawing.h"
 
 #include <cstdint>
 
@@ -30,6 +31,11 @@ struct DisplayState {
   bool DrawNodeMode = false;   ///< a click adds a node at the nearest grid point
   bool DrawMemberMode = false; ///< two clicks on nodes add a member
   MouseState Mouse;            ///< the other modes, and what the mouse is in the middle of
+
+  DrawingStyle Style = DrawingStyle::Described;
+  bool WidthByForce = true; ///< in the clear drawing a member is wider the larger its force
+  bool ShowLegend = true;   ///< in the clear drawing
+  ClearMemory Memory;       ///< of the clear drawing on DisplaySurface
 };
 
 inline DisplayState TheDisplay;
