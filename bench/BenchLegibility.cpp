@@ -13,7 +13,6 @@
 #include "NativeFileSystem.h"
 #include "Platform.h"
 #include "QtDrawingSurface.h"
-#include "WindowlessHost.h"
 #include "modAnalysis.h"
 #include "modModelStore.h"
 
@@ -31,7 +30,7 @@ namespace strutwright {
 namespace {
 
 /// Drops what is said: odd models are part of the corpus.
-class Quiet : public MessageBoxes, public WindowlessHost {
+class Quiet : public MessageBoxes {
  public:
   void Show(const Message& /*message*/) override {}
   bool Ask(const Message& /*question*/) override { return false; }
@@ -137,7 +136,7 @@ void PrintTimes() {
 void Run(bool verbose) {
   Quiet desktop;
   NativeFileSystem files;
-  ThePlatform() = {.messages = &desktop, .host = &desktop};
+  ThePlatform() = {.messages = &desktop};
   ThePlatform().files = &files;
   std::vector<int> bays(37);
   std::iota(bays.begin(), bays.end(), 4);

@@ -25,7 +25,6 @@ struct DisplayState {
 
   float GridSpacingX = 1;           ///< m
   float GridSpacingY = 1;           ///< m
-  float PickRadius = 0.1F;          ///< m, for picking nodes and snapping to grid points
   std::int16_t StartNodeNumber = 1; ///< kept and shown; nodes are numbered by their rows
   std::int16_t GridLineStyle = 1;   ///< 0 solid, 1 dashed
 
@@ -53,7 +52,6 @@ inline auto& DeflectionScale = TheDisplay.DeflectionScale;
 inline auto& LoadsScale = TheDisplay.LoadsScale;
 inline auto& GridSpacingX = TheDisplay.GridSpacingX;
 inline auto& GridSpacingY = TheDisplay.GridSpacingY;
-inline auto& PickRadius = TheDisplay.PickRadius;
 inline auto& StartNodeNumber = TheDisplay.StartNodeNumber;
 inline auto& GridLineStyle = TheDisplay.GridLineStyle;
 inline auto& DrawNodeMode = TheDisplay.DrawNodeMode;
