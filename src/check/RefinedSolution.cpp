@@ -6,6 +6,7 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace strutwright {
 
@@ -21,6 +22,8 @@ struct Equations {
   std::vector<int> columnOf; ///< of each freedom; -1 where it is restrained
   Eigen::VectorXd scale;     ///< S
   Eigen::SimplicialLDLT<Matrix> factors;
+
+  bool IsEmpty() const { return scale.size() == 0; }
 };
 
 double StiffnessOf(const CheckedMember& member) { return member.rigidity / member.length; }
@@ -153,22 +156,43 @@ void FillResults(const CheckedTruss& truss, const std::vector<double>& P, const 
   }
 }
 
+void Factorise(const CheckedTruss& truss, Equations& equations) {
+  equations.columnOf = NumberFreedoms(truss);
+  equations.scale = ScaleOf(truss, equations.columnOf);
+  if (!equations.IsEmpty()) equations.factors.compute(ScaledStiffness(truss, equations));
+}
+
 } // namespace
 
-RefinedSolution Refine(const CheckedTruss& truss) {
+struct FactoredTruss::Parts {
+  explicit Parts(CheckedTruss of) : truss(std::move(of)) { Factorise(truss, equations); }
+
+  CheckedTruss truss;
+  Equations equations;
+};
+
+FactoredTruss::FactoredTruss(CheckedTruss truss) : Factored(std::make_unique<const Parts>(std::move(truss))) {}
+FactoredTruss::~FactoredTruss() = default;
+FactoredTruss::FactoredTruss(FactoredTruss&&) noexcept = default;
+FactoredTruss& FactoredTruss::operator=(FactoredTruss&&) noexcept = default;
+
+const CheckedTruss& FactoredTruss::Truss() const { return Factored->truss; }
+
+RefinedSolution FactoredTruss::Solve(const std::vector<double>& P) const {
+  const auto& [truss, equations] = *Factored;
   RefinedSolution solution;
   solution.forces.assign(At(truss.memberCount) + 1, 0);
   solution.reactions.assign(truss.FreedomCount() + 1, 0);
-  Equations equations;
-  equations.columnOf = NumberFreedoms(truss);
-  equations.scale = ScaleOf(truss, equations.columnOf);
   LongVector u(truss.FreedomCount() + 1, 0);
-  const std::vector<double> P = LoadsWithPrestress(truss);
-  if (equations.scale.size() > 0) equations.factors.compute(ScaledStiffness(truss, equations));
-  const bool solvable = equations.scale.size() == 0 || equations.factors.info() == Eigen::Success;
-  if (solvable) solution.uncertainty = equations.scale.size() == 0 ? 0 : Iterate(truss, equations, P, u);
+  if (equations.IsEmpty()) {
+    solution.uncertainty = 0;
+  } else if (equations.factors.info() == Eigen::Success) {
+    solution.uncertainty = Iterate(truss, equations, P, u);
+  }
   FillResults(truss, P, u, solution);
   return solution;
 }
+
+RefinedSolution Refine(const CheckedTruss& truss) { return FactoredTruss(truss).Solve(LoadsWithPrestress(truss)); }
 
 } // namespace strutwright

@@ -24,6 +24,7 @@ constexpr const char* FormatHelp = "text: tables to read; csv: every digit, for 
 /// What the arguments ask for.
 struct Request {
   AnalyseRequest analysis;
+  InfluenceRequest influence;
   std::string input;
   std::string output;
   std::string format = "text";
@@ -58,26 +59,40 @@ std::string ScaleFault(PictureRequest& picture, const std::string& text) {
   return "";
 }
 
-/// The options that take part in a picture.  They are read where they are checked.
-void AddPicture(CLI::App& command, PictureRequest& picture) {
-  CLI::Option* file = command.add_option("--picture", picture.file,
-                                         "Also draw each model with its results: .png, .svg, otherwise a bitmap");
-  file->check([](const std::string& name) {
+/// An option whose text is read where it is checked; `fault` says what is wrong with it.
+CLI::Option* AddChecked(CLI::App& command, const char* name, const char* help, const char* kind,
+                        const std::function<std::string(const std::string&)>& fault) {
+  return command
+      .add_option_function<std::string>(
+          name, [](const std::string&) {}, help)
+      ->check(fault)
+      ->type_name(kind);
+}
+
+using PictureFault = std::string (*)(PictureRequest&, const std::string&);
+
+void AddPictureOption(CLI::App& command, PictureRequest& picture, const char* name, const char* help, const char* kind,
+                      PictureFault fault) {
+  AddChecked(command, name, help, kind, [&picture, fault](const std::string& text) {
+    return fault(picture, text);
+  })->needs(command.get_option("--picture"));
+}
+
+void AddPictureFile(CLI::App& command, PictureRequest& picture, const char* help) {
+  command.add_option("--picture", picture.file, help)->check([](const std::string& name) {
     if (name == StandardStream) return "standard output bears the results";
     return name.empty() ? "a file name is expected" : "";
   });
-  const auto add = [&](const char* name, const char* help, const char* kind, auto fault) {
-    const auto check = [&picture, fault](const std::string& text) { return fault(picture, text); };
-    command
-        .add_option_function<std::string>(
-            name, [](const std::string&) {}, help)
-        ->check(check)
-        ->type_name(kind)
-        ->needs(file);
-  };
-  add("--size", "Of the picture in pixels; 1024x768 unless told", "WIDTHxHEIGHT", SizeFault);
-  add("--layers", "What the picture shows; everything unless told", PictureLayers, LayersFault);
-  add("--deflection-scale", "Of the deflected shape, in mm drawn per mm; 100 unless told", "NUMBER", ScaleFault);
+  AddPictureOption(command, picture, "--size", "Of the picture in pixels; 1024x768 unless told", "WIDTHxHEIGHT",
+                   SizeFault);
+}
+
+void AddPicture(CLI::App& command, PictureRequest& picture) {
+  AddPictureFile(command, picture, "Also draw each model with its results: .png, .svg, otherwise a bitmap");
+  AddPictureOption(command, picture, "--layers", "What the picture shows; everything unless told", PictureLayers,
+                   LayersFault);
+  AddPictureOption(command, picture, "--deflection-scale",
+                   "Of the deflected shape, in mm drawn per mm; 100 unless told", "NUMBER", ScaleFault);
 }
 
 void AddAnalyse(CLI::App& program, Request& request) {
@@ -124,6 +139,49 @@ void AddMake(CLI::App& program, Request& request) {
   });
 }
 
+std::string QuantityTextFault(Quantity& quantity, QuantityKind kind, const std::string& text) {
+  if (ChooseQuantity(quantity, kind, text)) return "";
+  return "\"" + text + "\" is not " +
+         (kind == QuantityKind::MemberForce ? "the number of a member, such as 7"
+                                            : "a node and a direction, such as 3:x or 3:y");
+}
+
+void AddQuantities(CLI::App& command, Quantity& quantity) {
+  CLI::App& group = *command.add_option_group("Quantity", "What the line is of; one of these");
+  const auto add = [&](const char* name, const char* help, const char* kind, QuantityKind what) {
+    AddChecked(group, name, help, kind,
+               [&quantity, what](const std::string& text) { return QuantityTextFault(quantity, what, text); });
+  };
+  add("--member", "The force of this member", "NUMBER", QuantityKind::MemberForce);
+  add("--reaction", "The reaction of a node", "NODE:x|y", QuantityKind::Reaction);
+  add("--displacement", "The displacement of a node", "NODE:x|y", QuantityKind::Displacement);
+  group.require_option(1);
+}
+
+void AddInfluence(CLI::App& program, Request& request) {
+  CLI::App& command = *program.add_subcommand("influence", "Print the influence line of a force, a reaction or a "
+                                                           "displacement for a load of 1 kN that moves over a path");
+  command.add_option("MODEL", request.influence.model, "Model file (.stw)")->required();
+  command.add_option("--path", request.influence.path, "The nodes that the load passes, such as 1-10 or 1,3,5")
+      ->required()
+      ->type_name("NODES");
+  AddQuantities(command, request.influence.quantity);
+  command
+      .add_option("--train", request.influence.train,
+                  "Also the extremes under a train: force@distance of each axle, such as 50@0,100@3.5, or one of axle, "
+                  "tandem, lorry, engine")
+      ->type_name("AXLES");
+  AddFormat(command, request);
+  AddPictureFile(command, request.influence.picture,
+                 "Also draw the truss with the line below: .png, .svg, otherwise a bitmap");
+  command.callback([&request] {
+    request.command = [&request](std::istream& in, std::ostream& out, std::ostream& err) {
+      request.influence.format = FormatNamed(request.format);
+      return ShowInfluence(request.influence, in, out, err);
+    };
+  });
+}
+
 /// Fills the request from the arguments; gives the exit status where they ask for nothing more, as --help does.
 std::optional<int> Parse(const std::vector<std::string>& arguments, Request& request, std::ostream& out,
                          std::ostream& err) {
@@ -137,6 +195,7 @@ std::optional<int> Parse(const std::vector<std::string>& arguments, Request& req
   AddAnalyse(program, request);
   AddShow(program, request);
   AddMake(program, request);
+  AddInfluence(program, request);
   try {
     // The parser takes the arguments last one first.
     program.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));

@@ -3,9 +3,12 @@
 #include "Output.h"
 #include "Picture.h"
 #include "modCheckAnswer.h"
+#include "modInfluence.h"
+#include "modTrain.h"
 
 #include <functional>
 #include <iosfwd>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -37,5 +40,22 @@ int ShowModel(const std::string& file, OutputFormat format, std::istream& in, st
 /// Builds a model file; as `output`, "-" is `out`.  A bad line of csv is named, and then nothing is written.
 int MakeModel(const std::string& input, const std::string& output, std::istream& in, std::ostream& out,
               std::ostream& err);
+
+/// Which influence line to compute, and what to make of it.
+struct InfluenceRequest {
+  std::string model;
+  std::string path; ///< as it was typed
+  Quantity quantity;
+  std::optional<std::string> train; ///< as it was typed
+  OutputFormat format = OutputFormat::Text;
+  PictureRequest picture; ///< its layers play no part
+};
+
+/// Takes the text of --member, --reaction or --displacement, such as "7" or "3:x".  Returns whether it is one;
+/// otherwise nothing changes.
+bool ChooseQuantity(Quantity& quantity, QuantityKind kind, const std::string& text);
+
+/// Prints the influence line of a model and, of a train, the extremes; makes the picture asked for.
+int ShowInfluence(const InfluenceRequest& request, std::istream& in, std::ostream& out, std::ostream& err);
 
 } // namespace strutwright

@@ -29,6 +29,10 @@ using Json =
 /// A number: zero without a sign, null where it is not finite.
 Json JsonNumber(float value);
 
+/// Up to so many significant digits of a finite number.  Of a number computed in double precision twelve
+/// are right, and those behind would be rounding.
+std::string PreciseText(double value, int digits = 12);
+
 /// Prints a value on a line of its own; what is not valid UTF-8 becomes the replacement character.
 void PrintJsonLine(const Json& value, std::ostream& out);
 

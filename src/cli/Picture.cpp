@@ -80,4 +80,19 @@ void MakePicture(const PictureRequest& request, const std::string& file, bool an
   surface.SavePicture(file);
 }
 
+void MakeInfluencePicture(const PictureRequest& request, const InfluenceShape& shape) {
+  EnsureApplication();
+  QtDrawingSurface surface(request.width, request.height);
+  surface.SetWindow(FrameInfluence(surface, shape));
+  ComputeModelExtents(); // the numbers stand off by a part of them
+  const ReadableNumbers readable = NumbersWithRoom(surface);
+  TheDisplay.OwnLayers =
+      ModelLayers{.loads = false, .grid = false, .memberNumbers = readable.ofMembers, .nodeNumbers = readable.ofNodes};
+  DisplaySurface = &surface;
+  RedrawDisplay(&surface, false);
+  DrawInfluence(surface, shape);
+  DisplaySurface = nullptr;
+  surface.SavePicture(request.file);
+}
+
 } // namespace strutwright

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "TrussView.h"
+#include "modInfluenceDrawing.h"
 
 #include <optional>
 #include <string>
@@ -35,5 +36,9 @@ void EnsureApplication();
 /// Draws the model that is open, with its results where there are any, framed as after opening it, and writes the
 /// picture.  Needs no display server.  Throws FileError.
 void MakePicture(const PictureRequest& request, const std::string& file, bool analysed);
+
+/// Draws the model that is open with an influence line below, without loads and results, and writes the picture
+/// likewise.
+void MakeInfluencePicture(const PictureRequest& request, const InfluenceShape& shape);
 
 } // namespace strutwright

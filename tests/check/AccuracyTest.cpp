@@ -265,6 +265,27 @@ TEST_F(AccuracyTest, IncludesPrestressBetweenFixedNodes) {
   EXPECT_EQ(refined.uncertainty, 0);
 }
 
+TEST_F(AccuracyTest, SolvesForManyLoadsWithTheSameFactors) {
+  ModelData model = PrattTruss(12);
+  const FactoredTruss factored(TrussOf(model));
+  for (const std::size_t loaded : {2U, 5U, 7U}) {
+    for (NodeData& node : model.nodes) node.forceX = node.forceY = 0;
+    model.nodes[loaded].forceY = -20;
+    const CheckedTruss truss = TrussOf(model);
+    const RefinedSolution anew = Refine(truss);
+    const RefinedSolution again = factored.Solve(truss.load);
+    EXPECT_EQ(again.displacements, anew.displacements);
+    EXPECT_EQ(again.forces, anew.forces);
+    EXPECT_EQ(again.reactions, anew.reactions);
+    EXPECT_EQ(again.uncertainty, anew.uncertainty);
+  }
+}
+
+TEST_F(AccuracyTest, SaysThatAMechanismHasNoFactors) {
+  const CheckedTruss truss = TrussOf(Square());
+  EXPECT_GE(Refine(truss).uncertainty, 1);
+}
+
 TEST_F(AccuracyTest, SendsLoadsAtSupportsToTheReactions) {
   ModelData model = Triangle();
   model.nodes[0].forceX = 7;

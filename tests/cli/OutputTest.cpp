@@ -22,6 +22,15 @@ TEST(CsvRecordTest, QuotesWhatWouldBreakIt) {
   EXPECT_EQ(CsvRecord({"a,b", "say \"hi\"", "two\nlines"}), "\"a,b\",\"say \"\"hi\"\"\",\"two\nlines\"\r\n");
 }
 
+TEST(PreciseTextTest, HasAsManyDigitsAsAskedFor) {
+  EXPECT_EQ(PreciseText(1.0 / 3), "0.333333333333");
+  EXPECT_EQ(PreciseText(-1000.0 / 3, 6), "-333.333");
+  EXPECT_EQ(PreciseText(0.1 + 0.2), "0.3");
+  EXPECT_EQ(PreciseText(1e-7), "1e-07");
+}
+
+TEST(PreciseTextTest, HasNoMinusBeforeZero) { EXPECT_EQ(PreciseText(-0.0), "0"); }
+
 std::string JsonLine(const Json& value) {
   std::ostringstream out;
   PrintJsonLine(value, out);

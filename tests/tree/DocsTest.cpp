@@ -162,6 +162,20 @@ const std::vector<std::pair<std::string, std::string>> OtherMessages{
     {"src/model/Grid.cpp", "The grid has no cell ("},
     {"src/model/Grid.cpp", "A grid has at most 32767 data rows"},
     {"src/analysis/AnalysisTexts.cpp", "the model has no nodes"},
+    {"src/statics/modPath.cpp", "numbers and ranges, such as 1-10 or 1,3,5"},
+    {"src/statics/modPath.cpp", "The model has no nodes to take a path over: enter a truss first"},
+    {"src/statics/modPath.cpp", ": name nodes that exist"},
+    {"src/statics/modPath.cpp", "twice: name each node once"},
+    {"src/statics/modPath.cpp", ": name the nodes of a path from one end to the other"},
+    {"src/statics/modInfluence.cpp", "Influence lines need a stable truss, but "},
+    {"src/statics/modInfluence.cpp", "The model has no nodes, so it has no influence lines: enter a truss first"},
+    {"src/statics/modInfluence.cpp", ": choose one from 1 to "},
+    {"src/statics/modInfluence.cpp", ": choose a node and a direction that one holds"},
+    {"src/statics/modTrain.cpp",
+     "is no axle: write its force in kN and its distance in m from the first, such as 100@3.5"},
+    {"src/statics/modTrain.cpp", "has no load: give it a force above 0 kN, which acts downward"},
+    {"src/statics/modTrain.cpp", "has a negative distance: measure from the first axle to the rear, from 0 m on"},
+    {"src/statics/modTrain.cpp", "The train has no loads: write the force and distance of each axle, such as "},
 };
 
 TEST(MessageTest, OfAnotherPlaceStandsInTheManual) {

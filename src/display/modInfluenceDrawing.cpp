@@ -1,0 +1,237 @@
+#include "modInfluenceDrawing.h"
+
+#include "modDrawing.h"
+#include "modModelRendering.h"
+#include "modModelStore.h"
+#include "modNumberText.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <limits>
+
+namespace strutwright {
+
+namespace {
+
+// Pixels.
+constexpr double SideMargin = 40;
+constexpr double TopMargin = 70; // for loads on an upper chord
+constexpr double BottomMargin = 12;
+constexpr double Gap = 56;       // below the truss: its supports, and the label of the largest ordinate
+constexpr double BandPart = 0.3; // of the surface's height
+constexpr double TextLine = 18;
+constexpr double LetterWidth = 7;
+constexpr double LabelOff = 4; // from the line to its label
+constexpr double LongestArrow = 46;
+constexpr double ShortestArrow = 18;
+constexpr double ArrowHead = 6;
+constexpr double LoadWidth = 42;           // that the number of a load takes
+constexpr double LeastForNodeNumbers = 24; // of a usual member
+constexpr double LeastForMemberNumbers = 60;
+
+constexpr Colour LineColour{0, 110, 120};
+
+struct Extents {
+  double left = std::numeric_limits<double>::infinity();
+  double right = -left;
+  double bottom = left;
+  double top = -left;
+};
+
+Extents ExtentsOfNodes() {
+  Extents extents;
+  for (int n = 1; n <= NodeCount; ++n) {
+    extents.left = std::min<double>(extents.left, NodeTable(n, NodeX));
+    extents.right = std::max<double>(extents.right, NodeTable(n, NodeX));
+    extents.bottom = std::min<double>(extents.bottom, NodeTable(n, NodeY));
+    extents.top = std::max<double>(extents.top, NodeTable(n, NodeY));
+  }
+  return extents;
+}
+
+/// Metres a pixel.
+double PixelSize(const DrawingSurface& surface) {
+  return static_cast<double>(surface.Window().width) / static_cast<double>(surface.PixelWidth());
+}
+
+double BandHeight(const DrawingSurface& surface) { return BandPart * static_cast<double>(surface.PixelHeight()); }
+
+/// What is below the truss, in pixels.
+double RoomBelow(const DrawingSurface& surface, const InfluenceShape& shape) {
+  return Gap + BandHeight(surface) + (static_cast<double>(shape.captions.size()) + 1.5) * TextLine + BottomMargin;
+}
+
+/// Four digits are enough to read off a picture.
+std::string LabelText(double value) {
+  if (value == 0) return "0";
+  const double unit = std::pow(10.0, std::floor(std::log10(std::abs(value))) - 3);
+  return NumberText(static_cast<float>(std::round(value / unit) * unit));
+}
+
+/// Draws in the world of the truss, with distances in pixels.
+class InfluencePicture {
+ public:
+  InfluencePicture(DrawingSurface& surface, const InfluenceShape& shape)
+      : Surface(surface), Shape(shape), Pixel(PixelSize(surface)) {
+    const double highest = std::max(0.0, *std::max_element(shape.values.begin(), shape.values.end()));
+    const double lowest = std::min(0.0, *std::min_element(shape.values.begin(), shape.values.end()));
+    const double band = BandHeight(surface) * Pixel;
+    if (highest > lowest) Scale = band / (highest - lowest);
+    const double top = ExtentsOfNodes().bottom - Gap * Pixel;
+    Base = highest > lowest ? top - highest * Scale : top - band / 2;
+    Bottom = top - band;
+  }
+
+  void Draw() {
+    DrawOrdinates();
+    DrawCurve();
+    LabelExtremes();
+    DrawQuantity();
+    DrawLoads();
+    PrintCaptions();
+  }
+
+ private:
+  double X(std::size_t k) const { return NodeTable(Shape.nodes[k], NodeX); }
+  double Y(std::size_t k) const { return Base + Scale * Shape.values[k]; }
+
+  void Thin(double x1, double y1, double x2, double y2, Colour colour, LineStyle style) {
+    UsePen(Surface, colour);
+    Surface.SetLineStyle(style);
+    Surface.SetPenWidth(1);
+    Surface.DrawLine(x1, -y1, x2, -y2);
+    Surface.SetLineStyle(LineStyle::Solid);
+  }
+
+  void Print(double x, double y, const std::string& text, Colour colour) { PrintText(Surface, x, -y, text, colour); }
+
+  void DrawOrdinates() {
+    Thin(X(0), Base, X(Shape.nodes.size() - 1), Base, Black, LineStyle::Solid);
+    for (std::size_t k = 0; k < Shape.nodes.size(); ++k) Thin(X(k), Base, X(k), Y(k), LineColour, LineStyle::Solid);
+    for (const std::size_t k : {std::size_t{0}, Shape.nodes.size() - 1}) Plumb(k);
+  }
+
+  /// From the line up to its node.
+  void Plumb(std::size_t k) {
+    const double from = std::max(Base, Y(k));
+    Thin(X(k), from, X(k), NodeTable(Shape.nodes[k], NodeY), Grey, LineStyle::Dashed);
+  }
+
+  void DrawCurve() {
+    UsePen(Surface, LineColour);
+    Surface.SetPenWidth(2);
+    for (std::size_t k = 1; k < Shape.nodes.size(); ++k) Surface.DrawLine(X(k - 1), -Y(k - 1), X(k), -Y(k));
+  }
+
+  void LabelExtremes() {
+    const auto index = [this](auto at) { return static_cast<std::size_t>(at - Shape.values.begin()); };
+    const std::size_t highest = index(std::max_element(Shape.values.begin(), Shape.values.end()));
+    const std::size_t lowest = index(std::min_element(Shape.values.begin(), Shape.values.end()));
+    if (Shape.values[highest] > 0 || Shape.values[lowest] == 0) Label(highest, LabelOff + TextLine);
+    if (Shape.values[lowest] < 0) Label(lowest, -LabelOff);
+  }
+
+  /// up: of the text's upper edge, in pixels.
+  void Label(std::size_t k, double up) {
+    const std::string text = LabelText(Shape.values[k]);
+    Plumb(k);
+    Print(X(k) - LetterWidth / 2 * Pixel * static_cast<double>(text.size()), Y(k) + up * Pixel, text, LineColour);
+  }
+
+  void DrawQuantity() {
+    if (Shape.member > 0) DrawMember(Surface, Shape.member, Orange);
+    if (Shape.node > 0) HighlightNode(Surface, Shape.node, Orange);
+  }
+
+  bool IsOverPath(double x) const {
+    const auto [left, right] = std::minmax(X(0), X(Shape.nodes.size() - 1));
+    return x >= left - Pixel && x <= right + Pixel;
+  }
+
+  /// Where the deck lies.
+  double PathY(double x) const {
+    for (std::size_t k = 1; k < Shape.nodes.size(); ++k) {
+      const double share = (x - X(k - 1)) / (X(k) - X(k - 1));
+      if (share > 1 && k + 1 < Shape.nodes.size()) continue;
+      const double y = NodeTable(Shape.nodes[k - 1], NodeY);
+      const double next = NodeTable(Shape.nodes[k], NodeY);
+      return y + std::clamp(share, 0.0, 1.0) * (next - y);
+    }
+    return NodeTable(Shape.nodes[0], NodeY);
+  }
+
+  void DrawLoads() {
+    double largest = 0;
+    for (const PathLoad& load : Shape.loads) largest = std::max(largest, load.force);
+    double numbered = -std::numeric_limits<double>::infinity();
+    for (const PathLoad& load : Shape.loads) {
+      if (!IsOverPath(load.x)) continue;
+      const double tip = PathY(load.x);
+      const double tail = tip + Pixel * std::max(ShortestArrow, LongestArrow * load.force / largest);
+      Surface.SetPenWidth(2);
+      DrawArrow(Surface, ArrowHead * Pixel, load.x, -tail, load.x, -tip, Red);
+      if (std::abs(load.x - numbered) < LoadWidth * Pixel) continue;
+      numbered = load.x;
+      Print(load.x - LoadWidth / 2 * Pixel, tail + TextLine * Pixel, LabelText(load.force), Red);
+    }
+  }
+
+  void PrintCaptions() {
+    double y = Bottom - (LabelOff + TextLine) * Pixel;
+    for (const std::string& caption : Shape.captions) {
+      Print(std::min(X(0), X(Shape.nodes.size() - 1)), y, caption, Black);
+      y -= TextLine * Pixel;
+    }
+  }
+
+  DrawingSurface& Surface;
+  const InfluenceShape& Shape;
+  double Pixel;      ///< m
+  double Scale = 0;  ///< m for an ordinate of 1
+  double Base = 0;   ///< y of the ordinate 0
+  double Bottom = 0; ///< y of the lowest ordinate
+};
+
+} // namespace
+
+ViewWindow FrameInfluence(const DrawingSurface& surface, const InfluenceShape& shape) {
+  if (NodeCount == 0) return surface.Window();
+  const Extents truss = ExtentsOfNodes();
+  const double width = static_cast<double>(surface.PixelWidth());
+  const double height = static_cast<double>(surface.PixelHeight());
+  // A small surface has no room beside all this, and then the truss overlaps it.
+  const double across = std::max(width - 2 * SideMargin, width / 4);
+  const double down = std::max(height - TopMargin - RoomBelow(surface, shape), height / 8);
+  double pixel = std::max((truss.right - truss.left) / across, (truss.top - truss.bottom) / down);
+  if (!(pixel > 0)) pixel = 1 / across;
+  const double spare = down - (truss.top - truss.bottom) / pixel;
+  const double left = (truss.left + truss.right - width * pixel) / 2;
+  const double top = truss.top + (TopMargin + spare / 2) * pixel;
+  const ViewWindow window{static_cast<float>(left), static_cast<float>(-top), static_cast<float>(width * pixel),
+                          static_cast<float>(height * pixel)};
+  const bool fits = std::isfinite(window.left) && std::isfinite(window.top) && std::isnormal(window.width) &&
+                    std::isnormal(window.height);
+  return fits ? window : surface.Window();
+}
+
+ReadableNumbers NumbersWithRoom(const DrawingSurface& surface) {
+  double sum = 0;
+  for (int m = 1; m <= MemberCount; ++m) {
+    const int i = RoundNodeNumber(MemberTable(m, MemberNodeI));
+    const int j = RoundNodeNumber(MemberTable(m, MemberNodeJ));
+    if (std::min(i, j) < 1 || std::max(i, j) > NodeCount) continue;
+    const double dx = NodeTable(j, NodeX) - NodeTable(i, NodeX);
+    const double dy = NodeTable(j, NodeY) - NodeTable(i, NodeY);
+    sum += std::hypot(dx, dy);
+  }
+  const double pixels = MemberCount == 0 ? LeastForMemberNumbers : sum / MemberCount / PixelSize(surface);
+  return {pixels >= LeastForNodeNumbers, pixels >= LeastForMemberNumbers};
+}
+
+void DrawInfluence(DrawingSurface& surface, const InfluenceShape& shape) {
+  if (shape.nodes.empty() || shape.nodes.size() != shape.values.size()) return;
+  TryDrawing([&] { InfluencePicture(surface, shape).Draw(); });
+}
+
+} // namespace strutwright
