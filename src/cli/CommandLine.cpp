@@ -127,6 +127,20 @@ void AddShow(CLI::App& program, Request& request) {
   });
 }
 
+void AddStatics(CLI::App& program, Request& request) {
+  CLI::App& command = *program.add_subcommand("statics", "Solve a model by hand: reactions, joints, sections, members "
+                                                         "without force, force diagram");
+  command.add_option("MODEL", request.input, "Model file (.stw)")->required();
+  command.add_option("--format", request.format, "text: to read; json: for scripts")
+      ->check(CLI::IsMember({"text", "json"}))
+      ->capture_default_str();
+  command.callback([&request] {
+    request.command = [&request](std::ostream& out, std::ostream& err) {
+      return PrintStatics(request.input, FormatNamed(request.format), out, err);
+    };
+  });
+}
+
 void AddMake(CLI::App& program, Request& request) {
   CLI::App& command = *program.add_subcommand("make", "Build a model from the csv that \"show --format csv\" prints");
   command.add_option("INPUT", request.input, "Comma-separated nodes and members, or a model; - is standard input")
@@ -194,6 +208,7 @@ std::optional<int> Parse(const std::vector<std::string>& arguments, Request& req
   program.require_subcommand(1);
   AddAnalyse(program, request);
   AddShow(program, request);
+  AddStatics(program, request);
   AddMake(program, request);
   AddInfluence(program, request);
   try {

@@ -58,4 +58,8 @@ bool ChooseQuantity(Quantity& quantity, QuantityKind kind, const std::string& te
 /// Prints the influence line of a model and, of a train, the extremes; makes the picture asked for.
 int ShowInfluence(const InfluenceRequest& request, std::istream& in, std::ostream& out, std::ostream& err);
 
+/// Prints what equilibrium alone shows of a model: how determinate it is, the solution by hand, the members without
+/// force and the force diagram.  csv has no form for it and is printed as text.
+int PrintStatics(const std::string& file, OutputFormat format, std::ostream& out, std::ostream& err);
+
 } // namespace strutwright

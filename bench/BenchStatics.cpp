@@ -1,0 +1,50 @@
+// How long the solution by hand takes: everything, for the trusses of a lesson and for large ones.
+
+#include "LargeModels.h"
+#include "modForceDiagram.h"
+#include "modHandSolution.h"
+#include "modSections.h"
+#include "modZeroMembers.h"
+
+#include <string>
+
+#include <benchmark/benchmark.h>
+
+namespace strutwright {
+namespace {
+
+/// A girder on two supports of about so many members.
+ModelData Girder(int members) { return WarrenGirder((members + 3) / 2, members); }
+
+/// A panel held along its lower edge: indeterminate.
+ModelData Panel(int members) { return TriangulatedPanel(members / 3); }
+
+void Everything(benchmark::State& state, ModelData (*make)(int)) {
+  SetTables(make(static_cast<int>(state.range(0))));
+  for (auto _ : state) {
+    const HandTruss truss = ReadHandTruss();
+    const HandSolution solution = SolveByHand(truss);
+    const auto zeros = FindZeroMembers(truss);
+    benchmark::DoNotOptimize(ZeroByNumbers(truss, solution.forces, zeros));
+    benchmark::DoNotOptimize(DrawForceDiagram(truss, solution));
+    state.SetLabel(KindText(solution.determinacy));
+  }
+}
+
+/// One line right across the middle.
+void Section(benchmark::State& state) {
+  SetTables(Girder(static_cast<int>(state.range(0))));
+  const HandTruss truss = ReadHandTruss();
+  const HandSolution solution = SolveByHand(truss);
+  const double x = truss.x.back() / 2 + 0.4;
+  for (auto _ : state) benchmark::DoNotOptimize(SectionAlong(truss, {x, -1, x, 4}, solution.forces));
+}
+
+BENCHMARK_CAPTURE(Everything, Girder, Girder)->Arg(200)->Arg(1000)->Arg(5000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Everything, Panel, Panel)->Arg(200)->Arg(1000)->Arg(5000)->Unit(benchmark::kMillisecond);
+BENCHMARK(Section)->Arg(200)->Arg(5000)->Unit(benchmark::kMillisecond);
+
+} // namespace
+} // namespace strutwright
+
+BENCHMARK_MAIN();
