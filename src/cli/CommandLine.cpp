@@ -130,13 +130,13 @@ void AddShow(CLI::App& program, Request& request) {
 void AddStatics(CLI::App& program, Request& request) {
   CLI::App& command = *program.add_subcommand("statics", "Solve a model by hand: reactions, joints, sections, members "
                                                          "without force, force diagram");
-  command.add_option("MODEL", request.input, "Model file (.stw)")->required();
+  command.add_option("MODEL", request.input, "Model (.stw) or its csv; - is standard input")->required();
   command.add_option("--format", request.format, "text: to read; json: for scripts")
       ->check(CLI::IsMember({"text", "json"}))
       ->capture_default_str();
   command.callback([&request] {
-    request.command = [&request](std::ostream& out, std::ostream& err) {
-      return PrintStatics(request.input, FormatNamed(request.format), out, err);
+    request.command = [&request](std::istream& in, std::ostream& out, std::ostream& err) {
+      return PrintStatics(request.input, FormatNamed(request.format), in, out, err);
     };
   });
 }

@@ -60,6 +60,6 @@ int ShowInfluence(const InfluenceRequest& request, std::istream& in, std::ostrea
 
 /// Prints what equilibrium alone shows of a model: how determinate it is, the solution by hand, the members without
 /// force and the force diagram.  csv has no form for it and is printed as text.
-int PrintStatics(const std::string& file, OutputFormat format, std::ostream& out, std::ostream& err);
+int PrintStatics(const std::string& file, OutputFormat format, std::istream& in, std::ostream& out, std::ostream& err);
 
 } // namespace strutwright

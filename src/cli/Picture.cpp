@@ -84,14 +84,11 @@ void MakeInfluencePicture(const PictureRequest& request, const InfluenceShape& s
   EnsureApplication();
   QtDrawingSurface surface(request.width, request.height);
   surface.SetWindow(FrameInfluence(surface, shape));
-  ComputeModelExtents(); // the numbers stand off by a part of them
   const ReadableNumbers readable = NumbersWithRoom(surface);
-  TheDisplay.OwnLayers =
-      ModelLayers{.loads = false, .grid = false, .memberNumbers = readable.ofMembers, .nodeNumbers = readable.ofNodes};
-  DisplaySurface = &surface;
-  RedrawDisplay(&surface, false);
+  Draw(surface,
+       {.layers = {.loads = false, .grid = false, .memberNumbers = readable.ofMembers, .nodeNumbers = readable.ofNodes},
+        .extents = ExtentsOfModel(1)});
   DrawInfluence(surface, shape);
-  DisplaySurface = nullptr;
   surface.SavePicture(request.file);
 }
 

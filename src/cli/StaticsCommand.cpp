@@ -2,6 +2,7 @@
 #include "Commands.h"
 #include "HandTexts.h"
 #include "ModelSession.h"
+#include "Output.h"
 #include "modForceDiagram.h"
 #include "modHandSolution.h"
 #include "modModelStore.h"
@@ -9,7 +10,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <ostream>
 
 namespace strutwright {
@@ -44,47 +44,31 @@ std::string DeterminacyName(const Determinacy& determinacy) {
 }
 
 /// A force in kN as a JSON number; what is none but for rounding is 0.
-std::string JsonForce(const Statics& statics, double value) {
-  constexpr double largest = std::numeric_limits<float>::max();
-  if (!(std::abs(value) <= largest)) return "null";
+Json JsonForce(const Statics& statics, double value) {
   return JsonNumber(std::abs(value) <= statics.truss.nothing ? 0.0F : static_cast<float>(value));
 }
 
-template <typename Items, typename Text>
-std::string JsonEach(const Items& items, const Text& text) {
-  std::vector<std::string> values;
-  for (const auto& item : items) values.push_back(text(item));
-  return JsonList(values);
-}
-
-std::string JsonEquations(const std::vector<HandEquation>& equations) {
-  return JsonEach(equations, [](const HandEquation& equation) {
-    return JsonObject({{"title", JsonText(equation.title)}, {"equation", JsonText(equation.text)}});
+Json JsonEquations(const std::vector<HandEquation>& equations) {
+  return JsonListOf(equations, [](const HandEquation& equation) {
+    return Json{{"title", equation.title}, {"equation", equation.text}};
   });
 }
 
-std::string JsonTexts(const std::vector<std::string>& texts) { return JsonEach(texts, JsonText); }
-
-std::string JsonNumbers(const std::vector<int>& numbers) {
-  return JsonEach(numbers, [](int number) { return std::to_string(number); });
-}
-
 /// A support's part in a direction: 0 where it does not hold, null where it is not known.
-std::string JsonReaction(const Statics& statics, std::size_t freedom) {
-  if (statics.truss.fixed[freedom] == 0) return "0";
+Json JsonReaction(const Statics& statics, std::size_t freedom) {
+  if (statics.truss.fixed[freedom] == 0) return 0;
   const HandForces& forces = statics.solution.forces;
-  return forces.reactionKnown[freedom] != 0 ? JsonForce(statics, forces.reactions[freedom]) : "null";
+  return forces.reactionKnown[freedom] != 0 ? JsonForce(statics, forces.reactions[freedom]) : Json();
 }
 
-std::string JsonReactions(const Statics& statics) {
-  std::vector<std::string> reactions;
+Json JsonReactions(const Statics& statics) {
+  Json reactions = Json::array();
   for (int node = 1; node <= statics.truss.nodeCount; ++node) {
     if (!statics.truss.HasSupport(node)) continue;
     const auto x = static_cast<std::size_t>(2 * node - 1);
-    reactions.push_back(JsonObject(
-        {{"node", std::to_string(node)}, {"rx", JsonReaction(statics, x)}, {"ry", JsonReaction(statics, x + 1)}}));
+    reactions.push_back({{"node", node}, {"rx", JsonReaction(statics, x)}, {"ry", JsonReaction(statics, x + 1)}});
   }
-  return JsonList(reactions);
+  return reactions;
 }
 
 std::string StepName(HandStepKind kind) {
@@ -92,80 +76,75 @@ std::string StepName(HandStepKind kind) {
   return kind == HandStepKind::Section ? "section" : "together";
 }
 
-std::string JsonStep(const HandStep& step) {
-  return JsonObject({{"step", JsonText(StepName(step.kind))},
-                     {"nodes", JsonNumbers(step.body.nodes)},
-                     {"reason", JsonText(step.reason)},
-                     {"equations", JsonEquations(step.equations)},
-                     {"solution", JsonTexts(step.solution)}});
+Json JsonStep(const HandStep& step) {
+  return {{"step", StepName(step.kind)},
+          {"nodes", step.body.nodes},
+          {"reason", step.reason},
+          {"equations", JsonEquations(step.equations)},
+          {"solution", step.solution}};
 }
 
-std::string JsonMembers(const Statics& statics) {
-  std::vector<std::string> members;
+Json JsonMembers(const Statics& statics) {
+  Json members = Json::array();
   for (int m = 1; m <= statics.truss.memberCount; ++m) {
     const auto at = static_cast<std::size_t>(m);
     const HandForces& forces = statics.solution.forces;
-    const std::string force = forces.memberKnown[at] != 0 ? JsonForce(statics, forces.members[at]) : "null";
-    members.push_back(JsonObject({{"member", std::to_string(m)}, {"force", force}}));
+    const Json force = forces.memberKnown[at] != 0 ? JsonForce(statics, forces.members[at]) : Json();
+    members.push_back({{"member", m}, {"force", force}});
   }
-  return JsonList(members);
+  return members;
 }
 
-std::string JsonZero(const ZeroMember& zero) {
-  return JsonObject(
-      {{"member", std::to_string(zero.member)}, {"node", std::to_string(zero.node)}, {"rule", JsonText(zero.text)}});
-}
+Json JsonZero(const ZeroMember& zero) { return {{"member", zero.member}, {"node", zero.node}, {"rule", zero.text}}; }
 
 std::string LetterAt(const ForceDiagram& diagram, int space) {
   return diagram.spaces[static_cast<std::size_t>(space)].letter;
 }
 
-std::string JsonLine(const Statics& statics, const DiagramLine& line) {
-  return JsonObject({{"member", line.member > 0 ? std::to_string(line.member) : "null"},
-                     {"node", std::to_string(line.node)},
-                     {"from", JsonText(LetterAt(statics.diagram, line.from))},
-                     {"to", JsonText(LetterAt(statics.diagram, line.to))},
-                     {"force", JsonForce(statics, line.force)}});
+Json JsonLine(const Statics& statics, const DiagramLine& line) {
+  return {{"member", line.member > 0 ? Json(line.member) : Json()},
+          {"node", line.node},
+          {"from", LetterAt(statics.diagram, line.from)},
+          {"to", LetterAt(statics.diagram, line.to)},
+          {"force", JsonForce(statics, line.force)}};
 }
 
-std::string JsonDiagram(const Statics& statics) {
-  if (!statics.diagram.whyNot.empty()) {
-    return JsonObject({{"points", "[]"}, {"lines", "[]"}, {"why_not", JsonText(statics.diagram.whyNot)}});
+Json JsonDiagram(const Statics& statics) {
+  const ForceDiagram& diagram = statics.diagram;
+  if (!diagram.whyNot.empty()) {
+    return {
+        {"points", Json::array()}, {"lines", Json::array()}, {"closing_error", Json()}, {"why_not", diagram.whyNot}};
   }
-  const std::string points = JsonEach(statics.diagram.spaces, [&](const DiagramSpace& space) {
-    return JsonObject(
-        {{"space", JsonText(space.letter)}, {"x", JsonForce(statics, space.x)}, {"y", JsonForce(statics, space.y)}});
+  const Json points = JsonListOf(diagram.spaces, [&](const DiagramSpace& space) {
+    return Json{{"space", space.letter}, {"x", JsonForce(statics, space.x)}, {"y", JsonForce(statics, space.y)}};
   });
-  const std::string lines =
-      JsonEach(statics.diagram.lines, [&](const DiagramLine& line) { return JsonLine(statics, line); });
-  return JsonObject({{"points", points},
-                     {"lines", lines},
-                     {"closing_error", JsonForce(statics, statics.diagram.closingError)},
-                     {"why_not", "null"}});
+  const Json lines = JsonListOf(diagram.lines, [&](const DiagramLine& line) { return JsonLine(statics, line); });
+  return {{"points", points},
+          {"lines", lines},
+          {"closing_error", JsonForce(statics, diagram.closingError)},
+          {"why_not", Json()}};
 }
 
 void PrintStaticsJson(const ModelSession& session, const Statics& statics, std::ostream& out) {
-  const Determinacy& verdict = statics.solution.determinacy;
-  const ReactionsFirst& first = statics.solution.reactions;
-  const std::string count = JsonObject({{"nodes", std::to_string(verdict.nodes)},
-                                        {"members", std::to_string(verdict.members)},
-                                        {"reactions", std::to_string(verdict.reactions)}});
-  out << JsonObject({{"file", JsonText(session.File())},
-                     {"determinacy", JsonText(DeterminacyName(verdict))},
-                     {"kind", JsonText(KindText(verdict))},
-                     {"degree", std::to_string(verdict.degree)},
-                     {"count", count},
-                     {"sentence", JsonText(verdict.sentence)},
-                     {"notes", JsonTexts(statics.truss.notes)},
-                     {"reactions", JsonReactions(statics)},
-                     {"reaction_equations", JsonEquations(first.equations)},
-                     {"joints", JsonEach(statics.solution.steps, JsonStep)},
-                     {"stop", statics.solution.stop.empty() ? "null" : JsonText(statics.solution.stop)},
-                     {"members", JsonMembers(statics)},
-                     {"zero_members", JsonEach(statics.zeros, JsonZero)},
-                     {"zero_by_numbers", JsonNumbers(statics.zeroByNumbers)},
-                     {"force_diagram", JsonDiagram(statics)}})
-      << '\n';
+  const HandSolution& solution = statics.solution;
+  const Determinacy& verdict = solution.determinacy;
+  const Json count{{"nodes", verdict.nodes}, {"members", verdict.members}, {"reactions", verdict.reactions}};
+  const Json values{{"file", session.File()},
+                    {"determinacy", DeterminacyName(verdict)},
+                    {"kind", KindText(verdict)},
+                    {"degree", verdict.degree},
+                    {"count", count},
+                    {"sentence", verdict.sentence},
+                    {"notes", statics.truss.notes},
+                    {"reactions", JsonReactions(statics)},
+                    {"reaction_equations", JsonEquations(solution.reactions.equations)},
+                    {"joints", JsonListOf(solution.steps, JsonStep)},
+                    {"stop", solution.stop.empty() ? Json() : Json(solution.stop)},
+                    {"members", JsonMembers(statics)},
+                    {"zero_members", JsonListOf(statics.zeros, JsonZero)},
+                    {"zero_by_numbers", statics.zeroByNumbers},
+                    {"force_diagram", JsonDiagram(statics)}};
+  PrintJsonLine(values, out);
 }
 
 void PrintEquations(const std::vector<HandEquation>& equations, std::ostream& out) {
@@ -261,9 +240,9 @@ int StatusOfStatics(const Determinacy& verdict) {
 
 } // namespace
 
-int PrintStatics(const std::string& file, OutputFormat format, std::ostream& out, std::ostream& err) {
+int PrintStatics(const std::string& file, OutputFormat format, std::istream& in, std::ostream& out, std::ostream& err) {
   ModelSession session(file, err);
-  if (!session.Open()) return ExitUsage;
+  if (!session.Open(in)) return ExitUsage;
   const Statics statics = StaticsOfModel();
   if (format == OutputFormat::Json) PrintStaticsJson(session, statics, out);
   if (format != OutputFormat::Json) PrintStaticsText(session, statics, out);

@@ -236,9 +236,7 @@ TEST_F(InfluenceTest, TimesLoadsIsTheAnalysisWithinItsDigits) {
     SetTables(model);
     const InfluenceLines lines;
     SetTables(LoadedOn(model, path, loads));
-    std::int16_t ok = FlagTrue;
-    AnalyseTruss(ok);
-    ASSERT_EQ(ok, FlagTrue) << where;
+    ASSERT_EQ(AnalyseTruss(), AnalysisEnd::Done) << where;
     const CheckedTruss truss = ReadTruss();
     const int digits = CompareResults(truss, Refine(truss)).digits;
     ASSERT_GE(digits, 1) << where;
