@@ -6,8 +6,8 @@
 #include "GeneralSolvers.h"
 #include "HeapUse.h"
 #include "LargeModels.h"
+#include "MessageBoxes.h"
 #include "Platform.h"
-#include "WindowlessHost.h"
 #include "modAnalysis.h"
 #include "modColumns.h"
 #include "modModelStore.h"
@@ -29,7 +29,7 @@ namespace strutwright {
 namespace {
 
 /// Shows nothing: a benchmark's models are sound.
-class SilentDesktop : public MessageBoxes, public WindowlessHost {
+class SilentDesktop : public MessageBoxes {
  public:
   void Show(const Message& message) override { throw std::runtime_error(message.text); }
   bool Ask(const Message& question) override { throw std::runtime_error(question.text); }
@@ -53,7 +53,7 @@ ModelData ModelOf(int numbering, int nodes) {
 
 void Prepare(const benchmark::State& state) {
   static SilentDesktop desktop;
-  ThePlatform() = {&desktop, &desktop, nullptr, nullptr};
+  ThePlatform() = {.messages = &desktop};
   SetTables(ModelOf(static_cast<int>(state.range(0)), static_cast<int>(state.range(1))));
   DofCount = static_cast<std::int16_t>(2 * NodeCount);
 }

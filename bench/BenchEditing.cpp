@@ -69,8 +69,8 @@ frmMain& Frame() {
   static NativeFileSystem files;
   static FullClipboard clipboard;
   static frmMain& frame = *new frmMain; // at the end of the process, when statics go, Qt is gone already
-  if (ThePlatform().host != nullptr) return frame;
-  ThePlatform() = {.messages = &boxes, .host = &frame, .files = &files, .clipboard = &clipboard};
+  if (ThePlatform().messages != nullptr) return frame;
+  ThePlatform() = {.messages = &boxes, .files = &files, .clipboard = &clipboard};
   ThePlatform().programFolder = ThePlatform().dataFolder = Folder().Path.string();
   frame.resize(FrameSize);
   frame.show();

@@ -2,10 +2,10 @@
 
 #include "AnalysisState.h"
 #include "LongWork.h"
+#include "MessageBoxes.h"
 #include "ModelBuilder.h"
 #include "NativeFileSystem.h"
 #include "Platform.h"
-#include "WindowlessHost.h"
 #include "modAnalysis.h"
 #include "modModelFile.h"
 #include "modModelStore.h"
@@ -25,7 +25,7 @@ namespace strutwright {
 namespace {
 
 /// Shows nothing: a benchmark's models are sound.
-class SilentDesktop : public MessageBoxes, public WindowlessHost {
+class SilentDesktop : public MessageBoxes {
  public:
   void Show(const Message& message) override { throw std::runtime_error(message.text); }
   bool Ask(const Message& question) override { throw std::runtime_error(question.text); }
@@ -35,7 +35,7 @@ class SilentDesktop : public MessageBoxes, public WindowlessHost {
 void Prepare(const benchmark::State& state) {
   static SilentDesktop desktop;
   static NativeFileSystem disk;
-  ThePlatform() = {&desktop, &desktop, &disk, nullptr};
+  ThePlatform() = {.messages = &desktop, .files = &disk};
   SetModel(PrattTruss(static_cast<int>(state.range(0))));
   DofCount = static_cast<std::int16_t>(2 * NodeCount);
 }

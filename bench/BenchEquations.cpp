@@ -1,9 +1,9 @@
 // How long the equations view takes for a truss of 5000 nodes: a press, and what a repaint asks of it.
 
 #include "EquationsState.h"
+#include "MessageBoxes.h"
 #include "ModelBuilder.h"
 #include "Platform.h"
-#include "WindowlessHost.h"
 #include "modEquationCells.h"
 #include "modEquationSteps.h"
 #include "modEquationTexts.h"
@@ -18,7 +18,7 @@ namespace {
 constexpr int Nodes = 5000;
 
 /// Shows nothing: a benchmark's models are sound.
-class SilentDesktop : public MessageBoxes, public WindowlessHost {
+class SilentDesktop : public MessageBoxes {
  public:
   void Show(const Message& message) override { throw std::runtime_error(message.text); }
   bool Ask(const Message& question) override { throw std::runtime_error(question.text); }
@@ -26,7 +26,7 @@ class SilentDesktop : public MessageBoxes, public WindowlessHost {
 
 void Prepare() {
   static SilentDesktop desktop;
-  ThePlatform() = {&desktop, &desktop};
+  ThePlatform() = {.messages = &desktop};
   TheEquations = EquationsState{};
   SetModel(PrattTruss(Nodes));
 }

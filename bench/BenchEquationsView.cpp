@@ -29,8 +29,8 @@ frmMain& Frame() {
   static SilentBoxes boxes;
   static NativeFileSystem files;
   static frmMain frame;
-  if (ThePlatform().host != nullptr) return frame;
-  ThePlatform() = {.messages = &boxes, .host = &frame, .files = &files, .dataFolder = "/nonexistent"};
+  if (ThePlatform().messages != nullptr) return frame;
+  ThePlatform() = {.messages = &boxes, .files = &files, .dataFolder = "/nonexistent"};
   frame.show();
   frame.MDIForm_Load();
   SetModel(PrattTruss(Nodes));

@@ -5,7 +5,6 @@
 #include "LongWork.h"
 #include "Platform.h"
 #include "TiledSolver.h"
-#include "WindowlessHost.h"
 #include "modSolver.h"
 
 #include <array>
@@ -69,8 +68,6 @@ TiledMatrix FullEquations() {
 void InDenseFill(benchmark::State& state) {
   const Kernel* kernel = KernelNumber(state);
   if (kernel == nullptr) return;
-  static WindowlessHost host;
-  ThePlatform() = {nullptr, &host, nullptr, nullptr};
   std::vector<float> D(FullFreedoms + 1);
   for ([[maybe_unused]] auto step : state) {
     state.PauseTiming();

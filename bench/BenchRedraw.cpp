@@ -7,7 +7,6 @@
 #include "ModelBuilder.h"
 #include "Platform.h"
 #include "QtDrawingSurface.h"
-#include "WindowlessHost.h"
 #include "modModelStore.h"
 #include "modRedraw.h"
 #include "modViewTransform.h"
@@ -27,7 +26,7 @@ constexpr int Columns = 100;
 constexpr int Rows = 50;
 
 /// Shows no box: what is drawn here is sound.
-class Desktop : public MessageBoxes, public WindowlessHost {
+class Desktop : public MessageBoxes {
  public:
   void Show(const Message& message) override { throw std::runtime_error(message.text); }
   bool Ask(const Message& question) override { throw std::runtime_error(question.text); }
@@ -69,7 +68,7 @@ class Screen {
  public:
   Screen() {
     static Desktop desktop;
-    ThePlatform() = {.messages = &desktop, .host = &desktop};
+    ThePlatform() = {.messages = &desktop};
     SetTables(Lattice());
     MakeUpResults();
     DisplaySurface = &surface;

@@ -2,8 +2,8 @@
 
 #include "AnalysisState.h"
 #include "LargeModels.h"
+#include "MessageBoxes.h"
 #include "Platform.h"
-#include "WindowlessHost.h"
 #include "modAnalysis.h"
 #include "modCheckAnswer.h"
 #include "modMember.h"
@@ -21,7 +21,7 @@ namespace strutwright {
 namespace {
 
 /// Refusals are counted, not shown.
-class SilentDesktop : public MessageBoxes, public WindowlessHost {
+class SilentDesktop : public MessageBoxes {
  public:
   void Show(const Message&) override {}
   bool Ask(const Message&) override { return false; }
@@ -134,7 +134,7 @@ void PrintZeroBars() {
 
 void PrintFigures() {
   SilentDesktop desktop;
-  ThePlatform() = {&desktop, &desktop, nullptr, nullptr};
+  ThePlatform() = {.messages = &desktop};
   PrintSpans();
   std::printf("\n");
   PrintMechanisms();

@@ -2,6 +2,7 @@
 
 #include "MemberMatrix.h"
 #include "StiffnessMatrix.h"
+#include "modModelStore.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -9,10 +10,6 @@
 #include <vector>
 
 namespace strutwright {
-
-/// True and false of the 16-bit flags.
-inline constexpr std::int16_t FlagTrue = -1;
-inline constexpr std::int16_t FlagFalse = 0;
 
 /// Codes of ReportAnalysisFailure.
 inline constexpr int EmptyModelCheck = 0;
@@ -24,15 +21,14 @@ constexpr std::size_t YFreedom(int n) { return static_cast<std::size_t>(2 * n); 
 
 /// The working arrays and results of the analysis.  Freedom 2n-1 is x and 2n is y of node n; entry 0 is not used.
 struct AnalysisState {
-  std::int16_t DofCount = 0;             ///< 2 * NodeCount
-  StiffnessMatrix GlobalStiffness;       ///< (1..DofCount, 1..DofCount), kN/mm, supports imposed
-  MemberMatrix MemberStiffnessBuffer;    ///< one member's matrix in global axes, kN/mm
-  std::vector<float> LoadVector;         ///< (0..DofCount), kN
-  std::vector<std::int16_t> FixedDof;    ///< (0..DofCount), 1 marks a restrained freedom
-  std::vector<float> Displacements;      ///< (0..DofCount), mm
-  std::vector<float> Reactions;          ///< (0..DofCount), kN, meaningful at restrained freedoms
-  std::int16_t AnalysisDone = FlagFalse; ///< the results above are valid and may be shown
-  std::optional<int> FailedCheck;        ///< code of the last reported failure; empty since an analysis began
+  std::int16_t DofCount = 0;          ///< 2 * NodeCount
+  StiffnessMatrix GlobalStiffness;    ///< (1..DofCount, 1..DofCount), kN/mm, supports imposed
+  MemberMatrix MemberStiffnessBuffer; ///< one member's matrix in global axes, kN/mm
+  std::vector<float> LoadVector;      ///< (0..DofCount), kN
+  std::vector<std::int16_t> FixedDof; ///< (0..DofCount), 1 marks a restrained freedom
+  std::vector<float> Displacements;   ///< (0..DofCount), mm
+  std::vector<float> Reactions;       ///< (0..DofCount), kN, meaningful at restrained freedoms
+  std::optional<int> FailedCheck;     ///< code of the last reported failure; empty since an analysis began
 };
 
 inline AnalysisState TheAnalysis;
@@ -43,7 +39,6 @@ inline auto& LoadVector = TheAnalysis.LoadVector;
 inline auto& FixedDof = TheAnalysis.FixedDof;
 inline auto& Displacements = TheAnalysis.Displacements;
 inline auto& Reactions = TheAnalysis.Reactions;
-inline auto& AnalysisDone = TheAnalysis.AnalysisDone;
 inline auto& FailedCheck = TheAnalysis.FailedCheck;
 
 } // namespace strutwright

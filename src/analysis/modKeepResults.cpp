@@ -1,7 +1,7 @@
 #include "modKeepResults.h"
 
 #include "AnalysisState.h"
-#include "Platform.h"
+#include "ModelEvents.h"
 #include "modModelStore.h"
 
 namespace strutwright {
@@ -37,7 +37,8 @@ KeptResults::KeptResults() {
   if (HoldSameInput(nodes, NodeTable) && HoldSameInput(members, MemberTable)) {
     Members = members;
   } else {
-    TheHost().EndAnalysis(true);
+    EndAnalysis();
+    ModelEvents().ModelChanged();
   }
 }
 

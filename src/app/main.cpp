@@ -35,7 +35,6 @@ int RunProgram(int argc, char** argv) {
   strutwright::QtPrinters printers;
   strutwright::frmMain frame;
   strutwright::ThePlatform() = {.messages = &messages,
-                                .host = &frame,
                                 .files = &files,
                                 .dialog = &dialog,
                                 .programFolder = strutwright::ExecutableFolder(),
@@ -47,7 +46,9 @@ int RunProgram(int argc, char** argv) {
                                 .executable = strutwright::ExecutablePath(),
                                 .icon = strutwright::IconPath(strutwright::ExecutableFolder()),
                                 .paper = &paper,
-                                .printers = &printers};
+                                .printers = &printers,
+                                .hints = &frame.Status(),
+                                .progress = &frame.Status()};
   frame.RestorePlace();
   frame.show();
   strutwright::Guard([&frame] { frame.MDIForm_Load(); });

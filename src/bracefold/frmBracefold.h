@@ -1,7 +1,6 @@
 #pragma once
 
 #include "DisplayArea.h"
-#include "WindowlessHost.h"
 #include "modTrussFamilies.h"
 
 #include <array>
@@ -21,7 +20,7 @@ namespace strutwright {
 
 /// Bracefold's window: the description of a truss, and its picture, which follows while one types.
 /// It is the host of the drawing.  The open model is the truss of the last description without a fault.
-class frmBracefold : public QWidget, public WindowlessHost, private DisplayListener {
+class frmBracefold : public QWidget, private DisplayListener {
  public:
   /// texts: without a fault.
   frmBracefold(const TrussFamily& family, const TrussTexts& texts);

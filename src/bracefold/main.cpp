@@ -52,7 +52,6 @@ int ShowWindow(char* programName, const TrussFamily& family, const TrussTexts& t
   ThePlatform().dialog = &dialog;
   ThePlatform().shell = &shell;
   ThePlatform().programFolder = ExecutableFolder();
-  ThePlatform().host = &window;
   window.show();
   return QApplication::exec();
 }

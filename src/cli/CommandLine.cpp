@@ -52,6 +52,12 @@ std::string LayersFault(PictureRequest& picture, const std::string& names) {
   return unknown ? "\"" + *unknown + "\" is none of " + PictureLayers : "";
 }
 
+std::string StyleFault(PictureRequest& picture, const std::string& name) {
+  if (name != "clear" && name != "described") return "\"" + name + "\" is neither clear nor described";
+  picture.style = name == "clear" ? DrawingStyle::Clear : DrawingStyle::Described;
+  return "";
+}
+
 std::string ScaleFault(PictureRequest& picture, const std::string& text) {
   const std::optional<float> scale = NumericValue(text);
   if (!scale || *scale < 1 || *scale > 5000) return "\"" + text + "\" is not a number from 1 to 5000";
@@ -91,6 +97,10 @@ void AddPicture(CLI::App& command, PictureRequest& picture) {
   AddPictureFile(command, picture, "Also draw each model with its results: .png, .svg, otherwise a bitmap");
   AddPictureOption(command, picture, "--layers", "What the picture shows; everything unless told", PictureLayers,
                    LayersFault);
+  AddPictureOption(command, picture, "--style",
+                   "How the picture is drawn: clear, so that no label stands on another, or described, in metres of "
+                   "the truss; clear unless told",
+                   "clear,described", StyleFault);
   AddPictureOption(command, picture, "--deflection-scale",
                    "Of the deflected shape, in mm drawn per mm; 100 unless told", "NUMBER", ScaleFault);
 }

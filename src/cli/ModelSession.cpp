@@ -33,8 +33,8 @@ std::string OnOneLine(const std::string& text) {
 } // namespace
 
 ModelSession::ModelSession(std::string file, std::ostream& err) : FileName(std::move(file)), Err(err) {
-  Ensure(ThePlatform().host == nullptr, "one model is open at a time");
-  ThePlatform() = {.messages = this, .host = this, .files = &Disk, .paper = &Pages};
+  Ensure(ThePlatform().messages == nullptr, "one model is open at a time");
+  ThePlatform() = {.messages = this, .files = &Disk, .paper = &Pages};
   TheModel = ModelState{};
   TheAnalysis = AnalysisState{};
   TheFiles = FileState{};

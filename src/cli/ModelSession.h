@@ -1,10 +1,8 @@
 #pragma once
 
-#include "Host.h"
 #include "MessageBoxes.h"
 #include "ModelInput.h"
 #include "QtPaper.h"
-#include "WindowlessHost.h"
 
 #include <iosfwd>
 #include <string>
@@ -15,7 +13,7 @@ namespace strutwright {
 /// One model in an otherwise fresh program, without a window: what would be shown in a box is kept, and printed to
 /// `err` as a line that begins with the file's name.
 /// Only one session can exist at a time, because the model and its results are process-wide.
-class ModelSession : private MessageBoxes, private WindowlessHost {
+class ModelSession : private MessageBoxes {
  public:
   ModelSession(std::string file, std::ostream& err);
   ~ModelSession() override;

@@ -76,7 +76,8 @@ void MakePicture(const PictureRequest& request, const std::string& file, bool an
                  .deflectedShape = analysed && request.deflectedShape,
                  .deflectionScale = request.deflectionScale,
                  .extents = ExtentsOfModel(1),
-                 .frameExtents = true});
+                 .frameExtents = true,
+                 .style = request.style});
   surface.SavePicture(file);
 }
 

@@ -18,6 +18,7 @@ struct PictureRequest {
   bool memberForces = true;
   bool deflectedShape = true;
   float deflectionScale = 100; ///< mm drawn per mm
+  DrawingStyle style = DrawingStyle::Clear;
 };
 
 /// The names of the layers, in the order of the drawing's switches.

@@ -2,7 +2,6 @@
 #include "Commands.h"
 #include "HandTexts.h"
 #include "ModelSession.h"
-#include "Output.h"
 #include "modForceDiagram.h"
 #include "modHandSolution.h"
 #include "modModelStore.h"
@@ -10,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <ostream>
 
 namespace strutwright {
@@ -43,22 +43,32 @@ std::string DeterminacyName(const Determinacy& determinacy) {
   return determinacy.kind == TrussKind::Indeterminate ? "indeterminate" : KindText(determinacy);
 }
 
-/// A force in kN as a JSON number; what is none but for rounding is 0.
+/// A force in kN; what is none but for rounding is 0.
 Json JsonForce(const Statics& statics, double value) {
+  constexpr double largest = std::numeric_limits<float>::max();
+  if (!(std::abs(value) <= largest)) return nullptr;
   return JsonNumber(std::abs(value) <= statics.truss.nothing ? 0.0F : static_cast<float>(value));
 }
 
+template <typename Items, typename Value>
+Json JsonEach(const Items& items, const Value& value) {
+  Json values = Json::array();
+  for (const auto& item : items) values.push_back(value(item));
+  return values;
+}
+
 Json JsonEquations(const std::vector<HandEquation>& equations) {
-  return JsonListOf(equations, [](const HandEquation& equation) {
+  return JsonEach(equations, [](const HandEquation& equation) {
     return Json{{"title", equation.title}, {"equation", equation.text}};
   });
 }
 
 /// A support's part in a direction: 0 where it does not hold, null where it is not known.
 Json JsonReaction(const Statics& statics, std::size_t freedom) {
-  if (statics.truss.fixed[freedom] == 0) return 0;
+  if (statics.truss.fixed[freedom] == 0) return JsonNumber(0);
   const HandForces& forces = statics.solution.forces;
-  return forces.reactionKnown[freedom] != 0 ? JsonForce(statics, forces.reactions[freedom]) : Json();
+  if (forces.reactionKnown[freedom] == 0) return nullptr;
+  return JsonForce(statics, forces.reactions[freedom]);
 }
 
 Json JsonReactions(const Statics& statics) {
@@ -66,7 +76,7 @@ Json JsonReactions(const Statics& statics) {
   for (int node = 1; node <= statics.truss.nodeCount; ++node) {
     if (!statics.truss.HasSupport(node)) continue;
     const auto x = static_cast<std::size_t>(2 * node - 1);
-    reactions.push_back({{"node", node}, {"rx", JsonReaction(statics, x)}, {"ry", JsonReaction(statics, x + 1)}});
+    reactions.push_back(Json{{"node", node}, {"rx", JsonReaction(statics, x)}, {"ry", JsonReaction(statics, x + 1)}});
   }
   return reactions;
 }
@@ -77,11 +87,11 @@ std::string StepName(HandStepKind kind) {
 }
 
 Json JsonStep(const HandStep& step) {
-  return {{"step", StepName(step.kind)},
-          {"nodes", step.body.nodes},
-          {"reason", step.reason},
-          {"equations", JsonEquations(step.equations)},
-          {"solution", step.solution}};
+  return Json{{"step", StepName(step.kind)},
+              {"nodes", step.body.nodes},
+              {"reason", step.reason},
+              {"equations", JsonEquations(step.equations)},
+              {"solution", step.solution}};
 }
 
 Json JsonMembers(const Statics& statics) {
@@ -89,62 +99,64 @@ Json JsonMembers(const Statics& statics) {
   for (int m = 1; m <= statics.truss.memberCount; ++m) {
     const auto at = static_cast<std::size_t>(m);
     const HandForces& forces = statics.solution.forces;
-    const Json force = forces.memberKnown[at] != 0 ? JsonForce(statics, forces.members[at]) : Json();
-    members.push_back({{"member", m}, {"force", force}});
+    const Json force = forces.memberKnown[at] != 0 ? JsonForce(statics, forces.members[at]) : Json(nullptr);
+    members.push_back(Json{{"member", m}, {"force", force}});
   }
   return members;
 }
 
-Json JsonZero(const ZeroMember& zero) { return {{"member", zero.member}, {"node", zero.node}, {"rule", zero.text}}; }
+Json JsonZero(const ZeroMember& zero) {
+  return Json{{"member", zero.member}, {"node", zero.node}, {"rule", zero.text}};
+}
 
 std::string LetterAt(const ForceDiagram& diagram, int space) {
   return diagram.spaces[static_cast<std::size_t>(space)].letter;
 }
 
 Json JsonLine(const Statics& statics, const DiagramLine& line) {
-  return {{"member", line.member > 0 ? Json(line.member) : Json()},
-          {"node", line.node},
-          {"from", LetterAt(statics.diagram, line.from)},
-          {"to", LetterAt(statics.diagram, line.to)},
-          {"force", JsonForce(statics, line.force)}};
+  return Json{{"member", line.member > 0 ? Json(line.member) : Json(nullptr)},
+              {"node", line.node},
+              {"from", LetterAt(statics.diagram, line.from)},
+              {"to", LetterAt(statics.diagram, line.to)},
+              {"force", JsonForce(statics, line.force)}};
 }
 
 Json JsonDiagram(const Statics& statics) {
   const ForceDiagram& diagram = statics.diagram;
   if (!diagram.whyNot.empty()) {
-    return {
-        {"points", Json::array()}, {"lines", Json::array()}, {"closing_error", Json()}, {"why_not", diagram.whyNot}};
+    return Json{
+        {"points", Json::array()}, {"lines", Json::array()}, {"closing_error", nullptr}, {"why_not", diagram.whyNot}};
   }
-  const Json points = JsonListOf(diagram.spaces, [&](const DiagramSpace& space) {
+  const Json points = JsonEach(diagram.spaces, [&](const DiagramSpace& space) {
     return Json{{"space", space.letter}, {"x", JsonForce(statics, space.x)}, {"y", JsonForce(statics, space.y)}};
   });
-  const Json lines = JsonListOf(diagram.lines, [&](const DiagramLine& line) { return JsonLine(statics, line); });
-  return {{"points", points},
-          {"lines", lines},
-          {"closing_error", JsonForce(statics, diagram.closingError)},
-          {"why_not", Json()}};
+  const Json lines = JsonEach(diagram.lines, [&](const DiagramLine& line) { return JsonLine(statics, line); });
+  return Json{{"points", points},
+              {"lines", lines},
+              {"closing_error", JsonForce(statics, diagram.closingError)},
+              {"why_not", nullptr}};
 }
 
 void PrintStaticsJson(const ModelSession& session, const Statics& statics, std::ostream& out) {
-  const HandSolution& solution = statics.solution;
-  const Determinacy& verdict = solution.determinacy;
+  const Determinacy& verdict = statics.solution.determinacy;
+  const std::string& stop = statics.solution.stop;
   const Json count{{"nodes", verdict.nodes}, {"members", verdict.members}, {"reactions", verdict.reactions}};
-  const Json values{{"file", session.File()},
-                    {"determinacy", DeterminacyName(verdict)},
-                    {"kind", KindText(verdict)},
-                    {"degree", verdict.degree},
-                    {"count", count},
-                    {"sentence", verdict.sentence},
-                    {"notes", statics.truss.notes},
-                    {"reactions", JsonReactions(statics)},
-                    {"reaction_equations", JsonEquations(solution.reactions.equations)},
-                    {"joints", JsonListOf(solution.steps, JsonStep)},
-                    {"stop", solution.stop.empty() ? Json() : Json(solution.stop)},
-                    {"members", JsonMembers(statics)},
-                    {"zero_members", JsonListOf(statics.zeros, JsonZero)},
-                    {"zero_by_numbers", statics.zeroByNumbers},
-                    {"force_diagram", JsonDiagram(statics)}};
-  PrintJsonLine(values, out);
+  PrintJsonLine({{"file", session.File()},
+                 {"determinacy", DeterminacyName(verdict)},
+                 {"kind", KindText(verdict)},
+                 {"degree", verdict.degree},
+                 {"count", count},
+                 {"sentence", verdict.sentence},
+                 {"notes", statics.truss.notes},
+                 {"reactions", JsonReactions(statics)},
+                 {"reaction_equations", JsonEquations(statics.solution.reactions.equations)},
+                 {"joints", JsonEach(statics.solution.steps, JsonStep)},
+                 {"stop", stop.empty() ? Json(nullptr) : Json(stop)},
+                 {"members", JsonMembers(statics)},
+                 {"zero_members", JsonEach(statics.zeros, JsonZero)},
+                 {"zero_by_numbers", statics.zeroByNumbers},
+                 {"force_diagram", JsonDiagram(statics)}},
+                out);
 }
 
 void PrintEquations(const std::vector<HandEquation>& equations, std::ostream& out) {

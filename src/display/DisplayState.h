@@ -3,6 +3,7 @@
 #include "DrawingSurface.h"
 #include "MouseState.h"
 #include "TrussView.h"
+#include "modClearDrawing.h"
 
 #include <cstdint>
 
@@ -24,13 +25,17 @@ struct DisplayState {
 
   float GridSpacingX = 1;           ///< m
   float GridSpacingY = 1;           ///< m
-  float PickRadius = 0.1F;          ///< m, for picking nodes and snapping to grid points
   std::int16_t StartNodeNumber = 1; ///< kept and shown; nodes are numbered by their rows
   std::int16_t GridLineStyle = 1;   ///< 0 solid, 1 dashed
 
   bool DrawNodeMode = false;   ///< a click adds a node at the nearest grid point
   bool DrawMemberMode = false; ///< two clicks on nodes add a member
   MouseState Mouse;            ///< the other modes, and what the mouse is in the middle of
+
+  DrawingStyle Style = DrawingStyle::Described;
+  bool WidthByForce = true; ///< in the clear drawing a member is wider the larger its force
+  bool ShowLegend = true;   ///< in the clear drawing
+  ClearMemory Memory;       ///< of the clear drawing on DisplaySurface
 };
 
 inline DisplayState TheDisplay;
@@ -47,7 +52,6 @@ inline auto& DeflectionScale = TheDisplay.DeflectionScale;
 inline auto& LoadsScale = TheDisplay.LoadsScale;
 inline auto& GridSpacingX = TheDisplay.GridSpacingX;
 inline auto& GridSpacingY = TheDisplay.GridSpacingY;
-inline auto& PickRadius = TheDisplay.PickRadius;
 inline auto& StartNodeNumber = TheDisplay.StartNodeNumber;
 inline auto& GridLineStyle = TheDisplay.GridLineStyle;
 inline auto& DrawNodeMode = TheDisplay.DrawNodeMode;

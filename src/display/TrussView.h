@@ -2,6 +2,7 @@
 
 #include "DrawingSurface.h"
 
+#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -33,6 +34,11 @@ struct GridLines {
   LineStyle style = LineStyle::Dashed;
 };
 
+/// How the truss is drawn: in world metres, or clear, with symbols and labels in pixels that nothing stands on.
+enum class DrawingStyle : std::uint8_t { Described, Clear };
+
+class ClearMemory;
+
 /// Takes the text of a drawing failure.
 using FailureReport = std::function<void(const std::string& text)>;
 
@@ -51,6 +57,10 @@ struct TrussView {
   float unit = 1;            ///< drawn m for a m of the truss
   ModelExtents extents = {}; ///< drawn m; numbers stand off their nodes by a part of the largest x
   bool frameExtents = false; ///< frame the extents first
+  DrawingStyle style = DrawingStyle::Described;
+  bool widthByForce = true;      ///< in the clear drawing a member is wider the larger its force
+  bool legend = true;            ///< in the clear drawing
+  ClearMemory* memory = nullptr; ///< what the clear drawing kept on this surface; nullptr for one drawn once
   FailureReport failures = ShowDrawingFailure;
 };
 

@@ -2,7 +2,7 @@
 
 #include "AnalysisState.h"
 #include "DisplayState.h"
-#include "Platform.h"
+#include "ViewEvents.h"
 #include "modNumberText.h"
 #include "modRubberBands.h"
 
@@ -35,7 +35,7 @@ const std::array<ModeFlag, 6>& ModeFlags() {
 void DropHalfMember() {
   const bool isHalfDrawn = TheMouse.PickCount > 0;
   ForgetPicks();
-  if (isHalfDrawn) TheHost().DropHighlight();
+  if (isHalfDrawn) ViewEvents().ViewChanged();
 }
 
 } // namespace

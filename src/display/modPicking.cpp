@@ -66,15 +66,6 @@ bool LieTogether(int i, int j) {
 
 } // namespace
 
-int FindNode(float x, float y) {
-  for (int n = 1; n <= NodeCount; ++n) {
-    const double dx = static_cast<double>(x) - NodeTable(n, NodeX);
-    const double dy = static_cast<double>(y) - NodeTable(n, NodeY);
-    if (std::sqrt(dx * dx + dy * dy) < PickRadius) return n;
-  }
-  return 0;
-}
-
 int FindMember(float x, float y) {
   for (int m = 1; m <= MemberCount; ++m) {
     if (IsHit(m, x, y)) return m;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "modNodeSearch.h"
+
 #include <string>
 
 namespace strutwright {
@@ -13,9 +15,6 @@ struct WorldPoint {
 
   bool operator==(const WorldPoint&) const = default;
 };
-
-/// The first node, in number order, that lies closer than PickRadius; 0 when there is none.
-int FindNode(float x, float y);
 
 /// The first member, in number order, whose line passes closer than PickRadius within its ends; 0 when there is none.
 /// The ends count by their coordinates, PickRadius farther in each direction.  A member without length is hit round

@@ -1,6 +1,7 @@
 #include "modRedraw.h"
 
 #include "AnalysisState.h"
+#include "ClearFraming.h"
 #include "DisplayState.h"
 #include "modDrawing.h"
 #include "modModelRendering.h"
@@ -10,8 +11,40 @@
 
 namespace strutwright {
 
+namespace {
+
+void DrawInClearStyle(DrawingSurface& surface, const TrussView& view) {
+  ClearMemory once;
+  const ClearSettings settings = SettingsOf(view);
+  TryDrawing(
+      [&] {
+        if (!view.frameExtents) return;
+        if (const auto window = ClearFrame(surface, settings)) surface.SetWindow(*window);
+      },
+      view.failures);
+  DrawClear(surface, ViewOf(surface, surface.Window()), settings, view.memory != nullptr ? *view.memory : once,
+            view.failures);
+}
+
+} // namespace
+
+ClearSettings SettingsOf(const TrussView& view) {
+  return {.layers = view.layers,
+          .reactions = view.reactions,
+          .memberForces = view.memberForces,
+          .deflectedShape = view.deflectedShape,
+          .deflectionScale = view.deflectionScale,
+          .loadsScale = view.loadsScale,
+          .widthByForce = view.widthByForce,
+          .legend = view.legend,
+          .gridSpacingX = view.grid.spacingX,
+          .gridSpacingY = view.grid.spacingY,
+          .gridDashed = view.grid.style == LineStyle::Dashed};
+}
+
 void Draw(DrawingSurface& surface, const TrussView& view) {
   TryDrawing([&surface] { surface.Clear(); }, view.failures);
+  if (view.style == DrawingStyle::Clear) return DrawInClearStyle(surface, view);
   DrawModel(surface, view);
   if (view.deflectedShape) DrawDeflectedShape(Displacements, surface, view);
   if (view.memberForces) DrawMemberForces(surface, view);
@@ -33,7 +66,10 @@ TrussView ViewOfDisplay() {
           .loadsScale = LoadsScale,
           .grid = GridOfDisplay(),
           .extents = TheDisplay.Extents,
-          .frameExtents = !KeepView};
+          .frameExtents = !KeepView,
+          .style = TheDisplay.Style,
+          .widthByForce = TheDisplay.WidthByForce,
+          .legend = TheDisplay.ShowLegend};
 }
 
 void RedrawDisplay(DrawingSurface* surface, bool zoomToExtents, const FailureReport& failures) {
@@ -43,6 +79,7 @@ void RedrawDisplay(DrawingSurface* surface, bool zoomToExtents, const FailureRep
   if (surface == DisplaySurface) ForgetRubberBands();
   TrussView view = ViewOfDisplay();
   view.failures = failures;
+  if (surface == DisplaySurface) view.memory = &TheDisplay.Memory;
   Draw(*surface, view);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ClearSettings.h"
 #include "TrussView.h"
 
 namespace strutwright {
@@ -8,6 +9,9 @@ namespace strutwright {
 /// forces and the reactions.  The model and what the display shows stay as they are.
 /// Failures have been reported by then, and nothing is thrown.
 void Draw(DrawingSurface& surface, const TrussView& view);
+
+/// What a view asks of the clear drawing, which knows no unit: its symbols have a size in pixels.
+ClearSettings SettingsOf(const TrussView& view);
 
 /// The view of the truss display as it is set; the extents are those last framed.
 TrussView ViewOfDisplay();

@@ -1,7 +1,7 @@
 #include "modEditSnapshot.h"
 
 #include "FileState.h"
-#include "Platform.h"
+#include "ModelEvents.h"
 #include "modModelStore.h"
 
 #include <cstddef>
@@ -38,14 +38,14 @@ EditSnapshot TakeSnapshot() {
 }
 
 void RestoreSnapshot(const EditSnapshot& snapshot) {
-  TheHost().EndAnalysis(false); // or its results would be drawn on the model that comes back
+  EndAnalysis(); // or its results would be drawn on the model that comes back
   WriteTexts(snapshot.joints, GrJoints);
   WriteTexts(snapshot.members, GrMembers);
   GridCapacity = snapshot.gridCapacity;
   CurrentFileName = snapshot.currentFileName;
   TheFiles.Opened.open = snapshot.modelNumber;
   RebuildModelFromGrids();
-  TheHost().Redraw(false);
+  ModelEvents().ModelChanged();
 }
 
 } // namespace strutwright

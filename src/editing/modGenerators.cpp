@@ -3,6 +3,7 @@
 #include "AnalysisState.h"
 #include "DataCellWriter.h"
 #include "EditingState.h"
+#include "ModelEvents.h"
 #include "Platform.h"
 #include "modGrids.h"
 #include "modKeepResults.h"
@@ -78,7 +79,7 @@ void MakeRoom(Grid& grid, int largest) {
 void RebuildAfterAssignment() {
   const auto counts = std::pair(NodeCount, MemberCount);
   RebuildModelFromGrids();
-  if (AnalysisDone != FlagFalse && counts != std::pair(NodeCount, MemberCount)) TheHost().EndAnalysis(false);
+  if (AnalysisDone != FlagFalse && counts != std::pair(NodeCount, MemberCount)) EndAnalysis();
 }
 
 } // namespace
@@ -96,14 +97,14 @@ void GenerateNodeLine(const NodeLineTexts& texts) {
   RebuildKeepingResults(); // rows pasted since the last rebuild are not free
   const int rows = 1 + NodeCount + std::max(n, 1);
   if (rows > GrJoints.RowCount()) GrJoints.SetRowCount(rows); // throws before anything has changed
-  TheHost().EndAnalysis(false);
+  EndAnalysis();
   if (n < 2) {
     addNode(line->start.x, line->start.y);
   } else {
     AddNodesOf(*line, n);
   }
   RebuildModelFromGrids();
-  TheHost().Redraw(false);
+  ModelEvents().ModelChanged();
 }
 
 void fillListedRows(const std::string& list, Grid& grid, const std::string& value1, const std::string& value2,
@@ -119,7 +120,7 @@ void fillListedRows(const std::string& list, Grid& grid, const std::string& valu
   for (const int row : rows) cells.Write(row, column2, value2);
   cells.TellFirstMiss();
   RebuildAfterAssignment();
-  TheHost().Redraw(false);
+  ModelEvents().ModelChanged();
   rangeError = false;
 }
 

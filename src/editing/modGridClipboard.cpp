@@ -2,6 +2,7 @@
 
 #include "AnalysisState.h"
 #include "DataCellWriter.h"
+#include "ModelEvents.h"
 #include "Platform.h"
 #include "modCellEditing.h"
 #include "modKeepResults.h"
@@ -134,11 +135,11 @@ void PastedBlock::ReportFailures() const {
 /// What is pasted while results are shown must not take them away.
 void ShowPastedRows() {
   if (AnalysisDone != FlagFalse) {
-    TheHost().ShowHint("The grids have changed. Refresh or Run Analysis takes the change in.");
+    ShowHint("The grids have changed. Refresh or Run Analysis takes the change in.");
     return;
   }
   RebuildModelFromGrids();
-  TheHost().Redraw(false);
+  ModelEvents().ModelChanged();
 }
 
 } // namespace

@@ -54,15 +54,8 @@ void initGrids() {
   WriteHeadings(mResGr, MemberResultColumns);
 }
 
-void ClearGrid(Grid& grid, std::int16_t n) {
-  for (int row = 1; row < grid.RowCount(); ++row) {
-    for (int column = 1; column < grid.ColumnCount(); ++column) grid.SetText(row, column, "");
-  }
-  grid.SetRowCount(n + 1);
-}
-
-void NumberRows(Grid& grid) {
-  for (int row = 1; row < grid.RowCount(); ++row) grid.SetText(row, 0, std::to_string(row));
+void ClearResultGrids() {
+  for (Grid* grid : {&jResGr, &mResGr}) ClearGrid(*grid, GridCapacity);
 }
 
 void resultGrids() {

@@ -30,11 +30,8 @@ inline constexpr std::array<GridColumn, 5> MemberResultColumns{{
 /// the results grids.
 void initGrids();
 
-/// Empties every cell but the headers, then gives the grid n data rows.
-void ClearGrid(Grid& grid, std::int16_t n);
-
-/// Writes the number of each data row into its column 0.
-void NumberRows(Grid& grid);
+/// Empties the results grids and gives each GridCapacity data rows.
+void ClearResultGrids();
 
 /// Fills the results grids from the results of the analysis: displacements in mm, reactions and forces in kN, stresses
 /// in N/mm2, elongations in mm.  A member that can't stretch is shown to the user as it is listed.

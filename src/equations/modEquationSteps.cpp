@@ -4,6 +4,7 @@
 #include "AnalysisTexts.h"
 #include "EquationsState.h"
 #include "LongWork.h"
+#include "ModelEvents.h"
 #include "Platform.h"
 #include "modAnalysis.h"
 #include "modKeepResults.h"

@@ -1,6 +1,8 @@
 #include "modFileCommands.h"
 
+#include "FileEvents.h"
 #include "FileState.h"
+#include "ModelEvents.h"
 #include "Platform.h"
 #include "modKeepResults.h"
 #include "modModelFile.h"
@@ -10,6 +12,7 @@
 #include "modRecentFiles.h"
 #include "modSavedModels.h"
 
+#include <algorithm>
 #include <exception>
 #include <functional>
 #include <utility>
@@ -56,7 +59,7 @@ bool TakeNameToOpen() {
   return true;
 }
 
-void ShowFileNameInCaption() { TheHost().SetCaption(LastComponent(CurrentFileName)); }
+void ShowFileNameInCaption() { FileEvents().CaptionChanged(LastComponent(CurrentFileName)); }
 
 std::string Number(std::size_t count) { return std::to_string(count); }
 
@@ -84,11 +87,17 @@ void NoteSaved() {
 void ShowOpenedModel() {
   CopyModelToGrids();
   NoteFile(CurrentFileName, ModelInGrids());
-  TheHost().ResetEquations();
   ShowFileNameInCaption();
-  TheHost().ClearSurface();
-  TheHost().ResetScales();
-  TheHost().Redraw(true);
+  FileEvents().FileOpened();
+  ModelEvents().ModelReplaced();
+}
+
+void ClearDataGrids() {
+  for (Grid* grid : {&GrJoints, &GrMembers}) {
+    ClearGrid(*grid, GridCapacity);
+    NumberRows(*grid);
+    grid->SetCurrentCell(std::min(1, grid->RowCount() - 1), 1); // the first row comes when it is needed
+  }
 }
 
 enum class Listing { Listed, Unlisted };
@@ -96,7 +105,7 @@ enum class Listing { Listed, Unlisted };
 void OpenCurrentFile(Listing listing) {
   StoredModel model = LoadModelFile(CurrentFileName);
   const std::string shortcomings = Shortcomings(model);
-  TheHost().EndAnalysis(false); // or its results would be drawn on the new model
+  EndAnalysis(); // or its results would be drawn on the new model
   TakeModel(std::move(model));
   BeginModel(CurrentFileName);
   if (listing == Listing::Listed) addRecentFile(CurrentFileName);
@@ -156,25 +165,24 @@ void OpenRecentFile(int index) {
 void newModel() {
   const std::string fileName = OwnFile("newTruss.stw");
   BeginModel("");
-  TheHost().EndAnalysis(false);
+  EndAnalysis();
   NodeCount = 0;
   MemberCount = 0;
   NodeTable.Recreate(NodeCount);
   MemberTable.Recreate(MemberCount);
-  TheHost().ClearSurface();
   CurrentFileName = fileName;
   NoteFile(CurrentFileName, WriteModel());
-  TheHost().ClearGrids();
+  ClearDataGrids();
+  ModelEvents().ModelEmptied();
   ShowFileNameInCaption();
-  TheHost().ResetEquations();
-  TheHost().Redraw(true);
+  ModelEvents().ModelReplaced();
 }
 
-void savePicture() {
+void savePicture(const std::function<void(const std::string&)>& save) {
   try {
     SetDialog("Save Truss Display As", OverwritePrompt, PictureFilter);
-    if (!AskNameToSave(savePicture)) return;
-    TheHost().SavePicture(TheFileDialog().fileName);
+    if (!AskNameToSave([&save] { savePicture(save); })) return;
+    save(TheFileDialog().fileName);
   } catch (const std::exception& failure) {
     ReportSaveFailure(TheFileDialog().fileName, failure.what());
   }

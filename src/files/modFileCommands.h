@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 namespace strutwright {
@@ -36,9 +37,10 @@ void OpenRecentFile(int index);
 /// program's own files without asking, on purpose: a new model can be kept without thinking of a name.
 void newModel();
 
-/// Saves the drawing under a name that the user is asked for, with the same second chance as saveModel.
+/// Saves a drawing under a name that the user is asked for, with the same second chance as saveModel.
 /// A failure shows "Error while saving file ", the name and the reason.
-void savePicture();
+/// save: writes it to a path; may throw FileError.
+void savePicture(const std::function<void(const std::string& path)>& save);
 
 /// Writes the model to temp_truss.stw among the program's own files and reads it back, which also sizes the tables to
 /// the counts.  Another running copy of the program waits meanwhile, so that neither reads the other's model.

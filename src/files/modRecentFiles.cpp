@@ -1,5 +1,6 @@
 #include "modRecentFiles.h"
 
+#include "FileEvents.h"
 #include "FileState.h"
 #include "Platform.h"
 #include "modFirstRun.h"
@@ -143,7 +144,7 @@ void startUpList() {
   } else {
     TakeStoredList();
   }
-  TheHost().ShowRecentFiles();
+  FileEvents().RecentFilesChanged();
 }
 
 void addRecentFile(const std::string& path) {
@@ -157,20 +158,20 @@ void addRecentFile(const std::string& path) {
     WriteEntries();
   }
   Trim();
-  TheHost().ShowRecentFiles();
+  FileEvents().RecentFilesChanged();
 }
 
 void refreshCaptions() {
   if (ThePlatform().settings == nullptr) return;
   WriteEntries();
-  TheHost().ShowRecentFiles();
+  FileEvents().RecentFilesChanged();
 }
 
 void applyMaxFiles() {
   if (ThePlatform().settings == nullptr) return;
   Settings().Refresh();
   Trim();
-  TheHost().ShowRecentFiles();
+  FileEvents().RecentFilesChanged();
 }
 
 std::string ShownPath(const std::string& path) {

@@ -1,5 +1,6 @@
 #include "modRecovery.h"
 
+#include "FileEvents.h"
 #include "FileState.h"
 #include "Platform.h"
 #include "modFileCommands.h"
@@ -120,7 +121,7 @@ void Restore(RecoveryFile file) {
   }
   TheFiles.SavedModels.erase(file.path);
   CurrentFileName.clear();
-  TheHost().SetCaption("Restored model");
+  FileEvents().CaptionChanged("Restored model");
   file.content = ModelInGrids();
   file.restored = true;
   TheFiles.OwnRecovery = std::move(file);
@@ -150,7 +151,7 @@ void RestoreUnsavedModel() {
   KeepRecovery();
   Try([] {
     std::optional<RecoveryFile> file = LeftFile();
-    if (!file) return TheHost().ShowHint("There is no unsaved model to restore");
+    if (!file) return ShowHint("There is no unsaved model to restore");
     Restore(std::move(*file));
   });
 }

@@ -1,7 +1,9 @@
 #include "modModelEditing.h"
 
+#include "ModelEvents.h"
 #include "Platform.h"
 #include "modModelStore.h"
+#include "modNodeSearch.h"
 #include "modNumberText.h"
 
 #include <algorithm>
@@ -27,7 +29,7 @@ void CheckDataRow(const Grid& grid, int row) {
 
 bool Confirm(const std::string& question) {
   if (AskQuestion(question)) return true;
-  TheHost().DropHighlight();
+  ModelEvents().PickDropped();
   return false;
 }
 
@@ -119,7 +121,7 @@ void LowerNodeNumbersAbove(int n) {
 
 /// Keeps the row of the node at the world origin among those that stay.
 void SpareOriginNode(RowMarks& removed) {
-  const auto row = static_cast<std::size_t>(TheHost().NodeAt(0, 0));
+  const auto row = static_cast<std::size_t>(FindNode(0, 0));
   if (row > 0 && row < removed.size() && IsNumeric(GrJoints.Text(static_cast<int>(row), NodeX))) removed[row] = false;
 }
 
@@ -186,9 +188,9 @@ void RenumberMemberNodes(const std::vector<int>& newNumbers) {
 
 void AfterModelEdit() {
   // Without a current analysis there is nothing to end, and ending it shows nothing.
-  TheHost().EndAnalysis(false);
+  EndAnalysis();
   RebuildModelFromGrids();
-  TheHost().Redraw(false);
+  ModelEvents().ModelChanged();
 }
 
 void FilterNumericKey(char32_t& key, bool allowMinus) {

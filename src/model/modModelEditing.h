@@ -12,7 +12,7 @@ namespace strutwright {
 
 /// Deletes a node and every member that meets it; the nodes behind it move up, and the members' node numbers follow.
 /// n: a data row of GrJoints, or GridRangeError is thrown and nothing has changed.
-/// ask: let the user confirm; where the user declines, the highlight of the node is dropped and nothing has changed.
+/// ask: let the user confirm; where the user declines, the pick of the node is dropped and nothing has changed.
 /// Members are judged by the node numbers from before the deletion, compared as the floats that they are.
 void DeleteNode(int n, bool ask);
 
@@ -25,7 +25,7 @@ void DeleteMember(int m, bool ask);
 bool CompressGrid(Grid& grid);
 
 /// Removes the rows of GrJoints or GrMembers that hold nothing: every data cell empty, blank or a numeric zero.
-/// The node at the world origin is something: the row that the host finds there stays when it has a numeric x.
+/// The node at the world origin is something: the row that FindNode finds there stays when it has a numeric x.
 /// The members' node numbers follow the nodes; those that named a removed row become 0.
 /// The tables must hold what the grids do.  Rows and message otherwise as for CompressGrid.
 bool CompressZeroRows(Grid& grid);

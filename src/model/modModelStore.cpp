@@ -70,6 +70,17 @@ void RebuildModelFromGrids() {
   ReadRows(GrMembers, MemberCount, MemberTable);
 }
 
+void ClearGrid(Grid& grid, std::int16_t n) {
+  for (int row = 1; row < grid.RowCount(); ++row) {
+    for (int column = 1; column < grid.ColumnCount(); ++column) grid.SetText(row, column, "");
+  }
+  grid.SetRowCount(n + 1);
+}
+
+void NumberRows(Grid& grid) {
+  for (int row = 1; row < grid.RowCount(); ++row) grid.SetText(row, 0, std::to_string(row));
+}
+
 void CopyModelToGrids() {
   WriteRows(NodeTable, NodeCount, GrJoints);
   WriteRows(MemberTable, MemberCount, GrMembers);

@@ -1,5 +1,6 @@
 #include "modRenumbering.h"
 
+#include "ModelEvents.h"
 #include "Platform.h"
 #include "modModelEditing.h"
 #include "modModelStore.h"
@@ -73,7 +74,7 @@ void RenumberNodesAlongSpan() {
   }
   ReorderRows(order);
   RenumberMemberNodes(NewNumbers(order));
-  TheHost().ResetEquations(); // a half-built matrix is of the old numbers
+  ModelEvents().NodesRenumbered(); // a half-built matrix is of the old numbers
   AfterModelEdit();
 }
 

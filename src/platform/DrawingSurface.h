@@ -1,25 +1,10 @@
 #pragma once
 
-#include <cstdint>
+#include "PixelSurface.h"
+
 #include <string>
 
 namespace strutwright {
-
-/// A 24-bit colour.
-struct Colour {
-  std::uint8_t red = 0;
-  std::uint8_t green = 0;
-  std::uint8_t blue = 0;
-
-  bool operator==(const Colour&) const = default;
-};
-
-inline constexpr Colour Black{0, 0, 0};
-inline constexpr Colour Red{255, 0, 0};
-inline constexpr Colour Green{0, 255, 0};
-inline constexpr Colour Blue{0, 0, 255};
-inline constexpr Colour Grey{128, 128, 128};
-inline constexpr Colour Orange{255, 140, 0};
 
 enum class LineStyle { Solid, Dashed };
 enum class FillStyle { Solid, Transparent };
@@ -38,18 +23,13 @@ struct ViewWindow {
   bool operator==(const ViewWindow&) const = default;
 };
 
-/// Where the truss is drawn.  Positions and radii are surface coordinates in m, pen widths are pixels.
+/// Where the truss is drawn.  Positions and radii are surface coordinates in m, pen widths are pixels; what is drawn in
+/// pixels throughout stands in PixelSurface.
 /// The surface keeps its picture until it is cleared.  Any operation may throw std::runtime_error.
-class DrawingSurface {
+class DrawingSurface : public PixelSurface {
  public:
-  virtual ~DrawingSurface() = default;
-
   virtual ViewWindow Window() const = 0;
   virtual void SetWindow(const ViewWindow& window) = 0;
-
-  /// Size in pixels; only their ratio matters to the framing.
-  virtual float PixelWidth() const = 0;
-  virtual float PixelHeight() const = 0;
 
   virtual void Clear() = 0;
 

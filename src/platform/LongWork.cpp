@@ -19,16 +19,17 @@ LongWork::LongWork(std::function<std::string()> text)
     : MakeText(std::move(text)), NextReport(ThePlatform().now() + QuietTime) {}
 
 LongWork::~LongWork() {
-  if (Shown) TheHost().EndProgress();
+  if (Shown) ThePlatform().progress->EndProgress();
 }
 
 void LongWork::Done(double fraction) {
+  if (ThePlatform().progress == nullptr) return;
   const auto now = ThePlatform().now();
   if (now < NextReport) return;
   NextReport = now + ReportInterval;
   if (!Shown) Text = MakeText();
   Shown = true;
-  if (!TheHost().ShowProgress(Text, fraction)) throw WorkCancelled();
+  if (!ThePlatform().progress->ShowProgress(Text, fraction)) throw WorkCancelled();
 }
 
 } // namespace strutwright

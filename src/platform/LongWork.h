@@ -13,8 +13,8 @@ class WorkCancelled : public std::exception {
   const char* what() const noexcept override { return "The work was cancelled"; }
 };
 
-/// A piece of work that may last: once it has lasted a second, the host shows how far it is and lets the user cancel.
-/// From its construction to its destruction.
+/// A piece of work that may last: once it has lasted a second, the program shows how far it is and lets the user
+/// cancel. From its construction to its destruction.
 class LongWork {
  public:
   /// text: what is done, for the status bar.

@@ -29,11 +29,6 @@ MessageBoxes& Messages() {
   return *ThePlatform().messages;
 }
 
-Host& TheHost() {
-  Ensure(ThePlatform().host != nullptr, "the host is set up before it is asked");
-  return *ThePlatform().host;
-}
-
 FileSystem& Files() {
   Ensure(ThePlatform().files != nullptr, "the file system is set up before it is used");
   return *ThePlatform().files;
@@ -114,6 +109,10 @@ void ShowMessage(MessageIcon icon, const std::string& text) {
 bool AskQuestion(const std::string& text) {
   const OpenMessage open;
   return Messages().Ask({MessageIcon::Question, ProgramTitle, text});
+}
+
+void ShowHint(const std::string& text) {
+  if (ThePlatform().hints != nullptr) ThePlatform().hints->ShowHint(text);
 }
 
 bool MessageIsOpen() { return openMessages > 0; }

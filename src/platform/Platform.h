@@ -4,9 +4,10 @@
 #include "FileDialog.h"
 #include "FileSystem.h"
 #include "FileTypeRegistry.h"
-#include "Host.h"
+#include "Hints.h"
 #include "MessageBoxes.h"
 #include "Paper.h"
+#include "Progress.h"
 #include "SettingsStore.h"
 #include "Shell.h"
 
@@ -21,7 +22,6 @@ std::string LocalDate();
 /// Everything that the program asks of a desktop.  main() or a test fixture fills it; nothing here is owned.
 struct Platform {
   MessageBoxes* messages = nullptr;
-  Host* host = nullptr;
   FileSystem* files = nullptr;
   FileDialog* dialog = nullptr;
   std::string programFolder = {}; ///< where the executable lies; empty in a program that keeps no files of its own
@@ -35,6 +35,8 @@ struct Platform {
   std::chrono::steady_clock::time_point (*now)() = &std::chrono::steady_clock::now;
   Paper* paper = nullptr;
   Printers* printers = nullptr; ///< nullptr in a program that prints nothing
+  Hints* hints = nullptr;       ///< nullptr in a program without a status bar
+  Progress* progress = nullptr; ///< likewise
   std::string (*today)() = &LocalDate;
 };
 
@@ -42,7 +44,6 @@ struct Platform {
 Platform& ThePlatform();
 
 MessageBoxes& Messages();
-Host& TheHost();
 FileSystem& Files();
 FileDialog& TheFileDialog();
 Clipboard& TheClipboard();
@@ -59,6 +60,9 @@ void ShowMessage(MessageIcon icon, const std::string& text);
 
 /// Shows a question with the buttons Yes and No under the program's title; true for Yes.
 bool AskQuestion(const std::string& text);
+
+/// Shows a hint where the program has a place for hints.
+void ShowHint(const std::string& text);
 
 /// True while ShowMessage or AskQuestion shows a box: what is drawn meanwhile, under it, must not show another one.
 bool MessageIsOpen();

@@ -144,10 +144,11 @@ std::vector<int> ZeroByNumbers(const HandTruss& truss, const HandForces& forces,
   for (const ZeroMember& zero : byRule) shown.insert(zero.member);
   double largest = 0;
   for (const double force : forces.members) largest = std::max(largest, std::abs(force));
+  const double none = std::max(NoneBesideLargest * largest, truss.nothing);
   std::vector<int> numbers;
   for (const HandMember& member : truss.members) {
     const auto at = static_cast<std::size_t>(member.number);
-    const bool isNone = forces.memberKnown[at] != 0 && std::abs(forces.members[at]) <= NoneBesideLargest * largest;
+    const bool isNone = forces.memberKnown[at] != 0 && std::abs(forces.members[at]) <= none;
     if (isNone && !shown.contains(member.number)) numbers.push_back(member.number);
   }
   return numbers;

@@ -1,5 +1,6 @@
 #include "modCheck.h"
 
+#include "ModelEvents.h"
 #include "Platform.h"
 #include "WorkbenchState.h"
 #include "modGenerators.h"
@@ -110,14 +111,14 @@ std::string CheckVerdict() {
 std::string CheckReportText() { return TheCheck.failure.empty() ? CheckText(TheCheck.report) : CheckVerdict() + "\n"; }
 
 void ApplyCure(const Cure& cure) {
-  TheHost().EndAnalysis(false);
+  EndAnalysis();
   RebuildModelFromGrids();
   if (Exists(cure.node) && cure.IsMember() && Exists(cure.otherNode)) AddCuringMember(cure);
   if (Exists(cure.node) && !cure.IsMember()) {
     GrJoints.SetText(cure.node, NodeSupport, std::to_string(cure.supportCode));
   }
   RebuildModelFromGrids();
-  TheHost().Redraw(false);
+  ModelEvents().ModelChanged();
 }
 
 RigidityOffer OfferRigidity(const std::string& E, const std::string& A) {
@@ -132,14 +133,14 @@ void FillRigidity(const std::string& E, const std::string& A) {
   const std::optional<float> e = UsableValue(E);
   const std::optional<float> a = UsableValue(A);
   if (!e || !a) return;
-  TheHost().EndAnalysis(false);
+  EndAnalysis();
   RebuildModelFromGrids();
   for (int m = 1; m <= MemberCount; ++m) {
     FillIn(m, MemberE, NumberText(*e));
     FillIn(m, MemberA, NumberText(*a));
   }
   RebuildModelFromGrids();
-  TheHost().Redraw(false);
+  ModelEvents().ModelChanged();
 }
 
 } // namespace strutwright

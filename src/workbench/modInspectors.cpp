@@ -2,6 +2,7 @@
 
 #include "AnalysisState.h"
 #include "AnalysisTexts.h"
+#include "ModelEvents.h"
 #include "Platform.h"
 #include "modAnalysis.h"
 #include "modGrids.h"
@@ -208,11 +209,11 @@ void ApplyNodeLoad(NodeDetails& details, std::int16_t n, const std::string& forc
   const std::optional<float> degrees = TypedNumber("Angle", angle);
   if (!F || !degrees) return;
   if (!WriteLoad(n, Components(*F, *degrees), mode)) return;
-  TheHost().EndAnalysis(false);
+  EndAnalysis();
   RebuildModelFromGrids();
   FillNodeProperties(details.grProperties, n);
   LayOut(details.grResults, NodeResults); // what they said is about another load
-  TheHost().Redraw(false);
+  ModelEvents().ModelChanged();
 }
 
 } // namespace strutwright

@@ -4,7 +4,7 @@
 #include "DisplayState.h"
 #include "EditingState.h"
 #include "FileState.h"
-#include "Platform.h"
+#include "ViewEvents.h"
 #include "modDrawing.h"
 #include "modGrids.h"
 #include "modModelRendering.h"
@@ -127,7 +127,7 @@ void ApplyOptions() {
     TryDrawing([] { DrawGrid(*DisplaySurface, GridOfDisplay()); });
   }
   if (TheOptions.capacityChanged) LayOutForCapacity();
-  TheHost().Redraw(false);
+  ViewEvents().ViewChanged();
   applyMaxFiles();
 }
 

@@ -2,6 +2,7 @@
 
 #include "AnalysisState.h"
 #include "AnalysisTexts.h"
+#include "ModelEvents.h"
 #include "Platform.h"
 #include "modAnalysis.h"
 #include "modFileCommands.h"
@@ -33,7 +34,7 @@ bool MakeScratchCopy() {
 
 void LeaveAnalysis() {
   AnalysisDone = FlagFalse;
-  TheHost().RefreshStatusTexts();
+  ModelEvents().AnalysisStateChanged();
 }
 
 void ShowMembersAtFault(const std::vector<MemberAtFault>& atFault) {
@@ -67,13 +68,18 @@ bool Analyse() {
   return end == AnalysisEnd::Done;
 }
 
+void EndWithoutResults() {
+  EndAnalysis();
+  ModelEvents().ModelChanged();
+}
+
 } // namespace
 
 bool runAnalysis(ScratchCopy scratch) {
   RebuildModelFromGrids();
   AnalysisDone = FlagTrue;
   FailedCheck.reset(); // it may fail before the equations are reached
-  TheHost().RefreshStatusTexts();
+  ModelEvents().AnalysisStateChanged();
   try {
     const bool ready = scratch == ScratchCopy::None || MakeScratchCopy();
     if (ready && Analyse()) {
@@ -82,10 +88,10 @@ bool runAnalysis(ScratchCopy scratch) {
     }
   } catch (...) {
     // Half-made arrays are no results, whoever tells the user why.
-    TheHost().EndAnalysis(true);
+    EndWithoutResults();
     throw;
   }
-  TheHost().EndAnalysis(true);
+  EndWithoutResults();
   return false;
 }
 

@@ -2,7 +2,7 @@
 
 #include "AnalysisState.h"
 #include "DisplayState.h"
-#include "Platform.h"
+#include "ViewEvents.h"
 #include "modNumberText.h"
 
 #include <algorithm>
@@ -29,19 +29,17 @@ bool SpinnerWentUp(std::int16_t& last, std::int16_t value) {
 
 void stepDeflectionScale(bool up) {
   if (AnalysisDone == FlagFalse) return;
-  TheHost().ClearSurface();
   ShowDeflectedShape = true;
   // From 1 the steps go on with 10, 20, ... and not with 11, 21, ...
   if (up && DeflectionScale == LeastScale) DeflectionScale = 0;
   DeflectionScale = WithinLimits(DeflectionScale + (up ? DeflectionStep : -DeflectionStep));
-  TheHost().Redraw(false);
+  ViewEvents().ViewChanged();
 }
 
 void stepLoadsScale(bool up) {
-  TheHost().ClearSurface();
   const double scale = static_cast<double>(LoadsScale);
   LoadsScale = WithinLimits(static_cast<float>(up ? scale * LoadsFactor : scale / LoadsFactor));
-  TheHost().Redraw(false);
+  ViewEvents().ViewChanged();
 }
 
 std::string DeflectionScaleText() { return FormatNumber(DeflectionScale, "#0") + " mm/mm"; }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "AnalysisState.h"
-#include "FakePlatform.h"
+#include "EventsTest.h"
 #include "ModelBuilder.h"
 #include "modMember.h"
 #include "modModelStore.h"
@@ -14,7 +14,7 @@
 namespace strutwright {
 
 /// The state of a program that has just started, and short ways to set tables and read matrices.
-class AnalysisFixture : public PlatformTest {
+class AnalysisFixture : public EventsTest {
  protected:
   AnalysisFixture() {
     ResetModel();

@@ -35,7 +35,7 @@ TEST_F(AnalyseTest, ShowsAndAsksNothing) {
   EXPECT_EQ(Analyse(Triangle()), AnalysisEnd::Done);
   EXPECT_EQ(Analyse({}), AnalysisEnd::NoNodes);
   EXPECT_EQ(Analyse(Square()), AnalysisEnd::Unstable);
-  EXPECT_TRUE(host.asked.empty());
+  EXPECT_TRUE(events.empty());
   EXPECT_EQ(AnalysisDone, 7);
   EXPECT_EQ(FailedCheck, 9);
 }

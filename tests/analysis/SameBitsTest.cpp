@@ -404,7 +404,7 @@ class SlowSolutionTest : public SameBitsTest {
     static std::chrono::steady_clock::time_point theTime;
     theTime = {};
     ThePlatform().now = [] { return theTime += std::chrono::milliseconds(600); };
-    host.reportsUntilCancel = 0;
+    statusBar.reportsUntilCancel = 0;
   }
 
   void CancelOnTheWay(const ModelData& model) {
@@ -415,13 +415,13 @@ class SlowSolutionTest : public SameBitsTest {
 
 TEST_F(SlowSolutionTest, CanBeCancelledOnTheWay) {
   CancelOnTheWay(WarrenGirder(200));
-  EXPECT_EQ(host.asked.front().substr(0, 36), "ShowProgress(Solving the equations, ");
-  EXPECT_EQ(host.asked.back(), "EndProgress");
+  EXPECT_EQ(events.front().substr(0, 36), "ShowProgress(Solving the equations, ");
+  EXPECT_EQ(events.back(), "EndProgress");
 }
 
 TEST_F(SlowSolutionTest, NamesTheCommandThatWouldMakeItFast) {
   CancelOnTheWay(Renumbered(WarrenGirder(200), ChordsOrder(200)));
-  EXPECT_EQ(host.asked.front().substr(0, 94),
+  EXPECT_EQ(events.front().substr(0, 94),
             "ShowProgress(Solving the equations (Tools > Renumber Nodes Along the Span makes this faster), ");
 }
 

@@ -55,7 +55,6 @@ BracefoldFormTest::~BracefoldFormTest() {
 void BracefoldFormTest::Open(const std::string& family) {
   window.reset();
   window = std::make_unique<frmBracefold>(Family(family), StandardTexts(Family(family)));
-  ThePlatform().host = window.get();
   window->show();
   window->activateWindow();
   static_cast<void>(QTest::qWaitForWindowActive(window.get()));

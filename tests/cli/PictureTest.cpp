@@ -19,10 +19,15 @@ using testing::StartsWith;
 
 class PictureTest : public CliTest {
  protected:
-  /// The SVG of a model with these further options.
+  /// The SVG of a model with these further options, drawn as described.
   std::string Svg(const std::string& model, const std::vector<std::string>& options = {}) {
+    return SvgIn("described", model, options);
+  }
+
+  std::string SvgIn(const std::string& style, const std::string& model, const std::vector<std::string>& options = {}) {
     const std::string file = folder.Path("picture.svg");
     std::vector<std::string> arguments{"analyse", Reference(model), "--picture", file};
+    if (style != "") arguments.insert(arguments.end(), {"--style", style});
     arguments.insert(arguments.end(), options.begin(), options.end());
     EXPECT_EQ(Run(arguments), 0) << err;
     return FileBytes(file);
@@ -62,6 +67,19 @@ TEST_F(PictureTest, ShowsEverything) {
   for (const char* text : {">-10.0<", ">8.8<", ">-1.5<", ">5.8<"}) EXPECT_THAT(svg, HasSubstr(text));
 }
 
+TEST_F(PictureTest, IsClearUnlessTheDescribedDrawingIsAskedFor) {
+  const std::string usual = SvgIn("", "triangle");
+  EXPECT_EQ(SvgIn("clear", "triangle"), usual);
+  EXPECT_THAT(usual, HasSubstr("T  tension, +"));
+  EXPECT_THAT(usual, HasSubstr("10 kN"));
+  EXPECT_THAT(usual, Not(HasSubstr(RedStroke)));
+}
+
+TEST_F(PictureTest, HasNoOtherStyle) {
+  EXPECT_EQ(Run({"analyse", Reference("triangle"), "--picture", folder.Path("p.png"), "--style", "plain"}), 2);
+  EXPECT_THAT(err, HasSubstr("\"plain\" is neither clear nor described"));
+}
+
 TEST_F(PictureTest, ShowsTheLayersThatAreNamed) {
   const std::string grid = Svg("triangle", {"--layers", "grid"});
   EXPECT_THAT(grid, HasSubstr(GreyStroke));
@@ -98,8 +116,9 @@ TEST_F(PictureTest, ShowsAnUnstableModelWithoutResults) {
 }
 
 TEST_F(PictureTest, ShowsTheGridOfAnEmptyModel) {
-  EXPECT_EQ(Depict("empty", "p.svg"), 1);
-  EXPECT_THAT(FileBytes(folder.Path("p.svg")), HasSubstr(">9.0<"));
+  const std::string file = folder.Path("p.svg");
+  EXPECT_EQ(Run({"analyse", Reference("empty"), "--picture", file, "--style", "described"}), 1);
+  EXPECT_THAT(FileBytes(file), HasSubstr(">9.0<"));
 }
 
 TEST_F(PictureTest, TellsWhatCannotBeDrawn) {

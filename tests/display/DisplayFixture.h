@@ -2,7 +2,7 @@
 
 #include "AnalysisState.h"
 #include "DisplayState.h"
-#include "FakePlatform.h"
+#include "EventsTest.h"
 #include "ModelBuilder.h"
 #include "RecordingSurface.h"
 #include "modRedraw.h"
@@ -16,7 +16,7 @@ namespace strutwright {
 using Lines = std::vector<std::string>;
 
 /// An empty model on a recording surface of 800 by 600 pixels; every layer of the model is off.
-class DisplayFixture : public PlatformTest {
+class DisplayFixture : public EventsTest {
  protected:
   DisplayFixture() {
     ResetModel();

@@ -33,7 +33,7 @@ TEST_F(EditSnapshotTest, ChangesNothingWhenItIsTaken) {
   TakeSnapshot();
   EXPECT_EQ(AllTexts(GrJoints), before);
   EXPECT_EQ(MemberTable(1, MemberFieldForce), 5.0F);
-  EXPECT_THAT(host.asked, IsEmpty());
+  EXPECT_THAT(events, IsEmpty());
 }
 
 TEST_F(EditSnapshotTest, BringsBackAModelThatWasReplaced) {
@@ -100,7 +100,7 @@ TEST_F(EditSnapshotTest, BringsBackGridsWithoutDataRows) {
 TEST_F(EditSnapshotTest, EndsTheAnalysisAndDrawsTheModelOnce) {
   const EditSnapshot snapshot = TakeSnapshot();
   RestoreSnapshot(snapshot);
-  EXPECT_THAT(host.asked, ElementsAre("EndAnalysis(false)", "Redraw(false)"));
+  EXPECT_THAT(events, ElementsAre("AnalysisEnded", "ModelChanged"));
 }
 
 TEST_F(EditSnapshotTest, TellsTheViewOfNoMoreThanHasChanged) {

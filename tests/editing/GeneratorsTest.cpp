@@ -57,7 +57,7 @@ TEST_F(AddNodeTest, FillsTheLastRowBeforeTheGridGrows) {
 
 TEST_F(AddNodeTest, LeavesAllElseToItsCaller) {
   addNode(1, 2);
-  EXPECT_THAT(host.asked, IsEmpty());
+  EXPECT_THAT(events, IsEmpty());
   EXPECT_EQ(NodeTable.Count(), 0);
 }
 
@@ -76,7 +76,7 @@ TEST_F(AddMemberTest, WritesTheNextRow) {
   AddMember(3, 12);
   EXPECT_EQ(MemberCount, 2);
   EXPECT_THAT(RowTexts(GrMembers, 2), ElementsAre("2", "3", "12", "200", "1000", "5"));
-  EXPECT_THAT(host.asked, IsEmpty());
+  EXPECT_THAT(events, IsEmpty());
 }
 
 TEST_F(AddMemberTest, GrowsTheGridByARowWhereItIsFull) {
@@ -158,7 +158,7 @@ TEST_P(NodeLineEndsTest, AreToldAndGiveNothing) {
   EXPECT_EQ(AllTexts(GrJoints), before);
   EXPECT_EQ(NodeCount, 3);
   EXPECT_EQ(MemberTable(1, MemberFieldForce), 5.0F);
-  EXPECT_THAT(host.asked, IsEmpty());
+  EXPECT_THAT(events, IsEmpty());
 }
 
 INSTANTIATE_TEST_SUITE_P(NotNumeric, NodeLineEndsTest,
@@ -175,7 +175,7 @@ TEST_F(NodeLineTest, TellsOfItsCountAndThenOfItsEnds) {
 
 TEST_F(NodeLineTest, EndsTheAnalysisRebuildsAndRedraws) {
   GenerateNodeLine({"3", "0", "0", "8", "2"});
-  EXPECT_THAT(host.asked, ElementsAre("EndAnalysis(false)", "Redraw(false)"));
+  EXPECT_THAT(events, ElementsAre("AnalysisEnded", "ModelChanged"));
   EXPECT_EQ(NodeTable.Count(), 3);
   EXPECT_EQ(NodeTable(3, NodeX), 8.0F);
 }
@@ -210,7 +210,7 @@ TEST_F(NodeLineTest, ChangesNothingWhereItsNodesWouldNotFit) {
   EXPECT_EQ(NodeCount, 3);
   EXPECT_EQ(GrJoints.RowCount(), 4);
   EXPECT_EQ(MemberTable(1, MemberFieldForce), 5.0F);
-  EXPECT_THAT(host.asked, IsEmpty());
+  EXPECT_THAT(events, IsEmpty());
 }
 
 using ListedRowsTest = GridFixture;
@@ -234,7 +234,7 @@ TEST_F(ListedRowsTest, BecomePartOfTheModel) {
   fillListedRows("2,3", GrJoints, "7", "-8", 3, 4);
   EXPECT_EQ(NodeTable(2, NodeForceX), 7.0F);
   EXPECT_EQ(NodeTable(3, NodeForceY), -8.0F);
-  EXPECT_THAT(host.asked, ElementsAre("Redraw(false)"));
+  EXPECT_THAT(events, ElementsAre("ModelChanged"));
   EXPECT_FALSE(rangeError);
 }
 
@@ -243,7 +243,7 @@ TEST_F(ListedRowsTest, StayAsTheyAreForABadList) {
   fillListedRows("1,,2", GrJoints, "7", "-8", 3, 4);
   ExpectBoxes({Box(MessageIcon::Information, "Text input error: the format is 1,2,4-7,59")});
   EXPECT_EQ(AllTexts(GrJoints), before);
-  EXPECT_THAT(host.asked, IsEmpty());
+  EXPECT_THAT(events, IsEmpty());
   EXPECT_TRUE(rangeError);
 }
 
@@ -269,7 +269,7 @@ TEST_F(ListedRowsTest, DoNotMakeTheGridGrowForARowOneBeyondItsLast) {
   ExpectBoxes({MissBox(21, 3)});
   EXPECT_EQ(GrMembers.RowCount(), 21);
   EXPECT_THAT(RowTexts(GrMembers, 20), ElementsAre("20", "", "", "7", "-8", ""));
-  EXPECT_THAT(host.asked, ElementsAre("Redraw(false)"));
+  EXPECT_THAT(events, ElementsAre("ModelChanged"));
   EXPECT_FALSE(rangeError);
 }
 
@@ -293,7 +293,7 @@ TEST_F(ListedRowsTest, KeepTheResultsMarkedValidAndZeroTheirFields) {
   fillListedRows("1-3", GrMembers, "210", "500", 3, 4);
   EXPECT_EQ(AnalysisDone, FlagTrue);
   EXPECT_EQ(MemberTable(1, MemberFieldForce), 0.0F);
-  EXPECT_THAT(host.asked, ElementsAre("Redraw(false)"));
+  EXPECT_THAT(events, ElementsAre("ModelChanged"));
 }
 
 TEST_F(ListedRowsTest, EndTheAnalysisWhereTheCountOfNodesHasChanged) {
@@ -302,7 +302,7 @@ TEST_F(ListedRowsTest, EndTheAnalysisWhereTheCountOfNodesHasChanged) {
   GrJoints.SetRowCount(5);
   GrJoints.SetText(4, NodeX, "9");
   fillListedRows("1-3", GrJoints, "7", "-8", 3, 4);
-  EXPECT_THAT(host.asked, ElementsAre("EndAnalysis(false)", "Redraw(false)"));
+  EXPECT_THAT(events, ElementsAre("AnalysisEnded", "ModelChanged"));
 }
 
 TEST_F(ListedRowsTest, EndTheAnalysisWhereTheCountOfMembersHasChanged) {
@@ -310,14 +310,14 @@ TEST_F(ListedRowsTest, EndTheAnalysisWhereTheCountOfMembersHasChanged) {
   AnalysisDone = FlagTrue;
   GrMembers.SetText(3, MemberNodeI, "");
   fillListedRows("1-3", GrJoints, "7", "-8", 3, 4);
-  EXPECT_THAT(host.asked, ElementsAre("EndAnalysis(false)", "Redraw(false)"));
+  EXPECT_THAT(events, ElementsAre("AnalysisEnded", "ModelChanged"));
 }
 
 TEST_F(ListedRowsTest, EndNoAnalysisWhereThereIsNone) {
   SetModel(Triangle());
   GrMembers.SetText(3, MemberNodeI, "");
   fillListedRows("1-3", GrJoints, "7", "-8", 3, 4);
-  EXPECT_THAT(host.asked, ElementsAre("Redraw(false)"));
+  EXPECT_THAT(events, ElementsAre("ModelChanged"));
 }
 
 /// Writing a row once for each time that it is listed would take longer than anyone waits.

@@ -2,7 +2,7 @@
 
 #include "AnalysisState.h"
 #include "EditingState.h"
-#include "FakePlatform.h"
+#include "EventsTest.h"
 #include "ModelBuilder.h"
 #include "modGrids.h"
 #include "modModelStore.h"
@@ -16,7 +16,7 @@
 namespace strutwright {
 
 /// The four grids as at start: 20 numbered rows for nodes and members each.
-class GridFixture : public PlatformTest {
+class GridFixture : public EventsTest {
  protected:
   GridFixture() {
     ResetModel();

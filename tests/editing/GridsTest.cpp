@@ -1,6 +1,6 @@
 #include "AnalysisState.h"
 #include "EditingState.h"
-#include "FakePlatform.h"
+#include "EventsTest.h"
 #include "ModelBuilder.h"
 #include "modGrids.h"
 #include "modModelStore.h"
@@ -22,7 +22,7 @@ std::vector<std::string> RowTexts(const Grid& grid, int row) {
   return texts;
 }
 
-class GridsTest : public PlatformTest {
+class GridsTest : public EventsTest {
  protected:
   GridsTest() {
     ResetModel();

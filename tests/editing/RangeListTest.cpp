@@ -1,5 +1,5 @@
 #include "EditingState.h"
-#include "FakePlatform.h"
+#include "EventsTest.h"
 #include "Repeated.h"
 #include "RunSeed.h"
 #include "modRangeList.h"
@@ -29,7 +29,7 @@ List Entries(const List& entries) {
   return list;
 }
 
-class RangeListTest : public PlatformTest {
+class RangeListTest : public EventsTest {
  protected:
   RangeListTest() { TheEditing = EditingState{}; }
 

@@ -3,7 +3,7 @@
 #include "AnalysisState.h"
 #include "EditingState.h"
 #include "EquationsState.h"
-#include "FakePlatform.h"
+#include "EventsTest.h"
 #include "ModelBuilder.h"
 #include "modEquationCells.h"
 #include "modEquationSteps.h"
@@ -31,7 +31,7 @@ inline ModelData TriangleWithIgnoredMembers() {
 }
 
 /// An equations view before its first press.
-class EquationsTest : public PlatformTest {
+class EquationsTest : public EventsTest {
  protected:
   EquationsTest() {
     ResetModel();

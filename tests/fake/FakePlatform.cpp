@@ -8,10 +8,6 @@
 
 namespace strutwright {
 
-void FakeHost::EndAnalysis(bool redraw) { asked.emplace_back(redraw ? "EndAnalysis(true)" : "EndAnalysis(false)"); }
-
-void FakeHost::Redraw(bool zoomToExtents) { asked.emplace_back(zoomToExtents ? "Redraw(true)" : "Redraw(false)"); }
-
 bool FakeMessageBoxes::Ask(const Message& question) {
   shown.push_back(question);
   if (Script.empty()) {
@@ -23,17 +19,10 @@ bool FakeMessageBoxes::Ask(const Message& question) {
   return answer;
 }
 
-int FakeHost::NodeAt(float x, float y) { return nodeAt ? nodeAt(x, y) : 0; }
-
-bool FakeHost::ShowProgress(const std::string& text, double fraction) {
-  asked.push_back("ShowProgress(" + text + ", " + std::to_string(std::lround(100 * fraction)) + " %)");
+bool FakeStatusBar::ShowProgress(const std::string& text, double fraction) {
+  Events.push_back("ShowProgress(" + text + ", " + std::to_string(std::lround(100 * fraction)) + " %)");
   if (reportsUntilCancel < 0) return true;
   return reportsUntilCancel-- > 0;
-}
-
-void FakeHost::SavePicture(const std::string& path) {
-  asked.push_back("SavePicture(" + path + ")");
-  if (!pictureFailure.empty()) throw FileError(pictureFailure);
 }
 
 std::string FakePaper::Picture(int width, int height, const std::function<void(DrawingSurface&)>& draw) {
@@ -53,7 +42,8 @@ bool FakePaper::Print(const PaperDocument& document) {
 
 PlatformTest::PlatformTest() {
   ThePlatform().messages = &messages;
-  ThePlatform().host = &host;
+  ThePlatform().hints = &statusBar;
+  ThePlatform().progress = &statusBar;
   ThePlatform().dialog = &dialog;
   ThePlatform().clipboard = &clipboard;
   ThePlatform().shell = &shell;

@@ -2,7 +2,6 @@
 
 #include "Clipboard.h"
 #include "FakeFileDialog.h"
-#include "Host.h"
 #include "MessageBoxes.h"
 #include "Paper.h"
 #include "Platform.h"
@@ -114,29 +113,19 @@ class FakePaper : public Paper, public Printers {
   std::string printFailure;         ///< reason why nothing can be printed; empty when it can
 };
 
-/// Keeps what the host was asked, a line each: "EndAnalysis(true)", "RefreshStatusTexts", "SetCaption(bridge.stw)".
-class FakeHost : public Host {
+/// Keeps what was shown in the status bar, a line each: "ShowHint(...)", "ShowProgress(Solving, 25 %)".
+class FakeStatusBar : public Hints, public Progress {
  public:
-  void EndAnalysis(bool redraw) override;
-  void RefreshStatusTexts() override { asked.emplace_back("RefreshStatusTexts"); }
-  void Redraw(bool zoomToExtents) override;
-  void ClearSurface() override { asked.emplace_back("ClearSurface"); }
-  void ResetScales() override { asked.emplace_back("ResetScales"); }
-  void SetCaption(const std::string& caption) override { asked.push_back("SetCaption(" + caption + ")"); }
-  void ClearGrids() override { asked.emplace_back("ClearGrids"); }
-  void ShowRecentFiles() override { asked.emplace_back("ShowRecentFiles"); }
-  void ResetEquations() override { asked.emplace_back("ResetEquations"); }
-  int NodeAt(float x, float y) override;
-  void DropHighlight() override { asked.emplace_back("DropHighlight"); }
-  void ShowHint(const std::string& text) override { asked.push_back("ShowHint(" + text + ")"); }
-  bool ShowProgress(const std::string& text, double fraction) override;
-  void EndProgress() override { asked.emplace_back("EndProgress"); }
-  void SavePicture(const std::string& path) override;
+  explicit FakeStatusBar(std::vector<std::string>& events) : Events(events) {}
 
-  std::vector<std::string> asked;
-  std::string pictureFailure;              ///< reason why no picture can be saved; empty when one can
-  std::function<int(float, float)> nodeAt; ///< answers NodeAt; without it there is no node
-  int reportsUntilCancel = -1;             ///< how many reports of progress go by before the user cancels; -1: never
+  void ShowHint(const std::string& text) override { Events.push_back("ShowHint(" + text + ")"); }
+  bool ShowProgress(const std::string& text, double fraction) override;
+  void EndProgress() override { Events.emplace_back("EndProgress"); }
+
+  int reportsUntilCancel = -1; ///< how many reports of progress go by before the user cancels; -1: never
+
+ private:
+  std::vector<std::string>& Events;
 };
 
 /// A platform of stand-ins for one test.  When the test ends, boxes that it did not take with TakeMessages and answers
@@ -153,7 +142,8 @@ class PlatformTest : public testing::Test {
   std::vector<Message> TakeMessages();
 
   FakeMessageBoxes messages;
-  FakeHost host;
+  std::vector<std::string> events; ///< what happened outside of boxes, in its order
+  FakeStatusBar statusBar{events};
   FakeFileDialog dialog;
   FakeClipboard clipboard;
   FakeShell shell;

@@ -1,5 +1,6 @@
 #include "RecordingSurface.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <initializer_list>
@@ -44,6 +45,10 @@ std::vector<std::string> RecordingSurface::Ink(const std::string& kind, const st
 void RecordingSurface::Forget() {
   calls.clear();
   ink.clear();
+  pixelLines.clear();
+  pixelPolygons.clear();
+  pixelDots.clear();
+  pixelTexts.clear();
 }
 
 void RecordingSurface::Record(const std::string& call) {
@@ -129,6 +134,33 @@ void RecordingSurface::DrawText(const std::string& text) {
   Record("Text " + text);
   ink.push_back(Words("text", {Pen.x, Pen.y}) + " '" + text + "' " + ColourName(Pen.textColour) +
                 (Pen.textAttribute ? "" : " opaque"));
+}
+
+double RecordingSurface::TextWidth(const std::string& text, int size) const {
+  const auto begins = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; };
+  return 0.6 * size * static_cast<double>(std::count_if(text.begin(), text.end(), begins));
+}
+
+void RecordingSurface::PixelLine(PixelPoint from, PixelPoint to, const LineLook& look) {
+  Record(Words("PixelLine", {from.x, from.y, to.x, to.y, look.width}) + (look.dashed ? " dashed" : ""));
+  pixelLines.push_back({from, to, look});
+}
+
+void RecordingSurface::PixelPolygon(std::span<const PixelPoint> corners, Colour fill) {
+  std::string call = "PixelPolygon";
+  for (const PixelPoint& corner : corners) call += Words("", {corner.x, corner.y});
+  Record(call);
+  pixelPolygons.push_back({{corners.begin(), corners.end()}, fill});
+}
+
+void RecordingSurface::PixelDot(PixelPoint centre, double radius, const LineLook& edge, Colour fill) {
+  Record(Words("PixelDot", {centre.x, centre.y, radius, edge.width}));
+  pixelDots.push_back({centre, radius, edge, fill});
+}
+
+void RecordingSurface::PixelText(const PixelLabel& label) {
+  Record(Words("PixelText", {label.centre.x, label.centre.y, label.along.x, label.along.y}) + " " + label.text);
+  pixelTexts.push_back(label);
 }
 
 } // namespace strutwright

@@ -19,6 +19,27 @@ class RecordingSurface : public DrawingSurface {
   /// A filled circle ends in "filled", an inverting pen in "inverted", a text on its background in "opaque".
   std::vector<std::string> ink;
 
+  /// What was drawn in pixels, in the order of each kind.  Colours are not named here: they are given as they are.
+  struct PixelLineInk {
+    PixelPoint from;
+    PixelPoint to;
+    LineLook look;
+  };
+  struct PixelPolygonInk {
+    std::vector<PixelPoint> corners;
+    Colour fill;
+  };
+  struct PixelDotInk {
+    PixelPoint centre;
+    double radius;
+    LineLook edge;
+    Colour fill;
+  };
+  std::vector<PixelLineInk> pixelLines;
+  std::vector<PixelPolygonInk> pixelPolygons;
+  std::vector<PixelDotInk> pixelDots;
+  std::vector<PixelLabel> pixelTexts;
+
   /// The number of the call, from 1, that throws; none where it is 0.
   int failAt = 0;
 
@@ -53,6 +74,13 @@ class RecordingSurface : public DrawingSurface {
   void DrawCircle(double x, double y, double radius) override;
   void DrawText(const std::string& text) override;
   void SavePicture(const std::string& path) override { Record("SavePicture " + path); }
+
+  /// Every letter is 0.6 of its font's height wide, so that no test depends on the fonts of a machine.
+  double TextWidth(const std::string& text, int size) const override;
+  void PixelLine(PixelPoint from, PixelPoint to, const LineLook& look) override;
+  void PixelPolygon(std::span<const PixelPoint> corners, Colour fill) override;
+  void PixelDot(PixelPoint centre, double radius, const LineLook& edge, Colour fill) override;
+  void PixelText(const PixelLabel& label) override;
 
  private:
   void Record(const std::string& call);

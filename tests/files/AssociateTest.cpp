@@ -1,5 +1,5 @@
 #include "CAssociate.h"
-#include "FakePlatform.h"
+#include "EventsTest.h"
 
 #include <string>
 
@@ -12,7 +12,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class AssociateTest : public PlatformTest {
+class AssociateTest : public EventsTest {
  protected:
   AssociateTest() {
     type.Title = "Strutwright File";

@@ -1,10 +1,11 @@
 #include "AnalysisState.h"
 #include "AsUser.h"
-#include "FakePlatform.h"
+#include "EventsTest.h"
 #include "FaultyFileSystem.h"
 #include "FileState.h"
 #include "ModelBuilder.h"
 #include "NativeFileSystem.h"
+#include "RecordingSurface.h"
 #include "ScratchFolder.h"
 #include "modFileCommands.h"
 #include "modModelFile.h"
@@ -36,7 +37,7 @@ Message SaveError(const std::string& file, const std::string& reason) {
 
 Message OpenError(const std::string& file) { return Box(MessageIcon::None, "Unkown error while opening file " + file); }
 
-class FileCommandsTest : public PlatformTest {
+class FileCommandsTest : public EventsTest {
  protected:
   FileCommandsTest() {
     ThePlatform().files = &files;
@@ -109,7 +110,7 @@ TEST_F(SaveTest, AsTakesTheChosenNameAndShowsItsLastComponent) {
   saveModel(false);
   EXPECT_EQ(CurrentFileName, path);
   EXPECT_EQ(TimesWritten(), 1);
-  EXPECT_THAT(host.asked, ElementsAre("SetCaption(bridge.stw)"));
+  EXPECT_THAT(events, ElementsAre("CaptionChanged(bridge.stw)"));
 }
 
 TEST_F(SaveTest, AsThatIsCancelledChangesNothing) {
@@ -118,7 +119,7 @@ TEST_F(SaveTest, AsThatIsCancelledChangesNothing) {
   saveModel(false);
   EXPECT_EQ(CurrentFileName, "/elsewhere/old.stw");
   EXPECT_EQ(folder.EntryCount(), 0);
-  EXPECT_THAT(host.asked, IsEmpty());
+  EXPECT_THAT(events, IsEmpty());
 }
 
 TEST_F(SaveTest, AsWithoutANameAsksAgainAndThenWritesTwice) {
@@ -155,7 +156,7 @@ TEST_F(SaveTest, ReportsAFullDevice) {
   saveModel(true);
   EXPECT_THAT(TakeMessages(), ElementsAre(SaveError("/dev/full", "No space left on device")));
   EXPECT_EQ(CurrentFileName, "/dev/full");
-  EXPECT_THAT(host.asked, IsEmpty());
+  EXPECT_THAT(events, IsEmpty());
 }
 
 TEST_F(SaveTest, ReportsAMissingFolder) {
@@ -190,7 +191,7 @@ TEST_F(SaveTest, KeepsTheResultsButWritesZerosForThem) {
   saveModel(true);
   EXPECT_EQ(MemberTable(1, MemberFieldForce), 7.5F);
   EXPECT_EQ(LoadModelFile(path).members(1, MemberFieldForce), 0.0F);
-  EXPECT_THAT(host.asked, ElementsAre("SetCaption(bridge.stw)"));
+  EXPECT_THAT(events, ElementsAre("CaptionChanged(bridge.stw)"));
 }
 
 TEST_F(SaveTest, KeepsTheResultsWhenItFails) {
@@ -206,7 +207,7 @@ TEST_F(SaveTest, EndsAnAnalysisOfOtherGrids) {
   PretendAnalysis();
   GrJoints.SetText(3, NodeForceY, "-20");
   saveModel(true);
-  EXPECT_THAT(host.asked, ElementsAre("EndAnalysis(true)", "SetCaption(bridge.stw)"));
+  EXPECT_THAT(events, ElementsAre("AnalysisEnded", "ModelChanged", "CaptionChanged(bridge.stw)"));
 }
 
 TEST_F(SaveTest, FromTheMenuTakesTheGridsInEvenIfItIsCancelled) {
@@ -256,26 +257,26 @@ TEST_F(OpenTest, WithoutANameShowsTheDialogWithItsProperties) {
 TEST_F(OpenTest, EndsTheAnalysisThenRefreshesTheWindowInItsOrder) {
   SaveSquare();
   openModel(path);
-  EXPECT_THAT(host.asked, ElementsAre("EndAnalysis(false)", "ShowRecentFiles", "ResetEquations",
-                                      "SetCaption(bridge.stw)", "ClearSurface", "ResetScales", "Redraw(true)"));
+  EXPECT_THAT(events, ElementsAre("AnalysisEnded", "RecentFilesChanged", "CaptionChanged(bridge.stw)", "FileOpened",
+                                  "ModelReplaced"));
 }
 
-/// A host that looks at the model when it is asked to end the analysis and to redraw.
-class WatchingHost : public FakeHost {
+/// Looks at the model when the analysis ends and when the model has been replaced.
+class WatchingListener : public ModelListener {
  public:
-  void EndAnalysis(bool /*redraw*/) override { nodesAtEnd = NodeCount; }
-  void Redraw(bool /*zoomToExtents*/) override { rowsAtRedraw = GrJoints.RowCount(); }
+  void AnalysisEnded() override { nodesAtEnd = NodeCount; }
+  void ModelReplaced() override { rowsAtReplacement = GrJoints.RowCount(); }
   int nodesAtEnd = 0;
-  int rowsAtRedraw = 0;
+  int rowsAtReplacement = 0;
 };
 
 TEST_F(OpenTest, EndsTheAnalysisOfTheOldModelAndDrawsTheNewOneFromTheGrids) {
-  WatchingHost watching;
-  ThePlatform().host = &watching;
+  WatchingListener watching;
+  ListenToModel(&watching);
   SaveSquare();
   openModel(path);
   EXPECT_EQ(watching.nodesAtEnd, 3);
-  EXPECT_EQ(watching.rowsAtRedraw, 5);
+  EXPECT_EQ(watching.rowsAtReplacement, 5);
 }
 
 TEST_F(OpenTest, ShowsTheLastComponentWithEitherSeparator) {
@@ -283,7 +284,7 @@ TEST_F(OpenTest, ShowsTheLastComponentWithEitherSeparator) {
   const std::string foreign = folder.Path("C:\\models\\bridge.stw");
   fs::rename(path, foreign);
   EXPECT_TRUE(openModel(foreign));
-  EXPECT_THAT(host.asked, testing::Contains("SetCaption(bridge.stw)"));
+  EXPECT_THAT(events, testing::Contains("CaptionChanged(bridge.stw)"));
 }
 
 TEST_F(OpenTest, ThatIsCancelledChangesNothing) {
@@ -293,14 +294,14 @@ TEST_F(OpenTest, ThatIsCancelledChangesNothing) {
   EXPECT_EQ(CurrentFileName, path);
   EXPECT_EQ(GridCapacity, 20);
   EXPECT_EQ(NodeCount, 3);
-  EXPECT_THAT(host.asked, IsEmpty());
+  EXPECT_THAT(events, IsEmpty());
 }
 
 TEST_F(OpenTest, FromTheMenuLeavesNoCapacityWhenItIsCancelled) {
   dialog.WillCancel();
   OpenFromMenu();
   EXPECT_EQ(GridCapacity, 0);
-  EXPECT_THAT(host.asked, IsEmpty());
+  EXPECT_THAT(events, IsEmpty());
 }
 
 TEST_F(OpenTest, FromTheMenuTakesTheCapacityOfTheFile) {
@@ -324,7 +325,7 @@ TEST_F(OpenTest, ThatFailsLeavesTheModelAndItsResults) {
   EXPECT_FALSE(openModel(""));
   EXPECT_THAT(TakeMessages(), ElementsAre(OpenError(path)));
   EXPECT_EQ(MemberTable(1, MemberFieldForce), 7.5F);
-  EXPECT_THAT(host.asked, IsEmpty());
+  EXPECT_THAT(events, IsEmpty());
 }
 
 TEST_F(OpenTest, OfNoNameFails) {
@@ -354,8 +355,7 @@ TEST_F(NewTest, EmptiesTheModel) {
 
 TEST_F(NewTest, StartsTheWindowAfresh) {
   newModel();
-  EXPECT_THAT(host.asked, ElementsAre("EndAnalysis(false)", "ClearSurface", "ClearGrids", "SetCaption(newTruss.stw)",
-                                      "ResetEquations", "Redraw(true)"));
+  EXPECT_THAT(events, ElementsAre("AnalysisEnded", "ModelEmptied", "CaptionChanged(newTruss.stw)", "ModelReplaced"));
 }
 
 TEST_F(NewTest, KeepsTheCapacityUnlessItComesFromTheDisplaysMenu) {
@@ -387,12 +387,30 @@ TEST_F(NewTest, BeginsEvenWhereTheProgramHasNoPlaceForItsFiles) {
   EXPECT_THAT(boxes[0].text, StartsWith("Error while saving file /dev/null/strutwright/newTruss.stw\n"));
 }
 
-using SavePictureTest = FileCommandsTest;
+/// A drawing that says where it was saved, or why it can't be.
+class SavedDrawing : public RecordingSurface {
+ public:
+  explicit SavedDrawing(std::vector<std::string>& events) : Events(events) {}
+  void SavePicture(const std::string& path) override {
+    Events.push_back("SavePicture(" + path + ")");
+    if (!failure.empty()) throw FileError(failure);
+  }
+  std::string failure; ///< reason why no picture can be saved; empty when one can
+
+ private:
+  std::vector<std::string>& Events;
+};
+
+class SavePictureTest : public FileCommandsTest {
+ protected:
+  SavedDrawing drawing{events};
+  std::function<void(const std::string&)> save = [this](const std::string& to) { drawing.SavePicture(to); };
+};
 
 TEST_F(SavePictureTest, ShowsTheDialogWithItsProperties) {
   dialog.fileName = path;
   dialog.WillChoose("/pictures/truss.bmp");
-  savePicture();
+  savePicture(save);
   EXPECT_THAT(dialog.shown,
               ElementsAre(ShownFileDialog{"save", "Save Truss Display As", 2, "feb", StwFolder, Pictures, path}));
 }
@@ -400,37 +418,37 @@ TEST_F(SavePictureTest, ShowsTheDialogWithItsProperties) {
 TEST_F(SavePictureTest, SavesTheDrawingAndLeavesTheModelsName) {
   CurrentFileName = path;
   dialog.WillChoose("/pictures/truss.bmp");
-  savePicture();
-  EXPECT_THAT(host.asked, ElementsAre("SavePicture(/pictures/truss.bmp)"));
+  savePicture(save);
+  EXPECT_THAT(events, ElementsAre("SavePicture(/pictures/truss.bmp)"));
   EXPECT_EQ(CurrentFileName, path);
 }
 
 TEST_F(SavePictureTest, ThatIsCancelledDoesNothing) {
   dialog.WillCancel();
-  savePicture();
-  EXPECT_THAT(host.asked, IsEmpty());
+  savePicture(save);
+  EXPECT_THAT(events, IsEmpty());
 }
 
 TEST_F(SavePictureTest, WithoutANameAsksAgainAndThenSavesTwice) {
   dialog.WillChoose("");
   dialog.WillChoose("/pictures/truss.bmp");
-  savePicture();
+  savePicture(save);
   EXPECT_THAT(TakeMessages(), ElementsAre(PleaseName()));
-  EXPECT_THAT(host.asked, ElementsAre("SavePicture(/pictures/truss.bmp)", "SavePicture(/pictures/truss.bmp)"));
+  EXPECT_THAT(events, ElementsAre("SavePicture(/pictures/truss.bmp)", "SavePicture(/pictures/truss.bmp)"));
 }
 
 TEST_F(SavePictureTest, FailsForWantOfANameWhenTheRetryIsCancelled) {
-  host.pictureFailure = "No such file or directory";
+  drawing.failure = "No such file or directory";
   dialog.WillChoose("");
   dialog.WillCancel();
-  savePicture();
+  savePicture(save);
   EXPECT_THAT(TakeMessages(), ElementsAre(PleaseName(), SaveError("", "No such file or directory")));
 }
 
 TEST_F(SavePictureTest, ReportsAFailure) {
-  host.pictureFailure = "No space left on device";
+  drawing.failure = "No space left on device";
   dialog.WillChoose("/dev/full");
-  savePicture();
+  savePicture(save);
   EXPECT_THAT(TakeMessages(), ElementsAre(SaveError("/dev/full", "No space left on device")));
 }
 

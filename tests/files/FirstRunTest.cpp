@@ -1,4 +1,4 @@
-#include "FakePlatform.h"
+#include "EventsTest.h"
 #include "modFirstRun.h"
 
 #include <stdexcept>
@@ -9,7 +9,7 @@
 namespace strutwright {
 namespace {
 
-using FirstRunTest = PlatformTest;
+using FirstRunTest = EventsTest;
 
 /// A desktop on which no box can be shown.
 class RefusingBoxes : public MessageBoxes {

@@ -1,4 +1,4 @@
-#include "FakePlatform.h"
+#include "EventsTest.h"
 #include "NativeFileSystem.h"
 #include "ScratchFolder.h"
 #include "modManual.h"
@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class ManualTest : public PlatformTest {
+class ManualTest : public EventsTest {
  protected:
   ManualTest() {
     ThePlatform().files = &disk;

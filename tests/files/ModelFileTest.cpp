@@ -1,4 +1,4 @@
-#include "FakePlatform.h"
+#include "EventsTest.h"
 #include "ModelBuilder.h"
 #include "modModelFile.h"
 #include "modModelStore.h"
@@ -31,7 +31,7 @@ void PutFloat(std::string& bytes, std::size_t offset, float value) {
   for (std::size_t i = 0; i < 4; ++i) bytes.at(offset + i) = static_cast<char>((bits >> (8 * i)) & 0xFFU);
 }
 
-class ModelFileTest : public PlatformTest {
+class ModelFileTest : public EventsTest {
  protected:
   ModelFileTest() { ResetModel(); }
 

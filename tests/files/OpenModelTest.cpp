@@ -1,5 +1,5 @@
 #include "AsUser.h"
-#include "FakePlatform.h"
+#include "EventsTest.h"
 #include "FileState.h"
 #include "ModelBuilder.h"
 #include "NativeFileSystem.h"
@@ -24,7 +24,7 @@ namespace {
 namespace fs = std::filesystem;
 using testing::ElementsAre;
 
-class OpenModelTest : public PlatformTest {
+class OpenModelTest : public EventsTest {
  protected:
   OpenModelTest() {
     ThePlatform().files = &disk;

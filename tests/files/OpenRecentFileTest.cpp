@@ -1,5 +1,5 @@
 #include "AnalysisState.h"
-#include "FakePlatform.h"
+#include "EventsTest.h"
 #include "FileState.h"
 #include "ModelBuilder.h"
 #include "NativeFileSystem.h"
@@ -25,7 +25,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 /// A run after a first one, with two models on disk: a triangle and a square.
-class OpenRecentFileTest : public PlatformTest {
+class OpenRecentFileTest : public EventsTest {
  protected:
   OpenRecentFileTest() {
     ThePlatform().files = &disk;

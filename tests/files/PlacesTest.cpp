@@ -1,4 +1,4 @@
-#include "FakePlatform.h"
+#include "EventsTest.h"
 #include "NativeFileSystem.h"
 #include "ScratchFolder.h"
 #include "modPlaces.h"
@@ -21,7 +21,7 @@ TEST(LastComponentTest, MayBeAllOrNothing) {
   EXPECT_EQ(LastComponent(""), "");
 }
 
-class OwnFileTest : public PlatformTest {
+class OwnFileTest : public EventsTest {
  protected:
   OwnFileTest() {
     ThePlatform().files = &disk;

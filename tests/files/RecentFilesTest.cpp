@@ -1,4 +1,4 @@
-#include "FakePlatform.h"
+#include "EventsTest.h"
 #include "FileState.h"
 #include "modRecentFiles.h"
 
@@ -18,7 +18,7 @@ using testing::UnorderedElementsAre;
 
 Message PleaseInputANumber() { return Box(MessageIcon::None, "Please input a number in future, ok"); }
 
-class RecentFilesTest : public PlatformTest {
+class RecentFilesTest : public EventsTest {
  protected:
   RecentFilesTest() { TheFiles = FileState{}; }
   ~RecentFilesTest() override { TheFiles = FileState{}; }
@@ -136,10 +136,10 @@ TEST_F(StartUpListTest, ShowsNoMoreEntriesThanAListCanHave) {
   EXPECT_EQ(noRUF, 0);
 }
 
-TEST_F(StartUpListTest, TellsTheHostToShowTheList) {
+TEST_F(StartUpListTest, ReportsTheList) {
   Stored({"/models/a.stw"}, "3", "1");
   startUpList();
-  EXPECT_THAT(host.asked, ElementsAre("ShowRecentFiles"));
+  EXPECT_THAT(events, ElementsAre("RecentFilesChanged"));
 }
 
 TEST_F(StartUpListTest, DoesNothingInAProgramWithoutSettings) {
@@ -149,7 +149,7 @@ TEST_F(StartUpListTest, DoesNothingInAProgramWithoutSettings) {
   refreshCaptions();
   applyMaxFiles();
   EXPECT_THAT(Shown(), IsEmpty());
-  EXPECT_THAT(host.asked, IsEmpty());
+  EXPECT_THAT(events, IsEmpty());
 }
 
 // Adding a file
@@ -160,7 +160,7 @@ class AddRecentFileTest : public RecentFilesTest {
   AddRecentFileTest() {
     Stored({"c", "b", "a"}, "3", "3");
     startUpList();
-    host.asked.clear();
+    events.clear();
   }
 };
 
@@ -278,9 +278,9 @@ TEST_F(AddRecentFileTest, TrimsAfterMovingAKnownFileToo) {
   EXPECT_EQ(noRUF, 1);
 }
 
-TEST_F(AddRecentFileTest, TellsTheHostOnceWhenTheListIsWhole) {
+TEST_F(AddRecentFileTest, ReportsTheListOnceWhenItIsWhole) {
   addRecentFile("d");
-  EXPECT_THAT(host.asked, ElementsAre("ShowRecentFiles"));
+  EXPECT_THAT(events, ElementsAre("RecentFilesChanged"));
 }
 
 // Captions
@@ -417,9 +417,9 @@ TEST_F(LimitTest, HoldsAtTheNextStart) {
 }
 
 TEST_F(LimitTest, ShowsTheShorterListInTheMenus) {
-  host.asked.clear();
+  events.clear();
   LimitFrom("2");
-  EXPECT_THAT(host.asked, ElementsAre("ShowRecentFiles"));
+  EXPECT_THAT(events, ElementsAre("RecentFilesChanged"));
 }
 
 } // namespace

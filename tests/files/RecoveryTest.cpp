@@ -1,6 +1,6 @@
 #include "AnalysisState.h"
 #include "AsUser.h"
-#include "FakePlatform.h"
+#include "EventsTest.h"
 #include "FaultyFileSystem.h"
 #include "FileState.h"
 #include "ModelBuilder.h"
@@ -35,7 +35,7 @@ namespace fs = std::filesystem;
 using testing::ElementsAre;
 
 /// Runs of the program in one process: what a run holds, its lock above all, lies in TheFiles.
-class RecoveryTest : public PlatformTest {
+class RecoveryTest : public EventsTest {
  protected:
   RecoveryTest() {
     ThePlatform().files = &files;
@@ -229,8 +229,8 @@ TEST_F(RecoveryTest, OffersWhatARunLeftAndBringsItBack) {
   EXPECT_EQ(GridCapacity, 33);
   EXPECT_EQ(GrJoints.Text(3, 4), "-10");
   EXPECT_EQ(CurrentFileName, "");
-  EXPECT_THAT(host.asked, ElementsAre("EndAnalysis(false)", "ResetEquations", "SetCaption(unsaved-1.stw)",
-                                      "ClearSurface", "ResetScales", "Redraw(true)", "SetCaption(Restored model)"));
+  EXPECT_THAT(events, ElementsAre("AnalysisEnded", "CaptionChanged(unsaved-1.stw)", "FileOpened", "ModelReplaced",
+                                  "CaptionChanged(Restored model)"));
 }
 
 TEST_F(RecoveryTest, AsksForANameWhenARestoredModelIsSaved) {
@@ -276,7 +276,7 @@ TEST_F(RecoveryTest, NeverOffersTheOwnFile) {
   KeepRecovery();
   EXPECT_FALSE(HasUnsavedModel());
   RestoreUnsavedModel();
-  EXPECT_THAT(host.asked, ElementsAre("ShowHint(There is no unsaved model to restore)"));
+  EXPECT_THAT(events, ElementsAre("ShowHint(There is no unsaved model to restore)"));
   EXPECT_EQ(NodeCount, 3);
 }
 

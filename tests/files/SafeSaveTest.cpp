@@ -1,5 +1,5 @@
 #include "AsUser.h"
-#include "FakePlatform.h"
+#include "EventsTest.h"
 #include "FaultyFileSystem.h"
 #include "ModelBuilder.h"
 #include "NativeFileSystem.h"
@@ -25,7 +25,7 @@ namespace {
 namespace fs = std::filesystem;
 using testing::ElementsAre;
 
-class SafeSaveTest : public PlatformTest {
+class SafeSaveTest : public EventsTest {
  protected:
   SafeSaveTest() {
     ThePlatform().files = &files;

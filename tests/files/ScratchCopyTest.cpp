@@ -1,5 +1,5 @@
 #include "AsUser.h"
-#include "FakePlatform.h"
+#include "EventsTest.h"
 #include "FaultyFileSystem.h"
 #include "ModelBuilder.h"
 #include "NativeFileSystem.h"
@@ -24,7 +24,7 @@ namespace {
 namespace fs = std::filesystem;
 using testing::ElementsAre;
 
-class ScratchCopyTest : public PlatformTest {
+class ScratchCopyTest : public EventsTest {
  protected:
   ScratchCopyTest() {
     ThePlatform().files = &files;
@@ -89,7 +89,7 @@ TEST_F(ScratchCopyTest, HoldsTheLargestModelThatCanBeAnalysed) {
 
 TEST_F(ScratchCopyTest, AsksAndTellsNobody) {
   writeScratchCopy();
-  EXPECT_TRUE(host.asked.empty());
+  EXPECT_TRUE(events.empty());
   EXPECT_TRUE(dialog.shown.empty());
 }
 

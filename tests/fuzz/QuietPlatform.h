@@ -11,7 +11,6 @@ namespace strutwright {
 struct QuietPlatform {
   QuietPlatform() {
     ThePlatform().messages = &messages;
-    ThePlatform().host = &host;
     ThePlatform().clipboard = &clipboard;
   }
   ~QuietPlatform() { ThePlatform() = {}; }
@@ -21,7 +20,6 @@ struct QuietPlatform {
   std::size_t BoxCount() const { return messages.shown.size(); }
 
   FakeMessageBoxes messages;
-  FakeHost host;
   FakeClipboard clipboard;
 };
 

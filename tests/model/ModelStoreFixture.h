@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FakePlatform.h"
+#include "EventsTest.h"
 #include "ModelBuilder.h"
 #include "modColumns.h"
 #include "modModelStore.h"
@@ -11,7 +11,7 @@
 namespace strutwright {
 
 /// Data grids with their headings and no data row.
-class ModelStoreTest : public PlatformTest {
+class ModelStoreTest : public EventsTest {
  protected:
   ModelStoreTest() {
     ResetModel();

@@ -82,7 +82,7 @@ TEST_F(RenumberingTest, EndsLikeEveryChangeOfTheModel) {
 
   RenumberNodesAlongSpan();
 
-  EXPECT_THAT(host.asked, ElementsAre("ResetEquations", "EndAnalysis(false)", "Redraw(false)"));
+  EXPECT_THAT(events, ElementsAre("NodesRenumbered", "AnalysisEnded", "ModelChanged"));
   EXPECT_EQ(NodeTable(1, NodeX), 1);
   EXPECT_EQ(MemberTable(1, MemberNodeI), 2);
 }
@@ -95,7 +95,7 @@ TEST_F(RenumberingTest, TellsWhereThereIsNothingToDo) {
 
     EXPECT_THAT(TakeMessages(),
                 ElementsAre(Box(MessageIcon::Information, "The nodes are numbered along the span already")));
-    EXPECT_THAT(host.asked, IsEmpty());
+    EXPECT_THAT(events, IsEmpty());
   }
 }
 

@@ -30,7 +30,7 @@ TEST_F(LongWorkTest, KeepsQuietForASecond) {
     theTime += 999ms;
     work.Done(0.5);
   }
-  EXPECT_THAT(host.asked, IsEmpty());
+  EXPECT_THAT(events, IsEmpty());
 }
 
 TEST_F(LongWorkTest, ThenShowsHowFarItIsTenTimesASecondUntilItEnds) {
@@ -43,17 +43,17 @@ TEST_F(LongWorkTest, ThenShowsHowFarItIsTenTimesASecondUntilItEnds) {
     theTime += 1ms;
     work.Done(0.27);
   }
-  EXPECT_THAT(host.asked, ElementsAre("ShowProgress(Solving, 25 %)", "ShowProgress(Solving, 27 %)", "EndProgress"));
+  EXPECT_THAT(events, ElementsAre("ShowProgress(Solving, 25 %)", "ShowProgress(Solving, 27 %)", "EndProgress"));
 }
 
 TEST_F(LongWorkTest, StopsWhenTheUserCancels) {
-  host.reportsUntilCancel = 0;
+  statusBar.reportsUntilCancel = 0;
   {
     LongWork work("Solving");
     theTime += 1s;
     EXPECT_THROW(work.Done(0.25), WorkCancelled);
   }
-  EXPECT_THAT(host.asked, ElementsAre("ShowProgress(Solving, 25 %)", "EndProgress"));
+  EXPECT_THAT(events, ElementsAre("ShowProgress(Solving, 25 %)", "EndProgress"));
 }
 
 } // namespace

@@ -26,10 +26,9 @@ TEST(EnsureTest, GivesTheSentenceOfTheBug) {
 
 TEST(PlatformWithoutPartsTest, IsABugToUse) {
   EXPECT_THROW(Messages(), EnsureFailed);
-  EXPECT_THROW(TheHost(), EnsureFailed);
+  EXPECT_THROW(TheClipboard(), EnsureFailed);
   EXPECT_THROW(Files(), EnsureFailed);
   EXPECT_THROW(TheFileDialog(), EnsureFailed);
-  EXPECT_THROW(TheClipboard(), EnsureFailed);
   EXPECT_THROW(TheShell(), EnsureFailed);
   EXPECT_THROW(ThePaper(), EnsureFailed);
   EXPECT_THROW(ThePrinters(), EnsureFailed);

@@ -3,7 +3,7 @@
 #include "AnalysisState.h"
 #include "DisplayState.h"
 #include "EditingState.h"
-#include "FakePlatform.h"
+#include "EventsTest.h"
 #include "FileState.h"
 #include "ModelBuilder.h"
 #include "NativeFileSystem.h"
@@ -21,7 +21,7 @@
 namespace strutwright {
 
 /// The state of a program that has just started, and short ways to a report.
-class ReportTest : public PlatformTest {
+class ReportTest : public EventsTest {
  protected:
   ReportTest() {
     ResetModel();

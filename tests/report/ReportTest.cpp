@@ -50,8 +50,7 @@ TEST_F(ReportTest, NeedsResults) {
 TEST_F(ReportTest, IsNotThereForAnUnstableTruss) {
   SetModel(Square());
   EXPECT_FALSE(runAnalysis(ScratchCopy::None));
-  host.EndAnalysis(true);
-  AnalysisDone = FlagFalse; // what the host of the program does
+  EndAnalysis();
   EXPECT_FALSE(HasResultsToReport());
   TakeMessages();
 }

@@ -64,12 +64,14 @@ TEST_F(ZeroMembersTest, AreNoneWhereALoadPullsAslant) {
 }
 
 TEST_F(ZeroMembersTest, AreALoneMemberToo) {
-  // Node 2 slides along x: its one member, across that, bears nothing.
-  const ModelData post{{{0, 0, 0, 0, 3}, {3, 0, 0, 0, 1}}, {{1, 2}}};
-  const std::vector<ZeroMember> zeros = Zeros(post);
-  ASSERT_EQ(zeros.size(), 1U);
-  EXPECT_EQ(zeros[0].rule, ZeroRule::OnlyMember);
-  EXPECT_EQ(zeros[0].text, "At node 1 only member 1 can bear anything, and nothing pulls at it");
+  // A node on one member only: the truss is a mechanism, but this much a joint shows.
+  ModelData model = Triangle();
+  model.nodes.push_back({7, 2});
+  model.members.push_back({2, 4});
+  const std::vector<ZeroMember> zeros = Zeros(model);
+  ASSERT_FALSE(zeros.empty());
+  EXPECT_EQ(zeros.front().rule, ZeroRule::OnlyMember);
+  EXPECT_EQ(zeros.front().text, "At node 4 only member 4 can bear anything, and nothing pulls at it");
 }
 
 TEST_F(ZeroMembersTest, TakeAReactionForNoneWhereNothingAsksForIt) {
@@ -93,13 +95,14 @@ TEST_F(ZeroMembersTest, SeeALineThroughTheRoundingOfCoordinates) {
 }
 
 TEST_F(ZeroMembersTest, AreListedApartWhereOnlyTheNumbersShowThem) {
-  // A load above the support: the far part rests, but node 3's reaction is not seen to be none.
-  const ModelData model{{{0, 0, 0, 0, 3}, {0, 3, 0, -10}, {4, 0, 0, 0, 1}, {4, 3}},
-                        {{1, 3}, {1, 2}, {2, 4}, {3, 4}, {2, 3}}};
+  // Equal loads at both inner nodes of three panels: no shear in the middle one, which only a section shows.
+  ModelData model = ThreePanels().model;
+  model.nodes[1].forceY = model.nodes[2].forceY = -1200;
+  model.nodes[5].forceX = 0;
   const HandTruss truss = HandTrussOf(model);
   const std::vector<ZeroMember> zeros = FindZeroMembers(truss);
-  EXPECT_THAT(MembersOf(zeros), ElementsAre(1, 3, 4));
-  EXPECT_THAT(ZeroByNumbers(truss, SolveByHand(truss).forces, zeros), ElementsAre(5));
+  EXPECT_THAT(zeros, IsEmpty());
+  EXPECT_THAT(ZeroByNumbers(truss, SolveByHand(truss).forces, zeros), ElementsAre(8));
 }
 
 /// Whether a member bears nothing whatever the size of the loads: none of their parts alone moves it.
@@ -158,7 +161,7 @@ TEST_F(ZeroMembersTest, FoundByRuleAreZeroByRankOnTwoHundredTrusses) {
   RecordProperty("by_rule", byRule);
   RecordProperty("by_rank", byRank);
   RecordProperty("same", same);
-  printf("RULE %d RANK %d SAME %d\n", byRule, byRank, same);
+  EXPECT_GE(same, 190);
 }
 
 } // namespace

@@ -1,7 +1,6 @@
 #include "FormFixture.h"
 
 #include "DisplayState.h"
-#include "Host.h"
 #include "modModelStore.h"
 
 #include <QCheckBox>

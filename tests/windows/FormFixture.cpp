@@ -62,7 +62,8 @@ FormTest::FormTest() {
   TheDisplay = DisplayState{};
   settings.texts["Recent Files/1"] = "/models/earlier.stw"; // or a box would welcome the user
   frame = std::make_unique<frmMain>();
-  ThePlatform().host = frame.get();
+  ThePlatform().hints = &frame->Status();
+  ThePlatform().progress = &frame->Status();
   ThePlatform().files = &disk;
   ThePlatform().paper = &pages;
   ThePlatform().programFolder = folder.Path("");
@@ -85,7 +86,8 @@ void FormTest::StartNextRun() {
   TheFiles = FileState{};
   TheModel = ModelState{};
   frame = std::make_unique<frmMain>();
-  ThePlatform().host = frame.get();
+  ThePlatform().hints = &frame->Status();
+  ThePlatform().progress = &frame->Status();
   frame->resize(RoomySize);
   frame->show();
   frame->MDIForm_Load();

@@ -156,9 +156,9 @@ class MonkeyTest : public FormTest {
 };
 
 TEST_F(MonkeyTest, NeverBreaksTheProgram) {
-  const unsigned events = FromEnvironment("STRUTWRIGHT_MONKEY_EVENTS", 1000);
-  std::cout << "seed " << seed << ", " << events << " events\n";
-  for (unsigned event = 1; event <= events; ++event) {
+  const unsigned presses = FromEnvironment("STRUTWRIGHT_MONKEY_EVENTS", 1000);
+  std::cout << "seed " << seed << ", " << presses << " presses\n";
+  for (unsigned event = 1; event <= presses; ++event) {
     SCOPED_TRACE("event " + std::to_string(event) + " of seed " + std::to_string(seed));
     DoSomething();
     CheckInvariants();

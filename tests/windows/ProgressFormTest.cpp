@@ -25,17 +25,17 @@ class ProgressFormTest : public FormTest {
   /// Does something from within the events that progress lets through.
   void Meanwhile(const std::function<void()>& work) {
     QTimer::singleShot(0, frame.get(), work);
-    frame->ShowProgress("Solving the equations", 0.5);
+    frame->Status().ShowProgress("Solving the equations", 0.5);
   }
 };
 
 TEST_F(ProgressFormTest, ShowsHowFarItIsUntilItEnds) {
   EXPECT_TRUE(Bar().isHidden());
-  EXPECT_TRUE(frame->ShowProgress("Solving the equations", 0.25));
+  EXPECT_TRUE(frame->Status().ShowProgress("Solving the equations", 0.25));
   EXPECT_TRUE(Bar().isVisible());
   EXPECT_EQ(Bar().value(), 25);
   EXPECT_EQ(LabelText("stsBar_Hint"), "Solving the equations ...");
-  frame->EndProgress();
+  frame->Status().EndProgress();
   EXPECT_TRUE(Bar().isHidden());
   EXPECT_TRUE(Cancel().isHidden());
   EXPECT_EQ(LabelText("stsBar_Hint"), "");
@@ -43,10 +43,10 @@ TEST_F(ProgressFormTest, ShowsHowFarItIsUntilItEnds) {
 
 TEST_F(ProgressFormTest, StopsOnAClickOnCancelAndBeginsAfreshNextTime) {
   Meanwhile([this] { QTest::mouseClick(&Cancel(), Qt::LeftButton); });
-  EXPECT_FALSE(frame->ShowProgress("Solving the equations", 0.6));
-  frame->EndProgress();
-  EXPECT_TRUE(frame->ShowProgress("Solving the equations", 0.1));
-  frame->EndProgress();
+  EXPECT_FALSE(frame->Status().ShowProgress("Solving the equations", 0.6));
+  frame->Status().EndProgress();
+  EXPECT_TRUE(frame->Status().ShowProgress("Solving the equations", 0.1));
+  frame->Status().EndProgress();
 }
 
 TEST_F(ProgressFormTest, LetsNoOtherInputThrough) {
@@ -56,7 +56,7 @@ TEST_F(ProgressFormTest, LetsNoOtherInputThrough) {
     for (const Qt::Key key : {Qt::Key_N, Qt::Key_Z}) QTest::keyClick(frame.get(), key, Qt::ControlModifier);
     QTest::keyClick(frame.get(), Qt::Key_F5);
   });
-  frame->EndProgress();
+  frame->Status().EndProgress();
   EXPECT_EQ(NodeCount, 0);
   EXPECT_EQ(frame->windowTitle(), "Strutwright");
   EXPECT_FALSE(Find<QLineEdit>("grTxtBox").isVisible());
@@ -65,15 +65,15 @@ TEST_F(ProgressFormTest, LetsNoOtherInputThrough) {
 TEST_F(ProgressFormTest, KeepsARequestToCloseUntilAfterwards) {
   Meanwhile([this] { EXPECT_FALSE(frame->close()); });
   EXPECT_FALSE(frame->IsEnding());
-  frame->EndProgress();
+  frame->Status().EndProgress();
   QCoreApplication::processEvents();
   EXPECT_TRUE(frame->IsEnding());
 }
 
 TEST_F(ProgressFormTest, GivesTheFocusBack) {
   ClickCell(View("GrJoints"), 1, 1);
-  frame->ShowProgress("Solving the equations", 0.5);
-  frame->EndProgress();
+  frame->Status().ShowProgress("Solving the equations", 0.5);
+  frame->Status().EndProgress();
   EXPECT_TRUE(View("GrJoints").hasFocus());
 }
 

@@ -1,5 +1,6 @@
 #include "EditHistory.h"
 #include "FakePlatform.h"
+#include "FileEvents.h"
 #include "FileState.h"
 #include "MemoryFileSystem.h"
 #include "modFileCommands.h"
@@ -117,20 +118,15 @@ class WhatBelongsWhere {
   std::map<std::string, std::string> Contents{{"a", "1"}, {"b", "2"}}; ///< the x of node 1, the only one
 };
 
-/// A host that empties the grids and keeps the caption, as the main window does.
-class GridsHost : public FakeHost {
+/// Keeps the caption, as the main window does.
+class CaptionKeeper : public FileListener {
  public:
-  void ClearGrids() override {
-    GrJoints.SetRowCount(1);
-    GrMembers.SetRowCount(1);
-  }
-  void SetCaption(const std::string& text) override { caption = QString::fromStdString(text); }
-  void EndAnalysis(bool /*redraw*/) override {}
-  void Redraw(bool /*zoomToExtents*/) override {}
-  void ClearSurface() override {}
-  void ResetScales() override {}
-  void ResetEquations() override {}
-  void ShowRecentFiles() override {}
+  CaptionKeeper() { ListenToFiles(this); }
+  ~CaptionKeeper() override { ListenToFiles(nullptr); }
+  CaptionKeeper(const CaptionKeeper&) = delete;
+  CaptionKeeper& operator=(const CaptionKeeper&) = delete;
+
+  void CaptionChanged(const std::string& text) override { caption = QString::fromStdString(text); }
 
   QString caption{"Strutwright"};
 };
@@ -152,14 +148,13 @@ class RealProgram {
     GrJoints.SetColumnCount(6);
     GrMembers.SetColumnCount(6);
     mnuRUF.resize(1);
-    ThePlatform().host = &Host;
     Files.files = {{"a", FileWithNodeAt("1")}, {"b", FileWithNodeAt("2")}};
     GrJoints.SetRowCount(1);
     RebuildModelFromGrids();
   }
 
   static std::string Text() { return NodeCount == 0 ? "" : GrJoints.Text(1, NodeX); }
-  QString Caption() const { return Host.caption; }
+  QString Caption() const { return Keeper.caption; }
 
   void Do(Command command, const std::string& edited) {
     switch (command) {
@@ -198,8 +193,8 @@ class RealProgram {
 
   MemoryFileSystem& Files;
   FakeFileDialog& Dialog;
-  GridsHost Host;
-  EditHistory History{Host.caption};
+  CaptionKeeper Keeper;
+  EditHistory History{Keeper.caption};
 };
 
 class UndoAcrossFilesTest : public PlatformTest, public testing::WithParamInterface<Command> {

@@ -3,7 +3,7 @@
 #include "AnalysisState.h"
 #include "DisplayState.h"
 #include "EditingState.h"
-#include "FakePlatform.h"
+#include "EventsTest.h"
 #include "WorkbenchState.h"
 #include "modScales.h"
 
@@ -33,7 +33,7 @@ class ScaleSpinnerModel : public Spinner {
   int value = 500;
 };
 
-class AnimationTest : public PlatformTest {
+class AnimationTest : public EventsTest {
  protected:
   AnimationTest() {
     TheEditing = EditingState{};
@@ -131,17 +131,17 @@ TEST_F(ScalesTest, TakesTheFirstChangeFromFiveHundred) {
 
 TEST_F(ScalesTest, ClearsAndRedrawsAtEachStep) {
   stepDeflectionScale(true);
-  EXPECT_THAT(host.asked, ElementsAre("ClearSurface", "Redraw(false)"));
-  host.asked.clear();
+  EXPECT_THAT(events, ElementsAre("ViewChanged"));
+  events.clear();
   stepLoadsScale(true);
-  EXPECT_THAT(host.asked, ElementsAre("ClearSurface", "Redraw(false)"));
+  EXPECT_THAT(events, ElementsAre("ViewChanged"));
 }
 
 TEST_F(ScalesTest, StepsTheDeflectionScaleWithResultsOnly) {
   AnalysisDone = FlagFalse;
   stepDeflectionScale(true);
   EXPECT_EQ(DeflectionScale, 100.0F);
-  EXPECT_THAT(host.asked, IsEmpty());
+  EXPECT_THAT(events, IsEmpty());
   EXPECT_FALSE(ShowDeflectedShape);
 }
 

@@ -22,7 +22,7 @@ TEST_F(EquationResultsTest, LeavesTheResultsOfTheLastAnalysis) {
   ASSERT_TRUE(runAnalysis(ScratchCopy::None));
   const FieldTable members = MemberTable;
   const AnalysisState analysis = TheAnalysis;
-  host.asked.clear();
+  events.clear();
 
   for (const auto step : {StepShowForces, StepAddMember, StepShowGlobalK, StepRestrict, StepSolve, StepBack}) step();
 
@@ -32,39 +32,39 @@ TEST_F(EquationResultsTest, LeavesTheResultsOfTheLastAnalysis) {
   EXPECT_EQ(Reactions, analysis.Reactions);
   EXPECT_EQ(GlobalStiffness, analysis.GlobalStiffness);
   EXPECT_EQ(MemberStiffnessBuffer, analysis.MemberStiffnessBuffer);
-  EXPECT_THAT(host.asked, testing::IsEmpty());
+  EXPECT_THAT(events, testing::IsEmpty());
 }
 
 TEST_F(EquationResultsTest, LeavesTheAnalysisDoneAlsoWhenASolveFails) {
   SetModel(Triangle());
   ASSERT_TRUE(runAnalysis(ScratchCopy::None));
   StepShowGlobalK();
-  host.asked.clear();
+  events.clear();
 
   StepSolve();
 
   EXPECT_THAT(TakeMessages(), ElementsAre(UnstableBox()));
   EXPECT_EQ(AnalysisDone, FlagTrue);
   EXPECT_EQ(FailedCheck, std::nullopt);
-  EXPECT_THAT(host.asked, testing::IsEmpty());
+  EXPECT_THAT(events, testing::IsEmpty());
 }
 
 TEST_F(EquationResultsTest, EndsTheAnalysisWhenTheGridsHaveChanged) {
   SetModel(Triangle());
   ASSERT_TRUE(runAnalysis(ScratchCopy::None));
-  host.asked.clear();
+  events.clear();
   GrJoints.SetText(3, NodeForceX, "6");
 
   StepShowForces();
 
-  EXPECT_THAT(host.asked, ElementsAre("EndAnalysis(true)"));
+  EXPECT_THAT(events, ElementsAre("AnalysisEnded", "ModelChanged"));
 }
 
 TEST_F(EquationResultsTest, ChangesNothingWhenASolveIsCancelled) {
   SetModel(PrattTruss(20));
   StepShowGlobalK();
   StepRestrict();
-  host.reportsUntilCancel = 0;
+  statusBar.reportsUntilCancel = 0;
   ThePlatform().now = [] {
     static std::chrono::steady_clock::time_point time;
     return time += std::chrono::seconds(2);
@@ -74,7 +74,7 @@ TEST_F(EquationResultsTest, ChangesNothingWhenASolveIsCancelled) {
 
   EXPECT_EQ(Disp(1), "");
   EXPECT_EQ(TheEquations.page.lastStep, EquationStep::Restrict);
-  EXPECT_EQ(host.asked.back(), "EndProgress");
+  EXPECT_EQ(events.back(), "EndProgress");
 }
 
 TEST_F(EquationResultsTest, SolvesAsTheAnalysisDoes) {

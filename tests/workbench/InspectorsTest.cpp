@@ -1,6 +1,6 @@
 #include "AnalysisState.h"
 #include "EditingState.h"
-#include "FakePlatform.h"
+#include "EventsTest.h"
 #include "ModelBuilder.h"
 #include "WorkbenchState.h"
 #include "modGrids.h"
@@ -33,7 +33,7 @@ std::vector<std::string> Values(const Grid& grid) {
   return texts;
 }
 
-class InspectorTest : public PlatformTest {
+class InspectorTest : public EventsTest {
  protected:
   InspectorTest() {
     ResetModel();
@@ -136,7 +136,7 @@ class NodeDetailsTest : public InspectorTest {
   void GivenALoadedNode() {
     SetModel({{{1, 2, 5, 5}, {3, 4}}, {}});
     ShowNodeDetails(details, 1);
-    host.asked.clear();
+    events.clear();
   }
 
   static std::string ForceX() { return GrJoints.Text(1, NodeForceX); }
@@ -221,7 +221,7 @@ TEST_F(NodeDetailsTest, EndsTheAnalysisAndShowsTheNewLoad) {
 
   ApplyNodeLoad(details, 1, "3", "0", LoadMode::Overwrite);
 
-  EXPECT_THAT(host.asked, ElementsAre("EndAnalysis(false)", "Redraw(false)"));
+  EXPECT_THAT(events, ElementsAre("AnalysisEnded", "ModelChanged"));
   EXPECT_THAT(Values(details.grProperties), ElementsAre("1", "1", "2", "3", "0", "0", "0"));
 }
 
@@ -255,7 +255,7 @@ TEST_F(NodeDetailsTest, ReportsBothTextsThatAreNotNumeric) {
                           Box(MessageIcon::Critical, "Angle is not numeric: x\nNo force will be applied.")));
   EXPECT_EQ(ForceX(), "5");
   EXPECT_EQ(ForceY(), "5");
-  EXPECT_THAT(host.asked, IsEmpty());
+  EXPECT_THAT(events, IsEmpty());
 }
 
 TEST_F(NodeDetailsTest, AppliesNothingWithoutAnAngle) {
@@ -288,7 +288,7 @@ TEST_F(NodeDetailsTest, AppliesNoLoadThatIsTooLarge) {
       TakeMessages(),
       ElementsAre(Box(MessageIcon::Critical, "Overflow: the load at node 1 is too large.\nNo force will be applied.")));
   EXPECT_EQ(ForceX(), "3e38");
-  EXPECT_THAT(host.asked, IsEmpty());
+  EXPECT_THAT(events, IsEmpty());
 }
 
 } // namespace

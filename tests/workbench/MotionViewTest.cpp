@@ -238,9 +238,9 @@ TEST_F(CureTest, OfAllMotionsInTurnLeavesATrussThatIsAnalysed) {
 
 TEST_F(CureTest, EndsTheAnalysisAndDrawsOnce) {
   Check(PublishedMechanisms()[1]);
-  host.asked.clear();
+  events.clear();
   ApplyCure({1, 3, 0, ""});
-  EXPECT_THAT(host.asked, ElementsAre("EndAnalysis(false)", "Redraw(false)"));
+  EXPECT_THAT(events, ElementsAre("AnalysisEnded", "ModelChanged"));
 }
 
 TEST_F(CureTest, ByAMemberTakesOverTheMaterialOfOneBesideIt) {

@@ -185,14 +185,14 @@ TEST_F(ApplyOptionsTest, DrawsTheGridWhereItIsSwitchedOn) {
 
 TEST_F(ApplyOptionsTest, RedrawsAndKeepsTheView) {
   ApplyOptions();
-  EXPECT_THAT(host.asked, ElementsAre("Redraw(false)", "ShowRecentFiles"));
+  EXPECT_THAT(events, ElementsAre("ViewChanged", "RecentFilesChanged"));
 }
 
 /// Looks at what is done by the time of the redraw.
-class RedrawWatcher : public FakeHost {
+class RedrawWatcher : public ViewListener {
  public:
   explicit RedrawWatcher(const RecordingSurface& drawing, const FakeSettings& store) : Drawing(drawing), Store(store) {}
-  void Redraw(bool /*zoomToExtents*/) override {
+  void ViewChanged() override {
     fieldAtRedraw = TheOptions.xSpaceTxt;
     gridIsDrawn = !Drawing.ink.empty();
     rowsAtRedraw = GrJoints.RowCount();
@@ -211,7 +211,7 @@ class RedrawWatcher : public FakeHost {
 
 TEST_F(ApplyOptionsTest, GoesFieldByFieldThenGridLayoutRedrawAndLimit) {
   RedrawWatcher watcher(surface, settings);
-  ThePlatform().host = &watcher;
+  ListenToView(&watcher);
   ChangeCapacity("30");
   ApplyWith(&OptionsState::xSpaceTxt, "02");
   EXPECT_EQ(watcher.fieldAtRedraw, "2");

@@ -3,7 +3,7 @@
 #include "AnalysisState.h"
 #include "DisplayState.h"
 #include "EditingState.h"
-#include "FakePlatform.h"
+#include "EventsTest.h"
 #include "NativeFileSystem.h"
 #include "RecordingSurface.h"
 #include "ReferenceModels.h"
@@ -37,7 +37,7 @@ bool AnyMemberNamesAMissingNode() {
   return false;
 }
 
-class ReferenceDrawingTest : public PlatformTest, public testing::WithParamInterface<std::string> {
+class ReferenceDrawingTest : public EventsTest, public testing::WithParamInterface<std::string> {
  protected:
   ReferenceDrawingTest() {
     ThePlatform().files = &disk;

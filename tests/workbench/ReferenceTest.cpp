@@ -3,7 +3,7 @@
 
 #include "AnalysisState.h"
 #include "EditingState.h"
-#include "FakePlatform.h"
+#include "EventsTest.h"
 #include "NativeFileSystem.h"
 #include "ReferenceModels.h"
 #include "WorkbenchState.h"
@@ -119,7 +119,7 @@ void CheckRecord(const std::string& record) {
   EXPECT_EQ(MemberTable(member, field), NextFloat(words));
 }
 
-class ReferenceTest : public PlatformTest, public testing::WithParamInterface<std::string> {
+class ReferenceTest : public EventsTest, public testing::WithParamInterface<std::string> {
  protected:
   ReferenceTest() {
     ThePlatform().files = &disk;

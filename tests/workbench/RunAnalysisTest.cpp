@@ -46,7 +46,7 @@ TEST_F(RunAnalysisTest, EntersTheStateAnalysisDoneAndShowsIt) {
   ASSERT_TRUE(runAnalysis());
 
   EXPECT_EQ(AnalysisDone, FlagTrue);
-  EXPECT_THAT(host.asked, ElementsAre("RefreshStatusTexts"));
+  EXPECT_THAT(events, ElementsAre("AnalysisStateChanged"));
 }
 
 TEST_F(RunAnalysisTest, ListsARowForEachNodeAndMember) {
@@ -86,7 +86,7 @@ TEST_F(RunAnalysisTest, LeavesTheAnalysisStateWhenTheStructureIsUnstable) {
   EXPECT_THAT(TakeMessages(),
               ElementsAre(Box(MessageIcon::Critical, "Structure is unstable - Aborting analysis\nFailed Check 2")));
   EXPECT_EQ(AnalysisDone, FlagFalse);
-  EXPECT_THAT(host.asked, ElementsAre("RefreshStatusTexts", "RefreshStatusTexts", "EndAnalysis(true)"));
+  EXPECT_THAT(events, ElementsAre("AnalysisStateChanged", "AnalysisStateChanged", "AnalysisEnded", "ModelChanged"));
 }
 
 TEST_F(RunAnalysisTest, LeavesAScratchCopyOfTheModelItBeginsWith) {
@@ -116,7 +116,7 @@ TEST_F(RunAnalysisTest, StopsWhereTheScratchCopyCannotBeWritten) {
               ElementsAre(Box(MessageIcon::Critical,
                               "The scratch copy of the model can't be written or read back - Aborting analysis\n" +
                                   scratch + ": No space left on device")));
-  EXPECT_THAT(host.asked, ElementsAre("RefreshStatusTexts", "EndAnalysis(true)"));
+  EXPECT_THAT(events, ElementsAre("AnalysisStateChanged", "AnalysisEnded", "ModelChanged"));
   EXPECT_TRUE(Displacements.empty());
   EXPECT_EQ(jResGr.RowCount(), 2);
 }
@@ -170,7 +170,7 @@ TEST_F(RunAnalysisTest, LeavesTheAnalysisStateWhenSomethingUnforeseenFails) {
 
   EXPECT_THROW(runAnalysis(ScratchCopy::None), std::bad_alloc);
 
-  EXPECT_EQ(host.asked.back(), "EndAnalysis(true)");
+  EXPECT_EQ(events.back(), "ModelChanged");
 }
 
 class FailureReportTest : public RunAnalysisTest {
@@ -198,7 +198,7 @@ TEST_F(FailureReportTest, KeepsTheCode) {
 TEST_F(FailureReportTest, LeavesTheAnalysisStateAndRefreshesTheDisplay) {
   ReportAnalysisFailure(2);
   EXPECT_EQ(AnalysisDone, 0);
-  EXPECT_THAT(host.asked, ElementsAre("RefreshStatusTexts"));
+  EXPECT_THAT(events, ElementsAre("AnalysisStateChanged"));
   TakeMessages();
 }
 
@@ -219,16 +219,16 @@ TEST_F(FailureReportTest, ShowsItsBoxBeforeItLeavesTheAnalysisState) {
 }
 
 /// Notes the flag at the moment the status texts are refreshed.
-class FlagAtRefresh : public FakeHost {
+class FlagAtRefresh : public ModelListener {
  public:
-  void RefreshStatusTexts() override { flag = AnalysisDone; }
+  void AnalysisStateChanged() override { flag = AnalysisDone; }
 
   std::int16_t flag = 99;
 };
 
 TEST_F(FailureReportTest, RefreshesTheDisplayOnceTheStateIsLeft) {
   FlagAtRefresh refreshed;
-  ThePlatform().host = &refreshed;
+  ListenToModel(&refreshed);
   ReportAnalysisFailure(2);
   EXPECT_EQ(refreshed.flag, 0);
   TakeMessages();
@@ -267,7 +267,7 @@ TEST_F(AnalysisBoxesTest, NameANodeThatDoesNotExistTogetherWithItsMember) {
   EXPECT_FALSE(done);
   EXPECT_EQ(AnalysisDone, FlagFalse);
   EXPECT_EQ(FailedCheck, std::nullopt);
-  EXPECT_THAT(host.asked, ElementsAre("RefreshStatusTexts", "RefreshStatusTexts", "EndAnalysis(true)"));
+  EXPECT_THAT(events, ElementsAre("AnalysisStateChanged", "AnalysisStateChanged", "AnalysisEnded", "ModelChanged"));
 }
 
 TEST_F(AnalysisBoxesTest, RefuseMoreNodesThanTheFreedomsAllow) {

@@ -3,7 +3,7 @@
 
 #include "AnalysisState.h"
 #include "EditingState.h"
-#include "FakePlatform.h"
+#include "EventsTest.h"
 #include "NativeFileSystem.h"
 #include "WorkbenchState.h"
 #include "modFileCommands.h"
@@ -31,7 +31,7 @@ struct Vector {
   double y;
 };
 
-class TextbookTest : public PlatformTest {
+class TextbookTest : public EventsTest {
  protected:
   TextbookTest() {
     ThePlatform().files = &disk;

@@ -149,19 +149,19 @@ void QtDrawingSurface::CatchUp() const {
 }
 
 /// Where an upright or level line must lie to fill whole device pixels.
-double QtDrawingSurface::Sharp(double pixel) const {
-  const bool odd = std::lround(Pen.width * Ratio) % 2 != 0;
+double QtDrawingSurface::Sharp(double pixel, double width) const {
+  const bool odd = std::lround(width * Ratio) % 2 != 0;
   return (odd ? std::floor(pixel * Ratio) + 0.5 : std::round(pixel * Ratio)) / Ratio;
 }
 
-void QtDrawingSurface::DrawPixelLine(QPointF from, QPointF to) {
+void QtDrawingSurface::DrawPixelLine(QPointF from, QPointF to, const PenLook& pen) {
   const std::optional<QLineF> part = Clipped(from, to, ClipArea(Size));
   if (!part) return;
   QPointF start = part->p1();
   QPointF end = part->p2();
-  if (from.x() == to.x()) start.rx() = end.rx() = Sharp(start.x());
-  if (from.y() == to.y()) start.ry() = end.ry() = Sharp(start.y());
-  Paint(LineStroke{{start, end}, Pen});
+  if (from.x() == to.x()) start.rx() = end.rx() = Sharp(start.x(), pen.width);
+  if (from.y() == to.y()) start.ry() = end.ry() = Sharp(start.y(), pen.width);
+  Paint(LineStroke{{start, end}, pen});
 }
 
 void QtDrawingSurface::DrawLine(double x1, double y1, double x2, double y2) {
@@ -218,6 +218,39 @@ void QtDrawingSurface::SavePicture(const std::string& path) {
       painter.restore();
     }
   });
+}
+
+double QtDrawingSurface::TextWidth(const std::string& text, int size) const { return Widths.WidthOf(text, size); }
+
+void QtDrawingSurface::PixelLine(PixelPoint from, PixelPoint to, const LineLook& look) {
+  DrawPixelLine({from.x, from.y}, {to.x, to.y}, {QtColour(look.colour), look.width, look.dashed});
+}
+
+void QtDrawingSurface::PixelPolygon(std::span<const PixelPoint> corners, Colour fill) {
+  QPolygonF polygon;
+  for (const PixelPoint& corner : corners) polygon << QPointF(corner.x, corner.y);
+  if (polygon.boundingRect().intersects(ClipArea(Size))) Paint(PolygonStroke{polygon, QtColour(fill)});
+}
+
+void QtDrawingSurface::PixelDot(PixelPoint centre, double radius, const LineLook& edge, Colour fill) {
+  const QPointF place(centre.x, centre.y);
+  if (!IsPlace(place) || !IsInside(place, ClipArea(Size))) return;
+  Paint(DotStroke{place, radius, {QtColour(edge.colour), edge.width}, QtColour(fill)});
+}
+
+void QtDrawingSurface::PixelText(const PixelLabel& label) {
+  const QPointF place(label.centre.x, label.centre.y);
+  // Texts are short: what lies farther out than the picture is wide can't reach into it.
+  const QRectF reach =
+      QRectF(QPointF(0, 0), QSizeF(Size)).adjusted(-Size.width(), -Size.height(), Size.width(), Size.height());
+  if (!IsPlace(place) || !reach.contains(place)) return;
+  Paint(LabelStroke{place,
+                    {label.along.x, label.along.y},
+                    label.text,
+                    QtColour(label.colour),
+                    label.size,
+                    {2 * label.box.x, 2 * label.box.y},
+                    QtColour(label.frame)});
 }
 
 } // namespace strutwright

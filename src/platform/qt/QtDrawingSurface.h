@@ -5,6 +5,8 @@
 #include "StrokeCanvas.h"
 
 #include <cstddef>
+#include <span>
+#include <string>
 #include <vector>
 
 #include <QColor>
@@ -54,14 +56,20 @@ class QtDrawingSurface : public DrawingSurface {
   void DrawCircle(double x, double y, double radius) override;
   void DrawText(const std::string& text) override;
   void SavePicture(const std::string& path) override;
+  double TextWidth(const std::string& text, int size) const override;
+  void PixelLine(PixelPoint from, PixelPoint to, const LineLook& look) override;
+  void PixelPolygon(std::span<const PixelPoint> corners, Colour fill) override;
+  void PixelDot(PixelPoint centre, double radius, const LineLook& edge, Colour fill) override;
+  void PixelText(const PixelLabel& label) override;
 
  private:
   template <typename Kind>
   void Paint(Kind&& stroke);
   void CatchUp() const;
-  void DrawPixelLine(QPointF from, QPointF to);
+  void DrawPixelLine(QPointF from, QPointF to) { DrawPixelLine(from, to, Pen); }
+  void DrawPixelLine(QPointF from, QPointF to, const PenLook& pen);
   void DrawLargeCircle(const QPointF& centre, double radiusX, double radiusY);
-  double Sharp(double pixel) const;
+  double Sharp(double pixel, double width) const;
 
   mutable StrokeCanvas Canvas;     ///< catches up with the strokes when somebody looks at it
   mutable std::size_t Painted = 0; ///< strokes that are on the canvas
@@ -77,6 +85,7 @@ class QtDrawingSurface : public DrawingSurface {
   PenMode Mode = PenMode::Copy;
   FillStyle Fill = FillStyle::Transparent;
   bool TextAttribute = true;
+  mutable LabelWidths Widths;
   double X = 0;
   double Y = 0;
 };

@@ -1,5 +1,6 @@
 #include "Stroke.h"
 
+#include "LabelStamps.h"
 #include "LetterStamps.h"
 
 #include <QBrush>
@@ -31,6 +32,17 @@ struct StrokePainter {
   void operator()(const TextStroke& stroke) const {
     PaintText(painter, stroke.corner, QString::fromStdString(stroke.text), QColor(stroke.colour), stroke.halo);
   }
+  void operator()(const DotStroke& stroke) const {
+    painter.setPen(PenOf(stroke.edge));
+    painter.setBrush(QColor(stroke.fill));
+    painter.drawEllipse(stroke.centre, stroke.radius, stroke.radius);
+  }
+  void operator()(const PolygonStroke& stroke) const {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(stroke.fill));
+    painter.drawPolygon(stroke.corners);
+  }
+  void operator()(const LabelStroke& stroke) const { PaintLabel(painter, stroke); }
 
   QPainter& painter;
 };

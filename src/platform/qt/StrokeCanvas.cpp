@@ -21,7 +21,7 @@ constexpr double Roundness = 0.01; // pixels by which the radii of a circle may 
 
 QLineF InDevicePixels(const QLineF& line, double ratio) { return {line.p1() * ratio, line.p2() * ratio}; }
 
-double DeviceWidth(const PenLook& pen, double ratio) { return std::max(pen.width, 1) * ratio; }
+double DeviceWidth(const PenLook& pen, double ratio) { return std::max(pen.width, 1.0) * ratio; }
 
 /// Whether the PixelPen can draw a circle.
 bool IsPlain(const CircleStroke& stroke) {
@@ -40,8 +40,8 @@ void FillWhite(const Pixels& ground, const QRect& area) {
 /// Draws straight onto the picture what can be drawn so; it says whether it could.
 class DirectPainter {
  public:
-  DirectPainter(LetterStamps& stamps, const Pixels& ground, double ratio)
-      : Stamps(stamps), Ground(ground), Ratio(ratio) {}
+  DirectPainter(LetterStamps& stamps, LabelStamps& labels, const Pixels& ground, double ratio)
+      : Stamps(stamps), Labels(labels), Ground(ground), Ratio(ratio) {}
 
   bool operator()(const LineStroke& stroke) const {
     PixelPen pen(Ground, stroke.pen.colour, DeviceWidth(stroke.pen, Ratio));
@@ -72,8 +72,26 @@ class DirectPainter {
     return true;
   }
 
+  /// A ring whose pen reaches its middle fills it.
+  bool operator()(const DotStroke& stroke) const {
+    const double radius = stroke.radius * Ratio;
+    PixelPen(Ground, stroke.fill, radius).Circle(stroke.centre * Ratio, radius / 2);
+    PixelPen(Ground, stroke.edge.colour, DeviceWidth(stroke.edge, Ratio)).Circle(stroke.centre * Ratio, radius);
+    return true;
+  }
+
+  bool operator()(const PolygonStroke& /*stroke*/) const { return false; }
+
+  bool operator()(const LabelStroke& stroke) const {
+    QPoint corner;
+    const Stamp& stamp = Labels.Place(stroke, Ratio, corner);
+    stamp.CopyTo(Ground, corner.x(), corner.y());
+    return true;
+  }
+
  private:
   LetterStamps& Stamps;
+  LabelStamps& Labels;
   const Pixels& Ground;
   double Ratio;
 };
@@ -96,6 +114,9 @@ class HiddenStrokes {
 
   bool operator()(const BoxStroke& /*stroke*/) const { return false; }
   bool operator()(const TextStroke& /*stroke*/) const { return false; }
+  bool operator()(const DotStroke& /*stroke*/) const { return false; }
+  bool operator()(const PolygonStroke& /*stroke*/) const { return false; }
+  bool operator()(const LabelStroke& /*stroke*/) const { return false; }
 
  private:
   /// What lies in a rectangle but for half the width of its pen, or a line's pen at a corner.
@@ -136,7 +157,7 @@ void StrokeCanvas::Paint(std::span<const Stroke> strokes) {
 }
 
 void StrokeCanvas::PaintStrokeOf(const Mark& mark, const Pixels& ground) {
-  const DirectPainter direct(Stamps, ground, Image.devicePixelRatio());
+  const DirectPainter direct(Stamps, Labels, ground, Image.devicePixelRatio());
   if (ground.width >= LeastWidth && std::visit(direct, *mark.stroke)) return;
   QPainter painter(&Image); // not kept: what is drawn directly goes past it
   painter.setRenderHint(QPainter::Antialiasing);

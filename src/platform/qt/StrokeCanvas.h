@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Cover.h"
+#include "LabelStamps.h"
 #include "LetterStamps.h"
 #include "Stroke.h"
 
@@ -46,6 +47,7 @@ class StrokeCanvas {
 
   QImage Image;
   LetterStamps Stamps;
+  LabelStamps Labels;
   Cover Above;                              ///< what the marks cover that were found so far
   std::vector<Mark> Marks;                  ///< the uppermost first
   std::vector<PlacedLetter> VisibleLetters; ///< of a text, the last first

@@ -67,7 +67,9 @@ void frmGraph::AddDrawingMenu(MenuBuilder& build) {
   add("mnuSelMember", "Se&lect Member", MouseMode::SelectMember, "A click shows the details of a member");
   add("mnuDelete", "&Delete", MouseMode::Delete, "A click deletes a node, or else a member");
   drawing.addSeparator();
-  build.Add(drawing, "mnuSavePic", "Save &picture", {}, savePicture, "Saves the truss display as a picture");
+  build.Add(
+      drawing, "mnuSavePic", "Save &picture", {}, [this] { Frame.SavePicture(); },
+      "Saves the truss display as a picture");
 }
 
 void frmGraph::AddViewMenu(MenuBuilder& build) {

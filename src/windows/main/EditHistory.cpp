@@ -1,8 +1,9 @@
 #include "EditHistory.h"
 
 #include "EventGuard.h"
+#include "FileEvents.h"
 #include "FileState.h"
-#include "Platform.h"
+#include "ModelEvents.h"
 #include "modModelHomes.h"
 #include "modModelStore.h"
 #include "modOptions.h"
@@ -84,9 +85,8 @@ void EditHistory::RestoreAnother(const State& state) {
   model.gridCapacity = belongings.gridCapacity;
   RestoreSnapshot(model);
   if (GridCapacity != state.model.gridCapacity) LayOutForCapacity();
-  TheHost().SetCaption(belongings.caption.toStdString());
-  TheHost().ResetEquations();
-  TheHost().Redraw(true);
+  FileEvents().CaptionChanged(belongings.caption.toStdString());
+  ModelEvents().ModelReplaced();
 }
 
 /// A command that has changed no text of the grids, such as an Open that was cancelled, is no step; an Open or a New

@@ -32,7 +32,7 @@ void RecoveryKeeper::KeepNow() {
 }
 
 void RecoveryKeeper::TellWhatWasLeft() {
-  if (HasUnsavedModel()) TheHost().ShowHint("A model was left unsaved: File > Restore Unsaved Model brings it back");
+  if (HasUnsavedModel()) ShowHint("A model was left unsaved: File > Restore Unsaved Model brings it back");
 }
 
 /// Under an open box a command may have stopped half-way.

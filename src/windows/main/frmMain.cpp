@@ -4,47 +4,52 @@
 #include "ChildArea.h"
 #include "ControlBoard.h"
 #include "DisplayState.h"
-#include "EditingState.h"
 #include "EventGuard.h"
 #include "MainStatusBar.h"
+#include "Menus.h"
 #include "Platform.h"
-#include "frmCheck.h"
+#include "RecentFilesMenu.h"
+#include "frmAbout.h"
 #include "frmEquations.h"
 #include "frmGraph.h"
 #include "frmOptions.h"
-#include "modAnimation.h"
-#include "modCheck.h"
 #include "modEntryGaps.h"
 #include "modFileCommands.h"
 #include "modGenerators.h"
 #include "modGrids.h"
-#include "modModelRendering.h"
 #include "modModelStore.h"
 #include "modMotionView.h"
 #include "modOptions.h"
 #include "modRedraw.h"
 #include "modRunAnalysis.h"
-#include "modScales.h"
 #include "modViewTransform.h"
 
 #include <algorithm>
-#include <array>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QIcon>
 #include <QMdiSubWindow>
-#include <QScopedValueRollback>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QScreen>
 #include <QSettings>
-#include <QSignalBlocker>
+#include <QShortcut>
 #include <QSplitter>
+#include <QToolBar>
 #include <QVBoxLayout>
+
+/// The icons lie in a static library, which has to be asked for them, and outside of any namespace.
+static void LoadIcons() { Q_INIT_RESOURCE(icons); }
 
 namespace strutwright {
 
 namespace {
+
+constexpr QSize StartSize{1180, 800};
+constexpr QSize WindowFrame{8, 40}; // what the desktop puts around a window, at most
 
 // The child windows' shares of the room above the board.
 constexpr QRectF DisplayShare{0, 0, 0.56, 1};
@@ -54,45 +59,122 @@ QString PlaceFile() { return QString::fromStdString(DataFolder()) + "/window.ini
 
 } // namespace
 
+frmMain::frmMain() {
+  LoadIcons();
+  setObjectName("frmMain");
+  setWindowTitle("Strutwright");
+  setWindowIcon(QIcon(":/icons/strutwright.svg"));
+  stsBar = new MainStatusBar(this);
+  setStatusBar(stsBar);
+  stsBar->SetCheckNotice([this] { Run([this] { ShowCheck(); }); });
+  BuildToolBar();
+  BuildCentre();
+  StatusView = std::make_unique<MainStatus>(*stsBar);
+  Grids = std::make_unique<GridCommands>(*this, *CBpic);
+  Board = std::make_unique<BoardController>(*this, *CBpic, *Grids);
+  Check = std::make_unique<CheckPresenter>(*this, *CBpic, *stsBar);
+  Listener = std::make_unique<MainListener>(*this);
+  ConnectKeys();
+  OnSignal(&History.Steps(), &QUndoStack::indexChanged, this, [this] { ShowEntryNote(); });
+  resize(StartSize.boundedTo(screen()->availableSize() - WindowFrame));
+}
+
 frmMain::~frmMain() {
   Ending = true;
   DisplaySurface = nullptr;
-  delete Check;
+  Check->CloseWindow();
   delete takeCentralWidget(); // while the frame that its parts report to is still whole
 }
 
-void frmMain::runAnalysis() {
-  CommitPendingEdit();
-  DropCheck();
-  AddedMember = 0;
-  try {
-    Analyse();
-  } catch (...) {
-    FollowModelInCheck(); // without results
-    throw;
-  }
-  CheckAnalysis();
+void frmMain::BuildToolBar() {
+  auto* bar = new QToolBar("Tool bar", this);
+  bar->setObjectName("Toolbar1");
+  bar->setMovable(false);
+  bar->setIconSize({24, 24});
+  const auto add = [this, bar](const QString& icon, const QString& toolTip, const std::function<void()>& command) {
+    QAction* action = bar->addAction(QIcon(":/icons/" + icon + ".svg"), toolTip);
+    connect(action, &QAction::triggered, this, [this, command] { Run(command); });
+    return action;
+  };
+  add("new", "New File", [this] { BeginNewModel(newModel); });
+  add("open", "Open File", [this] { Edit("Open", [] { openModel(""); }); });
+  add("save", "Save File", SaveFromMenu);
+  bar->addSeparator();
+  add("bracefold", "Bracefold", [this] { Graph->mnuGenerator_Click(); });
+  add("analyse", "Run Analysis", [this] { runAnalysis(); });
+  add("picture", "Save Truss Display as Picture", [this] { SavePicture(); });
+  add("options", "Options Box", [this] { ShowOptions(); });
+  bar->addSeparator();
+  add("about", "About", [this] { frmAbout(this).exec(); });
+  addToolBar(bar);
 }
 
-void frmMain::Analyse() {
-  const QScopedValueRollback waiting(Analysing, true);
-  if (!strutwright::runAnalysis()) return;
-  TickResultSwitches(true);
-  Redraw(false);
+void frmMain::BuildCentre() {
+  auto* centre = new QWidget;
+  Centre = new QVBoxLayout(centre);
+  Centre->setContentsMargins(0, 0, 0, 0);
+  Centre->setSpacing(0);
+  BoardSplitter = new QSplitter(Qt::Vertical);
+  BoardSplitter->setObjectName("BoardSplitter");
+  Children = new ChildArea(BoardSplitter);
+  CBpic = new ControlBoard(BoardSplitter);
+  BoardSplitter->addWidget(Children);
+  BoardSplitter->addWidget(CBpic);
+  BoardSplitter->setChildrenCollapsible(false);
+  BoardSplitter->setStretchFactor(0, 1);
+  BoardSplitter->setStretchFactor(1, 0);
+  BuildStrip();
+  Centre->addWidget(BtnPic);
+  Centre->addWidget(BoardSplitter, 1);
+  setCentralWidget(centre);
+  OnSignal(CBpic->DBbtn, &QPushButton::clicked, this, [this] { Run([this] { HideBoard(); }); });
+  OnSignal(Children, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow* active) { ShowMenus(active); });
 }
 
-/// The boxes are unticked while AnalysisDone still holds, so that none of them says that there are no results.
-void frmMain::EndAnalysis(bool redraw) {
-  HighlightedNodes.clear();
-  HighlightedMembers.clear();
-  TickResultSwitches(false);
-  AnalysisDone = FlagFalse;
-  DropCheck();
-  RefreshStatusTexts();
-  if (redraw) Redraw(false);
+void frmMain::BuildStrip() {
+  BtnPic = new QWidget;
+  BtnPic->setObjectName("BtnPic");
+  auto* row = new QHBoxLayout(BtnPic);
+  row->setContentsMargins(0, 0, 0, 0);
+  auto* show = new QPushButton("^^ Contr&ol Board ^^");
+  show->setObjectName("maxCBbtn");
+  show->setToolTip("Shows the control board again");
+  row->addWidget(show, 1);
+  BtnPic->hide();
+  OnSignal(show, &QPushButton::clicked, this, [this] { Run([this] { ShowBoard(); }); });
 }
 
-void frmMain::AnimateDSD() { StartAnimation(*CBpic->udDeflectionScale); }
+/// Keys that stand in the captions of their menu entries and not in the menu's own column of keys.
+void frmMain::ConnectKeys() {
+  const auto connectKey = [this](Qt::Key key, const std::function<void()>& command) {
+    OnSignal(new QShortcut(key, this), &QShortcut::activated, this, [this, command] { Run(command); });
+  };
+  connectKey(Qt::Key_F3, [this] { ZoomOut(); });
+  connectKey(Qt::Key_F4, [this] { Redraw(true); });
+  connectKey(Qt::Key_Escape, [this] { Graph->LeaveMode(); });
+}
+
+void frmMain::AddHistoryActions(MenuBuilder& build, QMenu& menu) {
+  QAction* undo = build.Add(menu, "mnuUndo", "&Undo", QKeySequence::Undo, [this] { History.Undo(); });
+  QAction* redo = build.Add(menu, "mnuRedo", "&Redo", QKeySequence::Redo, [this] { History.Redo(); });
+  addActions({undo, redo}); // for the keys, whichever child window is active
+  const QUndoStack* steps = &History.Steps();
+  const auto show = [steps, undo, redo] {
+    undo->setText(("&Undo " + steps->undoText()).trimmed());
+    redo->setText(("&Redo " + steps->redoText()).trimmed());
+    undo->setEnabled(steps->canUndo());
+    redo->setEnabled(steps->canRedo());
+  };
+  connect(steps, &QUndoStack::indexChanged, undo, show);
+  show();
+}
+
+void frmMain::ShowMenus(QMdiSubWindow* active) {
+  if (Graph == nullptr || Ending) return;
+  menuBar()->clear();
+  const bool equations = active != nullptr && active == EquationsWindow;
+  for (QMenu* menu : equations ? Equations->Menus() : Graph->Menus()) menuBar()->addMenu(menu);
+}
 
 void frmMain::MDIForm_Load() {
   AnalysisDone = FlagFalse;
@@ -115,10 +197,52 @@ void frmMain::MDIForm_Load() {
   Graph->Load();
   DisplaySurface = &Graph->Surface();
   SetViewWindow(*DisplaySurface, -1.0F, 10.0F, 0.0F, 3.0F);
-  RefreshStatusTexts();
+  ShowStatusTexts();
   Redraw(false);
   RecoveryKeeper::TellWhatWasLeft();
 }
+
+void frmMain::runAnalysis() {
+  CommitPendingEdit();
+  Check->JudgeAfter([this] { Analyse(); });
+}
+
+void frmMain::Analyse() {
+  if (!strutwright::runAnalysis()) return;
+  Board->TickResultSwitches(true);
+  Redraw(false);
+}
+
+void frmMain::EndAnalysis(bool redraw) {
+  strutwright::EndAnalysis();
+  if (redraw) Redraw(false);
+}
+
+void frmMain::LeaveResults() {
+  Board->TickResultSwitches(false);
+  Check->Drop();
+  ShowStatusTexts();
+}
+
+void frmMain::ShowStatusTexts() {
+  if (Graph != nullptr) Graph->stsBarUpdate();
+  Check->ShowStatus();
+}
+
+void frmMain::ResetEquations() {
+  if (Equations != nullptr) Equations->Reset();
+}
+
+void frmMain::SetCaption(const std::string& caption) {
+  Caption = QString::fromStdString(caption);
+  setWindowTitle(Caption);
+}
+
+void frmMain::ShowRecentFiles() {
+  for (RecentFilesMenu* list : RecentLists) list->Refresh();
+}
+
+void frmMain::AnimateDSD() { Board->Animate(); }
 
 void frmMain::OpenModel(const std::string& path) {
   Run([&] { Edit("Open", [&] { OpenNamed(path); }); });
@@ -182,56 +306,16 @@ void frmMain::ActivateDisplay() { Children->setActiveSubWindow(GraphWindow); }
 
 void frmMain::ActivateEquations() { Children->setActiveSubWindow(EquationsWindow); }
 
-void frmMain::ShowAddedMember(int m) {
-  AddedMember = m;
-  AddedIn = ModelAsEntered::Now();
-  RedrawWhatCanBeDrawn(false);
-}
+void frmMain::ShowCheck() { Check->Open(EquationsWindow->mapToGlobal(QPoint(0, 0))); }
 
-bool frmMain::HasHighlight() const {
-  return AddedMember != 0 || !HighlightedNodes.empty() || !HighlightedMembers.empty();
-}
-
-void frmMain::DrawHighlight() {
-  if (DisplaySurface == nullptr) return;
-  if (AddedMember != 0 && !AddedIn.IsCurrent()) AddedMember = 0;
-  std::vector<int> members = HighlightedMembers;
-  if (AddedMember != 0) members.push_back(AddedMember);
-  try {
-    for (const int m : members) {
-      if (m >= 1 && m <= MemberCount) strutwright::DrawMember(*DisplaySurface, m, Orange);
-    }
-    for (const int n : HighlightedNodes) {
-      if (n >= 1 && n <= NodeCount) HighlightNode(*DisplaySurface, n, Orange);
-    }
-  } catch (const std::out_of_range&) {
-    HighlightedMembers.clear(); // their nodes have gone since they were chosen
-    AddedMember = 0;
-  }
-}
-
-/// Puts the truss on screen as it has been drawn, and what depends on the model with it.
-void frmMain::ShowDrawing() {
-  FollowModelInCheck();
-  DrawHighlight();
-  if (DisplaySurface != nullptr) DrawShownMotion(*DisplaySurface);
-  if (Graph != nullptr) Graph->ShowDrawing();
-  if (Equations != nullptr) Equations->ShowStepToCome();
-}
-
-/// An edit shows at once.  What can't be drawn yet, such as a member whose node is still to be typed, is no reason to
-/// stop the user with a box.
-void frmMain::TakeCell(const std::function<bool()>& take) {
-  Edit("Cell Edit", [&] {
-    if (!take()) return;
-    EndAnalysis(false);
-    RebuildModelFromGrids();
-    RedrawWhatCanBeDrawn(false);
-  });
+void frmMain::Redraw(bool zoomToExtents) {
+  if (IsWorking()) return;
+  RedrawDisplay(DisplaySurface, zoomToExtents);
+  ShowDrawing();
 }
 
 void frmMain::RedrawWhatCanBeDrawn(bool zoomToExtents) {
-  if (Working) return;
+  if (IsWorking()) return;
   std::vector<std::string> failures;
   RedrawDisplay(DisplaySurface, zoomToExtents, [&failures](const std::string& text) { failures.push_back(text); });
   ShowDrawing();
@@ -250,69 +334,30 @@ void frmMain::ShowEntryNote() {
   stsBar->ShowNote(QString::fromStdString(note + missing));
 }
 
-void frmMain::ClickResultSwitch(QCheckBox& box, bool& flag, bool& guard) {
-  if (AnalysisDone != FlagFalse) {
-    flag = box.isChecked();
-    Redraw(false);
-  } else if (guard) {
-    guard = false;
-  } else {
-    ShowMessage(MessageIcon::Information, "No results available");
-    if (!box.isChecked()) return; // taking a pending edit has ended the analysis, and unticked the box
-    guard = true;
-    box.setChecked(false);
+void frmMain::SavePicture() {
+  savePicture([this](const std::string& path) { WritePicture(path); });
+}
+
+/// A highlight tells the user what is being talked about; the picture is of the truss.
+void frmMain::WritePicture(const std::string& path) {
+  if (!Check->HasHighlight()) return DisplaySurface->SavePicture(path);
+  RedrawDisplay(DisplaySurface, false, [](const std::string& /*failure*/) {});
+  DrawShownMotion(*DisplaySurface);
+  try {
+    DisplaySurface->SavePicture(path);
+  } catch (...) {
+    RedrawWhatCanBeDrawn(false);
+    throw;
   }
+  RedrawWhatCanBeDrawn(false);
 }
 
-/// Sets the three flags and their boxes, without the clicks and so without a drawing for each.
-void frmMain::TickResultSwitches(bool ticked) {
-  ShowReactions = ticked;
-  ShowMemberForces = ticked;
-  ShowDeflectedShape = ticked;
-  for (QCheckBox* box : {CBpic->ReactionsChk, CBpic->MbrForcesChk, CBpic->DSDchk}) {
-    const QSignalBlocker silent(box);
-    box->setChecked(ticked);
-  }
-}
-
-void frmMain::stepDeflectionScale(bool up) {
-  strutwright::stepDeflectionScale(up);
-  if (AnalysisDone == FlagFalse) return;
-  CBpic->lblDeflectionScale->setText(QString::fromStdString(DeflectionScaleText()));
-}
-
-void frmMain::stepLoadsScale(bool up) {
-  strutwright::stepLoadsScale(up);
-  CBpic->lblLoadsScale->setText(QString::fromStdString(LoadsScaleText()));
-}
-
-void frmMain::ShowScales() {
-  CBpic->lblDeflectionScale->setText(QString::fromStdString(DeflectionScaleText()));
-  CBpic->lblLoadsScale->setText(QString::fromStdString(LoadsScaleText()));
-}
-
-void frmMain::Tick() {
-  if (!Working) AnimationTick(*CBpic->udDeflectionScale);
-}
-
-void frmMain::ShowGrid(int index) {
-  CBpic->ShowGrid(index);
-  const std::array<Grid*, 4> grids{&GrJoints, &GrMembers, &jResGr, &mResGr};
-  menuGrid = grids.at(static_cast<std::size_t>(index));
-  EnableGridActions();
-}
-
-void frmMain::OpenGridMenu(DataGridView& view, const QPoint& place) {
-  menuGrid = &view.Data();
-  EnableGridActions();
-  mnuGrid->popup(place);
-}
-
-void frmMain::EnableGridActions() {
-  const QList<QAction*> actions = mnuGrid->actions();
-  for (qsizetype entry = 0; entry < actions.size(); ++entry) {
-    actions[entry]->setEnabled(IsEnabled(GridMenu.at(static_cast<std::size_t>(entry)).command, *menuGrid));
-  }
+/// Puts the truss on screen as it has been drawn, and what depends on the model with it.
+void frmMain::ShowDrawing() {
+  Check->Follow();
+  Check->Draw();
+  if (Graph != nullptr) Graph->ShowDrawing();
+  if (Equations != nullptr) Equations->ShowStepToCome();
 }
 
 void frmMain::HideBoard() {
@@ -357,7 +402,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
     // The next start uses the place before.
   }
   Ending = true;
-  Timer1.stop();
+  Board->StopClock();
   QMainWindow::closeEvent(event);
   QCoreApplication::quit();
 }

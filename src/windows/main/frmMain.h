@@ -1,21 +1,19 @@
 #pragma once
 
+#include "BoardController.h"
+#include "CheckPresenter.h"
 #include "EditHistory.h"
-#include "Host.h"
-#include "ModelAsEntered.h"
+#include "GridCommands.h"
+#include "MainListener.h"
 #include "RecoveryKeeper.h"
 #include "modCheck.h"
-#include "modGridClipboard.h"
-#include "modModelStore.h"
 
-#include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <vector>
 
-#include <QCheckBox>
 #include <QMainWindow>
-#include <QTimer>
 
 class QMdiSubWindow;
 class QMenu;
@@ -25,24 +23,23 @@ class QVBoxLayout;
 namespace strutwright {
 
 class ChildArea;
-class ControlBoard;
-class DataGridView;
-class frmCheck;
 class frmEquations;
 class frmGraph;
-class MainStatusBar;
 class MenuBuilder;
 class RecentFilesMenu;
 
-/// The main frame: tool bar, status bar, control board and the two child windows.
-class frmMain : public QMainWindow, public Host {
+/// The main frame: it lays out tool bar, status bar, control board and the two child windows, and hands on what they
+/// are asked for to those who do it.
+class frmMain : public QMainWindow {
  public:
   frmMain();
   ~frmMain() override;
 
   /// Analyses the model and shows the results.
   void runAnalysis();
-  void EndAnalysis(bool redraw) override;
+
+  /// The results no longer belong to the model.  redraw: draw the truss again afterwards, without them.
+  void EndAnalysis(bool redraw);
 
   /// Starts the animation of the deflected shape; nothing happens without results.
   void AnimateDSD();
@@ -100,7 +97,7 @@ class frmMain : public QMainWindow, public Host {
 
   /// Fill the Edit menu of a child window.
   void AddHistoryActions(MenuBuilder& build, QMenu& menu);
-  void AddGridActions(QMenu& menu);
+  void AddGridActions(QMenu& menu) const { Grids->AddTo(menu); }
 
   /// Shows the recent files in a File menu from now on.
   void AddRecentFiles(RecentFilesMenu& menu) { RecentLists << &menu; }
@@ -117,36 +114,46 @@ class frmMain : public QMainWindow, public Host {
 
   /// Draws the truss with member m, which the stiffness equations have just added, highlighted until the model changes
   /// or is analysed; 0: without that highlight.
-  void ShowAddedMember(int m);
+  void ShowAddedMember(int m) { Check->ShowAddedMember(m); }
 
   /// Draws the truss with these nodes and members highlighted until the model is edited, and selects their rows in the
   /// grids, of which one that has such rows is shown.  What the model does not have is passed over.
-  void ShowParts(const std::vector<int>& nodes, const std::vector<int>& members);
+  void ShowParts(const std::vector<int>& nodes, const std::vector<int>& members) { Check->ShowParts(nodes, members); }
 
   /// Draws the truss without what ShowParts has highlighted; what is selected stays.
-  void ShowNoParts();
+  void ShowNoParts() { Check->ShowNoParts(); }
 
   /// What the control board's E and A can do for members without rigidity, and doing it.
-  RigidityOffer RigidityOnBoard() const;
-  void FillInRigidity();
+  RigidityOffer RigidityOnBoard() const { return Check->RigidityOnBoard(); }
+  void FillInRigidity() { Check->FillInRigidity(); }
+  void NoteRigidity() { Check->ShowRigidityOffer(); }
+
+  /// Saves the truss display as a picture under a name that the user is asked for.
+  void SavePicture();
 
   /// Opens the check window, or brings it to the front, on the model as it stands in the grids.
   void ShowCheck();
 
-  void RefreshStatusTexts() override;
-  void Redraw(bool zoomToExtents) override;
-  void ClearSurface() override;
-  void ResetScales() override;
-  void SetCaption(const std::string& caption) override;
-  void ClearGrids() override;
-  void ShowRecentFiles() override;
-  void ResetEquations() override;
-  int NodeAt(float x, float y) override;
-  void DropHighlight() override;
-  void ShowHint(const std::string& text) override;
-  bool ShowProgress(const std::string& text, double fraction) override;
-  void EndProgress() override;
-  void SavePicture(const std::string& path) override;
+  /// Draws the truss.  zoomToExtents: frame the whole model first.
+  /// While long work changes the results there is nothing to draw; whoever works draws when it is done.
+  void Redraw(bool zoomToExtents);
+
+  /// Long work shows its progress.
+  bool IsWorking() const { return StatusView->IsWorking(); }
+
+  void ShowHint(const std::string& text) { StatusView->ShowHint(text); }
+
+  /// The status bar, for the platform.
+  MainStatus& Status() { return *StatusView; }
+
+  // What the floors below report, as the frame shows it.
+
+  void LeaveResults();
+  void ShowStatusTexts();
+  void ResetEquations();
+  void ResetScales() { Board->ResetScales(); }
+  void SetCaption(const std::string& caption);
+  void ShowRecentFiles();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -156,34 +163,13 @@ class frmMain : public QMainWindow, public Host {
   void BuildToolBar();
   void BuildCentre();
   void BuildStrip();
-  void ConnectBoard();
-  void ConnectSwitches();
-  void ConnectScales();
-  void ConnectPanels();
-  void BuildGridMenu();
-  void OpenGridMenu(DataGridView& view, const QPoint& place);
-  void EnableGridActions();
-  void RunOnGrid(GridCommand command);
   void ConnectKeys();
   void ShowMenus(QMdiSubWindow* active);
-  void TakeCell(const std::function<bool()>& take);
-  void ClickResultSwitch(QCheckBox& box, bool& flag, bool& guard);
-  void TickResultSwitches(bool ticked);
-  void stepDeflectionScale(bool up);
-  void stepLoadsScale(bool up);
-  void ShowScales();
-  void Tick();
-  void ShowGrid(int index);
-  void ShowGridOf(std::size_t kind);
   void SavePlace();
-  void DrawHighlight();
-  bool HasHighlight() const;
   void ShowDrawing();
+  void WritePicture(const std::string& path);
   void ShowEntryNote();
   void Analyse();
-  void CheckAnalysis();
-  void FollowModelInCheck();
-  void ShowCheckStatus();
   void HideBoard();
   void ShowBoard();
 
@@ -197,23 +183,15 @@ class frmMain : public QMainWindow, public Host {
   frmEquations* Equations = nullptr; ///< likewise
   QMdiSubWindow* GraphWindow = nullptr;
   QMdiSubWindow* EquationsWindow = nullptr;
-  QMenu* mnuGrid = nullptr;
   QList<RecentFilesMenu*> RecentLists; ///< one in each File menu
-  Grid* menuGrid = &GrJoints;          ///< the grid that the grid menu's commands work on: the visible one
   QString Caption{"Strutwright"};      ///< without what a child window that fills the frame adds to the title
   EditHistory History{Caption};
   RecoveryKeeper Recovery{*this, History.Steps()};
-  QTimer Timer1;
-  frmCheck* Check = nullptr; ///< nullptr until it is first asked for
-  std::vector<int> HighlightedNodes;
-  std::vector<int> HighlightedMembers;
-  int AddedMember = 0;         ///< highlighted too; 0 for none
-  ModelAsEntered AddedIn;      ///< the model that this member belongs to
-  bool reactionsGuard = false; ///< the next click of the box is the program's own
-  bool forcesGuard = false;
-  bool deflectedGuard = false;
-  bool Working = false;   ///< long work shows its progress
-  bool Analysing = false; ///< the check waits for what the analysis comes to
+  std::unique_ptr<MainStatus> StatusView;
+  std::unique_ptr<GridCommands> Grids;
+  std::unique_ptr<BoardController> Board;
+  std::unique_ptr<CheckPresenter> Check;
+  std::unique_ptr<MainListener> Listener;
   bool Ending = false;
 };
 

@@ -1,0 +1,60 @@
+#include "ClearTexts.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+
+namespace strutwright {
+
+namespace {
+
+constexpr int MostDecimals = 6;
+constexpr const char* Minus = "\u2212";
+
+std::string Digits(double size, int decimals) {
+  std::array<char, 400> text{}; // the largest double has 309 digits before its point
+  const auto end = std::to_chars(text.data(), text.data() + text.size(), size, std::chars_format::fixed, decimals).ptr;
+  return {text.data(), end};
+}
+
+/// Enough decimals that a value does not read as zero.
+int DecimalsFor(double size, int decimals) {
+  while (decimals < MostDecimals && size < 0.5 * std::pow(10.0, -decimals)) ++decimals;
+  return decimals;
+}
+
+std::string WithoutZeros(std::string text) {
+  if (text.find('.') == std::string::npos) return text;
+  text.erase(text.find_last_not_of('0') + 1);
+  if (text.back() == '.') text.pop_back();
+  return text;
+}
+
+} // namespace
+
+int ForceDecimals(double largest) {
+  if (largest >= 999.95) return 0;
+  if (largest >= 9.995) return 1;
+  return largest >= 0.9995 ? 2 : 3;
+}
+
+std::string ForceText(float force, int decimals, bool compact) {
+  constexpr double FourDigits = 99.95;
+  if (force == 0) return "0";
+  const double size = std::fabs(static_cast<double>(force));
+  const std::string digits = Digits(size, compact && size >= FourDigits ? 0 : DecimalsFor(size, decimals));
+  const std::string blank = compact ? "" : " ";
+  return force > 0 ? "+" + digits + blank + "T" : Minus + digits + blank + "C";
+}
+
+std::string LoadText(float force, int decimals) {
+  const double size = std::fabs(static_cast<double>(force));
+  return WithoutZeros(Digits(size, DecimalsFor(size, decimals))) + " kN";
+}
+
+std::string PlainText(double value, int decimals) {
+  const std::string digits = WithoutZeros(Digits(std::fabs(value), decimals));
+  return value < 0 && digits != "0" ? Minus + digits : digits;
+}
+
+} // namespace strutwright

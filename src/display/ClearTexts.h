@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+namespace strutwright {
+
+// Numbers as the clear drawing writes them, with a true minus sign.
+
+/// How many decimals the forces of a drawing have: four digits of the largest at most.
+int ForceDecimals(double largest);
+
+/// A member's force with its sign and T or C, "+12.5 T"; "0" for a zero bar.
+/// A force that would read as zero gets as many decimals as it needs, up to six.
+/// compact: with three digits and no blank, "+135T".
+std::string ForceText(float force, int decimals, bool compact = false);
+
+/// The size of a load or a reaction with its unit, without trailing zeros: "12.5 kN".
+std::string LoadText(float force, int decimals);
+
+/// A number without trailing zeros.
+std::string PlainText(double value, int decimals);
+
+} // namespace strutwright

@@ -1,0 +1,95 @@
+#include "PlaneGeometry.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace strutwright {
+
+namespace {
+
+/// Whether the shadows of two boxes on an axis lie side by side.
+bool IsPartedBy(PixelPoint axis, const TurnedBox& a, const TurnedBox& b) {
+  const auto half = [axis](const TurnedBox& box) {
+    const PixelPoint across = LeftOf(box.along);
+    return box.halfLength * std::fabs(Dot(axis, box.along)) + box.halfHeight * std::fabs(Dot(axis, across));
+  };
+  return std::fabs(Dot(axis, b.centre - a.centre)) >= half(a) + half(b);
+}
+
+} // namespace
+
+void Bounds::Take(PixelPoint point) { Take(Bounds{point.x, point.y, point.x, point.y}); }
+
+void Bounds::Take(const Bounds& other) {
+  left = std::min(left, other.left);
+  top = std::min(top, other.top);
+  right = std::max(right, other.right);
+  bottom = std::max(bottom, other.bottom);
+}
+
+bool Bounds::Contains(PixelPoint point) const {
+  return point.x >= left && point.x <= right && point.y >= top && point.y <= bottom;
+}
+
+bool Bounds::Touches(const Bounds& other) const {
+  return left <= other.right && other.left <= right && top <= other.bottom && other.top <= bottom;
+}
+
+std::array<PixelPoint, 4> TurnedBox::Corners() const {
+  const PixelPoint length = halfLength * along;
+  const PixelPoint height = halfHeight * LeftOf(along);
+  return {centre - length - height, centre + length - height, centre + length + height, centre - length + height};
+}
+
+double Dot(PixelPoint a, PixelPoint b) { return a.x * b.x + a.y * b.y; }
+
+double LengthOf(PixelPoint a) { return std::sqrt(a.x * a.x + a.y * a.y); }
+
+PixelPoint LeftOf(PixelPoint direction) { return {direction.y, -direction.x}; }
+
+double DistanceToLine(PixelPoint point, PixelPoint from, PixelPoint to) {
+  const PixelPoint line = to - from;
+  const double square = Dot(line, line);
+  const double part = square > 0 ? std::clamp(Dot(point - from, line) / square, 0.0, 1.0) : 0;
+  return LengthOf(point - (from + part * line));
+}
+
+TurnedBox StripOf(PixelPoint from, PixelPoint to, double width) {
+  const PixelPoint line = to - from;
+  const double length = LengthOf(line);
+  const PixelPoint along = length > 0 ? (1 / length) * line : PixelPoint{1, 0};
+  return {0.5 * (from + to), along, length / 2, width / 2};
+}
+
+TurnedBox BoxOf(const Bounds& bounds) {
+  return {{(bounds.left + bounds.right) / 2, (bounds.top + bounds.bottom) / 2},
+          {1, 0},
+          bounds.Width() / 2,
+          bounds.Height() / 2};
+}
+
+Bounds BoundsOf(const TurnedBox& box) {
+  const PixelPoint across = LeftOf(box.along);
+  const double x = box.halfLength * std::fabs(box.along.x) + box.halfHeight * std::fabs(across.x);
+  const double y = box.halfLength * std::fabs(box.along.y) + box.halfHeight * std::fabs(across.y);
+  return {box.centre.x - x, box.centre.y - y, box.centre.x + x, box.centre.y + y};
+}
+
+double DistanceToBox(const TurnedBox& box, PixelPoint from, PixelPoint to) {
+  if (Overlap(box, StripOf(from, to, 0))) return 0;
+  double least = 1e300;
+  for (const PixelPoint corner : box.Corners()) least = std::min(least, DistanceToLine(corner, from, to));
+  for (const PixelPoint end : {from, to}) {
+    const double along = std::fabs(Dot(end - box.centre, box.along)) - box.halfLength;
+    const double across = std::fabs(Dot(end - box.centre, LeftOf(box.along))) - box.halfHeight;
+    least = std::min(least, LengthOf({std::max(along, 0.0), std::max(across, 0.0)}));
+  }
+  return least;
+}
+
+bool Overlap(const TurnedBox& a, const TurnedBox& b) {
+  return !IsPartedBy(a.along, a, b) && !IsPartedBy(LeftOf(a.along), a, b) && !IsPartedBy(b.along, a, b) &&
+         !IsPartedBy(LeftOf(b.along), a, b);
+}
+
+} // namespace strutwright

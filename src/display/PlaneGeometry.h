@@ -1,0 +1,63 @@
+#pragma once
+
+#include "PixelSurface.h"
+
+#include <array>
+
+namespace strutwright {
+
+// Shapes in pixels, y downwards, for what must not touch.
+
+/// An upright rectangle.
+struct Bounds {
+  double left = 0;
+  double top = 0;
+  double right = 0;
+  double bottom = 0;
+
+  double Width() const { return right - left; }
+  double Height() const { return bottom - top; }
+  void Take(PixelPoint point);
+  void Take(const Bounds& other);
+  Bounds GrownBy(double reach) const { return {left - reach, top - reach, right + reach, bottom + reach}; }
+  Bounds MovedBy(PixelPoint by) const { return {left + by.x, top + by.y, right + by.x, bottom + by.y}; }
+  bool Contains(PixelPoint point) const;
+  bool Touches(const Bounds& other) const;
+
+  bool operator==(const Bounds&) const = default;
+};
+
+/// A rectangle that is turned: `along` is the direction of its length, of length 1.
+struct TurnedBox {
+  PixelPoint centre;
+  PixelPoint along{1, 0};
+  double halfLength = 0;
+  double halfHeight = 0;
+
+  TurnedBox GrownBy(double reach) const { return {centre, along, halfLength + reach, halfHeight + reach}; }
+  TurnedBox MovedBy(PixelPoint by) const { return {centre + by, along, halfLength, halfHeight}; }
+  std::array<PixelPoint, 4> Corners() const;
+};
+
+double Dot(PixelPoint a, PixelPoint b);
+double LengthOf(PixelPoint a);
+
+/// The direction a quarter turn to the left of one that runs to the right, as seen on the screen: upwards.
+PixelPoint LeftOf(PixelPoint direction);
+
+/// From a point to the nearest point of a line between two.
+double DistanceToLine(PixelPoint point, PixelPoint from, PixelPoint to);
+
+/// The strip of a line of this width.
+TurnedBox StripOf(PixelPoint from, PixelPoint to, double width);
+
+TurnedBox BoxOf(const Bounds& bounds);
+Bounds BoundsOf(const TurnedBox& box);
+
+/// From a box to the nearest point of a line between two; 0 where they touch.
+double DistanceToBox(const TurnedBox& box, PixelPoint from, PixelPoint to);
+
+/// Whether two boxes share more than an edge: no side of either parts them.
+bool Overlap(const TurnedBox& a, const TurnedBox& b);
+
+} // namespace strutwright

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <functional>
+
+#include <QTimer>
+
+class QCheckBox;
+class QLineEdit;
+class QPushButton;
+
+namespace strutwright {
+
+class ControlBoard;
+class Grid;
+class GridCommands;
+class frmMain;
+
+/// What the controls of the control board do: grids and edits of their cells, panels for data entry, display switches,
+/// scales and the animation.
+class BoardController {
+ public:
+  BoardController(frmMain& frame, ControlBoard& board, GridCommands& grids);
+
+  /// Sets the three flags of the results and their boxes, without the clicks and so without a drawing for each.
+  void TickResultSwitches(bool ticked);
+
+  /// The scales as at start.
+  void ResetScales();
+
+  /// Starts the animation of the deflected shape; nothing happens without results.
+  void Animate();
+
+  void StopClock() { Timer1.stop(); }
+
+ private:
+  struct List {
+    QPushButton* button;
+    QString what;
+    QLineEdit* numbers;
+    Grid* grid;
+    QLineEdit* value1;
+    QLineEdit* value2;
+    int column;
+  };
+
+  void ConnectGrids(GridCommands& grids);
+  void ConnectLine();
+  void ConnectList(const List& list);
+  void ConnectSwitches();
+  void ConnectResultSwitch(QCheckBox* box, bool& flag, bool& guard);
+  void ConnectScales();
+  void StartClock();
+  void TakeCell(const std::function<bool()>& take);
+  void ClickResultSwitch(QCheckBox& box, bool& flag, bool& guard);
+  void stepDeflectionScale(bool up);
+  void stepLoadsScale(bool up);
+  void Tick();
+
+  frmMain& Frame;
+  ControlBoard& Board;
+  QTimer Timer1;
+  bool reactionsGuard = false; ///< the next click of the box is the program's own
+  bool forcesGuard = false;
+  bool deflectedGuard = false;
+};
+
+} // namespace strutwright
