@@ -1,5 +1,7 @@
 #include "frmMain.h"
 
+#include "ClearFraming.h"
+
 #include "AnalysisState.h"
 #include "ChildArea.h"
 #include "ControlBoard.h"
@@ -286,6 +288,24 @@ void frmMain::stepLoadsScale(bool up) {
   CBpic->lblLoadsScale->setText(QString::fromStdString(LoadsScaleText()));
 }
 
+/// Every menu's switch of the style shows the style in force.
+void frmMain::ShowStyle() {
+  for (QAction* action : findChildren<QAction*>("mnuClearDrawing")) {
+    action->setChecked(TheDisplay.Style == DrawingStyle::Clear);
+  }
+}
+
+void frmMain::SwitchStyle() { CBpic->clearChk->toggle(); }
+
+/// Without a load or a reaction to draw the scale stays.
+void frmMain::FitArrows() {
+  const std::optional<float> scale = FittingLoadsScale(ShowReactions);
+  if (!scale) return;
+  LoadsScale = *scale;
+  ShowScales();
+  Redraw(false);
+}
+
 void frmMain::ShowScales() {
   CBpic->lblDeflectionScale->setText(QString::fromStdString(DeflectionScaleText()));
   CBpic->lblLoadsScale->setText(QString::fromStdString(LoadsScaleText()));
@@ -338,6 +358,7 @@ void frmMain::RestorePlace() {
   const QSettings place(PlaceFile(), QSettings::IniFormat);
   restoreGeometry(place.value("geometry").toByteArray());
   BoardSplitter->restoreState(place.value("board").toByteArray());
+  CBpic->clearChk->setChecked(place.value("clear").toBool());
 }
 
 /// A place that can't be kept is no reason to hold the user up.
@@ -346,6 +367,7 @@ void frmMain::SavePlace() {
   QSettings place(PlaceFile(), QSettings::IniFormat);
   place.setValue("geometry", saveGeometry());
   place.setValue("board", BoardSplitter->saveState());
+  place.setValue("clear", CBpic->clearChk->isChecked());
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {

@@ -110,6 +110,12 @@ class frmMain : public QMainWindow, public Host {
 
   bool IsEnding() const { return Ending; }
   void ActivateDisplay();
+  /// Changes between the described and the clear drawing.
+  void SwitchStyle();
+
+  /// Sets the forces scale so that the longest arrow is about a sixth of the truss.
+  void FitArrows();
+
   void ActivateEquations();
 
   /// Draws the truss again; what can't be drawn is said in the status bar and not in a box.
@@ -172,6 +178,7 @@ class frmMain : public QMainWindow, public Host {
   void stepDeflectionScale(bool up);
   void stepLoadsScale(bool up);
   void ShowScales();
+  void ShowStyle();
   void Tick();
   void ShowGrid(int index);
   void ShowGridOf(std::size_t kind);

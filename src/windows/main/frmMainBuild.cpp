@@ -223,6 +223,11 @@ void frmMain::ConnectSwitches() {
       Run([this] { Redraw(false); });
     });
   }
+  OnSignal(CBpic->clearChk, &QCheckBox::toggled, this, [this](bool clear) {
+    TheDisplay.Style = clear ? DrawingStyle::Clear : DrawingStyle::Described;
+    ShowStyle();
+    Run([this] { Redraw(false); });
+  });
   const auto connectResult = [this](QCheckBox* box, bool& flag, bool& guard) {
     OnSignal(box, &QCheckBox::toggled, this,
              [this, box, &flag, &guard] { Run([&] { ClickResultSwitch(*box, flag, guard); }); });
