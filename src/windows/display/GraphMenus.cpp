@@ -89,7 +89,7 @@ void frmGraph::AddViewMenu(MenuBuilder& build) {
       view, "mnuRefresh", "&Refresh", Qt::CTRL | Qt::Key_R, [this] { Refresh(); },
       "Takes the grids in and draws the truss again");
   QAction* clear = build.Add(
-      view, "mnuClearDrawing", "&Clear Drawing", Qt::Key_F9, [this] { Frame.SwitchStyle(); },
+      view, "mnuClearDrawing", "&Clear Drawing", Qt::CTRL | Qt::Key_D, [this] { Frame.SwitchStyle(); },
       "Draws symbols and labels in pixels, so that no label stands on another");
   clear->setCheckable(true);
   build.Add(
