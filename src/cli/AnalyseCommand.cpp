@@ -131,13 +131,6 @@ int StatusOf(Result result, const Check& check) {
   return isMisleading ? ExitMisleading : ExitOk;
 }
 
-template <typename Item, typename Value>
-Json JsonListOf(const std::vector<Item>& items, const Value& value) {
-  Json list = Json::array();
-  for (const Item& item : items) list.push_back(value(item));
-  return list;
-}
-
 Json JsonResidual(const std::optional<BalanceReport>& balance) {
   constexpr double largest = std::numeric_limits<float>::max();
   if (!balance || !(std::abs(balance->nodeResidual) <= largest)) return nullptr;

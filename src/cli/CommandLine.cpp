@@ -97,11 +97,10 @@ void AddPicture(CLI::App& command, PictureRequest& picture) {
   AddPictureFile(command, picture, "Also draw each model with its results: .png, .svg, otherwise a bitmap");
   AddPictureOption(command, picture, "--layers", "What the picture shows; everything unless told", PictureLayers,
                    LayersFault);
-  AddPictureOption(
-      command, picture, "--style",
-      "How the picture is drawn: clear, so that no label stands on another, or described, in metres of the "
-      "truss; clear unless told",
-      "clear,described", StyleFault);
+  AddPictureOption(command, picture, "--style",
+                   "How the picture is drawn: clear, so that no label stands on another, or described, in metres of "
+                   "the truss; clear unless told",
+                   "clear,described", StyleFault);
   AddPictureOption(command, picture, "--deflection-scale",
                    "Of the deflected shape, in mm drawn per mm; 100 unless told", "NUMBER", ScaleFault);
 }

@@ -37,10 +37,6 @@ int AnalyseModels(const AnalyseRequest& request, std::istream& in, std::ostream&
 /// Prints the input tables of a model.
 int ShowModel(const std::string& file, OutputFormat format, std::istream& in, std::ostream& out, std::ostream& err);
 
-/// Prints what equilibrium alone shows of a model: how determinate it is, the solution by hand, the members without
-/// force and the force diagram.  csv has no form for it and is printed as text.
-int PrintStatics(const std::string& file, OutputFormat format, std::istream& in, std::ostream& out, std::ostream& err);
-
 /// Builds a model file; as `output`, "-" is `out`.  A bad line of csv is named, and then nothing is written.
 int MakeModel(const std::string& input, const std::string& output, std::istream& in, std::ostream& out,
               std::ostream& err);
@@ -61,5 +57,9 @@ bool ChooseQuantity(Quantity& quantity, QuantityKind kind, const std::string& te
 
 /// Prints the influence line of a model and, of a train, the extremes; makes the picture asked for.
 int ShowInfluence(const InfluenceRequest& request, std::istream& in, std::ostream& out, std::ostream& err);
+
+/// Prints what equilibrium alone shows of a model: how determinate it is, the solution by hand, the members without
+/// force and the force diagram.  csv has no form for it and is printed as text.
+int PrintStatics(const std::string& file, OutputFormat format, std::istream& in, std::ostream& out, std::ostream& err);
 
 } // namespace strutwright

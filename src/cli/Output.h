@@ -33,6 +33,14 @@ Json JsonNumber(float value);
 /// are right, and those behind would be rounding.
 std::string PreciseText(double value, int digits = 12);
 
+/// A list of what `value` makes of each item.
+template <typename Items, typename Value>
+Json JsonListOf(const Items& items, const Value& value) {
+  Json list = Json::array();
+  for (const auto& item : items) list.push_back(value(item));
+  return list;
+}
+
 /// Prints a value on a line of its own; what is not valid UTF-8 becomes the replacement character.
 void PrintJsonLine(const Json& value, std::ostream& out);
 

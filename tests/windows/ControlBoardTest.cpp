@@ -20,11 +20,21 @@ TEST_F(BoardFormTest, HasItsCaptions) {
       {"memberChk", "Show Member Nos."},   {"nodeChk", "Show Node Nos."},       {"animateBtn", "Animate"},
       {"DBbtn", "Minimise Control Board"}, {"maxCBbtn", "^^ Control Board ^^"}, {"nLineBtn", "Generate"},
       {"viewOpt_0", "Joints Data"},        {"viewOpt_1", "Member Data"},        {"viewOpt_2", "Joint Results"},
-      {"viewOpt_3", "Member Results"},
+      {"viewOpt_3", "Member Results"},     {"clearChk", "Clear Drawing (Z)"},
   };
   for (const auto& [name, caption] : captions) {
     EXPECT_EQ(Find<QAbstractButton>(name).text().remove('&').toStdString(), caption) << name;
   }
+}
+
+TEST_F(BoardFormTest, DrawsAsDescribedUntilTheClearDrawingIsAskedFor) {
+  EXPECT_EQ(TheDisplay.Style, DrawingStyle::Described);
+  Find<QCheckBox>("clearChk").click();
+  EXPECT_EQ(TheDisplay.Style, DrawingStyle::Clear);
+  EXPECT_TRUE(Find<QAction>("mnuClearDrawing").isChecked());
+  Find<QAction>("mnuClearDrawing").trigger();
+  EXPECT_EQ(TheDisplay.Style, DrawingStyle::Described);
+  EXPECT_FALSE(Find<QCheckBox>("clearChk").isChecked());
 }
 
 TEST_F(BoardFormTest, HasTheTextsOfAFreshProgramInItsBoxes) {

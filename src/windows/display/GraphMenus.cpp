@@ -88,6 +88,13 @@ void frmGraph::AddViewMenu(MenuBuilder& build) {
   build.Add(
       view, "mnuRefresh", "&Refresh", Qt::CTRL | Qt::Key_R, [this] { Refresh(); },
       "Takes the grids in and draws the truss again");
+  QAction* clear = build.Add(
+      view, "mnuClearDrawing", "&Clear Drawing", Qt::CTRL | Qt::Key_D, [this] { Frame.SwitchStyle(); },
+      "Draws symbols and labels in pixels, so that no label stands on another");
+  clear->setCheckable(true);
+  build.Add(
+      view, "mnuFitArrows", "&Fit Arrows", {}, [this] { Frame.FitArrows(); },
+      "Sets the forces scale so that the longest arrow is about a sixth of the truss");
   view.addSeparator();
   build.Add(view, "mnuEquations", "&Stiffness Equations", {}, [this] { Frame.ActivateEquations(); });
 }
@@ -103,6 +110,7 @@ void frmGraph::BuildPopUp(MenuBuilder& build) {
   build.Add(*PopUp, "mnuZE", "Zoom &Extents", {}, [this] { Frame.Redraw(true); });
   PopUp->addSeparator();
   take("mnuRefresh");
+  take("mnuClearDrawing");
 }
 
 /// What has been pasted meanwhile is taken in.

@@ -1,6 +1,7 @@
 #include "BoardController.h"
 
 #include "AnalysisState.h"
+#include "ClearFraming.h"
 #include "ControlBoard.h"
 #include "DisplayState.h"
 #include "EventGuard.h"
@@ -15,8 +16,10 @@
 #include "modScales.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
+#include <QAction>
 #include <QSignalBlocker>
 
 namespace strutwright {
@@ -33,6 +36,7 @@ BoardController::BoardController(frmMain& frame, ControlBoard& board, GridComman
     : Frame(frame), Board(board) {
   ConnectGrids(grids);
   ConnectSwitches();
+  ConnectStyle();
   ConnectScales();
   ConnectLine();
   ConnectList({Board.nodeLoadBtn, "Node Load", Board.nodesTxt, &GrJoints, Board.xnlTxt, Board.ynlTxt, NodeForceX});
@@ -97,6 +101,23 @@ void BoardController::ConnectSwitches() {
   ConnectResultSwitch(Board.DSDchk, ShowDeflectedShape, deflectedGuard);
 }
 
+void BoardController::ConnectStyle() {
+  OnSignal(Board.clearChk, &QCheckBox::toggled, &Frame, [this](bool clear) {
+    TheDisplay.Style = clear ? DrawingStyle::Clear : DrawingStyle::Described;
+    ShowStyle();
+    Frame.Run([this] { Frame.Redraw(false); });
+  });
+}
+
+/// Every menu's switch of the style shows the style in force.
+void BoardController::ShowStyle() {
+  for (QAction* action : Frame.findChildren<QAction*>("mnuClearDrawing")) {
+    action->setChecked(TheDisplay.Style == DrawingStyle::Clear);
+  }
+}
+
+void BoardController::SwitchStyle() { Board.clearChk->toggle(); }
+
 void BoardController::ConnectResultSwitch(QCheckBox* box, bool& flag, bool& guard) {
   OnSignal(box, &QCheckBox::toggled, &Frame,
            [this, box, &flag, &guard] { Frame.Run([&] { ClickResultSwitch(*box, flag, guard); }); });
@@ -151,6 +172,19 @@ void BoardController::stepLoadsScale(bool up) {
 
 void BoardController::ResetScales() {
   strutwright::ResetScales();
+  ShowScales();
+}
+
+/// Without a load or a reaction to draw the scale stays.
+void BoardController::FitArrows() {
+  const std::optional<float> scale = FittingLoadsScale(ShowReactions);
+  if (!scale) return;
+  LoadsScale = *scale;
+  ShowScales();
+  Frame.Redraw(false);
+}
+
+void BoardController::ShowScales() {
   Board.lblDeflectionScale->setText(QString::fromStdString(DeflectionScaleText()));
   Board.lblLoadsScale->setText(QString::fromStdString(LoadsScaleText()));
 }

@@ -27,6 +27,12 @@ class BoardController {
   /// The scales as at start.
   void ResetScales();
 
+  /// Changes between the described and the clear drawing.
+  void SwitchStyle();
+
+  /// Sets the forces scale so that the longest arrow is about a sixth of the truss.
+  void FitArrows();
+
   /// Starts the animation of the deflected shape; nothing happens without results.
   void Animate();
 
@@ -48,7 +54,10 @@ class BoardController {
   void ConnectList(const List& list);
   void ConnectSwitches();
   void ConnectResultSwitch(QCheckBox* box, bool& flag, bool& guard);
+  void ConnectStyle();
+  void ShowStyle();
   void ConnectScales();
+  void ShowScales();
   void StartClock();
   void TakeCell(const std::function<bool()>& take);
   void ClickResultSwitch(QCheckBox& box, bool& flag, bool& guard);

@@ -158,11 +158,14 @@ QWidget* ControlBoard::BuildSwitches() {
   ReactionsChk = AddSwitch("ReactionsChk", "Show Reactio&ns", "Draws the reactions, green, in kN", false);
   MbrForcesChk = AddSwitch("MbrForcesChk", "Show Member Forces", "Draws the members' forces, blue, in kN", false);
   DSDchk = AddSwitch("DSDchk", "Show Deflected Shape", "Draws the displaced truss, red and dashed", false);
+  clearChk = AddSwitch("clearChk", "Clear Drawing (&Z)",
+                       "Draws symbols and labels in pixels, so that no label stands on another", false);
   auto* whole = new QWidget;
   auto* column = new QVBoxLayout(whole);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(Gap / 3);
-  for (QCheckBox* each : {SupportsChk, loadsChk, gridChk, memberChk, nodeChk, ReactionsChk, MbrForcesChk, DSDchk}) {
+  for (QCheckBox* each :
+       {SupportsChk, loadsChk, gridChk, memberChk, nodeChk, ReactionsChk, MbrForcesChk, DSDchk, clearChk}) {
     column->addWidget(each);
   }
   return whole;

@@ -54,6 +54,7 @@ class ControlBoard : public QFrame {
   QCheckBox* SupportsChk = nullptr;
   QCheckBox* loadsChk = nullptr;
   QCheckBox* gridChk = nullptr;
+  QCheckBox* clearChk = nullptr;
   QCheckBox* memberChk = nullptr;
   QCheckBox* nodeChk = nullptr;
   QCheckBox* ReactionsChk = nullptr;

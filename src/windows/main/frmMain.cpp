@@ -383,6 +383,7 @@ void frmMain::RestorePlace() {
   const QSettings place(PlaceFile(), QSettings::IniFormat);
   restoreGeometry(place.value("geometry").toByteArray());
   BoardSplitter->restoreState(place.value("board").toByteArray());
+  CBpic->clearChk->setChecked(place.value("clear").toBool());
 }
 
 /// A place that can't be kept is no reason to hold the user up.
@@ -391,6 +392,7 @@ void frmMain::SavePlace() {
   QSettings place(PlaceFile(), QSettings::IniFormat);
   place.setValue("geometry", saveGeometry());
   place.setValue("board", BoardSplitter->saveState());
+  place.setValue("clear", CBpic->clearChk->isChecked());
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {

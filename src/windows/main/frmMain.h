@@ -109,6 +109,12 @@ class frmMain : public QMainWindow {
   void ActivateDisplay();
   void ActivateEquations();
 
+  /// Changes between the described and the clear drawing.
+  void SwitchStyle() { Board->SwitchStyle(); }
+
+  /// Sets the forces scale so that the longest arrow is about a sixth of the truss.
+  void FitArrows() { Board->FitArrows(); }
+
   /// Draws the truss again; what can't be drawn is said in the status bar and not in a box.
   void RedrawWhatCanBeDrawn(bool zoomToExtents);
 
