@@ -84,9 +84,12 @@ void AddPictureOption(CLI::App& command, PictureRequest& picture, const char* na
   })->needs(command.get_option("--picture"));
 }
 
+bool IsNameOfModel(const std::string& name) { return name.ends_with(".stw") || name.ends_with(".csv"); }
+
 void AddPictureFile(CLI::App& command, PictureRequest& picture, const char* help) {
   command.add_option("--picture", picture.file, help)->check([](const std::string& name) {
     if (name == StandardStream) return "standard output bears the results";
+    if (IsNameOfModel(name)) return "a picture would take the place of a model: choose .png, .svg or .bmp";
     return name.empty() ? "a file name is expected" : "";
   });
   AddPictureOption(command, picture, "--size", "Of the picture in pixels; 1024x768 unless told", "WIDTHxHEIGHT",

@@ -6,6 +6,7 @@
 #include "modModelStore.h"
 #include "modNumberText.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <exception>
@@ -55,18 +56,50 @@ void DrawForceArrow(DrawingSurface& surface, const MemberLine& line, double from
             -(line.y + to * line.dy), Blue, ForceHeadRatio);
 }
 
-/// The label stands off the line on its right-hand side, below a horizontal one, because a text hangs down from its
-/// starting point; a little farther to the right it is clear of the member's number, which starts on the line.
-void PrintForce(DrawingSurface& surface, const MemberLine& line, float F) {
-  double nx = 0;
-  double ny = -1;
-  if (line.dy != 0 && line.L > 0) {
-    nx = std::fabs(line.dy) / line.L;
-    ny = (line.dy > 0 ? -line.dx : line.dx) / line.L;
-  }
-  const double x = line.x + line.dx / 2 + LabelOff * nx + LabelShift;
-  const double y = line.y + line.dy / 2 + LabelOff * ny;
-  PrintText(surface, x, -y, FormatNumber(F, "#0.0"), Blue);
+/// About as large as a surface prints a text, in pixels; a little more does no harm.
+constexpr int TextSize = 13;
+constexpr double TextHeight = 16;
+
+double Dot(PixelPoint a, PixelPoint b) { return a.x * b.x + a.y * b.y; }
+
+/// Across a member, of length 1, away from its number, whose text hangs down from the member's middle to the right.
+PixelPoint AcrossFrom(PixelPoint numberSize, PixelPoint along) {
+  const PixelPoint across{-along.y, along.x};
+  return Dot(across, numberSize) > 0 ? -1.0 * across : across;
+}
+
+/// How far a number's text reaches over its member's line, on the side of `across`.
+double ReachOver(PixelPoint numberSize, PixelPoint across) {
+  return std::max({0.0, across.x * numberSize.x, across.y * numberSize.y});
+}
+
+/// Where the text of a force begins, in pixels from the member's middle: on the other side of the line than the
+/// member's number, so that the two are never read as one, and clear of both.
+PixelPoint ForcePlace(PixelPoint forceSize, PixelPoint numberSize, PixelPoint along, double pixelsPerMetre) {
+  const PixelPoint across = AcrossFrom(numberSize, along);
+  const PixelPoint half = 0.5 * forceSize;
+  const double reach = std::fabs(across.x) * half.x + std::fabs(across.y) * half.y;
+  const double off = LabelOff * pixelsPerMetre + ReachOver(numberSize, across) + reach;
+  return off * across + (LabelShift * pixelsPerMetre) * along - half;
+}
+
+/// The direction in which a member is read, in pixels: to the right, or down where it is vertical.
+PixelPoint ReadAlong(const MemberLine& line) {
+  if (line.L <= 0) return {1, 0};
+  const PixelPoint along{line.dx / line.L, -line.dy / line.L};
+  const bool isBackward = along.x < 0 || (along.x == 0 && along.y < 0);
+  return isBackward ? -1.0 * along : along;
+}
+
+void PrintForce(DrawingSurface& surface, const MemberLine& line, int m, float F) {
+  const std::string text = FormatNumber(F, "#0.0");
+  const double pixelsPerMetre = surface.PixelWidth() / surface.Window().width;
+  const PixelPoint force{surface.TextWidth(text, TextSize), TextHeight};
+  const PixelPoint number{surface.TextWidth(std::to_string(m), TextSize), TextHeight};
+  const PixelPoint place = ForcePlace(force, number, ReadAlong(line), pixelsPerMetre);
+  const double x = line.x + line.dx / 2 + place.x / pixelsPerMetre;
+  const double y = line.y + line.dy / 2 - place.y / pixelsPerMetre;
+  PrintText(surface, x, -y, text, Blue);
 }
 
 void DrawForce(DrawingSurface& surface, int m, float unit) {
@@ -80,7 +113,7 @@ void DrawForce(DrawingSurface& surface, int m, float unit) {
     DrawForceArrow(surface, line, 0.1, 0.3);
     DrawForceArrow(surface, line, 0.9, 0.7);
   }
-  PrintForce(surface, line, F);
+  PrintForce(surface, line, m, F);
 }
 
 void DrawReaction(DrawingSurface& surface, int n, const TrussView& view) {

@@ -155,5 +155,13 @@ TEST_F(OutputNamesTest, OfAPictureCanNotBeStandardOutput) {
   EXPECT_THAT(err, HasSubstr("standard output bears the results"));
 }
 
+TEST_F(OutputNamesTest, OfAPictureCanNotBeThatOfAModel) {
+  const std::string model = Bridge("a");
+  const auto size = fs::file_size(model);
+  EXPECT_EQ(Run({"analyse", "--picture", model, model}), 2);
+  EXPECT_THAT(err, HasSubstr("a picture would take the place of a model: choose .png, .svg or .bmp"));
+  EXPECT_EQ(fs::file_size(model), size);
+}
+
 } // namespace
 } // namespace strutwright

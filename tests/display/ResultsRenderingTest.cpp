@@ -2,6 +2,11 @@
 #include "modModelStore.h"
 #include "modResultsRendering.h"
 
+#include <cstdio>
+#include <string>
+#include <utility>
+#include <vector>
+
 #include <gmock/gmock.h>
 
 namespace strutwright {
@@ -42,19 +47,19 @@ class ResultsRenderingTest : public DisplayFixture {
 TEST_F(ResultsRenderingTest, PushesOnTheJointsInCompression) {
   EXPECT_THAT(ForceOf(-5), ElementsAre("line 3 0 1 0 blue 2", "line 1 0 1.63 0.63 blue 2", "line 1 0 1.63 -0.63 blue 2",
                                        "line 7 0 9 0 blue 2", "line 9 0 8.37 -0.63 blue 2", "line 9 0 8.37 0.63 blue 2",
-                                       "text 5.1 0.05 '-5.0' blue"));
+                                       "text 5.022 -0.13 '-5.0' blue"));
 }
 
 TEST_F(ResultsRenderingTest, PullsOnTheJointsInTension) {
   EXPECT_THAT(ForceOf(5), ElementsAre("line 1 0 3 0 blue 2", "line 3 0 2.37 -0.63 blue 2", "line 3 0 2.37 0.63 blue 2",
                                       "line 9 0 7 0 blue 2", "line 7 0 7.63 0.63 blue 2", "line 7 0 7.63 -0.63 blue 2",
-                                      "text 5.1 0.05 '5.0' blue"));
+                                      "text 5.0415 -0.13 '5.0' blue"));
 }
 
 TEST_F(ResultsRenderingTest, HasNoArrowsOnAZeroBar) {
-  EXPECT_THAT(ForceOf(0), ElementsAre("text 5.1 0.05 '0.0' blue"));
-  EXPECT_THAT(ForceOf(0.0001F), ElementsAre("text 5.1 0.05 '0.0' blue"));
-  EXPECT_THAT(ForceOf(-0.0001F), ElementsAre("text 5.1 0.05 '0.0' blue"));
+  EXPECT_THAT(ForceOf(0), ElementsAre("text 5.0415 -0.13 '0.0' blue"));
+  EXPECT_THAT(ForceOf(0.0001F), ElementsAre("text 5.0415 -0.13 '0.0' blue"));
+  EXPECT_THAT(ForceOf(-0.0001F), ElementsAre("text 5.0415 -0.13 '0.0' blue"));
 }
 
 TEST_F(ResultsRenderingTest, HasArrowsJustAboveZero) {
@@ -62,17 +67,57 @@ TEST_F(ResultsRenderingTest, HasArrowsJustAboveZero) {
   EXPECT_EQ(ForceOf(-0.00011F).front(), "line 3 0 1 0 blue 2");
 }
 
-TEST_F(ResultsRenderingTest, PrintsAForceOnTheRightOfItsMember) {
-  EXPECT_EQ(ForceAlong(0, 0, 4).back(), "text 0.15 -2 '0.0' blue");
-  EXPECT_EQ(ForceAlong(0, 0, -4).back(), "text 0.15 2 '0.0' blue");
-  EXPECT_EQ(ForceAlong(0, 4, 3).back(), "text 2.13 -1.46 '0.0' blue");
-  EXPECT_EQ(ForceAlong(0, -4, -3).back(), "text -1.87 1.54 '0.0' blue");
-  EXPECT_EQ(ForceAlong(0, 4, -3).back(), "text 2.13 1.46 '0.0' blue");
-  EXPECT_EQ(ForceAlong(0, -10, 0).back(), "text -4.9 0.05 '0.0' blue");
+/// A printed text in pixels, its corner at the left above.
+struct PrintedText {
+  double left = 0;
+  double top = 0;
+  double right = 0;
+  double bottom = 0;
+
+  bool Touches(const PrintedText& other) const {
+    return left < other.right && other.left < right && top < other.bottom && other.top < bottom;
+  }
+};
+
+/// Of a recorded line on a surface with 20 pixels to the metre.
+PrintedText PrintedAs(const std::string& ink) {
+  double x = 0;
+  double y = 0;
+  EXPECT_EQ(std::sscanf(ink.c_str(), "text %lf %lf", &x, &y), 2) << ink;
+  const auto letters = static_cast<double>(ink.rfind('\'') - ink.find('\'') - 1);
+  return {20 * x, 20 * y, 20 * x + 7.2 * letters, 20 * y + 15};
+}
+
+/// On which side of a line through the origin a text lies: 1 or -1; 0 where the line crosses it.
+int SideOf(const PrintedText& text, double dx, double dy) {
+  int sides = 0;
+  for (const double x : {text.left, text.right}) {
+    for (const double y : {text.top, text.bottom}) sides += dx * y + dy * x > 0 ? 1 : -1;
+  }
+  return sides / 4;
+}
+
+/// The number hangs down to the right from the middle of the member, here the origin.
+TEST_F(ResultsRenderingTest, PrintsAForceOnTheOtherSideOfItsMemberThanTheNumber) {
+  surface.SetWindow({-20, -15, 40, 30});
+  for (const auto& [dx, dy] : std::vector<std::pair<float, float>>{
+           {10, 0}, {0, 4}, {4, 3}, {4, -3}, {10, -1}, {1, -10}, {-10, 0}, {0, -4}, {-4, -3}, {-4, 3}}) {
+    SCOPED_TRACE(std::to_string(dx) + ", " + std::to_string(dy));
+    SetTables({{{-dx, -dy}, {dx, dy}}, {{1, 2}}});
+    MemberTable(1, MemberFieldForce) = -12.3F;
+    surface.Forget();
+    DrawMemberForces(surface, View());
+    const PrintedText force = PrintedAs(surface.ink.back());
+    const PrintedText number = PrintedAs("text 0 0 '1'");
+    const double centre = dx * (number.top + number.bottom) + dy * (number.left + number.right);
+
+    EXPECT_FALSE(force.Touches(number));
+    EXPECT_EQ(SideOf(force, dx, dy), centre > 0 ? -1 : 1);
+  }
 }
 
 TEST_F(ResultsRenderingTest, SurvivesAMemberWithoutLength) {
-  EXPECT_EQ(ForceAlong(5, 0, 0).back(), "text 0.1 0.05 '5.0' blue");
+  EXPECT_EQ(ForceAlong(5, 0, 0).back(), "text 0.0415 -0.13 '5.0' blue");
 }
 
 TEST_F(ResultsRenderingTest, DrawsTheReactionsThatTheCodeRestrains) {

@@ -79,6 +79,21 @@ TEST_F(FirstStepsFormTest, SaysInAnEmptyGridWhatToDoFirst) {
   EXPECT_EQ(BelowFirstRows("GrJoints"), hint);
 }
 
+TEST_F(FirstStepsFormTest, EntersNodesForWhoDoesWhatTheGridSays) {
+  ClickCell(View("GrJoints"), 1, 1);
+  Type("0");
+  Press(Qt::Key_Right);
+  Type("5");
+  Press(Qt::Key_Return);
+  Press(Qt::Key_Left);
+  Type("7");
+  Press(Qt::Key_Right);
+  Type("8");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(GrJoints.Text(1, 1) + " " + GrJoints.Text(1, 2), "0 5");
+  EXPECT_EQ(GrJoints.Text(2, 1) + " " + GrJoints.Text(2, 2), "7 8");
+}
+
 TEST_F(FirstStepsFormTest, SaysInAGridWithoutRowsWhatToDoFirst) {
   Command("mnuNew").trigger();
   const auto hasInk = [this](const QString& grid) {

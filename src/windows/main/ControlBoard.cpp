@@ -107,7 +107,8 @@ QWidget* ControlBoard::BuildGrids() {
   GrMembersView->setToolTip("PS: prestress force, tension positive. Type to edit a cell, Enter for the next row.");
   jResGrView->setToolTip("Deflections and reactions, positive to the right and upwards");
   mResGrView->setToolTip("Tension positive. T: tension, C: compression. s: stress, dL: elongation.");
-  GrJointsView->SetEmptyHint("Type x of node 1, press the right arrow and type y; Enter goes to the next node.\n"
+  GrJointsView->SetEmptyHint("Click the first cell of x(m) and type x of node 1; press the right arrow and type y.\n"
+                             "Enter goes down to node 2, the left arrow back to x.\n"
                              "Or press F7 and click in the drawing, or paste a table from a spreadsheet.");
   GrMembersView->SetEmptyHint("Enter the nodes first. Then type the numbers of the two nodes that member 1 joins.\n"
                               "Or press F8 and click two nodes in the drawing.");
