@@ -161,8 +161,7 @@ ClearScene MakeScene(const SceneRequest& request, const PixelSurface& surface, c
   ClearScene best;
   int fewest = -1;
   for (const TextLook& look : looks) {
-    const bool isLast = look == looks.back();
-    ClearScene scene = isLast ? std::move(bare) : bare;
+    ClearScene scene = bare;
     LabelAs(scene, look, request, surface, before);
     const int missing = MissingForces(scene);
     if (fewest >= 0 && missing >= fewest) continue;

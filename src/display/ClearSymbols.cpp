@@ -46,7 +46,9 @@ void DrawTriangle(PixelSurface& surface, const SupportFrame& frame, double heigh
 
 void DrawHatch(PixelSurface& surface, const SupportFrame& frame, double ground) {
   constexpr double Half = ClearSize::SupportHalfWidth;
-  for (double along = -Half + HatchPitch; along <= Half + 0.5; along += HatchPitch) {
+  constexpr int Strokes = static_cast<int>((2 * Half + 0.5) / HatchPitch);
+  for (int stroke = 1; stroke <= Strokes; ++stroke) {
+    const double along = -Half + stroke * HatchPitch;
     surface.PixelLine(frame.At(along, ground), frame.At(along - HatchDepth, ground + HatchDepth), HatchLine);
   }
 }

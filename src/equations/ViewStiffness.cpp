@@ -23,7 +23,7 @@ void ViewStiffness::Add(MemberShare share) {
     share.before[entry] = K(share.freedoms[entry / 4 + 1], share.freedoms[entry % 4 + 1]);
   }
   AddAtFreedoms(share.freedoms, share.k, K);
-  Added.push_back(std::move(share));
+  Added.push_back(share);
 }
 
 void ViewStiffness::TakeBack() {

@@ -122,7 +122,7 @@ void AddNextMember(EquationPage page, int member) {
   Turn(std::move(page), EquationStep::AddMember);
   if (!share) return;
   TheEquations.past.back().shareAdded = sameMatrix;
-  TheEquations.page.viewStiffness->Add(*std::move(share));
+  TheEquations.page.viewStiffness->Add(*share);
 }
 
 void LeaveRestrainedLoadsOut(const EquationPage& page, std::vector<float>& P) {
@@ -183,7 +183,7 @@ void StepShowGlobalK() {
   MemberMatrix k;
   int matrixOf = 0;
   for (int m = 1; m <= MemberCount; ++m) {
-    if (std::optional<MemberShare> share = ShareOf(m, k, matrixOf)) page->viewStiffness->Add(*std::move(share));
+    if (const std::optional<MemberShare> share = ShareOf(m, k, matrixOf)) page->viewStiffness->Add(*share);
   }
   page->allAdded = true;
   Turn(*std::move(page), EquationStep::ShowGlobalK);

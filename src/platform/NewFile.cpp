@@ -12,7 +12,7 @@ void Discard(FileSystem& files, const std::string& path) {
 
 std::string PutNewFileBeside(FileSystem& files, const std::string& target, const std::string& content, bool existed,
                              bool wait) {
-  const std::string fresh = files.CreateBeside(target);
+  std::string fresh = files.CreateBeside(target);
   try {
     // The mode comes first: nobody shall read for a moment what is not theirs.
     if (existed) files.CopyMode(target, fresh);

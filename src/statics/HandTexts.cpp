@@ -59,7 +59,7 @@ std::string MemberNames(const std::vector<int>& members) {
 
 std::string ForceText(const std::string& name, double value, bool isMember, double nothing) {
   if (std::abs(value) <= nothing) return name + " = 0";
-  const std::string text = name + " = " + HandNumber(value) + " kN";
+  std::string text = name + " = " + HandNumber(value) + " kN";
   if (!isMember) return text;
   return text + (value > 0 ? " (tension)" : " (compression)");
 }

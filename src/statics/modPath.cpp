@@ -168,8 +168,8 @@ std::string PathText(const std::vector<int>& nodes) {
 std::vector<int> ProposePath() {
   if (NodeCount == 0) return {};
   const Neighbours neighbours = RightNeighbours();
-  const std::vector<int> lower = ChainOf(neighbours, -1);
-  const std::vector<int> upper = ChainOf(neighbours, 1);
+  std::vector<int> lower = ChainOf(neighbours, -1);
+  std::vector<int> upper = ChainOf(neighbours, 1);
   if (lower.size() < 2) return upper.size() < 2 ? std::vector<int>{} : upper;
   if (upper.size() < 2) return lower;
   return LikelihoodOf(upper) > LikelihoodOf(lower) ? upper : lower;

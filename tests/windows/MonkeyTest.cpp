@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <random>
 
+#include <QAbstractButton>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QTimer>
