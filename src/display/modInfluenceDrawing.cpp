@@ -145,7 +145,7 @@ class InfluencePicture {
   }
 
   bool IsOverPath(double x) const {
-    const auto [left, right] = std::minmax(X(0), X(Shape.nodes.size() - 1));
+    const auto [left, right] = std::minmax({X(0), X(Shape.nodes.size() - 1)});
     return x >= left - Pixel && x <= right + Pixel;
   }
 
