@@ -139,8 +139,11 @@ float Displace(float coordinate, float D, float scale) {
 /// Node 0 stands for a node that a member does not name: the model is drawn from there too, and it never moves.
 Displaced DisplacedNode(const std::vector<float>& displacements, int n, const TrussView& view) {
   if (n == 0) return {Drawn(0, NodeX, view.unit), Drawn(0, NodeY, view.unit)};
-  return {Displace(Drawn(n, NodeX, view.unit), EntryOf(displacements, n, 0), view.deflectionScale),
-          Displace(Drawn(n, NodeY, view.unit), EntryOf(displacements, n, 1), view.deflectionScale)};
+  // A node without a result is named as such, whichever argument a compiler takes first.
+  const float u = EntryOf(displacements, n, 0);
+  const float v = EntryOf(displacements, n, 1);
+  return {Displace(Drawn(n, NodeX, view.unit), u, view.deflectionScale),
+          Displace(Drawn(n, NodeY, view.unit), v, view.deflectionScale)};
 }
 
 /// One pixel wide: the shape often lies close to the model, which must stay visible under it.
