@@ -135,7 +135,8 @@ TEST(LayerTest, WouldFindAnIncludeOfQt) {
 const std::map<std::string, std::set<std::string>> AllowedLayers{
     {"platform", {}},
     {"platform/native", {"platform"}},
-    {"platform/qt", {"platform"}},
+    {"platform/qt/raster", {}},
+    {"platform/qt", {"platform", "raster"}},
     {"model", {"platform"}},
     {"analysis/tiled", {"platform"}},
     {"analysis", {"platform", "model", "tiled"}},
