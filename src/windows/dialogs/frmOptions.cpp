@@ -1,5 +1,6 @@
 #include "frmOptions.h"
 
+#include "EditingState.h"
 #include "EventGuard.h"
 #include "FileState.h"
 #include "FormParts.h"
@@ -7,6 +8,7 @@
 #include "frmMain.h"
 #include "modOptions.h"
 
+#include <QCheckBox>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -58,6 +60,7 @@ QWidget* frmOptions::BuildGeneral() {
   column->addWidget(BuildFileHandling());
   column->addWidget(BuildLineStyle());
   column->addWidget(BuildCapacity());
+  column->addWidget(BuildDrawing());
   column->addStretch();
   return page;
 }
@@ -70,6 +73,15 @@ QWidget* frmOptions::BuildFileHandling() {
   row->addStretch();
   row->addWidget(txtMaxFiles);
   return frame;
+}
+
+QWidget* frmOptions::BuildDrawing() {
+  auto* box = new QCheckBox("&New members take E and A from the board");
+  box->setObjectName("chkRigidity");
+  box->setToolTip("A member that is drawn gets E Value and Area of the control board");
+  box->setChecked(TheEditing.rigidityFromBoard);
+  OnSignal(box, &QCheckBox::toggled, this, [](bool on) { TheEditing.rigidityFromBoard = on; });
+  return box;
 }
 
 QWidget* frmOptions::BuildLineStyle() {
