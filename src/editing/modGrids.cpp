@@ -23,20 +23,34 @@ void ClearResultGrid(Grid& grid) {
   grid.SetText(1, 0, "");
 }
 
-void ListNode(int node) {
-  jResGr.SetText(node, 0, std::to_string(node));
-  jResGr.SetText(node, 1, FormatNumber(NodeDisplacement(node, "x"), "#0.0#"));
-  jResGr.SetText(node, 2, FormatNumber(NodeDisplacement(node, "y"), "#0.0#"));
-  jResGr.SetText(node, 3, FormatNumber(Reactions.at(XFreedom(node)), "#.#"));
-  jResGr.SetText(node, 4, FormatNumber(Reactions.at(YFreedom(node)), "#.#"));
+/// A view paints what it is told of.
+void SetIfOther(Grid& grid, int row, int column, const std::string& text) {
+  if (grid.Text(row, column) != text) grid.SetText(row, column, text);
 }
 
-void ListMember(int member) {
-  mResGr.SetText(member, 0, std::to_string(member));
-  mResGr.SetText(member, 1, FormatNumber(MemberForce(member), "#0.0#"));
-  mResGr.SetText(member, 2, MemberState(member));
-  mResGr.SetText(member, 3, FormatNumber(MemberStress(member), "#0.0##"));
-  mResGr.SetText(member, 4, FormatNumber(StretchOrMessage(member), "#0.0##"));
+void ListNode(int node) {
+  SetIfOther(jResGr, node, 0, std::to_string(node));
+  SetIfOther(jResGr, node, 1, FormatNumber(NodeDisplacement(node, "x"), "#0.0#"));
+  SetIfOther(jResGr, node, 2, FormatNumber(NodeDisplacement(node, "y"), "#0.0#"));
+  SetIfOther(jResGr, node, 3, FormatNumber(Reactions.at(XFreedom(node)), "#.#"));
+  SetIfOther(jResGr, node, 4, FormatNumber(Reactions.at(YFreedom(node)), "#.#"));
+}
+
+/// stretch: mm.
+void ListMember(int member, float stretch) {
+  SetIfOther(mResGr, member, 0, std::to_string(member));
+  SetIfOther(mResGr, member, 1, FormatNumber(MemberForce(member), "#0.0#"));
+  SetIfOther(mResGr, member, 2, MemberState(member));
+  SetIfOther(mResGr, member, 3, FormatNumber(MemberStress(member), "#0.0##"));
+  SetIfOther(mResGr, member, 4, FormatNumber(stretch, "#0.0##"));
+}
+
+/// stretch: gives that of a member.
+void ListResults(float (*stretch)(int m)) {
+  if (jResGr.RowCount() != NodeCount + 1) jResGr.SetRowCount(NodeCount + 1);
+  for (int node = 1; node <= NodeCount; ++node) ListNode(node);
+  if (mResGr.RowCount() != MemberCount + 1) mResGr.SetRowCount(MemberCount + 1);
+  for (int member = 1; member <= MemberCount; ++member) ListMember(member, stretch(member));
 }
 
 } // namespace
@@ -58,12 +72,9 @@ void ClearResultGrids() {
   for (Grid* grid : {&jResGr, &mResGr}) ClearGrid(*grid, GridCapacity);
 }
 
-void resultGrids() {
-  jResGr.SetRowCount(NodeCount + 1);
-  for (int node = 1; node <= NodeCount; ++node) ListNode(node);
-  mResGr.SetRowCount(MemberCount + 1);
-  for (int member = 1; member <= MemberCount; ++member) ListMember(member);
-}
+void resultGrids() { ListResults(StretchOrMessage); }
+
+void ListResultsQuietly() { ListResults(MemberStretch); }
 
 float StretchOrMessage(int m) {
   if (const auto fault = StretchFaultOf(m)) ShowMessage(MessageIcon::Information, NoStretchText(m, *fault));

@@ -2,7 +2,6 @@
 #include "PixelPen.h"
 #include "QtFixture.h"
 #include "RunSeed.h"
-#include "Scribble.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,8 +15,6 @@ namespace {
 
 class PixelLoopsTest : public QtFixture {
  protected:
-  ~PixelLoopsTest() override { TheLoops = &FastestLoops(); }
-
   double Between(double low, double high) { return std::uniform_real_distribution<double>(low, high)(random); }
 
   const unsigned seed = RunSeed();
@@ -43,25 +40,51 @@ int Literal(const QLineF& line, int column, int row) {
   return 255 * (256 - static_cast<int>(part * 256 + 0.5F)) >> 8;
 }
 
-TEST_F(PixelLoopsTest, PaintTheSameForEveryProcessor) {
-  for (const double ratio : {1.0, 1.5, 4.0}) {
-    QtDrawingSurface first(80, 60, ratio); // Qt traces a letter that it has not printed yet a little differently
-    QtDrawingSurface plain(80, 60, ratio);
-    surface.Resize(80, 60, ratio);
-    for (QtDrawingSurface* each : {&first, &surface, &plain}) {
-      TheLoops = each == &plain ? &PlainLoops() : &FastestLoops();
-      each->SetWindow({0, 0, 8, 6});
-      Scribble scribble(seed);
-      for (int i = 0; i < 1000; ++i) scribble.DrawOneOn(*each);
-      each->Image();
-    }
-    EXPECT_TRUE(surface.Image() == plain.Image()) << ratio;
+/// A picture of its own that every loop has painted on, in and out of the picture; the same for the same seed.
+QImage PaintedBy(const PixelLoops& loops, const Stamp& stamp, unsigned seed) {
+  QImage picture(80, 60, QImage::Format_RGB32);
+  picture.fill(Qt::white);
+  const Pixels ground(picture, loops);
+  std::mt19937 random(seed);
+  const auto between = [&](double low, double high) {
+    return std::uniform_real_distribution<double>(low, high)(random);
+  };
+  for (int i = 0; i < 1000; ++i) {
+    PixelPen pen(ground, static_cast<QRgb>(random()), between(0.5, 6));
+    const QPointF start(between(-20, 100), between(-20, 80));
+    const QPointF end(between(-20, 100), between(-20, 80));
+    pen.SolidLine({start, end});
+    pen.DashedLine({end, start});
+    pen.Circle(start, between(0, 12));
+    stamp.CopyTo(ground, static_cast<int>(end.x()), static_cast<int>(end.y()));
   }
+  return picture;
+}
+
+/// Ink of every strength, wider than what is copied at a time.
+Stamp ShadedStamp(int width) {
+  QImage ink(width, 9, QImage::Format_ARGB32_Premultiplied);
+  for (int y = 0; y < ink.height(); ++y) {
+    for (int x = 0; x < ink.width(); ++x) ink.setPixel(x, y, qPremultiply(qRgba(200, 20 * y, 90, 255 - 9 * (x + y))));
+  }
+  return Stamp(ink);
+}
+
+TEST_F(PixelLoopsTest, PaintTheSameForEveryProcessor) {
+  for (const int width : {5, 8, 13, 16, 21}) {
+    const Stamp stamp = ShadedStamp(width);
+    EXPECT_TRUE(PaintedBy(FastestLoops(), stamp, seed) == PaintedBy(PlainLoops(), stamp, seed)) << width;
+  }
+}
+
+TEST_F(PixelLoopsTest, AreTheFastestOnesWhereNobodyAsksForOthers) {
+  QImage picture(8, 1, QImage::Format_RGB32);
+  EXPECT_EQ(Pixels(picture).loops, &FastestLoops());
+  EXPECT_EQ(Pixels(picture, PlainLoops()).loops, &PlainLoops());
 }
 
 TEST_F(PixelLoopsTest, CoverOfEachPixelWhatALineCoversOfIt) {
   for (const PixelLoops* loops : {&PlainLoops(), &FastestLoops()}) {
-    TheLoops = loops;
     for (int i = 0; i < 200; ++i) {
       QImage picture(43, 31, QImage::Format_RGB32);
       picture.fill(Qt::white);
@@ -69,7 +92,7 @@ TEST_F(PixelLoopsTest, CoverOfEachPixelWhatALineCoversOfIt) {
       const double reach = i % 2 == 0 ? 40 : 6;
       const QLineF line(start, QPointF(std::clamp(start.x() + Between(-reach, reach), 2.0, 41.0),
                                        std::clamp(start.y() + Between(-reach, reach), 2.0, 29.0)));
-      PixelPen(Pixels(picture), qRgb(0, 0, 0), 2).SolidLine(line);
+      PixelPen(Pixels(picture, *loops), qRgb(0, 0, 0), 2).SolidLine(line);
       for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x) {
           ASSERT_NEAR(qRed(picture.pixel(x, y)), Literal(line, x, y), 1) << x << ' ' << y;

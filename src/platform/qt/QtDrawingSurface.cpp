@@ -220,7 +220,7 @@ void QtDrawingSurface::SavePicture(const std::string& path) {
   });
 }
 
-double QtDrawingSurface::TextWidth(const std::string& text, int size) const { return Widths.WidthOf(text, size); }
+double QtDrawingSurface::TextWidth(const std::string& text, int size) const { return Canvas.WidthOf(text, size); }
 
 void QtDrawingSurface::PixelLine(PixelPoint from, PixelPoint to, const LineLook& look) {
   DrawPixelLine({from.x, from.y}, {to.x, to.y}, {QtColour(look.colour), look.width, look.dashed});

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "DrawingSurface.h"
-#include "Stroke.h"
 #include "StrokeCanvas.h"
 
 #include <cstddef>
@@ -85,7 +84,6 @@ class QtDrawingSurface : public DrawingSurface {
   PenMode Mode = PenMode::Copy;
   FillStyle Fill = FillStyle::Transparent;
   bool TextAttribute = true;
-  mutable LabelWidths Widths;
   double X = 0;
   double Y = 0;
 };

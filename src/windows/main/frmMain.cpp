@@ -9,14 +9,18 @@
 #include "Menus.h"
 #include "Platform.h"
 #include "RecentFilesMenu.h"
+#include "WorkbenchState.h"
 #include "frmAbout.h"
 #include "frmEquations.h"
 #include "frmGraph.h"
+#include "frmInfluence.h"
 #include "frmOptions.h"
 #include "modEntryGaps.h"
 #include "modFileCommands.h"
 #include "modGenerators.h"
 #include "modGrids.h"
+#include "modKeepResults.h"
+#include "modLive.h"
 #include "modModelStore.h"
 #include "modMotionView.h"
 #include "modOptions.h"
@@ -73,6 +77,7 @@ frmMain::frmMain() {
   Grids = std::make_unique<GridCommands>(*this, *CBpic);
   Board = std::make_unique<BoardController>(*this, *CBpic, *Grids);
   Check = std::make_unique<CheckPresenter>(*this, *CBpic, *stsBar);
+  Live = std::make_unique<LivePresenter>(*this, *Board, *Check, *stsBar);
   Listener = std::make_unique<MainListener>(*this);
   ConnectKeys();
   OnSignal(&History.Steps(), &QUndoStack::indexChanged, this, [this] { ShowEntryNote(); });
@@ -83,6 +88,7 @@ frmMain::~frmMain() {
   Ending = true;
   DisplaySurface = nullptr;
   Check->CloseWindow();
+  delete Influence;
   delete takeCentralWidget(); // while the frame that its parts report to is still whole
 }
 
@@ -198,6 +204,7 @@ void frmMain::MDIForm_Load() {
   DisplaySurface = &Graph->Surface();
   SetViewWindow(*DisplaySurface, -1.0F, 10.0F, 0.0F, 3.0F);
   ShowStatusTexts();
+  Live->ShowState();
   Redraw(false);
   RecoveryKeeper::TellWhatWasLeft();
 }
@@ -219,7 +226,11 @@ void frmMain::EndAnalysis(bool redraw) {
 }
 
 void frmMain::LeaveResults() {
-  Board->TickResultSwitches(false);
+  if (IsLive()) {
+    Board->ShowTickedResults();
+  } else {
+    Board->TickResultSwitches(false);
+  }
   Check->Drop();
   ShowStatusTexts();
 }
@@ -269,7 +280,19 @@ void frmMain::Run(const std::function<void()>& command) {
     CommitPendingEdit();
     command();
   });
+  Guard([this] { Live->Follow(); });
   Recovery.NoteChange();
+}
+
+void frmMain::Edit(const QString& what, const std::function<void()>& command) {
+  History.Run(what, command);
+  Live->Follow();
+}
+
+void frmMain::SwitchLive(bool on) { Live->Switch(on); }
+
+void frmMain::FollowEquations() {
+  if (Equations != nullptr) Equations->Follow();
 }
 
 void frmMain::BeginNewModel(void (*command)()) {
@@ -308,6 +331,15 @@ void frmMain::ActivateEquations() { Children->setActiveSubWindow(EquationsWindow
 
 void frmMain::ShowCheck() { Check->Open(EquationsWindow->mapToGlobal(QPoint(0, 0))); }
 
+void frmMain::ShowInfluence() {
+  RebuildKeepingResults();
+  if (Influence == nullptr) Influence = new frmInfluence(*this);
+  Influence->Propose();
+  Influence->show();
+  Influence->raise();
+  Influence->activateWindow();
+}
+
 void frmMain::Redraw(bool zoomToExtents) {
   if (IsWorking()) return;
   RedrawDisplay(DisplaySurface, zoomToExtents);
@@ -331,7 +363,9 @@ void frmMain::ShowEntryNote() {
   std::string note = RowGapText();
   const std::string missing = MissingNodeText();
   if (!note.empty() && !missing.empty()) note += " ";
-  stsBar->ShowNote(QString::fromStdString(note + missing));
+  note += missing;
+  if (note.empty()) note = LiveMotionText();
+  stsBar->ShowNote(QString::fromStdString(note));
 }
 
 void frmMain::SavePicture() {
@@ -358,6 +392,7 @@ void frmMain::ShowDrawing() {
   Check->Draw();
   if (Graph != nullptr) Graph->ShowDrawing();
   if (Equations != nullptr) Equations->ShowStepToCome();
+  if (Influence != nullptr) Influence->Follow();
 }
 
 void frmMain::HideBoard() {
@@ -384,6 +419,7 @@ void frmMain::RestorePlace() {
   restoreGeometry(place.value("geometry").toByteArray());
   BoardSplitter->restoreState(place.value("board").toByteArray());
   CBpic->clearChk->setChecked(place.value("clear").toBool());
+  if (place.value("live").toBool()) Live->Switch(true);
 }
 
 /// A place that can't be kept is no reason to hold the user up.
@@ -393,6 +429,7 @@ void frmMain::SavePlace() {
   place.setValue("geometry", saveGeometry());
   place.setValue("board", BoardSplitter->saveState());
   place.setValue("clear", CBpic->clearChk->isChecked());
+  place.setValue("live", TheLive.on);
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {

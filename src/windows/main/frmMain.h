@@ -4,6 +4,7 @@
 #include "CheckPresenter.h"
 #include "EditHistory.h"
 #include "GridCommands.h"
+#include "LivePresenter.h"
 #include "MainListener.h"
 #include "RecoveryKeeper.h"
 #include "modCheck.h"
@@ -25,6 +26,7 @@ namespace strutwright {
 class ChildArea;
 class frmEquations;
 class frmGraph;
+class frmInfluence;
 class MenuBuilder;
 class RecentFilesMenu;
 
@@ -75,7 +77,7 @@ class frmMain : public QMainWindow {
 
   /// Runs a command that may change the model, as one step that can be undone.
   /// what: its name, as in "Undo Paste".
-  void Edit(const QString& what, const std::function<void()>& command) { History.Run(what, command); }
+  void Edit(const QString& what, const std::function<void()>& command);
 
   /// Runs one of the commands that begin an empty model, and leaves the keyboard where its first node is typed.
   void BeginNewModel(void (*command)());
@@ -134,11 +136,30 @@ class frmMain : public QMainWindow {
   void FillInRigidity() { Check->FillInRigidity(); }
   void NoteRigidity() { Check->ShowRigidityOffer(); }
 
+  /// Switches live analysis on or off.
+  void SwitchLive(bool on);
+
+  /// Lets everything that is shown follow the model where live analysis is on.
+  void FollowModel() { Live->Follow(); }
+  void ResumeLive() { Live->Resume(); }
+
+  /// Brings the stiffness equations up to the model, at the stage that they show.
+  void FollowEquations();
+
+  /// Whether the child windows are there.
+  bool IsLoaded() const { return Graph != nullptr && !Ending; }
+
+  /// Shows what the grids lack, and the motion of a truss that live analysis has found to be a mechanism.
+  void ShowEntryNote();
+
   /// Saves the truss display as a picture under a name that the user is asked for.
   void SavePicture();
 
   /// Opens the check window, or brings it to the front, on the model as it stands in the grids.
   void ShowCheck();
+
+  /// Opens the window of the influence lines, or brings it to the front, on the model as it stands in the grids.
+  void ShowInfluence();
 
   /// Draws the truss.  zoomToExtents: frame the whole model first.
   /// While long work changes the results there is nothing to draw; whoever works draws when it is done.
@@ -174,7 +195,6 @@ class frmMain : public QMainWindow {
   void SavePlace();
   void ShowDrawing();
   void WritePicture(const std::string& path);
-  void ShowEntryNote();
   void Analyse();
   void HideBoard();
   void ShowBoard();
@@ -187,6 +207,7 @@ class frmMain : public QMainWindow {
   QSplitter* BoardSplitter = nullptr;
   frmGraph* Graph = nullptr;         ///< nullptr until MDIForm_Load
   frmEquations* Equations = nullptr; ///< likewise
+  frmInfluence* Influence = nullptr; ///< nullptr until it is first asked for
   QMdiSubWindow* GraphWindow = nullptr;
   QMdiSubWindow* EquationsWindow = nullptr;
   QList<RecentFilesMenu*> RecentLists; ///< one in each File menu
@@ -197,6 +218,7 @@ class frmMain : public QMainWindow {
   std::unique_ptr<GridCommands> Grids;
   std::unique_ptr<BoardController> Board;
   std::unique_ptr<CheckPresenter> Check;
+  std::unique_ptr<LivePresenter> Live;
   std::unique_ptr<MainListener> Listener;
   bool Ending = false;
 };

@@ -8,18 +8,25 @@
 
 namespace strutwright {
 
-/// The pixels of a picture of the format RGB32, as long as nobody else changes it.
+struct PixelLoops;
+
+/// Compiled for every processor, and for the one at hand; both give the same pixels.
+const PixelLoops& PlainLoops();
+const PixelLoops& FastestLoops();
+
+/// The pixels of a picture of the format RGB32, as long as nobody else changes it, and the loops that touch them.
 struct Pixels {
-  explicit Pixels(QImage& picture);
+  explicit Pixels(QImage& picture, const PixelLoops& theLoops = FastestLoops());
 
   std::uint32_t* Row(int row) const { return first + static_cast<std::ptrdiff_t>(row) * width; }
 
   std::uint32_t* first;
   int width;
   int height;
+  const PixelLoops* loops;
 };
 
-constexpr int LeastWidth = 8; // pixels: as many as are painted at a time
+constexpr int MinWidth = 8; // pixels: as many as are painted at a time
 
 /// What lies no farther than `half` from a straight line: |a x + b y - c| <= half, (a, b) of length 1.
 struct Band {
@@ -54,11 +61,11 @@ struct Area {
 struct StampRows {
   const std::uint32_t* ink;
   const std::uint32_t* shine;
-  int width; ///< a multiple of LeastWidth
+  int width; ///< a multiple of MinWidth
   int count;
 };
 
-/// The loops that touch the pixels, antialiased.  A ground must be at least LeastWidth wide.
+/// The loops that touch the pixels, antialiased.  A ground must be at least MinWidth wide.
 struct PixelLoops {
   void (*fillBar)(const Pixels& ground, std::uint32_t colour, const Area& area, const Bar& shape);
   void (*fillDashedBar)(const Pixels& ground, std::uint32_t colour, const Area& area, const DashedBar& shape);
@@ -67,12 +74,5 @@ struct PixelLoops {
   /// x, y: where on the ground the first pixel comes; all of them must lie on it.
   void (*copyRows)(const Pixels& ground, int x, int y, const StampRows& rows);
 };
-
-/// Compiled for every processor, and for the one at hand; both give the same pixels.
-const PixelLoops& PlainLoops();
-const PixelLoops& FastestLoops();
-
-/// Those in use.
-inline const PixelLoops* TheLoops = &FastestLoops();
 
 } // namespace strutwright

@@ -16,8 +16,8 @@ namespace strutwright {
 
 namespace {
 
-constexpr double LabelHalo = 3;          // pixels, half of it on either side of a letter's edge
-constexpr std::size_t MostStamps = 8192; // kept at a time
+constexpr double LabelHalo = 3;         // pixels, half of it on either side of a letter's edge
+constexpr std::size_t MaxStamps = 8192; // kept at a time
 constexpr double DirectionSteps = 1024;
 
 QFont LabelFont(int size) {
@@ -100,7 +100,7 @@ double LabelWidths::WidthOf(const std::string& text, int size) {
 }
 
 const Stamp& LabelStamps::Place(const LabelStroke& label, double ratio, QPoint& corner) {
-  if (ratio != Ratio || Stamps.size() >= MostStamps) Stamps.clear();
+  if (ratio != Ratio || Stamps.size() >= MaxStamps) Stamps.clear();
   Ratio = ratio;
   const auto step = [](double part) { return static_cast<int>(std::lround(part * DirectionSteps)); };
   const Key key{label.text, step(label.along.x()), step(label.along.y()), label.colour,

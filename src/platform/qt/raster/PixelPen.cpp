@@ -36,7 +36,7 @@ Stamp::Stamp(const QImage& ink) {
   Left = area.left();
   Top = area.top();
   InkWidth = area.width();
-  Width = (InkWidth + LeastWidth - 1) / LeastWidth * LeastWidth;
+  Width = (InkWidth + MinWidth - 1) / MinWidth * MinWidth;
   Height = area.height();
   for (int y = 0; y < Height; ++y) {
     const auto* row = reinterpret_cast<const QRgb*>(ink.constScanLine(Top + y));
@@ -77,7 +77,7 @@ void Stamp::CopyTo(const Pixels& ground, int x, int y) const {
   const std::size_t at = static_cast<std::size_t>(first) * static_cast<std::size_t>(Width);
   const StampRows rows{&Ink[at], &Shine[at], Width, last - first};
   if (x >= 0 && x + Width <= ground.width) {
-    TheLoops->copyRows(ground, x, y + first, rows);
+    ground.loops->copyRows(ground, x, y + first, rows);
   } else {
     CopyOverEdge(ground, x, y + first, rows);
   }
@@ -87,11 +87,11 @@ void Stamp::CopyTo(const Pixels& ground, int x, int y) const {
 void Stamp::CopyOverEdge(const Pixels& ground, int x, int y, const StampRows& rows) {
   QImage part(rows.width, rows.count, QImage::Format_RGB32);
   part.fill(Qt::white);
-  const Pixels own(part);
+  const Pixels own(part, *ground.loops);
   const int from = std::max(0, -x);
   const int count = std::min(rows.width, ground.width - x) - from;
   for (int row = 0; row < rows.count; ++row) std::copy_n(ground.Row(y + row) + (x + from), count, own.Row(row) + from);
-  TheLoops->copyRows(own, 0, 0, rows);
+  own.loops->copyRows(own, 0, 0, rows);
   for (int row = 0; row < rows.count; ++row) std::copy_n(own.Row(row) + from, count, ground.Row(y + row) + (x + from));
 }
 
@@ -113,13 +113,13 @@ void PixelPen::Line(const QLineF& line, double cap, bool dashed) {
   const QPointF size(std::abs(along.x()), std::abs(along.y()));
   const Area area = AreaOf(line.center(), (half + Edge) * size + (HalfWidth + Edge) * QPointF(size.y(), size.x()));
   const Bar bar{Band(along, line.center(), half), Band(QPointF(-along.y(), along.x()), line.center(), HalfWidth)};
-  if (!dashed) return TheLoops->fillBar(Ground, Colour, area, bar);
+  if (!dashed) return Ground.loops->fillBar(Ground, Colour, area, bar);
   const bool level = size.x() >= size.y();
   const float a = level ? std::copysign(1.0F, bar.along.a) : 0.0F;
   const float b = level ? 0.0F : std::copysign(1.0F, bar.along.b);
   const double start = a * line.x1() + b * line.y1();
-  TheLoops->fillDashedBar(Ground, Colour, area,
-                          {bar, a, b, static_cast<float>(start + 4 * HalfWidth), static_cast<float>(2 * HalfWidth)});
+  Ground.loops->fillDashedBar(
+      Ground, Colour, area, {bar, a, b, static_cast<float>(start + 4 * HalfWidth), static_cast<float>(2 * HalfWidth)});
 }
 
 void PixelPen::SolidLine(const QLineF& line) { Line(line, HalfWidth, false); }
@@ -128,9 +128,9 @@ void PixelPen::DashedLine(const QLineF& line) { Line(line, 0, true); }
 
 void PixelPen::Circle(const QPointF& centre, double radius) {
   const double reach = radius + HalfWidth + Edge;
-  TheLoops->fillRing(Ground, Colour, AreaOf(centre, QPointF(reach, reach)),
-                     {static_cast<float>(centre.x()), static_cast<float>(centre.y()), static_cast<float>(radius),
-                      static_cast<float>(HalfWidth)});
+  Ground.loops->fillRing(Ground, Colour, AreaOf(centre, QPointF(reach, reach)),
+                         {static_cast<float>(centre.x()), static_cast<float>(centre.y()), static_cast<float>(radius),
+                          static_cast<float>(HalfWidth)});
 }
 
 } // namespace strutwright

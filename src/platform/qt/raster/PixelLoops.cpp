@@ -20,10 +20,10 @@ struct Columns {
 
 /// Narrows from..to to what of the row y a band may cover.
 void Narrow(const Band& band, float y, float& from, float& to) {
-  constexpr float LeastSlope = 1e-6F;
+  constexpr float MinSlope = 1e-6F;
   const float reach = band.half + 1;
   const float rest = band.c - band.b * y;
-  if (std::abs(band.a) < LeastSlope) {
+  if (std::abs(band.a) < MinSlope) {
     if (std::abs(rest) > reach) to = from - 1;
     return;
   }
@@ -61,8 +61,9 @@ namespace avx2 {
 
 } // namespace
 
-Pixels::Pixels(QImage& picture)
-    : first(reinterpret_cast<std::uint32_t*>(picture.bits())), width(picture.width()), height(picture.height()) {}
+Pixels::Pixels(QImage& picture, const PixelLoops& theLoops)
+    : first(reinterpret_cast<std::uint32_t*>(picture.bits())), width(picture.width()), height(picture.height()),
+      loops(&theLoops) {}
 
 Band::Band(const QPointF& normal, const QPointF& middle, double halfWidth)
     : a(static_cast<float>(normal.x())), b(static_cast<float>(normal.y())),

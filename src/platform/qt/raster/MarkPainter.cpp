@@ -1,4 +1,4 @@
-#include "StrokeCanvas.h"
+#include "MarkPainter.h"
 
 #include "PixelPen.h"
 
@@ -6,8 +6,6 @@
 #include <cmath>
 #include <cstdint>
 #include <iterator>
-#include <stdexcept>
-#include <utility>
 #include <variant>
 
 #include <QPainter>
@@ -133,45 +131,34 @@ class HiddenStrokes {
 
 } // namespace
 
-void StrokeCanvas::Resize(const QSize& size, double ratio) {
-  QImage image(qRound(size.width() * ratio), qRound(size.height() * ratio), QImage::Format_RGB32);
-  if (image.isNull()) throw std::runtime_error("There is no memory for the picture");
-  image.setDevicePixelRatio(ratio);
-  Image = std::move(image);
-  Clear();
-}
-
-void StrokeCanvas::Clear() { Image.fill(Qt::white); }
-
-void StrokeCanvas::Paint(std::span<const Stroke> strokes) {
-  if (strokes.empty()) return;
-  FindVisibleMarks(strokes);
-  const Pixels ground(Image);
+void MarkPainter::Paint(std::span<const Stroke> strokes, QImage& picture) {
+  FindVisibleMarks(strokes, picture);
+  const Pixels ground(picture);
   for (auto mark = Marks.rbegin(); mark != Marks.rend(); ++mark) {
     if (mark->stamp != nullptr) {
       mark->stamp->CopyTo(ground, mark->x, mark->y);
     } else {
-      PaintStrokeOf(*mark, ground);
+      PaintStrokeOf(*mark, ground, picture);
     }
   }
 }
 
-void StrokeCanvas::PaintStrokeOf(const Mark& mark, const Pixels& ground) {
-  const DirectPainter direct(Stamps, Labels, ground, Image.devicePixelRatio());
-  if (ground.width >= LeastWidth && std::visit(direct, *mark.stroke)) return;
-  QPainter painter(&Image); // not kept: what is drawn directly goes past it
+void MarkPainter::PaintStrokeOf(const Mark& mark, const Pixels& ground, QImage& picture) {
+  const DirectPainter direct(Stamps, Labels, ground, picture.devicePixelRatio());
+  if (ground.width >= MinWidth && std::visit(direct, *mark.stroke)) return;
+  QPainter painter(&picture); // not kept: what is drawn directly goes past it
   painter.setRenderHint(QPainter::Antialiasing);
   PaintStroke(painter, *mark.stroke);
 }
 
-void StrokeCanvas::FindVisibleMarks(std::span<const Stroke> strokes) {
+void MarkPainter::FindVisibleMarks(std::span<const Stroke> strokes, const QImage& picture) {
   Marks.clear();
-  Above.Reset(Image.width(), Image.height());
-  const double ratio = Image.devicePixelRatio();
+  Above.Reset(picture.width(), picture.height());
+  const double ratio = picture.devicePixelRatio();
   const HiddenStrokes isHidden(Above, ratio);
   for (auto stroke = strokes.rbegin(); stroke != strokes.rend(); ++stroke) {
     const auto* text = std::get_if<TextStroke>(&*stroke);
-    if (text != nullptr && text->halo && LetterStamps::IsNumber(*text) && Image.width() >= LeastWidth) {
+    if (text != nullptr && text->halo && LetterStamps::IsNumber(*text) && picture.width() >= MinWidth) {
       FindVisibleLetters(Stamps.Place(*text, ratio));
     } else if (!std::visit(isHidden, *stroke)) {
       Marks.push_back({nullptr, 0, 0, &*stroke});
@@ -180,7 +167,7 @@ void StrokeCanvas::FindVisibleMarks(std::span<const Stroke> strokes) {
 }
 
 /// All halos lie under the ink: a letter must not disappear under its neighbour's.
-void StrokeCanvas::FindVisibleLetters(const PlacedText& text) {
+void MarkPainter::FindVisibleLetters(const PlacedText& text) {
   if (Above.Hides(text.ink)) return;
   const auto isVisible = [this](const PlacedLetter& each) {
     return !each.letter->halo.IsHidden(Above, each.x, each.y);
@@ -192,13 +179,6 @@ void StrokeCanvas::FindVisibleLetters(const PlacedText& text) {
     Marks.push_back({&each.letter->halo, each.x, each.y, nullptr});
     each.letter->halo.AddTo(Above, each.x, each.y);
   }
-}
-
-/// Not antialiased: half a pixel inverted twice would not be what it was.
-void StrokeCanvas::Invert(const Stroke& stroke) {
-  QPainter painter(&Image);
-  painter.setCompositionMode(QPainter::RasterOp_NotDestination);
-  PaintStroke(painter, stroke);
 }
 
 } // namespace strutwright
