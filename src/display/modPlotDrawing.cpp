@@ -62,9 +62,9 @@ PlotSpan SpanOfY(const Plot& plot) {
 std::vector<double> RoundValues(const PlotSpan& span, double pixels, double apart) {
   const double step = RoundStepAbove(span.Length() * apart / std::max(pixels, apart));
   std::vector<double> values;
-  for (double k = std::ceil(span.least / step); k * step <= span.most && values.size() < 100; ++k) {
-    values.push_back(k * step);
-  }
+  const double first = std::ceil(span.least / step);
+  constexpr int most = 100;
+  for (int k = 0; k < most && (first + k) * step <= span.most; ++k) values.push_back((first + k) * step);
   return values;
 }
 
