@@ -154,7 +154,7 @@ TEST_F(AccuracyTest, IsNeverClaimedMoreThanADigitBeyondTheTruth) {
   std::mt19937 random(seed);
   int compared = 0;
   for (int number = 0; compared < 200; ++number) {
-    ModelData model = MakeTruss(static_cast<TrussFamily>(number % FamilyCount), 6 + Below(50, random), random).model;
+    ModelData model = MakeTruss(static_cast<KnownFamily>(number % FamilyCount), 6 + Below(50, random), random).model;
     // Every third one is drawn out, so that good and bad answers come.
     for (NodeData& node : model.nodes) node.x *= number % 3 == 0 ? static_cast<float>(1 + Below(60, random)) : 1;
     for (MemberData& member : model.members) member.PS = Below(4, random) == 0 ? 25.0F : 0;

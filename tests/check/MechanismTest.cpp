@@ -203,7 +203,7 @@ class MotionLawTest : public CheckFixture {
     constexpr std::uint32_t seed = 4711;
     std::mt19937 random(seed);
     for (int number = 0; number < 5 * FamilyCount; ++number) {
-      const auto family = static_cast<TrussFamily>(number % FamilyCount);
+      const auto family = static_cast<KnownFamily>(number % FamilyCount);
       ModelData model = Weakened(MakeTruss(family, 6 + Below(80, random), random), family, random).model;
       if (number >= 3 * FamilyCount) model.members.erase(model.members.begin() + 3);
       SCOPED_TRACE("seed " + std::to_string(seed) + ", truss " + std::to_string(number));

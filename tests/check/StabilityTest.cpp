@@ -31,7 +31,7 @@ constexpr std::array<std::array<float, 3>, 8> Factors{{{1, 1, 1},
 
 /// One of the 500: families in turn, 6 to 300 nodes, every other one a mechanism.
 KnownTruss SeededTruss(int number, std::mt19937& random) {
-  const auto family = static_cast<TrussFamily>(number % FamilyCount);
+  const auto family = static_cast<KnownFamily>(number % FamilyCount);
   const int nodes = 6 + (number < FamilyCount ? 0 : Below(295, random));
   KnownTruss truss = MakeTruss(family, nodes, random);
   return number / FamilyCount % 2 == 0 ? truss : Weakened(truss, family, random);

@@ -211,26 +211,26 @@ KnownTruss TakeSupport(KnownTruss truss, std::mt19937& random) {
 
 } // namespace
 
-KnownTruss MakeTruss(TrussFamily family, int nodes, std::mt19937& random) {
+KnownTruss MakeTruss(KnownFamily family, int nodes, std::mt19937& random) {
   const Builder build(random);
   switch (family) {
-  case TrussFamily::Pratt: return Pratt(build, nodes);
-  case TrussFamily::Howe: return Howe(build, nodes);
-  case TrussFamily::Warren: return Warren(build, nodes);
-  case TrussFamily::FanRoof: return FanRoof(build, nodes);
-  case TrussFamily::KTruss: return KTruss(build, nodes);
-  case TrussFamily::Cantilever: return Cantilever(build, nodes);
-  case TrussFamily::RandomSimple: return RandomSimple(build, nodes);
-  case TrussFamily::ThreeHingedArch: return ThreeHingedArch(build, nodes);
-  case TrussFamily::CrossBracedTower: return CrossBracedTower(build, nodes);
+  case KnownFamily::Pratt: return Pratt(build, nodes);
+  case KnownFamily::Howe: return Howe(build, nodes);
+  case KnownFamily::Warren: return Warren(build, nodes);
+  case KnownFamily::FanRoof: return FanRoof(build, nodes);
+  case KnownFamily::KTruss: return KTruss(build, nodes);
+  case KnownFamily::Cantilever: return Cantilever(build, nodes);
+  case KnownFamily::RandomSimple: return RandomSimple(build, nodes);
+  case KnownFamily::ThreeHingedArch: return ThreeHingedArch(build, nodes);
+  case KnownFamily::CrossBracedTower: return CrossBracedTower(build, nodes);
   }
   return {};
 }
 
-KnownTruss Weakened(KnownTruss truss, TrussFamily family, std::mt19937& random) {
+KnownTruss Weakened(KnownTruss truss, KnownFamily family, std::mt19937& random) {
   const int members = static_cast<int>(truss.model.members.size());
   // Of the tower only the top hangs on two members alone.
-  if (family == TrussFamily::CrossBracedTower) return TakeMember(std::move(truss), members - 1 - Below(2, random));
+  if (family == KnownFamily::CrossBracedTower) return TakeMember(std::move(truss), members - 1 - Below(2, random));
   if (Below(3, random) == 0) return TakeSupport(std::move(truss), random);
   return TakeMember(std::move(truss), Below(members, random));
 }

@@ -7,7 +7,7 @@
 namespace strutwright {
 
 /// Nine kinds of sound trusses.
-enum class TrussFamily {
+enum class KnownFamily {
   Pratt,
   Howe,
   Warren,
@@ -28,10 +28,10 @@ struct KnownTruss {
 };
 
 /// A stable truss of about so many nodes, never fewer than 6, its nodes a little out of their places, with loads.
-KnownTruss MakeTruss(TrussFamily family, int nodes, std::mt19937& random);
+KnownTruss MakeTruss(KnownFamily family, int nodes, std::mt19937& random);
 
 /// The same with one member or one support taken away that it can't do without.
-KnownTruss Weakened(KnownTruss truss, TrussFamily family, std::mt19937& random);
+KnownTruss Weakened(KnownTruss truss, KnownFamily family, std::mt19937& random);
 
 /// The model with E, A and all coordinates multiplied.
 ModelData Scaled(const ModelData& model, float E, float A, float length);

@@ -124,7 +124,7 @@ DeterminateTruss Hexagon(HandBuilder build, int nodes) {
 }
 
 /// Those of the shared families that have no redundant member.
-DeterminateTruss OfSharedFamily(TrussFamily family, TrussKind kind, int nodes, std::mt19937& random) {
+DeterminateTruss OfSharedFamily(KnownFamily family, TrussKind kind, int nodes, std::mt19937& random) {
   return {MakeTruss(family, nodes, random).model, kind};
 }
 
@@ -133,15 +133,15 @@ DeterminateTruss OfSharedFamily(TrussFamily family, TrussKind kind, int nodes, s
 DeterminateTruss MakeDeterminate(HandFamily family, int nodes, std::mt19937& random) {
   const HandBuilder build(random);
   switch (family) {
-  case HandFamily::Pratt: return OfSharedFamily(TrussFamily::Pratt, TrussKind::Simple, nodes, random);
-  case HandFamily::Howe: return OfSharedFamily(TrussFamily::Howe, TrussKind::Simple, nodes, random);
-  case HandFamily::Warren: return OfSharedFamily(TrussFamily::Warren, TrussKind::Simple, nodes, random);
-  case HandFamily::FanRoof: return OfSharedFamily(TrussFamily::FanRoof, TrussKind::Simple, nodes, random);
-  case HandFamily::KTruss: return OfSharedFamily(TrussFamily::KTruss, TrussKind::Simple, nodes, random);
-  case HandFamily::Cantilever: return OfSharedFamily(TrussFamily::Cantilever, TrussKind::Simple, nodes, random);
-  case HandFamily::RandomSimple: return OfSharedFamily(TrussFamily::RandomSimple, TrussKind::Simple, nodes, random);
+  case HandFamily::Pratt: return OfSharedFamily(KnownFamily::Pratt, TrussKind::Simple, nodes, random);
+  case HandFamily::Howe: return OfSharedFamily(KnownFamily::Howe, TrussKind::Simple, nodes, random);
+  case HandFamily::Warren: return OfSharedFamily(KnownFamily::Warren, TrussKind::Simple, nodes, random);
+  case HandFamily::FanRoof: return OfSharedFamily(KnownFamily::FanRoof, TrussKind::Simple, nodes, random);
+  case HandFamily::KTruss: return OfSharedFamily(KnownFamily::KTruss, TrussKind::Simple, nodes, random);
+  case HandFamily::Cantilever: return OfSharedFamily(KnownFamily::Cantilever, TrussKind::Simple, nodes, random);
+  case HandFamily::RandomSimple: return OfSharedFamily(KnownFamily::RandomSimple, TrussKind::Simple, nodes, random);
   case HandFamily::ThreeHingedArch:
-    return OfSharedFamily(TrussFamily::ThreeHingedArch, TrussKind::Compound, nodes, random);
+    return OfSharedFamily(KnownFamily::ThreeHingedArch, TrussKind::Compound, nodes, random);
   case HandFamily::HingeAndTie: return HingeAndTie(build, nodes);
   case HandFamily::ThreeLinks: return ThreeLinks(build, nodes);
   case HandFamily::Hexagon: return Hexagon(build, nodes);

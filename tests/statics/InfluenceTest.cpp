@@ -143,7 +143,7 @@ std::vector<int> RandomPath(const ModelData& model, std::mt19937& random) {
 
 /// A sound truss with prestress in some of its members, one in nine of them indeterminate.
 ModelData SeededTruss(int number, std::mt19937& random) {
-  ModelData model = MakeTruss(static_cast<TrussFamily>(number % FamilyCount), 6 + Below(50, random), random).model;
+  ModelData model = MakeTruss(static_cast<KnownFamily>(number % FamilyCount), 6 + Below(50, random), random).model;
   for (MemberData& member : model.members) member.PS = Below(4, random) == 0 ? 25.0F : 0;
   return model;
 }
@@ -272,7 +272,7 @@ TEST_F(InfluenceTest, IsTheDeflectionUnderAShortening) {
   int indeterminate = 0;
   for (int number = 0; number < 45; ++number) {
     SetTables(LoadedOn(SeededTruss(number, random), {}, {}));
-    indeterminate += static_cast<TrussFamily>(number % FamilyCount) == TrussFamily::CrossBracedTower ? 1 : 0;
+    indeterminate += static_cast<KnownFamily>(number % FamilyCount) == KnownFamily::CrossBracedTower ? 1 : 0;
     CheckedTruss truss = ReadTruss();
     CheckedMember& member = truss.members[static_cast<std::size_t>(Below(truss.memberCount, random))];
     member.prestress = member.rigidity / member.length;
