@@ -15,11 +15,13 @@
 #include "QtDrawingSurface.h"
 #include "modAnalysis.h"
 #include "modModelStore.h"
+#include "modRedraw.h"
+#include "modViewTransform.h"
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cstdio>
+#include <ctime>
 #include <numeric>
 #include <string>
 #include <vector>
@@ -109,28 +111,58 @@ void LookAt(const std::vector<CorpusTruss>& corpus, double width, double height,
   PrintGroups(looks);
 }
 
-/// Median time of making a scene with all its labels, ms.
-double PlacementTime(const PixelSurface& surface) {
-  const ClearSettings settings = EverythingShown();
-  const PixelView view = ViewOf(surface, *ClearFrame(surface, settings));
-  const SceneRequest request{settings, view.scaleX, view.scaleY, LongestArrow(view.width, view.height)};
+/// Processor time of this program up to now, ms.
+double ProcessorTime() { return 1000.0 * static_cast<double>(std::clock()) / CLOCKS_PER_SEC; }
+
+/// Median processor time of some work, ms.
+template <typename Work>
+double MedianTime(Work work) {
   std::array<double, 15> times{};
   for (double& time : times) {
-    const auto start = std::chrono::steady_clock::now();
-    const ClearScene scene = MakeScene(request, surface, nullptr);
-    time = std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+    const double start = ProcessorTime();
+    work();
+    time = ProcessorTime() - start;
   }
   std::nth_element(times.begin(), times.begin() + times.size() / 2, times.end());
   return times[times.size() / 2];
 }
 
+/// Of making a scene with all its labels.
+double PlacementTime(const PixelSurface& surface) {
+  const ClearSettings settings = EverythingShown();
+  const PixelView view = ViewOf(surface, *ClearFrame(surface, settings));
+  const SceneRequest request{settings, view.scaleX, view.scaleY, LongestArrow(view.width, view.height)};
+  return MedianTime([&] { static_cast<void>(MakeScene(request, surface, nullptr)); });
+}
+
+/// Of drawing everything anew, with the places of labels kept where the style keeps any.
+double RedrawTime(QtDrawingSurface& surface, DrawingStyle style) {
+  ClearMemory memory;
+  TrussView view{.reactions = true,
+                 .memberForces = true,
+                 .deflectedShape = true,
+                 .extents = ExtentsOfModel(1),
+                 .frameExtents = true,
+                 .style = style,
+                 .memory = &memory};
+  const auto draw = [&] {
+    Draw(surface, view);
+    static_cast<void>(surface.Image());
+  };
+  draw();
+  view.frameExtents = false;
+  return MedianTime(draw);
+}
+
 void PrintTimes() {
-  const QtDrawingSurface surface(1600, 1000);
+  QtDrawingSurface surface(1600, 1000);
   for (const int nodes : {52, 1000, 4999}) {
     SetTables(nodes == 52 ? PrattTruss(nodes) : TriangulatedPanel(nodes));
     AnalyseTruss();
     std::printf("placement of %5d members: %6.2f ms\n", MemberCount, PlacementTime(surface));
   }
+  std::printf("redraw of 4999 nodes with kept places: %.1f ms, as described: %.1f ms\n",
+              RedrawTime(surface, DrawingStyle::Clear), RedrawTime(surface, DrawingStyle::Described));
 }
 
 void Run(bool verbose) {

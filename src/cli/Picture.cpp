@@ -1,5 +1,6 @@
 #include "Picture.h"
 
+#include "ClearFraming.h"
 #include "QtDrawingSurface.h"
 #include "modRedraw.h"
 #include "modViewTransform.h"
@@ -70,14 +71,19 @@ void MakePicture(const PictureRequest& request, const std::string& file, bool an
   EnsureApplication();
   QtDrawingSurface surface(request.width, request.height);
   SetViewWindow(surface, -1, 10, 0, 3);
-  Draw(surface, {.layers = request.layers,
+  TrussView view{.layers = request.layers,
                  .reactions = analysed && request.reactions,
                  .memberForces = analysed && request.memberForces,
                  .deflectedShape = analysed && request.deflectedShape,
                  .deflectionScale = request.deflectionScale,
                  .extents = ExtentsOfModel(1),
                  .frameExtents = true,
-                 .style = request.style});
+                 .style = request.style};
+  // The described drawing has the scale of a first start.
+  if (request.style == DrawingStyle::Clear) {
+    view.loadsScale = ScaleOfArrowsOn(surface, SettingsOf(view)).value_or(view.loadsScale);
+  }
+  Draw(surface, view);
   surface.SavePicture(file);
 }
 
@@ -91,7 +97,7 @@ void MakeInfluencePicture(const PictureRequest& request, const InfluenceShape& s
         .extents = ExtentsOfModel(1),
         .style = request.style,
         .legend = false});
-  DrawInfluence(surface, shape);
+  DrawInfluence(surface, shape, request.style);
   surface.SavePicture(request.file);
 }
 

@@ -129,16 +129,19 @@ std::vector<ArrowWish> WishesOf(const ClearTruss& truss) {
 TurnedBox BoxOfArrow(const ClearArrow& arrow) { return StripOf(arrow.tail, arrow.tip, 2 * ClearSize::HeadHalfWidth); }
 
 std::vector<ClearArrow> PlaceArrows(const ClearTruss& truss, const std::vector<ClearSupport>& supports,
-                                    float loadsScale, double scale, double longest, OccupiedPlane& plane) {
+                                    float loadsScale, double scale, double longest, OccupiedPlane& plane,
+                                    std::vector<int>& leftOut) {
   std::vector<ClearArrow> arrows;
   ArrowPlacer placer(truss, supports, plane);
   for (ArrowWish& wish : WishesOf(truss)) {
     wish.length = ArrowLength(wish.force, loadsScale, scale, longest);
-    if (const auto arrow = placer.Place(wish)) arrows.push_back(*arrow);
+    if (const auto arrow = placer.Place(wish)) {
+      arrows.push_back(*arrow);
+    } else {
+      leftOut.push_back(wish.node);
+    }
   }
   return arrows;
 }
-
-int ArrowCount(const ClearTruss& truss) { return static_cast<int>(WishesOf(truss).size()); }
 
 } // namespace strutwright

@@ -101,7 +101,7 @@ std::optional<ViewWindow> ClearFrame(const PixelSurface& surface, const ClearSet
   return isFinite && window.width > 0 && window.height > 0 ? std::optional(window) : std::nullopt;
 }
 
-std::optional<float> FittingLoadsScale(bool withReactions) {
+std::optional<float> ScaleOfFittedArrows(bool withReactions) {
   const std::optional<WorldBox> box = BoxOfTheNodes();
   if (!box) return std::nullopt;
   ClearSettings settings;
@@ -114,7 +114,26 @@ std::optional<float> FittingLoadsScale(bool withReactions) {
   }
   const double size = std::max(box->right - box->left, box->top - box->bottom);
   if (!(largest > 0) || !(size > 0)) return std::nullopt;
-  return std::clamp(static_cast<float>(largest / (ArrowShare * size)), LeastScale, MostScale);
+  const auto scale = static_cast<float>(largest / (ArrowShare * size));
+  return std::isnormal(scale) ? std::optional(scale) : std::nullopt;
+}
+
+std::optional<float> ScaleOfArrowsOn(const PixelSurface& surface, ClearSettings settings) {
+  const std::optional<WorldBox> box = BoxOfTheNodes();
+  const std::optional<float> scale = ScaleOfFittedArrows(settings.reactions);
+  if (!box || !scale) return std::nullopt;
+  settings.loadsScale = *scale;
+  const std::optional<ViewWindow> window = ClearFrame(surface, settings);
+  if (!window) return scale;
+  const double size = std::max(box->right - box->left, box->top - box->bottom);
+  const double pixels = ArrowShare * size * surface.PixelWidth() / window->width;
+  const double longest = LongestArrow(surface.PixelWidth(), surface.PixelHeight());
+  return static_cast<float>(*scale * std::max(1.0, pixels / longest));
+}
+
+std::optional<float> FittingLoadsScale(bool withReactions) {
+  const std::optional<float> scale = ScaleOfFittedArrows(withReactions);
+  return scale ? std::optional(std::clamp(*scale, LeastScale, MostScale)) : std::nullopt;
 }
 
 } // namespace strutwright

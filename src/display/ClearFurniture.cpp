@@ -95,6 +95,9 @@ bool IsOwnerInView(const ClearScene& scene, const ClearLabel& label, const Bound
 std::array<ShownLabels, LabelKinds> CountLabels(const ClearScene& scene, const Bounds& area,
                                                 const std::optional<TurnedBox>& hidden) {
   std::array<ShownLabels, LabelKinds> counts;
+  for (const int n : scene.arrowsLeftOut) {
+    if (area.Contains(scene.truss.joints[static_cast<std::size_t>(n)].at)) ++counts[0].all;
+  }
   for (const ClearLabel& label : scene.labels) {
     if (!IsOwnerInView(scene, label, area)) continue;
     ShownLabels& count = counts.at(static_cast<std::size_t>(label.kind));
@@ -157,18 +160,32 @@ std::string NoticeWithin(const ClearFurniture& furniture, const PixelSurface& su
   return notice;
 }
 
-/// Before the legend, which can do without a place.
+double NoticeWidth(const std::string& notice, const PixelSurface& surface) {
+  return surface.TextWidth(notice, ClearSize::SmallText) + 10;
+}
+
+std::optional<Bounds> FreePlaceOf(const std::string& notice, const FurniturePlacer& placer) {
+  const double width = NoticeWidth(notice, placer.Surface);
+  for (const int place : {3, 5, 4, 0, 2, 1}) {
+    const Bounds box = placer.At(place, width, NoticeHeight);
+    if (placer.IsFree(box)) return box;
+  }
+  return std::nullopt;
+}
+
+/// Before the legend, which can do without a place.  Where it has room nowhere it says less, and last it hides labels.
 void PlaceNotice(ClearFurniture& furniture, FurniturePlacer& placer) {
   furniture.notice = NoticeWithin(furniture, placer.Surface, placer.View.width - 60);
   if (furniture.notice.empty()) return;
-  const double width = placer.Surface.TextWidth(furniture.notice, ClearSize::SmallText) + 10;
-  for (const int place : {3, 5, 4, 0, 2, 1}) {
-    const Bounds box = placer.At(place, width, NoticeHeight);
-    if (!placer.IsFree(box)) continue;
-    furniture.noticeBox = box;
-    return placer.Take(box);
+  for (int kinds = static_cast<int>(LabelKinds); kinds > 0; --kinds) {
+    const std::string notice = NoticeOf(furniture.labels, kinds);
+    if (notice.size() > furniture.notice.size()) continue;
+    furniture.noticeBox = FreePlaceOf(notice, placer);
+    if (!furniture.noticeBox) continue;
+    furniture.notice = notice;
+    return placer.Take(*furniture.noticeBox);
   }
-  furniture.noticeBox = placer.At(3, width, NoticeHeight);
+  furniture.noticeBox = placer.At(3, NoticeWidth(furniture.notice, placer.Surface), NoticeHeight);
   furniture.noticeHides = true;
   placer.Take(*furniture.noticeBox);
 }

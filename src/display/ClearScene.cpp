@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstddef>
+#include <limits>
 #include <numeric>
 #include <utility>
 
@@ -14,10 +16,11 @@ namespace strutwright {
 
 namespace {
 
-constexpr std::size_t MostBarsForSmallerTexts = 200;
-constexpr double LeastBarForDots = 9; // pixels of a usual member
-constexpr double NumberBoxRoom = 2.5; // pixels around a member's number
-constexpr double AreaMargin = 250;    // pixels around the nodes that labels and arrows may take
+constexpr std::size_t MostBarsForAllLooks = 60; // more get those in which usual members have room
+constexpr std::size_t MostBarsForLooks = 250;   // more get one
+constexpr double LeastBarForDots = 9;           // pixels of a usual member
+constexpr double NumberBoxRoom = 2.5;           // pixels around a member's number
+constexpr double AreaMargin = 250;              // pixels around the nodes that labels and arrows may take
 
 Bounds AreaOf(const ClearTruss& truss) {
   if (truss.joints.size() < 2) return {};
@@ -57,7 +60,7 @@ void AddShapes(ClearScene& scene, const SceneRequest& request) {
   }
   if (request.settings.layers.supports) scene.supports = PlaceSupports(truss, scene.plane);
   scene.arrows = PlaceArrows(truss, scene.supports, request.settings.loadsScale, request.scaleX, request.longestArrow,
-                             scene.plane);
+                             scene.plane, scene.arrowsLeftOut);
 }
 
 Colour ForceColour(float force) {
@@ -74,7 +77,7 @@ class LabelMaker {
   void MakeAll() {
     for (const bool reactions : {true, false}) AddArrows(reactions);
     if (Settings.memberForces) AddForces();
-    if (Settings.layers.nodeNumbers && Scene.dots) {
+    if (Settings.layers.nodeNumbers) {
       for (int n = 1; n < static_cast<int>(Scene.truss.joints.size()); ++n) {
         Add(LabelKind::NodeNumber, n, std::to_string(n), ClearPalette::Ink, 0);
       }
@@ -117,6 +120,17 @@ class LabelMaker {
     for (const int b : order) {
       const float force = bars[static_cast<std::size_t>(b)].force;
       Add(LabelKind::Force, b, ForceText(force, Decimals, Scene.text.compact), ForceColour(force), 0);
+      if (Scene.text.mayShorten && force != 0) AddShortTexts(Scene.labels.back(), force);
+    }
+  }
+
+  /// Without the sign, as T and C say the same; then with fewer decimals as long as a hundredth of the largest shows.
+  void AddShortTexts(ClearLabel& label, float force) const {
+    const int fewest = std::max(0, static_cast<int>(std::ceil(2 - std::log10(std::max(LargestShown(), 1e-6)))));
+    for (const int decimals : {Decimals, std::min(fewest, Decimals)}) {
+      const std::string text = ShortForceText(force, decimals);
+      if (!label.shorter.empty() && text == label.shorter.back().text) continue;
+      label.shorter.push_back({text, Surface.TextWidth(text, Scene.text.size) / 2 + 1});
     }
   }
 
@@ -126,30 +140,89 @@ class LabelMaker {
   int Decimals;
 };
 
-int MissingForces(const ClearScene& scene) {
-  const auto isMissing = [](const ClearLabel& label) { return label.kind == LabelKind::Force && !label.IsPlaced(); };
-  return static_cast<int>(std::count_if(scene.labels.begin(), scene.labels.end(), isMissing));
+/// What three of four members are longer than.
+double UsualLeastLength(const ClearTruss& truss) {
+  if (truss.bars.empty()) return 1e9;
+  std::vector<double> lengths;
+  lengths.reserve(truss.bars.size());
+  for (const ClearBar& bar : truss.bars) lengths.push_back(bar.length);
+  const auto quarter = lengths.begin() + static_cast<std::ptrdiff_t>(lengths.size() / 4);
+  std::nth_element(lengths.begin(), quarter, lengths.end());
+  return *quarter;
 }
 
-void LabelAs(ClearScene& scene, const TextLook& text, const SceneRequest& request, const PixelSurface& surface,
-             const ClearScene* before) {
-  scene.text = text;
-  LabelMaker(scene, request.settings, surface).MakeAll();
-  PlaceLabels(scene, before != nullptr && before->text == text ? &before->labels : nullptr);
+/// From the best to read to the smallest.
+constexpr std::array<TextLook, 5> Looks{
+    {{12, false, false}, {10, false, false}, {11, true, false}, {10, true, false}, {9, true, true}}};
+
+/// The best look in which a usual force is no longer than most members.
+std::size_t FirstLookFor(const ClearTruss& truss, const PixelSurface& surface) {
+  const double length = UsualLeastLength(truss);
+  const int decimals = ForceDecimals(truss.largestForce);
+  const auto force = static_cast<float>(truss.largestForce);
+  for (std::size_t look = 0; look + 1 < Looks.size(); ++look) {
+    const std::string text = ForceText(force, decimals, Looks.at(look).compact);
+    if (surface.TextWidth(text, Looks.at(look).size) < length) return look;
+  }
+  return Looks.size() - 1;
 }
 
-/// The looks to try: first that of the scene before, so that texts don't change for little; then from the best to read
-/// to the smallest.
-std::vector<TextLook> LooksToTry(const ClearScene& scene, const ClearScene* before) {
-  constexpr std::array<TextLook, 5> Looks{{{12, false}, {10, false}, {11, true}, {10, true}, {9, true}}};
+/// First that of the scene before, so that texts don't change for little.  Only few members get the time to try all.
+std::vector<TextLook> LooksToTry(const ClearScene& scene, const PixelSurface& surface, const ClearScene* before) {
+  const std::size_t bars = scene.truss.bars.size();
   std::vector<TextLook> looks;
   if (before != nullptr) looks.push_back(before->text);
-  for (const TextLook& look : Looks) {
-    if (before == nullptr || look != before->text) looks.push_back(look);
-    if (scene.truss.bars.size() > MostBarsForSmallerTexts) break;
+  const std::size_t first = bars <= MostBarsForAllLooks ? 0 : FirstLookFor(scene.truss, surface);
+  const std::size_t end = bars <= MostBarsForLooks ? Looks.size() : first + 1;
+  for (std::size_t look = first; look < end; ++look) {
+    if (bars > MostBarsForAllLooks && look > first && look + 2 < end) continue;
+    if (before == nullptr || Looks.at(look) != before->text) looks.push_back(Looks.at(look));
   }
+  if (bars > MostBarsForLooks) looks.resize(1);
   return looks;
 }
+
+/// Makes the scenes of one model in several looks.
+class SceneMaker {
+ public:
+  SceneMaker(ClearScene bare, const SceneRequest& request, const PixelSurface& surface, const ClearScene* before)
+      : Bare(std::move(bare)), Request(request), Surface(surface), Before(before) {}
+
+  /// Gives how many forces find no place; with more than mostMissing the scene has no numbers.
+  int MakeIn(const TextLook& look, int mostMissing, ClearScene& scene) {
+    scene = Bare;
+    return Label(look, mostMissing, scene);
+  }
+
+  /// The first look in which no force is left out, otherwise the one with the fewest.
+  ClearScene MakeBest(const std::vector<TextLook>& looks) {
+    constexpr int Any = std::numeric_limits<int>::max();
+    ClearScene scene;
+    TextLook best = looks.front();
+    int fewest = Any;
+    for (std::size_t look = 0; looks.size() > 1 && look < looks.size(); ++look) {
+      const int missing = MakeIn(looks[look], 0, scene);
+      if (missing == 0) return scene;
+      if (missing < fewest) best = looks[look];
+      fewest = std::min(fewest, missing);
+    }
+    scene = std::move(Bare);
+    Label(best, Any, scene);
+    return scene;
+  }
+
+ private:
+  int Label(const TextLook& look, int mostMissing, ClearScene& scene) const {
+    scene.text = look;
+    LabelMaker(scene, Request.settings, Surface).MakeAll();
+    return PlaceLabels(scene, Before != nullptr && Before->text == look ? &Before->labels : nullptr, mostMissing);
+  }
+
+  ClearScene Bare;
+  const SceneRequest& Request;
+  const PixelSurface& Surface;
+  const ClearScene* Before;
+};
 
 } // namespace
 
@@ -157,19 +230,8 @@ ClearScene MakeScene(const SceneRequest& request, const PixelSurface& surface, c
   ClearScene bare;
   bare.truss = TakeTruss(request.settings, request.scaleX, request.scaleY);
   AddShapes(bare, request);
-  const std::vector<TextLook> looks = LooksToTry(bare, before);
-  ClearScene best;
-  int fewest = -1;
-  for (const TextLook& look : looks) {
-    ClearScene scene = bare;
-    LabelAs(scene, look, request, surface, before);
-    const int missing = MissingForces(scene);
-    if (fewest >= 0 && missing >= fewest) continue;
-    best = std::move(scene);
-    fewest = missing;
-    if (missing == 0) break;
-  }
-  return best;
+  const std::vector<TextLook> looks = LooksToTry(bare, surface, before);
+  return SceneMaker(std::move(bare), request, surface, before).MakeBest(looks);
 }
 
 } // namespace strutwright

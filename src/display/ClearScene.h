@@ -17,6 +17,12 @@ enum class LabelKind : std::uint8_t { Arrow, Force, NodeNumber, MemberNumber };
 
 inline constexpr std::size_t LabelKinds = 4;
 
+/// A text that takes less room than another one.
+struct ShortText {
+  std::string text;
+  double halfWidth = 0;
+};
+
 /// A text that belongs to something in the drawing.
 struct ClearLabel {
   LabelKind kind = LabelKind::Arrow;
@@ -25,16 +31,32 @@ struct ClearLabel {
   Colour colour;
   double halfWidth = 0;
   double halfHeight = 0;
-  int place = -1; ///< which of its places it has; none where it is negative
-  TurnedBox box;  ///< there, in the plane of the truss
+  int place = -1;                   ///< which of its places it has; none where it is negative
+  TurnedBox box;                    ///< there, in the plane of the truss
+  std::vector<ShortText> shorter{}; ///< what may be shown instead, the longest first
+  int shortened = 0;                ///< how many of them have been taken instead
+
+  /// Takes one of the shorter texts, from 1; none for 0.
+  void Shorten(int times) {
+    if (times < 1 || times > static_cast<int>(shorter.size())) return;
+    const ShortText& taken = shorter[static_cast<std::size_t>(times - 1)];
+    text = taken.text;
+    halfWidth = taken.halfWidth;
+    shortened = times;
+  }
 
   bool IsPlaced() const { return place >= 0; }
 };
 
+inline bool BelongsToBar(const ClearLabel& label) {
+  return label.kind == LabelKind::Force || label.kind == LabelKind::MemberNumber;
+}
+
 /// How the labels of a scene are written.
 struct TextLook {
   int size = ClearSize::LargestText;
-  bool compact = false; ///< forces with three digits
+  bool compact = false;    ///< forces with three digits
+  bool mayShorten = false; ///< forces that find no place otherwise are written shorter
 
   bool operator==(const TextLook&) const = default;
 };
@@ -44,6 +66,7 @@ struct ClearScene {
   ClearTruss truss;
   std::vector<ClearSupport> supports;
   std::vector<ClearArrow> arrows;
+  std::vector<int> arrowsLeftOut; ///< the node of each load and reaction without room for its arrow
   std::vector<ClearLabel> labels;
   TextLook text;
   bool dots = true; ///< nodes are drawn: there is room for them

@@ -37,11 +37,10 @@ std::vector<ClearSupport> PlaceSupports(const ClearTruss& truss, OccupiedPlane& 
 /// Finds a place for each load and reaction: outside the truss where there is room, its head at the node, or where only
 /// the other side lies outside, its tail.  One that would stand on a node, a support or another arrow everywhere is
 /// left out.  Adds them to what is occupied. longest: as LongestArrow gives it; scale: pixels a metre.
+/// leftOut: gets the node of each one that is left out.
 std::vector<ClearArrow> PlaceArrows(const ClearTruss& truss, const std::vector<ClearSupport>& supports,
-                                    float loadsScale, double scale, double longest, OccupiedPlane& plane);
-
-/// How many loads and reactions there are to draw.
-int ArrowCount(const ClearTruss& truss);
+                                    float loadsScale, double scale, double longest, OccupiedPlane& plane,
+                                    std::vector<int>& leftOut);
 
 // Drawing; `by`: from the plane of the truss to the surface.
 

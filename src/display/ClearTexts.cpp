@@ -47,6 +47,12 @@ std::string ForceText(float force, int decimals, bool compact) {
   return force > 0 ? "+" + digits + blank + "T" : Minus + digits + blank + "C";
 }
 
+std::string ShortForceText(float force, int decimals) {
+  const std::string text = ForceText(force, decimals, true);
+  if (force == 0) return text;
+  return text.substr(force > 0 ? 1 : std::string(Minus).size());
+}
+
 std::string LoadText(float force, int decimals) {
   const double size = std::fabs(static_cast<double>(force));
   return WithoutZeros(Digits(size, DecimalsFor(size, decimals))) + " kN";

@@ -14,6 +14,9 @@ int ForceDecimals(double largest);
 /// compact: with three digits and no blank, "+135T".
 std::string ForceText(float force, int decimals, bool compact = false);
 
+/// The compact one without its sign, which T and C say too: "135T".
+std::string ShortForceText(float force, int decimals);
+
 /// The size of a load or a reaction with its unit, without trailing zeros: "12.5 kN".
 std::string LoadText(float force, int decimals);
 

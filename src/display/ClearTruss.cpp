@@ -15,7 +15,7 @@ namespace {
 
 constexpr float LeastShownForce = 0.01F; // kN, of a load or a reaction
 constexpr float NoForce = 0.0001F;       // kN, of a member
-constexpr double Resolution = 1e-6;      // of the largest force: what a 32-bit float leaves of it
+constexpr double Resolution = 1e-5;      // of the largest force: what 32-bit floats and a solution leave of it
 constexpr double OnLine = 0.75;          // pixels
 
 float ShownForce(float force) { return std::fabs(force) >= LeastShownForce ? force : 0; }

@@ -11,20 +11,33 @@ namespace {
 /// How far from the middle of a member a label stands, as parts of the way to where it would reach its end.
 constexpr std::array<double, 9> AlongMember{0, -0.25, 0.25, -0.5, 0.5, -0.75, 0.75, -1, 1};
 constexpr int AlongCount = static_cast<int>(AlongMember.size());
+static_assert(LabelPlaces::AlongPlaces == 4 * AlongCount);
 constexpr double EndGap = ClearSize::NodeRadius + 2.5; // pixels that a label keeps from its member's ends
 constexpr double DotGap = ClearSize::NodeRadius + ClearSize::NodeEdge + 1;
 constexpr double LeastSteepness = 0.6;  // sine of a member's slope
 constexpr double LeastFreeAngle = 0.35; // radians
 constexpr double NumberGap = ClearSize::NodeRadius + 2;
+constexpr std::array<double, 4> NumberRings{0, 3, 6, 10}; // pixels that a node's number stands farther off
+constexpr double CloseGap = 1.5;                          // between a member's edge and a force that has little room
+constexpr int CloseCount = 25;                            // places along a member, on either side, both ways to stand
 
 /// A direction for each side of an arrow and how far from its ends the label stands.
 struct ArrowPlace {
   bool beyond; ///< the outer end, otherwise beside
   double side; ///< 1 right of the way outwards, -1 left
-  double part; ///< of the arrow from its outer end
+  double part; ///< of the arrow from its outer end; below zero, of the label out over it
 };
-constexpr std::array<ArrowPlace, 7> ArrowPlaces{
-    {{true, 0, 0}, {false, 1, 0}, {false, -1, 0}, {false, 1, 0.5}, {false, -1, 0.5}, {false, 1, 1}, {false, -1, 1}}};
+constexpr std::array<ArrowPlace, 11> ArrowPlaces{{{true, 0, 0},
+                                                  {false, 1, 0},
+                                                  {false, -1, 0},
+                                                  {false, 1, 0.5},
+                                                  {false, -1, 0.5},
+                                                  {false, 1, 1},
+                                                  {false, -1, 1},
+                                                  {false, 1, -0.5},
+                                                  {false, -1, -0.5},
+                                                  {false, 1, -1},
+                                                  {false, -1, -1}}};
 
 /// How far the middle of an upright box stands from a point that it touches, on its way in a direction.
 double ReachOf(const ClearLabel& label, PixelPoint way) {
@@ -37,6 +50,48 @@ TurnedBox Upright(const ClearLabel& label, PixelPoint centre) {
   return {centre, {1, 0}, label.halfWidth, label.halfHeight};
 }
 
+/// The places of a force beside its member.
+struct BesideBar {
+  const ClearLabel& label;
+  const ClearBar& bar;
+  double firstSide; ///< 1 on the reader's upper side, -1 on the lower one
+
+  /// gap: between the line's middle and the label; end: what it keeps from the member's ends.
+  TurnedBox Along(int place, double gap, double end) const {
+    const double room = bar.length / 2 - end - label.halfWidth;
+    if (place % AlongCount > 0 && room <= 0) return {};
+    const double along = std::max(room, 0.0) * AlongMember.at(static_cast<std::size_t>(place % AlongCount));
+    return AlongAt(along, place < AlongCount ? firstSide : -firstSide, gap);
+  }
+
+  /// part: of the way from the member's middle to where the label would reach its end.
+  TurnedBox Level(double side, double part, double gap) const {
+    const PixelPoint reading = ReadingDirection(bar.along);
+    const double room = bar.length / 2 - label.halfHeight;
+    if (room <= 0) return {};
+    const PixelPoint across = side * LeftOf(reading);
+    const double reach = label.halfWidth * std::fabs(across.x) + label.halfHeight * std::fabs(across.y);
+    return Upright(label, 0.5 * (bar.from + bar.to) + room * part * reading + (gap + reach) * across);
+  }
+
+  /// Level or along, anywhere between the ends, as close to the line as can be; from the middle outwards.
+  std::optional<TurnedBox> Closely(int place) const {
+    if (place >= 4 * CloseCount) return std::nullopt;
+    const int step = place / 4;
+    const double part = (step % 2 == 0 ? 1 : -1) * ((step + 1) / 2) / (CloseCount / 2.0);
+    const double side = place % 2 == 0 ? firstSide : -firstSide;
+    const double gap = bar.width / 2 + CloseGap;
+    return place % 4 < 2 ? Level(side, part, gap) : AlongAt(part * bar.length / 2, side, gap);
+  }
+
+ private:
+  TurnedBox AlongAt(double along, double side, double gap) const {
+    const PixelPoint reading = ReadingDirection(bar.along);
+    const PixelPoint off = (side * (gap + label.halfHeight)) * LeftOf(reading);
+    return {0.5 * (bar.from + bar.to) + along * reading + off, reading, label.halfWidth, label.halfHeight};
+  }
+};
+
 } // namespace
 
 PixelPoint ReadingDirection(PixelPoint along) {
@@ -45,7 +100,8 @@ PixelPoint ReadingDirection(PixelPoint along) {
   return along.x > 0 ? along : -1 * along;
 }
 
-LabelPlaces::LabelPlaces(const ClearScene& scene) : Scene(scene), Blocked(scene.truss.joints.size()) {
+LabelPlaces::LabelPlaces(const ClearScene& scene, bool fine)
+    : Scene(scene), Fine(fine), FirstSides(scene.truss.bars.size(), 0), Blocked(scene.truss.joints.size()) {
   for (const ClearSupport& support : scene.supports) {
     Blocked[static_cast<std::size_t>(support.node)].push_back(support.off);
   }
@@ -65,8 +121,14 @@ std::optional<TurnedBox> LabelPlaces::At(const ClearLabel& label, int place) {
   return AtArrow(label, place);
 }
 
+double LabelPlaces::FirstSide(int bar) {
+  signed char& side = FirstSides[static_cast<std::size_t>(bar)];
+  if (side == 0) side = FreeSideOf(Scene.truss.bars[static_cast<std::size_t>(bar)]) > 0 ? 1 : -1;
+  return side;
+}
+
 /// The side on which the member's neighbours are not; the reader's upper side where they are on both.
-double LabelPlaces::FirstSide(const ClearBar& bar) const {
+double LabelPlaces::FreeSideOf(const ClearBar& bar) const {
   const PixelPoint up = LeftOf(ReadingDirection(bar.along));
   bool above = false;
   bool below = false;
@@ -80,37 +142,19 @@ double LabelPlaces::FirstSide(const ClearBar& bar) const {
   return above && !below ? -1 : 1;
 }
 
-/// First beside the line, then as far off that it passes the dots at its ends, and last, beside a steep member, level.
-std::optional<TurnedBox> LabelPlaces::AtForce(const ClearLabel& label, int place) const {
-  const ClearBar& bar = Scene.truss.bars[static_cast<std::size_t>(label.owner)];
+/// First beside the line, then as far off that it passes the dots at its ends, then, beside a steep member, level.
+std::optional<TurnedBox> LabelPlaces::AtForce(const ClearLabel& label, int place) {
+  const BesideBar beside{label, Scene.truss.bars[static_cast<std::size_t>(label.owner)], FirstSide(label.owner)};
+  const ClearBar& bar = beside.bar;
   const double close = bar.width / 2 + ClearSize::LabelGap;
-  if (place < 2 * AlongCount) return Along(label, bar, place, close, EndGap);
+  if (place < 2 * AlongCount) return beside.Along(place, close, EndGap);
   const double off = std::max(close, DotGap);
-  if (place < 4 * AlongCount) return Along(label, bar, place - 2 * AlongCount, off, 1);
-  if (place >= 6 * AlongCount || std::fabs(bar.along.y) < LeastSteepness) return std::nullopt;
-  return Level(label, bar, place - 4 * AlongCount, off);
-}
-
-/// gap: between the line's middle and the label; end: what it keeps from the member's ends.
-TurnedBox LabelPlaces::Along(const ClearLabel& label, const ClearBar& bar, int place, double gap, double end) const {
-  const PixelPoint reading = ReadingDirection(bar.along);
-  const double room = bar.length / 2 - end - label.halfWidth;
-  if (place % AlongCount > 0 && room <= 0) return {};
-  const double along = std::max(room, 0.0) * AlongMember.at(static_cast<std::size_t>(place % AlongCount));
-  const double side = place < AlongCount ? FirstSide(bar) : -FirstSide(bar);
-  const PixelPoint centre =
-      0.5 * (bar.from + bar.to) + along * reading + (side * (gap + label.halfHeight)) * LeftOf(reading);
-  return {centre, reading, label.halfWidth, label.halfHeight};
-}
-
-TurnedBox LabelPlaces::Level(const ClearLabel& label, const ClearBar& bar, int place, double gap) const {
-  const PixelPoint reading = ReadingDirection(bar.along);
-  const double room = bar.length / 2 - label.halfHeight;
-  if (room <= 0) return {};
-  const double along = room * AlongMember.at(static_cast<std::size_t>(place % AlongCount));
-  const PixelPoint side = (place < AlongCount ? -FirstSide(bar) : FirstSide(bar)) * LeftOf(reading);
-  const double reach = label.halfWidth * std::fabs(side.x) + label.halfHeight * std::fabs(side.y);
-  return Upright(label, 0.5 * (bar.from + bar.to) + along * reading + (gap + reach) * side);
+  if (place < 4 * AlongCount) return beside.Along(place - 2 * AlongCount, off, 1);
+  if (place >= 6 * AlongCount) return Fine ? beside.Closely(place - 6 * AlongCount) : std::nullopt;
+  if (std::fabs(bar.along.y) < LeastSteepness) return TurnedBox{};
+  const int level = place - 4 * AlongCount;
+  const double side = level < AlongCount ? -beside.firstSide : beside.firstSide;
+  return beside.Level(side, AlongMember.at(static_cast<std::size_t>(level % AlongCount)), off);
 }
 
 std::optional<TurnedBox> LabelPlaces::AtMemberNumber(const ClearLabel& label, int place) const {
@@ -132,17 +176,22 @@ const std::vector<FreeAngle>& LabelPlaces::AnglesAt(int n) {
   return Angles;
 }
 
-/// In the middle of each angle, and in a wide one also beside it.
+/// In the middle of each angle and beside it, close to the node; then the same a little farther off.
 std::optional<TurnedBox> LabelPlaces::AtNodeNumber(const ClearLabel& label, int place) {
-  constexpr std::array<double, 3> Parts{0, -0.25, 0.25};
+  constexpr std::array<double, 5> Parts{0, -0.25, 0.25, -0.1, 0.1};
   const std::vector<FreeAngle>& angles = AnglesAt(label.owner);
-  const std::size_t angle = static_cast<std::size_t>(place) / Parts.size();
-  if (angle >= angles.size() || angles[angle].width < LeastFreeAngle) return std::nullopt;
-  const double part = Parts.at(static_cast<std::size_t>(place) % Parts.size());
-  const double direction = angles[angle].middle + part * angles[angle].width;
+  const auto wide = static_cast<std::size_t>(std::count_if(
+      angles.begin(), angles.end(), [](const FreeAngle& angle) { return angle.width >= LeastFreeAngle; }));
+  const std::size_t parts = Fine ? Parts.size() : 1;
+  const std::size_t inRing = wide * parts;
+  const std::size_t rings = Fine ? NumberRings.size() : 1;
+  const auto index = static_cast<std::size_t>(place);
+  if (index >= inRing * rings) return std::nullopt;
+  const FreeAngle& angle = angles[index % inRing / parts];
+  const double direction = angle.middle + Parts.at(index % parts) * angle.width;
   const PixelPoint way{std::cos(direction), std::sin(direction)};
   const PixelPoint node = Scene.truss.joints[static_cast<std::size_t>(label.owner)].at;
-  return Upright(label, node + (NumberGap + ReachOf(label, way)) * way);
+  return Upright(label, node + (NumberGap + NumberRings.at(index / inRing) + ReachOf(label, way)) * way);
 }
 
 std::optional<TurnedBox> LabelPlaces::AtArrow(const ClearLabel& label, int place) const {
@@ -156,8 +205,9 @@ std::optional<TurnedBox> LabelPlaces::AtArrow(const ClearLabel& label, int place
     return Upright(label, arrow.outer + (ClearSize::LabelGap + ReachOf(label, outwards)) * outwards);
   }
   const PixelPoint side = chosen.side * LeftOf(outwards);
-  const double inwards =
-      ReachOf(label, outwards) + chosen.part * std::max(0.0, LengthOf(line) - 2 * ReachOf(label, outwards));
+  const double reach = ReachOf(label, outwards);
+  const double room = chosen.part < 0 ? reach : std::max(0.0, LengthOf(line) - 2 * reach);
+  const double inwards = reach + chosen.part * room;
   const double off = ClearSize::HeadHalfWidth + ClearSize::LabelGap + ReachOf(label, side);
   return Upright(label, arrow.outer - inwards * outwards + off * side);
 }

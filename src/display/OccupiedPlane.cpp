@@ -21,6 +21,8 @@ OccupiedPlane::OccupiedPlane(const Bounds& area, std::size_t expected) : Area(ar
   Rows = static_cast<int>(height / CellSize) + 1;
   First.assign(static_cast<std::size_t>(Columns) * static_cast<std::size_t>(Rows), None);
   Items.reserve(expected);
+  Reaches.reserve(expected);
+  Tried.reserve(expected);
   Entries.reserve(4 * expected);
 }
 
@@ -49,6 +51,7 @@ std::size_t OccupiedPlane::Add(const OccupiedBox& item) {
   Tried.push_back(0);
   const TurnedBox& box = item.box;
   const Bounds bounds = BoundsOf(box);
+  Reaches.push_back(bounds);
   const int last = RowOf(bounds.bottom);
   const int first = RowOf(bounds.top);
   // The box's middle line in a row, widened by what the box stands off it across.

@@ -28,9 +28,12 @@ class OccupiedPlane {
   std::size_t Add(const OccupiedBox& item);
 
   /// Moves an item out of everything's way.
-  void Remove(std::size_t item) { Items[item].box = {{1e150, 1e150}, {1, 0}, 0, 0}; }
+  void Remove(std::size_t item) {
+    Items[item].box = {{1e150, 1e150}, {1, 0}, 0, 0};
+    Reaches[item] = {1e150, 1e150, 1e150, 1e150};
+  }
 
-  /// Whether any item in the cells that an area touches meets a condition; each is tried once.
+  /// Whether any item whose upright bounds touch an area meets a condition; each is tried once.
   template <typename Condition>
   bool Any(const Bounds& area, Condition condition) const;
 
@@ -55,6 +58,7 @@ class OccupiedPlane {
   std::vector<std::uint32_t> First; ///< entry of each cell, row by row
   std::vector<Entry> Entries;
   std::vector<OccupiedBox> Items;
+  std::vector<Bounds> Reaches;              ///< of the items
   mutable std::vector<std::uint32_t> Tried; ///< the last look that met each item
   mutable std::uint32_t Look = 0;
 };
@@ -72,7 +76,7 @@ bool OccupiedPlane::Any(const Bounds& area, Condition condition) const {
         const std::uint32_t item = Entries[entry].item;
         if (Tried[item] == Look) continue;
         Tried[item] = Look;
-        if (condition(Items[item])) return true;
+        if (Reaches[item].Touches(area) && condition(Items[item])) return true;
       }
     }
   }

@@ -31,21 +31,11 @@ bool Bounds::Contains(PixelPoint point) const {
   return point.x >= left && point.x <= right && point.y >= top && point.y <= bottom;
 }
 
-bool Bounds::Touches(const Bounds& other) const {
-  return left <= other.right && other.left <= right && top <= other.bottom && other.top <= bottom;
-}
-
 std::array<PixelPoint, 4> TurnedBox::Corners() const {
   const PixelPoint length = halfLength * along;
   const PixelPoint height = halfHeight * LeftOf(along);
   return {centre - length - height, centre + length - height, centre + length + height, centre - length + height};
 }
-
-double Dot(PixelPoint a, PixelPoint b) { return a.x * b.x + a.y * b.y; }
-
-double LengthOf(PixelPoint a) { return std::sqrt(a.x * a.x + a.y * a.y); }
-
-PixelPoint LeftOf(PixelPoint direction) { return {direction.y, -direction.x}; }
 
 double DistanceToLine(PixelPoint point, PixelPoint from, PixelPoint to) {
   const PixelPoint line = to - from;

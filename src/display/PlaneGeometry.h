@@ -3,6 +3,7 @@
 #include "PixelSurface.h"
 
 #include <array>
+#include <cmath>
 
 namespace strutwright {
 
@@ -22,7 +23,9 @@ struct Bounds {
   Bounds GrownBy(double reach) const { return {left - reach, top - reach, right + reach, bottom + reach}; }
   Bounds MovedBy(PixelPoint by) const { return {left + by.x, top + by.y, right + by.x, bottom + by.y}; }
   bool Contains(PixelPoint point) const;
-  bool Touches(const Bounds& other) const;
+  bool Touches(const Bounds& other) const {
+    return left <= other.right && other.left <= right && top <= other.bottom && other.top <= bottom;
+  }
 
   bool operator==(const Bounds&) const = default;
 };
@@ -39,11 +42,12 @@ struct TurnedBox {
   std::array<PixelPoint, 4> Corners() const;
 };
 
-double Dot(PixelPoint a, PixelPoint b);
-double LengthOf(PixelPoint a);
+// Placing labels asks for these a thousand times a label.
+constexpr double Dot(PixelPoint a, PixelPoint b) { return a.x * b.x + a.y * b.y; }
+inline double LengthOf(PixelPoint a) { return std::sqrt(a.x * a.x + a.y * a.y); }
 
 /// The direction a quarter turn to the left of one that runs to the right, as seen on the screen: upwards.
-PixelPoint LeftOf(PixelPoint direction);
+constexpr PixelPoint LeftOf(PixelPoint direction) { return {direction.y, -direction.x}; }
 
 /// From a point to the nearest point of a line between two.
 double DistanceToLine(PixelPoint point, PixelPoint from, PixelPoint to);

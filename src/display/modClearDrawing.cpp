@@ -155,6 +155,16 @@ PixelView ViewOf(const PixelSurface& surface, const ViewWindow& window) {
   return view;
 }
 
+void DrawLabelsOfMember(PixelSurface& surface, const PixelView& view, const ClearMemory& memory, int m) {
+  const ClearScene& scene = memory.Last();
+  const ClearSettings none;
+  for (const ClearLabel& label : scene.labels) {
+    if (!label.IsPlaced() || !BelongsToBar(label)) continue;
+    const ClearBar& bar = scene.truss.bars[static_cast<std::size_t>(label.owner)];
+    if (bar.number == m) DrawLabel({surface, view, none, scene}, label);
+  }
+}
+
 ClearOutcome DrawClear(PixelSurface& surface, const PixelView& view, const ClearSettings& settings, ClearMemory& memory,
                        const FailureReport& failures) {
   ClearOutcome outcome;

@@ -50,6 +50,9 @@ class ClearMemory {
 ClearOutcome DrawClear(PixelSurface& surface, const PixelView& view, const ClearSettings& settings, ClearMemory& memory,
                        const FailureReport& failures = ShowDrawingFailure);
 
+/// Draws the labels of a member once more, for what was drawn over them.  The surface shows what was drawn last.
+void DrawLabelsOfMember(PixelSurface& surface, const PixelView& view, const ClearMemory& memory, int m);
+
 /// The view of a surface that shows this window.
 PixelView ViewOf(const PixelSurface& surface, const ViewWindow& window);
 

@@ -1,7 +1,7 @@
 #include "modInfluenceDrawing.h"
 
 #include "modDrawing.h"
-#include "modModelRendering.h"
+#include "modMarks.h"
 #include "modModelStore.h"
 #include "modNumberText.h"
 
@@ -73,8 +73,8 @@ std::string LabelText(double value) {
 /// Draws in the world of the truss, with distances in pixels.
 class InfluencePicture {
  public:
-  InfluencePicture(DrawingSurface& surface, const InfluenceShape& shape)
-      : Surface(surface), Shape(shape), Pixel(PixelSize(surface)) {
+  InfluencePicture(DrawingSurface& surface, const InfluenceShape& shape, DrawingStyle style)
+      : Surface(surface), Shape(shape), Style(style), Pixel(PixelSize(surface)) {
     const double highest = std::max(0.0, *std::max_element(shape.values.begin(), shape.values.end()));
     const double lowest = std::min(0.0, *std::min_element(shape.values.begin(), shape.values.end()));
     const double band = BandHeight(surface) * Pixel;
@@ -142,8 +142,8 @@ class InfluencePicture {
   }
 
   void DrawQuantity() {
-    if (Shape.member > 0) DrawMember(Surface, Shape.member, Orange);
-    if (Shape.node > 0) HighlightNode(Surface, Shape.node, Orange);
+    if (Shape.member > 0) MarkMember(Surface, Shape.member, Orange, Style);
+    if (Shape.node > 0) MarkNode(Surface, Shape.node, Orange, Style);
   }
 
   void DrawMark() {
@@ -200,6 +200,7 @@ class InfluencePicture {
 
   DrawingSurface& Surface;
   const InfluenceShape& Shape;
+  DrawingStyle Style;
   double Pixel;      ///< m
   double Scale = 0;  ///< m for an ordinate of 1
   double Base = 0;   ///< y of the ordinate 0
@@ -242,9 +243,9 @@ ReadableNumbers NumbersWithRoom(const DrawingSurface& surface) {
   return {pixels >= LeastForNodeNumbers, pixels >= LeastForMemberNumbers};
 }
 
-void DrawInfluence(DrawingSurface& surface, const InfluenceShape& shape) {
+void DrawInfluence(DrawingSurface& surface, const InfluenceShape& shape, DrawingStyle style) {
   if (shape.nodes.empty() || shape.nodes.size() != shape.values.size()) return;
-  TryDrawing([&] { InfluencePicture(surface, shape).Draw(); });
+  TryDrawing([&] { InfluencePicture(surface, shape, style).Draw(); });
 }
 
 } // namespace strutwright

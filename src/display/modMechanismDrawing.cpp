@@ -1,6 +1,6 @@
 #include "modMechanismDrawing.h"
 
-#include "modDrawing.h"
+#include "modMarks.h"
 #include "modModelStore.h"
 
 #include <algorithm>
@@ -47,17 +47,17 @@ double ModelSize() {
   return size > 0 ? size : 1;
 }
 
-void DrawMechanism(DrawingSurface& surface, const std::vector<double>& motion, double swing) {
+void DrawMechanism(DrawingSurface& surface, const std::vector<double>& motion, double swing, DrawingStyle style) {
   if (motion.size() != 2 * static_cast<std::size_t>(NodeCount) + 1) return;
   const MovedNodes nodes(motion, swing * MotionShare * ModelSize());
   for (int m = 1; m <= MemberCount; ++m) {
     const int i = RoundNodeNumber(MemberTable(m, MemberNodeI));
     const int j = RoundNodeNumber(MemberTable(m, MemberNodeJ));
     if (!IsNode(i) || !IsNode(j) || (!nodes.Moves(i) && !nodes.Moves(j))) continue;
-    DrawLine(surface, nodes.X(i), nodes.Y(i), nodes.X(j), nodes.Y(j), Violet);
+    MarkLine(surface, nodes.X(i), nodes.Y(i), nodes.X(j), nodes.Y(j), Violet, style);
   }
   for (int n = 1; n <= NodeCount; ++n) {
-    if (nodes.Moves(n)) DrawNodeMarker(surface, nodes.X(n), nodes.Y(n), Violet);
+    if (nodes.Moves(n)) MarkPoint(surface, nodes.X(n), nodes.Y(n), Violet, style);
   }
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "DrawingSurface.h"
+#include "TrussView.h"
 
 #include <vector>
 
@@ -19,6 +19,8 @@ double ModelSize();
 /// them.  A node is moved by its part of the motion times swing times MotionShare of ModelSize.
 /// motion: (0..2 NodeCount), freedom 2n-1 is x and 2n is y of node n, largest entry 1; one of another length draws
 /// nothing.  swing: -1 to 1.  Members that name no node are passed over.
-void DrawMechanism(DrawingSurface& surface, const std::vector<double>& motion, double swing);
+/// style: that of the drawing below; its marks are of the same kind.
+void DrawMechanism(DrawingSurface& surface, const std::vector<double>& motion, double swing,
+                   DrawingStyle style = DrawingStyle::Described);
 
 } // namespace strutwright

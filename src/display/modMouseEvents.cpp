@@ -2,7 +2,7 @@
 
 #include "DisplayState.h"
 #include "modDrawing.h"
-#include "modModelRendering.h"
+#include "modMarks.h"
 #include "modModelStore.h"
 #include "modMouseModes.h"
 #include "modPicking.h"
@@ -37,13 +37,13 @@ void StartDrag(bool& drag, MouseButton button) {
 
 int PickNode(WorldPoint point) {
   const int n = FindNode(point.x, point.y);
-  if (n != 0) TryDrawing([n] { HighlightNode(*DisplaySurface, n, Orange); });
+  if (n != 0) TryDrawing([n] { MarkNode(*DisplaySurface, n, Orange, TheDisplay.Style); });
   return n;
 }
 
 int PickMember(WorldPoint point) {
   const int m = FindMember(point.x, point.y);
-  if (m != 0) TryDrawing([m] { DrawMember(*DisplaySurface, m, Orange); });
+  if (m != 0) TryDrawing([m] { MarkMember(*DisplaySurface, m, Orange, TheDisplay.Style); });
   return m;
 }
 
@@ -206,7 +206,7 @@ MouseVerdict MouseWheel(const MouseEvent& event, double steps) {
 
 MouseVerdict NodeWasAdded(int n) {
   if (DisplaySurface == nullptr || !DrawMemberMode || n < 1 || n > NodeCount) return {};
-  TryDrawing([n] { HighlightNode(*DisplaySurface, n, Orange); });
+  TryDrawing([n] { MarkNode(*DisplaySurface, n, Orange, TheDisplay.Style); });
   return TakePick(n);
 }
 

@@ -1,7 +1,8 @@
 #include "modSelection.h"
 
+#include "DisplayState.h"
 #include "modDrawing.h"
-#include "modModelRendering.h"
+#include "modMarks.h"
 #include "modModelStore.h"
 #include "modPicking.h"
 
@@ -90,8 +91,8 @@ std::vector<int> NodesOf(const Selection& selection) {
 
 void DrawSelection(DrawingSurface& surface, const Selection& selection) {
   TryDrawing([&] {
-    for (const int m : selection.members) DrawMember(surface, m, Orange);
-    for (const int n : selection.nodes) HighlightNode(surface, n, Orange);
+    for (const int m : selection.members) MarkMember(surface, m, Orange, TheDisplay.Style);
+    for (const int n : selection.nodes) MarkNode(surface, n, Orange, TheDisplay.Style);
   });
 }
 

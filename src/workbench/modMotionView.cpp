@@ -1,5 +1,6 @@
 #include "modMotionView.h"
 
+#include "DisplayState.h"
 #include "WorkbenchState.h"
 #include "modMechanismDrawing.h"
 
@@ -31,7 +32,7 @@ void DrawShownMotion(DrawingSurface& surface) {
   if (shown == nullptr) return;
   const double phase = 2 * std::numbers::pi * TheCheck.motionStep / StepsOfASwing;
   try {
-    DrawMechanism(surface, shown->motion, std::sin(phase));
+    DrawMechanism(surface, shown->motion, std::sin(phase), TheDisplay.Style);
   } catch (const std::exception&) {
     TheCheck.motion = 0; // the drawing of the model has told what is wrong with the surface
   }

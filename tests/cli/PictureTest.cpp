@@ -75,6 +75,13 @@ TEST_F(PictureTest, IsClearUnlessTheDescribedDrawingIsAskedFor) {
   EXPECT_THAT(usual, Not(HasSubstr(RedStroke)));
 }
 
+// The longest force of the triangle is its load of 10 kN.
+TEST_F(PictureTest, FitsTheArrowsOfTheClearDrawing) {
+  const std::string usual = SvgIn("", "triangle");
+  EXPECT_THAT(usual, HasSubstr("load "));
+  EXPECT_THAT(usual, Not(HasSubstr("longest cut")));
+}
+
 TEST_F(PictureTest, HasNoOtherStyle) {
   EXPECT_EQ(Run({"analyse", Reference("triangle"), "--picture", folder.Path("p.png"), "--style", "plain"}), 2);
   EXPECT_THAT(err, HasSubstr("\"plain\" is neither clear nor described"));

@@ -158,8 +158,8 @@ TEST_F(ClearDrawingTest, TextsOfForcesSayAllThatTheyNeed) {
 TEST_F(ClearDrawingTest, NoForceIsWhatTheResultsCannotTellFromZero) {
   EXPECT_TRUE(IsZeroForce(0.0001F, 1));
   EXPECT_FALSE(IsZeroForce(0.00011F, 1));
-  EXPECT_TRUE(IsZeroForce(-0.0009F, 1000));
-  EXPECT_FALSE(IsZeroForce(-0.0011F, 1000));
+  EXPECT_TRUE(IsZeroForce(-0.009F, 1000));
+  EXPECT_FALSE(IsZeroForce(-0.011F, 1000));
 }
 
 TEST_F(ClearDrawingTest, LargerForcesGetTheirPlacesFirst) {

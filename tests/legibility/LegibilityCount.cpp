@@ -103,9 +103,10 @@ LegibilityCount CountClear(double width, double height, const TextMetrics& metri
   surface.window = ClearFrame(surface, settings).value_or(surface.window);
   ClearMemory memory;
   const PixelView view = ViewOf(surface, surface.window);
-  DrawClear(surface, view, settings, memory);
+  const ClearOutcome outcome = DrawClear(surface, view, settings, memory);
 
   LegibilityCount count;
+  for (const ShownLabels& kind : outcome.labels) count.leftOut += kind.all - kind.shown;
   std::vector<TurnedBox> boxes;
   for (const PixelLabel& label : surface.pixelTexts) boxes.push_back(BoxOfText(label, metrics));
   count.labels = static_cast<int>(boxes.size());

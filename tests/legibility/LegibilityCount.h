@@ -17,6 +17,7 @@ struct LegibilityCount {
   int forces = 0;         ///< that are shown
   int pairs = 0;          ///< of labels that overlap
   int onSymbols = 0;      ///< labels on a member that is not theirs, a node, a support or an arrow
+  int leftOut = 0;        ///< of all that belongs to a node, a member or an arrow, as the corner counts it
   int nearerToOthers = 0; ///< forces with a member nearer than their own
 };
 

@@ -35,51 +35,57 @@ void ExpectNothingOnAnother(double width, double height, double (*metrics)(const
 }
 
 TEST_F(LegibilityTest, NoLabelOfAFamilyStandsOnAnything) {
-  ForEach(FamilyTrusses({4, 10, 22}), [](int) {
+  ForEach(FamilyTrusses({4, 10, 16}), [](int) {
     ExpectNothingOnAnother(660, 390, Width);
     ExpectNothingOnAnother(1024, 768, Width);
   });
 }
 
 TEST_F(LegibilityTest, NoLabelOfARandomTrussStandsOnAnything) {
-  ForEach(RandomTrusses(40), [](int) {
+  ForEach(RandomTrusses(24), [](int) {
     ExpectNothingOnAnother(660, 390, Width);
     ExpectNothingOnAnother(1600, 1000, Width);
   });
 }
 
-TEST_F(LegibilityTest, EveryForceOfAnExampleIsShown) {
+TEST_F(LegibilityTest, EveryLabelOfAnExampleIsShown) {
   NativeFileSystem disk;
   ThePlatform().files = &disk;
   ForEach(TrussesIn(EXAMPLES_DIR, false), [](int members) {
     const LegibilityCount count = CountClear(1024, 768, Width);
     EXPECT_EQ(count.forces, members);
+    EXPECT_EQ(count.leftOut, 0);
     ExpectNothingOnAnother(1024, 768, Width);
   });
 }
 
-/// Of the families whose panels are as wide as high.
-std::vector<CorpusTruss> Girders(const std::vector<int>& bays) {
-  std::vector<CorpusTruss> girders = FamilyTrusses(bays);
-  std::erase_if(girders, [](const CorpusTruss& truss) {
-    return truss.name.starts_with("fink") || truss.name.starts_with("tower") || truss.name.starts_with("bowstring");
-  });
-  return girders;
-}
-
-TEST_F(LegibilityTest, EveryForceOfAGirderOfUpToSixtyMembersIsShown) {
-  ForEach(Girders({4, 6, 8, 10, 12, 14}), [](int members) {
+TEST_F(LegibilityTest, EveryForceOfAFamilyOfUpToSixtyMembersIsShown) {
+  ForEach(FamilyTrusses({4, 6, 8, 10, 12, 14, 16}), [](int members) {
     if (members > 60) return;
     EXPECT_EQ(CountClear(1024, 768, Width).forces, members);
   });
 }
 
-// Where members meet at small angles the last few find no place.
-TEST_F(LegibilityTest, MostForcesOfEveryFamilyOfUpToSixtyMembersAreShown) {
-  ForEach(FamilyTrusses({4, 8, 10, 14}), [](int members) {
-    if (members > 60) return;
-    EXPECT_GE(CountClear(1024, 768, Width).forces, 0.85 * members);
-  });
+/// The share of the members whose force is shown, of trusses of so many members.
+double ShareShown(const std::vector<CorpusTruss>& trusses, int least, int most,
+                  double (*metrics)(const std::string&, int)) {
+  int members = 0;
+  int forces = 0;
+  for (const CorpusTruss& truss : trusses) {
+    const int count = OpenAnalysed(truss);
+    if (count < least || count > most) continue;
+    members += count;
+    forces += CountClear(1024, 768, metrics).forces;
+  }
+  return static_cast<double>(forces) / members;
+}
+
+TEST_F(LegibilityTest, NearlyEveryForceOfARandomTrussOfUpToSixtyMembersIsShown) {
+  EXPECT_GE(ShareShown(RandomTrusses(40), 1, 60, Width), 0.95);
+}
+
+TEST_F(LegibilityTest, MostForcesOfAFamilyOfUpToAHundredMembersAreShown) {
+  EXPECT_GE(ShareShown(FamilyTrusses({18, 25}), 61, 100, Width), 0.9);
 }
 
 TEST_F(LegibilityTest, TheDescribedDrawingPrintsLabelsOnLabels) {

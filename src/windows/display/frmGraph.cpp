@@ -11,8 +11,8 @@
 #include "frmNodeDetails.h"
 #include "frmReport.h"
 #include "modKeepResults.h"
+#include "modMarks.h"
 #include "modModelEditing.h"
-#include "modModelRendering.h"
 #include "modModelStore.h"
 #include "modPicking.h"
 #include "modPlaces.h"
@@ -60,7 +60,7 @@ void frmGraph::Load() {
 std::int16_t frmGraph::seekJoint(float x, float y, bool offer) {
   const int n = FindNode(x, y);
   if (n != 0) {
-    HighlightNode(Surface(), n, Orange);
+    MarkNode(Surface(), n, Orange, TheDisplay.Style);
     ShowDrawing();
   } else if (offer) {
     OfferNode(x, y);

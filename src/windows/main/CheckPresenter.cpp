@@ -10,7 +10,7 @@
 #include "modCheck.h"
 #include "modCheckLists.h"
 #include "modKeepResults.h"
-#include "modModelRendering.h"
+#include "modMarks.h"
 #include "modModelStore.h"
 #include "modMotionView.h"
 
@@ -146,10 +146,10 @@ void CheckPresenter::Draw() {
   if (AddedMember != 0) members.push_back(AddedMember);
   try {
     for (const int m : members) {
-      if (m >= 1 && m <= MemberCount) DrawMember(*DisplaySurface, m, Orange);
+      if (m >= 1 && m <= MemberCount) MarkMember(*DisplaySurface, m, Orange, TheDisplay.Style);
     }
     for (const int n : Nodes) {
-      if (n >= 1 && n <= NodeCount) HighlightNode(*DisplaySurface, n, Orange);
+      if (n >= 1 && n <= NodeCount) MarkNode(*DisplaySurface, n, Orange, TheDisplay.Style);
     }
   } catch (const std::out_of_range&) {
     Members.clear(); // their nodes have gone since they were chosen

@@ -1,0 +1,132 @@
+#include "ClearFixture.h"
+#include "ClearFraming.h"
+#include "ClearTexts.h"
+#include "LabelPlaces.h"
+#include "modModelStore.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace strutwright {
+namespace {
+
+using testing::Contains;
+using testing::SizeIs;
+
+class ClearLabelsTest : public ClearFixture {
+ protected:
+  const ShownLabels& Shown(LabelKind kind) const { return outcome.labels[static_cast<std::size_t>(kind)]; }
+
+  std::vector<int> PlacesNow() const {
+    std::vector<int> places;
+    for (const ClearLabel& label : Scene().labels) places.push_back(label.place);
+    return places;
+  }
+
+  void Frame() {
+    surface.window = *ClearFrame(surface, settings);
+    DrawHere();
+  }
+};
+
+// Eight equal loads on eight nodes in one place: there is room for an arrow in three places on either side.
+TEST_F(ClearLabelsTest, AnArrowWithoutRoomIsCounted) {
+  settings.layers.loads = true;
+  SetTables({std::vector<NodeData>(8, NodeData{2, 2, 0, -10}), {}});
+  Draw();
+  EXPECT_THAT(Scene().arrows, SizeIs(6));
+  EXPECT_EQ(Shown(LabelKind::Arrow).all, 8);
+  EXPECT_LT(Shown(LabelKind::Arrow).shown, 7);
+  EXPECT_EQ(outcome.notice, "showing " + std::to_string(Shown(LabelKind::Arrow).shown) +
+                                " of 8 loads and reactions; zoom in or point at a member");
+}
+
+TEST_F(ClearLabelsTest, AnArrowWithoutRoomThatIsOutOfViewIsNot) {
+  settings.layers.loads = true;
+  SetTables({std::vector<NodeData>(8, NodeData{2, 2, 0, -10}), {}});
+  surface.window = {50, 50, 8, 6};
+  DrawHere();
+  EXPECT_EQ(Shown(LabelKind::Arrow).all, 0);
+}
+
+TEST_F(ClearLabelsTest, NumbersOfNodesWithoutDotsAreCounted) {
+  settings.layers.nodeNumbers = true;
+  SetTables(PrattTruss(100));
+  Draw(1);
+  EXPECT_FALSE(Scene().dots);
+  EXPECT_EQ(Shown(LabelKind::NodeNumber).all, NodeCount);
+  EXPECT_EQ(Shown(LabelKind::NodeNumber).shown, 0);
+}
+
+// A load stands in the widest angle of each of them.
+TEST_F(ClearLabelsTest, ANodesNumberFindsAnotherAngleThanItsLoad) {
+  settings.layers.nodeNumbers = settings.layers.loads = true;
+  SetTables({{{0, 0}, {3, 0}, {6, 0}, {0, 3, 0, -10}, {3, 3, 0, -10}, {6, 3, 0, -10}},
+             {{1, 2}, {2, 3}, {4, 5}, {5, 6}, {1, 4}, {2, 5}, {3, 6}, {1, 5}, {3, 5}}});
+  Draw();
+  EXPECT_EQ(Shown(LabelKind::NodeNumber).shown, 6);
+}
+
+TEST_F(ClearLabelsTest, ASmallTrussShowsEveryNumberBesideItsForces) {
+  settings.layers = {true, true, false, true, true};
+  settings.memberForces = settings.reactions = true;
+  Analyse(PrattTruss(12));
+  Frame();
+  EXPECT_EQ(Shown(LabelKind::Force).shown, MemberCount);
+  EXPECT_EQ(Shown(LabelKind::NodeNumber).shown, NodeCount);
+  EXPECT_EQ(Shown(LabelKind::MemberNumber).shown, MemberCount);
+  EXPECT_EQ(outcome.notice, "");
+}
+
+TEST_F(ClearLabelsTest, AShorterForceLeavesOutItsSignThenDecimals) {
+  EXPECT_EQ(ShortForceText(12.34F, 1), "12.3T");
+  EXPECT_EQ(ShortForceText(-12.36F, 1), "12.4C");
+  EXPECT_EQ(ShortForceText(-12.36F, 0), "12C");
+  EXPECT_EQ(ShortForceText(0, 1), "0");
+}
+
+TEST_F(ClearLabelsTest, AForceIsShortenedOnlyWhereItHasNoRoomOtherwise) {
+  settings.memberForces = true;
+  SetTables({{{0, 0}, {4, 0}}, {{1, 2}}});
+  MemberTable(1, MemberFieldForce) = 123.4F;
+  Draw();
+  EXPECT_THAT(Texts(), Contains("+123.4 T"));
+  for (const ClearLabel& label : Scene().labels) EXPECT_EQ(label.shortened, 0);
+}
+
+TEST_F(ClearLabelsTest, ForcesGiveWayToNumbersOnlyAlongTheirMember) {
+  settings.memberForces = settings.layers.memberNumbers = settings.layers.nodeNumbers = true;
+  Analyse(PrattTruss(16));
+  Frame();
+  for (const ClearLabel& label : Scene().labels) {
+    const bool isForce = label.kind == LabelKind::Force;
+    EXPECT_TRUE(!isForce || label.place < LabelPlaces::AlongPlaces) << label.text;
+  }
+}
+
+TEST_F(ClearLabelsTest, StayWhereTheyAreWhenTheSurfaceGrowsByAPixel) {
+  settings.layers = {true, true, true, true, true};
+  settings.memberForces = settings.reactions = true;
+  Analyse(PrattTruss(20));
+  Frame();
+  const std::vector<int> before = PlacesNow();
+  surface.width += 1;
+  surface.height += 1;
+  Frame();
+  const std::vector<int> after = PlacesNow();
+  ASSERT_EQ(after.size(), before.size());
+  std::size_t moved = 0;
+  for (std::size_t k = 0; k < before.size(); ++k) {
+    if (before[k] >= 0 && after[k] != before[k]) ++moved;
+  }
+  EXPECT_LE(moved, before.size() / 50);
+}
+
+TEST_F(ClearLabelsTest, AFittedScaleMakesTheLongestArrowASixthOfTheTruss) {
+  SetTables({{{0, 0, 0, 0, 3}, {6, 0, 0, -0.4F, 1}}, {{1, 2}}});
+  EXPECT_FLOAT_EQ(*ScaleOfFittedArrows(false), 0.4F);
+  EXPECT_EQ(*FittingLoadsScale(false), 1.0F); // what the display's scale can be at least
+}
+
+} // namespace
+} // namespace strutwright
