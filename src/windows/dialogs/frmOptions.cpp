@@ -1,10 +1,10 @@
 #include "frmOptions.h"
 
+#include "CommandFrame.h"
 #include "EventGuard.h"
 #include "FileState.h"
 #include "FormParts.h"
 #include "NumericKeyFilter.h"
-#include "frmMain.h"
 #include "modOptions.h"
 
 #include <QFormLayout>
@@ -29,7 +29,7 @@ constexpr const char* CapacityNote =
 
 } // namespace
 
-frmOptions::frmOptions(frmMain& frame) : QDialog(&frame), Frame(frame) {
+frmOptions::frmOptions(CommandFrame& frame) : QDialog(&frame), Frame(frame) {
   setObjectName("frmOptions");
   setWindowTitle("Options");
   FillOptions();

@@ -1,7 +1,7 @@
 #include "RecentFilesMenu.h"
 
+#include "CommandFrame.h"
 #include "FileState.h"
-#include "frmMain.h"
 #include "modFileCommands.h"
 
 #include <QTextDocument>
@@ -18,7 +18,7 @@ QString MenuText(const std::string& caption) {
 
 } // namespace
 
-RecentFilesMenu::RecentFilesMenu(QMenu& menu, QWidget& owner, frmMain& frame)
+RecentFilesMenu::RecentFilesMenu(QMenu& menu, QWidget& owner, CommandFrame& frame)
     : QObject(&menu), Menu(menu), Owner(owner), Frame(frame) {
   mnuBar3 = AddSeparator("mnuBar3");
   mnuBar4 = AddSeparator("mnuBar4");
