@@ -7,6 +7,7 @@
 #include "FileState.h"
 #include "Output.h"
 #include "Platform.h"
+#include "RecentFiles.h"
 #include "WorkbenchState.h"
 #include "modFileCommands.h"
 #include "modGrids.h"
@@ -38,6 +39,7 @@ ModelSession::ModelSession(std::string file, std::ostream& err) : FileName(std::
   TheModel = ModelState{};
   TheAnalysis = AnalysisState{};
   TheFiles = FileState{};
+  TheRecentFiles = RecentFiles{};
   TheEditing = EditingState{};
   TheWorkbench = WorkbenchState{};
   TheDisplay = DisplayState{};

@@ -23,20 +23,9 @@ void ClearResultGrid(Grid& grid) {
   grid.SetText(1, 0, "");
 }
 
-void ListNode(int node) {
-  jResGr.SetText(node, 0, std::to_string(node));
-  jResGr.SetText(node, 1, FormatNumber(NodeDisplacement(node, "x"), "#0.0#"));
-  jResGr.SetText(node, 2, FormatNumber(NodeDisplacement(node, "y"), "#0.0#"));
-  jResGr.SetText(node, 3, FormatNumber(Reactions.at(XFreedom(node)), "#.#"));
-  jResGr.SetText(node, 4, FormatNumber(Reactions.at(YFreedom(node)), "#.#"));
-}
-
-void ListMember(int member) {
-  mResGr.SetText(member, 0, std::to_string(member));
-  mResGr.SetText(member, 1, FormatNumber(MemberForce(member), "#0.0#"));
-  mResGr.SetText(member, 2, MemberState(member));
-  mResGr.SetText(member, 3, FormatNumber(MemberStress(member), "#0.0##"));
-  mResGr.SetText(member, 4, FormatNumber(StretchOrMessage(member), "#0.0##"));
+void ListResults(Grid& grid, int row, const std::array<std::string, 5>& texts) {
+  int column = 0;
+  for (const std::string& text : texts) grid.SetText(row, column++, text);
 }
 
 } // namespace
@@ -58,11 +47,25 @@ void ClearResultGrids() {
   for (Grid* grid : {&jResGr, &mResGr}) ClearGrid(*grid, GridCapacity);
 }
 
+std::array<std::string, 5> JointResultTexts(int node) {
+  return {std::to_string(node), FormatNumber(NodeDisplacement(node, "x"), "#0.0#"),
+          FormatNumber(NodeDisplacement(node, "y"), "#0.0#"), FormatNumber(Reactions.at(XFreedom(node)), "#.#"),
+          FormatNumber(Reactions.at(YFreedom(node)), "#.#")};
+}
+
+std::array<std::string, 5> MemberResultTexts(int member) {
+  return {std::to_string(member), FormatNumber(MemberForce(member), "#0.0#"), MemberState(member),
+          FormatNumber(MemberStress(member), "#0.0##"), FormatNumber(MemberStretch(member), "#0.0##")};
+}
+
 void resultGrids() {
   jResGr.SetRowCount(NodeCount + 1);
-  for (int node = 1; node <= NodeCount; ++node) ListNode(node);
+  for (int node = 1; node <= NodeCount; ++node) ListResults(jResGr, node, JointResultTexts(node));
   mResGr.SetRowCount(MemberCount + 1);
-  for (int member = 1; member <= MemberCount; ++member) ListMember(member);
+  for (int member = 1; member <= MemberCount; ++member) {
+    ListResults(mResGr, member, MemberResultTexts(member));
+    StretchOrMessage(member);
+  }
 }
 
 float StretchOrMessage(int m) {

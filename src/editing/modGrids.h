@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
 
 namespace strutwright {
 
@@ -32,6 +33,10 @@ void initGrids();
 
 /// Empties the results grids and gives each GridCapacity data rows.
 void ClearResultGrids();
+
+/// The texts of a row of the joint results and of one of the member results, its number first.
+std::array<std::string, 5> JointResultTexts(int node);
+std::array<std::string, 5> MemberResultTexts(int member);
 
 /// Fills the results grids from the results of the analysis: displacements in mm, reactions and forces in kN, stresses
 /// in N/mm2, elongations in mm.  A member that can't stretch is shown to the user as it is listed.

@@ -3,6 +3,7 @@
 #include "FileState.h"
 #include "ModelBuilder.h"
 #include "NativeFileSystem.h"
+#include "RecentFiles.h"
 #include "ScratchFolder.h"
 #include "modColumns.h"
 #include "modFileCommands.h"
@@ -30,6 +31,7 @@ class OpenModelTest : public EventsTest {
     ThePlatform().files = &disk;
     ResetModel();
     TheFiles = FileState{};
+    TheRecentFiles = RecentFiles{};
     CurrentFileName = "/before.stw";
   }
 

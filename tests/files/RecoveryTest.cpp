@@ -5,6 +5,7 @@
 #include "FileState.h"
 #include "ModelBuilder.h"
 #include "NativeFileSystem.h"
+#include "RecentFiles.h"
 #include "RunSeed.h"
 #include "ScratchFolder.h"
 #include "modExamples.h"
@@ -43,11 +44,15 @@ class RecoveryTest : public EventsTest {
     ThePlatform().dataFolder = folder.Path("data/strutwright");
     StartRun();
   }
-  ~RecoveryTest() override { TheFiles = FileState{}; }
+  ~RecoveryTest() override {
+    TheFiles = FileState{};
+    TheRecentFiles = RecentFiles{};
+  }
 
   /// Ends the run before, however it stood, and starts another one with an empty model.
   static void StartRun() {
     TheFiles = FileState{};
+    TheRecentFiles = RecentFiles{};
     TheAnalysis = AnalysisState{};
     ResetModel();
     SetModel({});

@@ -2,9 +2,10 @@
 
 #include "CommandFrame.h"
 #include "EventGuard.h"
-#include "FileState.h"
 #include "FormParts.h"
 #include "NumericKeyFilter.h"
+#include "RecentFiles.h"
+#include "WorkbenchState.h"
 #include "modOptions.h"
 
 #include <QFormLayout>
@@ -63,7 +64,7 @@ QWidget* frmOptions::BuildGeneral() {
 }
 
 QWidget* frmOptions::BuildFileHandling() {
-  txtMaxFiles = AddField("txtMaxFiles", "Most files that the File menu lists, 1 to 20", TheOptions.txtMaxFiles);
+  txtMaxFiles = AddField("txtMaxFiles", "Most files that the File menu lists, 1 to 20", TheRecentFiles.txtMaxFiles);
   auto* frame = new QGroupBox("File Handling");
   auto* row = new QHBoxLayout(frame);
   row->addWidget(Caption("No of &files in most recently used list", txtMaxFiles));
@@ -154,7 +155,7 @@ void frmOptions::Apply() {
   TheOptions.ySpaceTxt = ySpaceTxt->text().toStdString();
   TheOptions.snapRtxt = snapRtxt->text().toStdString();
   TheOptions.snapSNtxt = snapSNtxt->text().toStdString();
-  TheOptions.txtMaxFiles = txtMaxFiles->text().toStdString();
+  TheRecentFiles.txtMaxFiles = txtMaxFiles->text().toStdString();
   Frame.Run(ApplyOptions);
   xSpaceTxt->setText(QString::fromStdString(TheOptions.xSpaceTxt));
   ySpaceTxt->setText(QString::fromStdString(TheOptions.ySpaceTxt));

@@ -1,7 +1,7 @@
 #include "RecentFilesMenu.h"
 
 #include "CommandFrame.h"
-#include "FileState.h"
+#include "RecentFiles.h"
 #include "modFileCommands.h"
 
 #include <QTextDocument>
@@ -32,8 +32,8 @@ QAction* RecentFilesMenu::AddSeparator(const QString& name) {
 }
 
 void RecentFilesMenu::Refresh() {
-  mnuBar3->setVisible(TheFiles.Recent.mnuBar3);
-  mnuBar4->setVisible(TheFiles.Recent.mnuBar4);
+  mnuBar3->setVisible(TheRecentFiles.mnuBar3);
+  mnuBar4->setVisible(TheRecentFiles.mnuBar4);
   const auto count = static_cast<qsizetype>(mnuRUF.size());
   while (Entries.size() < count) AddEntry();
   while (Entries.size() > count) RemoveEntry();
