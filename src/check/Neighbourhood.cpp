@@ -20,8 +20,8 @@ constexpr double WorthItForNodes = 0.9;
 constexpr std::size_t FewPairs = 4000;
 /// Comparisons of rectangles with each other, and with nodes, that are enough to say that a model is a tangle, and what
 /// a visit counts beside them.
-constexpr long MostEffort = 6000000;
-constexpr long MostEffortForNodes = 6000000;
+constexpr long MaxEffort = 6000000;
+constexpr long MaxEffortForNodes = 6000000;
 constexpr long VisitEffort = 12;
 /// Where a cut lies between two middles of pieces: at equal distances it then passes beside the nodes.
 constexpr double BetweenMiddles = 0.37;
@@ -70,8 +70,8 @@ std::vector<double> MemberTolerances(const CheckedTruss& truss) {
 
 Neighbourhood::Neighbourhood(const CheckedTruss& truss, const std::vector<double>& tolerances,
                              NeighbourVisitor& visitor)
-    : Truss(truss), Tolerances(tolerances), Visitor(visitor), EndCounts(At(truss.nodeCount) + 1, 0), Left(MostEffort),
-      LeftForNodes(MostEffortForNodes) {}
+    : Truss(truss), Tolerances(tolerances), Visitor(visitor), EndCounts(At(truss.nodeCount) + 1, 0), Left(MaxEffort),
+      LeftForNodes(MaxEffortForNodes) {}
 
 bool Neighbourhood::VisitAll() {
   Pieces pieces = AllPieces();

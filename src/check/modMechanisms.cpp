@@ -161,7 +161,7 @@ std::string MotionSentence(const Motion& motion) {
 }
 
 StabilityReport JudgeStability(const CheckedTruss& truss) {
-  Motions motions = FindMotions(truss, MostMechanisms);
+  Motions motions = FindMotions(truss, MaxMechanisms);
   StabilityReport report{motions.mechanisms, motions.redundants, {}};
   Localise(motions.basis);
   for (Motion& motion : motions.basis) {

@@ -9,9 +9,9 @@
 namespace strutwright {
 
 /// Most mechanisms that are described one by one; the others are only counted.
-inline constexpr int MostMechanisms = 20;
+inline constexpr int MaxMechanisms = 20;
 /// Most cures that are named for each.
-inline constexpr int MostCures = 5;
+inline constexpr int MaxCures = 5;
 
 /// Judges a truss, and describes its mechanisms.
 StabilityReport JudgeStability(const CheckedTruss& truss);

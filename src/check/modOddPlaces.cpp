@@ -75,7 +75,7 @@ class OddNeighbours : public NeighbourVisitor {
     return std::min(std::abs(start.beside), std::abs(end.beside)) > tolerance && (start.beside < 0) != (end.beside < 0);
   }
 
-  /// Whether two members in line share more than a point, and this cell is the one to tell it.
+  /// Whether two members in line share more than a point, and this cell is the one to report it.
   bool OverlapIn(const Cell& cell, const CheckedMember& longer, const CheckedMember& shorter, const Position& start,
                  const Position& end, double tolerance) const {
     const double from = std::max(0.0, std::min(start.along, end.along));

@@ -233,7 +233,7 @@ std::optional<int> Parse(const std::vector<std::string>& arguments, Request& req
   }
 }
 
-/// Nothing ends the program but itself: what nobody caught is told in a line.
+/// Nothing ends the program but itself: what nobody caught is reported in a line.
 int CarryOut(const Request& request, std::istream& in, std::ostream& out, std::ostream& err) {
   try {
     return request.command(in, out, err);

@@ -17,8 +17,8 @@ namespace strutwright {
 namespace {
 
 constexpr std::size_t ColumnCount = 6;
-constexpr int LeastCapacity = 20;
-constexpr int MostMembers = 32767;
+constexpr int MinCapacity = 20;
+constexpr int MaxMembers = 32767;
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 
 struct Record {
@@ -182,7 +182,7 @@ StoredModel ModelOf(const Table& nodes, const Table& members) {
   CopyRows(members, model.members);
   model.nodeCount = static_cast<std::int16_t>(model.nodes.Count());
   model.memberCount = static_cast<std::int16_t>(model.members.Count());
-  model.capacity = static_cast<std::int16_t>(std::max({LeastCapacity, model.nodes.Count(), model.members.Count()}));
+  model.capacity = static_cast<std::int16_t>(std::max({MinCapacity, model.nodes.Count(), model.members.Count()}));
   return model;
 }
 
@@ -206,7 +206,7 @@ std::string ModelToCsv() { return TableToCsv(NodeTable, JointColumns) + TableToC
 
 StoredModel ModelFromCsv(const std::string& text) {
   Table nodes{JointColumns, "node", MaxAnalysedNodes};
-  Table members{MemberColumns, "member", MostMembers};
+  Table members{MemberColumns, "member", MaxMembers};
   Table* current = nullptr;
   CsvReader reader(text);
   int lastLine = 1;

@@ -57,11 +57,11 @@ bool ModelSession::Open(std::istream& in) {
   Disk.SetInput(FileName, in);
   std::string reason;
   if (openModel(FileName, &reason)) return true;
-  Tell(reason);
+  Report(reason);
   return false;
 }
 
-void ModelSession::Tell(const std::string& text) {
+void ModelSession::Report(const std::string& text) {
   Err << OnOneLine(ValidText(FileName)) << ": " << OnOneLine(ValidText(text)) << '\n';
 }
 
@@ -71,7 +71,7 @@ void ModelSession::ShowUncaught(const std::string& description) {
 
 void ModelSession::Show(const Message& message) {
   Messages.push_back(message);
-  Tell(message.text);
+  Report(message.text);
 }
 
 } // namespace strutwright

@@ -9,6 +9,7 @@
 #include "modModelStore.h"
 #include "modNumberText.h"
 
+#include <algorithm>
 #include <string>
 
 namespace strutwright {
@@ -41,6 +42,14 @@ void initGrids() {
   WriteHeadings(jResGr, JointResultColumns);
   ClearResultGrid(mResGr);
   WriteHeadings(mResGr, MemberResultColumns);
+}
+
+void MakeRoom(Grid& grid, std::size_t rows) {
+  constexpr std::size_t max = 1 + Grid::MaxDataRows;
+  if (rows <= static_cast<std::size_t>(grid.RowCount())) return;
+  const std::size_t spare = rows < max ? 1 : 0;                        // the very last row has none behind it
+  grid.SetRowCount(static_cast<int>(std::min(rows, max + 1) + spare)); // one too many is refused as all would be
+  NumberRows(grid);
 }
 
 void ClearResultGrids() {

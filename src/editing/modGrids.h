@@ -4,6 +4,7 @@
 #include "modColumns.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -30,6 +31,10 @@ inline constexpr std::array<GridColumn, 5> MemberResultColumns{{
 /// Clears all four grids and lays them out: headings, GridCapacity numbered rows in the data grids, one empty row in
 /// the results grids.
 void initGrids();
+
+/// Gives a data grid which has fewer rows than these, its header row counted, so many and a spare one, all numbered.
+/// Throws std::length_error where no grid has so many, and then nothing has changed.
+void MakeRoom(Grid& grid, std::size_t rows);
 
 /// Empties the results grids and gives each GridCapacity data rows.
 void ClearResultGrids();

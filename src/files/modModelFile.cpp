@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::size_t CountsSize = 3 * sizeof(std::int16_t);
 constexpr std::size_t ValueSize = sizeof(float);
-constexpr std::size_t MostRecords = 32768; // of a table, the one that is not used included
+constexpr std::size_t MaxRecords = 32768; // of a table, the one that is not used included
 
 void AppendLittleEndian(std::string& bytes, std::unsigned_integral auto value) {
   for (std::size_t i = 0; i < sizeof(value); ++i) {
@@ -115,8 +115,8 @@ void SaveModelFile(const std::string& path) { SaveBytes(path, WriteModel()); }
 
 StoredModel LoadModelFile(const std::string& path) {
   // The largest model that can be opened; nobody's video is read to its end.
-  constexpr std::size_t MostBytes = CountsSize + ValueSize * MostRecords * (6 + 10);
-  return ReadModel(Files().Read(path, 0, MostBytes));
+  constexpr std::size_t MaxBytes = CountsSize + ValueSize * MaxRecords * (6 + 10);
+  return ReadModel(Files().Read(path, 0, MaxBytes));
 }
 
 } // namespace strutwright

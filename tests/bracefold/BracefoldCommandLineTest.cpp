@@ -93,7 +93,7 @@ TEST(BracefoldManualTest, DescribesEveryFamily) {
     EXPECT_THAT(manual, HasSubstr("\n.It Cm " + std::string(each.name) + "\n"));
     EXPECT_EQ(each.mostSteepness, each.upright ? 20 : 2); // as the manual says
   }
-  EXPECT_EQ(LeastSteepness, 0.01F);
+  EXPECT_EQ(MinSteepness, 0.01F);
 }
 
 TEST_F(BracefoldCommandLineTest, ListsTheFamilies) {

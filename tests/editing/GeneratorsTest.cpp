@@ -62,10 +62,10 @@ TEST_F(AddNodeTest, LeavesAllElseToItsCaller) {
 }
 
 TEST_F(AddNodeTest, RefusesMoreNodesThanAGridHasRows) {
-  GrJoints.SetRowCount(1 + Grid::MostDataRows);
-  NodeCount = Grid::MostDataRows;
+  GrJoints.SetRowCount(1 + Grid::MaxDataRows);
+  NodeCount = Grid::MaxDataRows;
   EXPECT_THROW(addNode(1, 2), std::length_error);
-  EXPECT_EQ(NodeCount, Grid::MostDataRows);
+  EXPECT_EQ(NodeCount, Grid::MaxDataRows);
 }
 
 using AddMemberTest = GridFixture;

@@ -208,15 +208,15 @@ TEST_F(PasteTest, LeavesCurrentResultsAndTheTablesAlone) {
 }
 
 TEST_F(PasteTest, FillsAGridToItsLastRow) {
-  Paste(GrJoints, Repeated("1\n", Grid::MostDataRows));
-  EXPECT_EQ(GrJoints.RowCount(), 1 + Grid::MostDataRows);
-  EXPECT_EQ(GrJoints.Text(Grid::MostDataRows, 1), "1");
-  EXPECT_EQ(NodeCount, Grid::MostDataRows);
+  Paste(GrJoints, Repeated("1\n", Grid::MaxDataRows));
+  EXPECT_EQ(GrJoints.RowCount(), 1 + Grid::MaxDataRows);
+  EXPECT_EQ(GrJoints.Text(Grid::MaxDataRows, 1), "1");
+  EXPECT_EQ(NodeCount, Grid::MaxDataRows);
 }
 
 TEST_F(PasteTest, ChangesNothingWhereThereAreMoreRowsThanAGridHas) {
   const auto before = AllTexts(GrJoints);
-  for (const int lines : {Grid::MostDataRows, 70000}) {
+  for (const int lines : {Grid::MaxDataRows, 70000}) {
     GrJoints.SetCurrentCell(2, 1);
     EXPECT_THROW(Paste(GrJoints, Repeated("1\n", lines)), std::length_error);
   }

@@ -23,7 +23,7 @@ Grid LabelledGrid() {
   return grid;
 }
 
-/// Keeps what a grid tells, from its making on.
+/// Keeps what a grid reports, from its making on.
 struct ChangeLog {
   explicit ChangeLog(Grid& grid) {
     grid.SetChangeNotice([this](const GridChange& change) { changes.push_back(change); });

@@ -167,7 +167,7 @@ void frmMain::MDIForm_Load() {
   SetViewWindow(*DisplaySurface, -1.0F, 10.0F, 0.0F, 3.0F);
   ShowStatusTexts();
   Redraw(false);
-  RecoveryKeeper::TellWhatWasLeft();
+  RecoveryKeeper::ShowWhatWasLeft();
 }
 
 void frmMain::runAnalysis() {
