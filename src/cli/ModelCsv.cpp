@@ -114,7 +114,17 @@ void CheckRowNumber(const Record& record, const Table& table) {
                                   table.rowName + " " + std::to_string(expected) + " is expected");
 }
 
+/// Spreadsheets write other separators where the comma stands in numbers.
+void CheckSeparator(const Record& record) {
+  const std::string& text = record.fields.front();
+  const std::size_t separator = text.find_first_of(";\t|");
+  if (record.fields.size() >= ColumnCount || separator == std::string::npos) return;
+  throw CsvError(record.line, "commas are expected between the values, not " +
+                                  (text[separator] == '\t' ? "tabs" : Quoted(text.substr(separator, 1))));
+}
+
 void ReadRow(const Record& record, Table& table) {
+  CheckSeparator(record);
   if (record.fields.size() < ColumnCount) {
     throw CsvError(record.line, "the line has " + std::to_string(record.fields.size()) + " values instead of 6");
   }
@@ -151,7 +161,9 @@ void CheckHeadings(const Record& record, const Table& table) {
 
 /// Begins a table where the record is its headings.
 bool BeginTable(const Record& record, Table& table) {
-  if (TrimBlanks(record.fields[0]) != table.columns[0].heading) return false;
+  const std::string_view first = TrimBlanks(record.fields[0]);
+  if (first.starts_with(table.columns[0].heading)) CheckSeparator(record);
+  if (first != table.columns[0].heading) return false;
   CheckHeadings(record, table);
   if (table.begun) throw CsvError(record.line, "the table " + Quoted(table.columns[0].heading) + " begins again");
   table.begun = true;

@@ -56,9 +56,15 @@ bool ModelSession::Ask(const Message& question) {
 bool ModelSession::Open(std::istream& in) {
   Disk.SetInput(FileName, in);
   std::string reason;
-  if (openModel(FileName, &reason)) return true;
-  Report(reason);
-  return false;
+  Opening = true;
+  const bool opened = openModel(FileName, &reason);
+  Opening = false;
+  if (opened) {
+    for (const Message& message : Messages) Report(message.text);
+  } else {
+    Report(reason); // which says more than the box does
+  }
+  return opened;
 }
 
 void ModelSession::Report(const std::string& text) {
@@ -71,7 +77,7 @@ void ModelSession::ShowUncaught(const std::string& description) {
 
 void ModelSession::Show(const Message& message) {
   Messages.push_back(message);
-  Report(message.text);
+  if (!Opening) Report(message.text);
 }
 
 } // namespace strutwright

@@ -21,7 +21,7 @@ class ModelSession : private MessageBoxes {
   ModelSession& operator=(const ModelSession&) = delete;
 
   /// Opens the file as the window does, or as the model that it makes where it is a csv; "-" is `in`.
-  /// A failure has been reported; returns whether there is a model.
+  /// Returns whether there is a model; where there is none, the reason has been reported.
   bool Open(std::istream& in);
 
   /// Writes a line about the file to `err` that no box would show.
@@ -44,6 +44,7 @@ class ModelSession : private MessageBoxes {
   InputFileSystem Disk;
   QtPaper Pages;
   std::vector<Message> Messages;
+  bool Opening = false; ///< what is shown is reported when it is known what came of it
 };
 
 } // namespace strutwright

@@ -173,13 +173,13 @@ TEST_F(BracefoldCommandLineTest, RefusesWrongUsage) {
   }
 }
 
-TEST_F(BracefoldCommandLineTest, TellsWhenTheFileCannotBeWritten) {
+TEST_F(BracefoldCommandLineTest, ReportsWhenTheFileCannotBeWritten) {
   const std::string path = folder.Path("missing/truss.stw");
   EXPECT_EQ(Run({"--family", "k", "--out", path}), 2);
   EXPECT_EQ(err, "bracefold: " + path + ": No such file or directory\n");
 }
 
-TEST_F(BracefoldCommandLineTest, TellsWhenItsOutputIsLost) {
+TEST_F(BracefoldCommandLineTest, ReportsWhenItsOutputIsLost) {
   std::ofstream full("/dev/full");
   std::ostringstream errStream;
   EXPECT_EQ(RunBracefold({"--list"}, nullptr, full, errStream), 2);

@@ -332,7 +332,7 @@ TEST_F(AccuracyTest, BalancesTheTriangle) {
   EXPECT_NEAR(balance.storedEnergy, balance.work, 1e-5);
 }
 
-TEST_F(AccuracyTest, TellsWhereTheBalanceIsBroken) {
+TEST_F(AccuracyTest, ReportsWhereTheBalanceIsBroken) {
   ASSERT_TRUE(Analyse(Triangle()));
   MemberTable(1, MemberFieldForce) += 2;
   EXPECT_NEAR(Balance().nodeResidual, 2, 1e-5);

@@ -167,7 +167,7 @@ INSTANTIATE_TEST_SUITE_P(NotNumeric, NodeLineEndsTest,
                                          NodeLineTexts{"5", "0", "0", "8", "1,5"},
                                          NodeLineTexts{"5", "x", "x", "x", "x"}));
 
-TEST_F(NodeLineTest, TellsOfItsCountAndThenOfItsEnds) {
+TEST_F(NodeLineTest, ReportsItsCountAndThenOfItsEnds) {
   GenerateNodeLine({"x", "0", "0", "8", ""});
   ExpectBoxes({CountBox, CoordinatesBox});
   EXPECT_EQ(NodeCount, 0);

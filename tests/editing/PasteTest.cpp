@@ -89,13 +89,13 @@ TEST_F(PasteTest, PastesNothingThatWasCopiedFromAGrid) {
   EXPECT_EQ(AllTexts(GrMembers), before);
 }
 
-TEST_F(PasteTest, TellsOfACellThatIsNotNumericAndPastesZero) {
+TEST_F(PasteTest, ReportsACellThatIsNotNumericAndPastesZero) {
   Paste(GrJoints, "1.5\tabc\r\n");
   ExpectBoxes({NonNumericBox("abc", 2, 3)});
   EXPECT_THAT(RowTexts(GrJoints, 1), ElementsAre("1", "1.5", "0", "", "", ""));
 }
 
-TEST_F(PasteTest, TellsOfTheOthersInOneBoxWithPositionsOneGreaterInBoth) {
+TEST_F(PasteTest, ReportsTheOthersInOneBoxWithPositionsOneGreaterInBoth) {
   GrJoints.SetCurrentCell(4, 2);
   Paste(GrJoints, "x\t2\r\n3\t 1,5 \r\n4\t1e39\r\n");
   ExpectBoxes({NonNumericBox("x", 5, 2), MoreBox("2 more non-numeric entries found.\nEntries (6,3) and (7,3)")});
@@ -104,7 +104,7 @@ TEST_F(PasteTest, TellsOfTheOthersInOneBoxWithPositionsOneGreaterInBoth) {
   EXPECT_THAT(RowTexts(GrJoints, 6), ElementsAre("6", "4", "0", "", "", ""));
 }
 
-TEST_F(PasteTest, TellsOfOneMoreInTheSingular) {
+TEST_F(PasteTest, ReportsOneMoreInTheSingular) {
   Paste(GrJoints, "x\t2\r\n3\ty\r\n");
   ExpectBoxes({NonNumericBox("x", 2, 2), MoreBox("1 more non-numeric entry found.\nEntry (3,3)")});
 }

@@ -87,7 +87,7 @@ TEST_F(OpenModelTest, ReadsOnlyTheModelOfALargerFile) {
   EXPECT_EQ(MemberCount, 3);
 }
 
-TEST_F(OpenModelTest, TellsHowMuchOfAShortFileWasThere) {
+TEST_F(OpenModelTest, ReportsHowMuchOfAShortFileWasThere) {
   SavedTriangle();
   PutFile(path, FileBytes(path).substr(0, 6 + 4 * 10 + 3));
   ASSERT_TRUE(openModel(path));

@@ -238,7 +238,7 @@ TEST_F(AddRecentFileTest, LeavesTheFirstEntryWhereItIs) {
   EXPECT_EQ(noRUF, 3);
 }
 
-TEST_F(AddRecentFileTest, TellsPathsApartByCase) {
+TEST_F(AddRecentFileTest, DistinguishesPathsByCase) {
   addRecentFile("A");
   EXPECT_THAT(Shown(), ElementsAre("A", "c", "b"));
 }
