@@ -1,4 +1,5 @@
-#include "modCheckAnswer.h"
+#include "modCheckText.h"
+
 #include "modMechanisms.h"
 
 #include <array>

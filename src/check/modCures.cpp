@@ -1,3 +1,5 @@
+#include "modCures.h"
+
 #include "modMechanisms.h"
 
 #include <algorithm>

@@ -1,5 +1,7 @@
 #include "modMechanisms.h"
 
+#include "modCures.h"
+
 #include "Motions.h"
 
 #include <algorithm>

@@ -1,5 +1,6 @@
+#include "modOddPlaces.h"
+
 #include "Neighbourhood.h"
-#include "modFindings.h"
 #include "modMembersOnTop.h"
 #include "modModelStore.h"
 

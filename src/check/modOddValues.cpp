@@ -1,10 +1,11 @@
-#include "modFindings.h"
+#include "modOddValues.h"
 
 #include "modEntryGaps.h"
 #include "modMechanisms.h"
 #include "modMember.h"
 #include "modModelStore.h"
 #include "modNumberText.h"
+#include "modOddPlaces.h"
 
 #include <algorithm>
 #include <array>
@@ -243,15 +244,6 @@ void FindOddValues(const CheckedTruss& truss, FindingList& findings) {
   JudgeModuli(standIns, findings);
   JudgeAreas(standIns, findings);
   JudgeLengths(truss, findings);
-}
-
-std::vector<Finding> FindOddities(const CheckedTruss& truss) {
-  FindingList findings;
-  FindRowGaps(findings);
-  FindCoincidentNodes(truss, findings);
-  FindOddPlaces(truss, findings);
-  FindOddValues(truss, findings);
-  return findings.Take();
 }
 
 } // namespace strutwright

@@ -1,5 +1,6 @@
+#include "modSamePlaces.h"
+
 #include "Neighbourhood.h"
-#include "modFindings.h"
 
 #include <algorithm>
 #include <cmath>

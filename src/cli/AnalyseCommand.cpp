@@ -8,6 +8,7 @@
 #include "Picture.h"
 #include "modAnalysis.h"
 #include "modCheckAnswer.h"
+#include "modCheckText.h"
 #include "modGrids.h"
 #include "modMember.h"
 #include "modModelStore.h"

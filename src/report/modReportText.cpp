@@ -1,7 +1,7 @@
 #include "modReportText.h"
 
 #include "AnalysisState.h"
-#include "modCheckAnswer.h"
+#include "modCheckText.h"
 #include "modColumns.h"
 #include "modGrids.h"
 #include "modHtml.h"

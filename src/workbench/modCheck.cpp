@@ -3,6 +3,7 @@
 #include "ModelEvents.h"
 #include "Platform.h"
 #include "WorkbenchState.h"
+#include "modCheckText.h"
 #include "modGenerators.h"
 #include "modModelStore.h"
 #include "modNumberText.h"

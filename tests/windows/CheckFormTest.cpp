@@ -5,6 +5,7 @@
 #include "ModelBuilder.h"
 #include "WorkbenchState.h"
 #include "frmCheck.h"
+#include "modCheckText.h"
 #include "modCheck.h"
 #include "modMechanismDrawing.h"
 #include "modModelStore.h"

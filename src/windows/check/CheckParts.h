@@ -1,7 +1,7 @@
 #pragma once
 
-#include "modCheckAnswer.h"
 #include "modCheckLists.h"
+#include "modCheckText.h"
 
 #include <vector>
 
