@@ -13,7 +13,7 @@ namespace strutwright {
 
 namespace {
 
-/// Updates of entries after which the host is asked again whether to go on: a few microseconds of work.
+/// Updates of entries after which `work` is asked again whether to go on: a few microseconds of work.
 constexpr double UpdatesBetweenReports = 4000;
 
 /// Updates for each freedom above which tiles are faster; bench_analysis compares.

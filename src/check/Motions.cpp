@@ -91,7 +91,7 @@ Kinematics KinematicsOf(const CheckedTruss& truss, const std::vector<Direction>&
   return kinematics;
 }
 
-/// The vector with which inverse iteration begins: it is at right angles to nothing in particular.
+/// The vector with which inverse iteration begins: unlikely to be at right angles to any motion.
 Eigen::VectorXd AnyVector(Eigen::Index size) {
   Eigen::VectorXd v(size);
   for (Eigen::Index d = 0; d < size; ++d) v(d) = std::sin(1.0 + static_cast<double>(d * d % 1009));

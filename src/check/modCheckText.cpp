@@ -10,7 +10,7 @@ namespace strutwright {
 
 namespace {
 
-/// Three significant digits, which is all that an error deserves, and the unit.
+/// Three significant digits, enough for an error, and the unit.
 std::string Short(double value, const std::string& unit = "") {
   if (!std::isfinite(value)) return "no number";
   std::array<char, 32> text{};

@@ -26,7 +26,7 @@ class FindingList {
     if (++CountOf(kind) <= MaxFindingsOfAKind) Kept.push_back(make());
   }
 
-  /// Counts findings that nobody made.
+  /// Counts findings without making them.
   void Count(FindingKind kind, std::size_t count) { CountOf(kind) += count; }
 
   /// Says that there may be more of a kind than were found.  A note follows the findings of the kind.

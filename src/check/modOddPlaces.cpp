@@ -36,7 +36,7 @@ Place PointOf(const CheckedTruss& truss, const CheckedMember& member, double sha
   return {start[0] + share * (end[0] - start[0]), start[1] + share * (end[1] - start[1])};
 }
 
-/// Looks closer at what is near each other, and keeps what is odd.
+/// Examines what lies close together, and keeps what is odd.
 class OddNeighbours : public NeighbourVisitor {
  public:
   OddNeighbours(const CheckedTruss& truss, const std::vector<double>& tolerances)

@@ -244,7 +244,7 @@ std::optional<int> Parse(const std::vector<std::string>& arguments, Request& req
   }
 }
 
-/// Nothing ends the program but itself: what nobody caught is reported in a line.
+/// What nobody caught is reported in a line and ends the program in order.
 int CarryOut(const Request& request, std::istream& in, std::ostream& out, std::ostream& err) {
   try {
     return request.command(in, out, err);

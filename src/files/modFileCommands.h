@@ -24,7 +24,7 @@ void saveModel(bool asSave);
 /// Returns whether a model was opened; `reason`, where given, takes the description of a failure.
 bool openModel(const std::string& fileName, std::string* reason = nullptr);
 
-/// The same for a file that is the program's own business: it takes no place among the recent files.
+/// The same for a file of the program itself, which takes no place among the recent files.
 /// fileName: not empty.
 bool OpenUnlisted(const std::string& fileName);
 

@@ -114,7 +114,7 @@ void TakeModel(StoredModel model) {
 void SaveModelFile(const std::string& path) { SaveBytes(path, WriteModel()); }
 
 StoredModel LoadModelFile(const std::string& path) {
-  // The largest model that can be opened; nobody's video is read to its end.
+  // The largest model that can be opened; of a larger file, such as a video, the rest is not read.
   constexpr std::size_t MaxBytes = CountsSize + ValueSize * MaxRecords * (6 + 10);
   return ReadModel(Files().Read(path, 0, MaxBytes));
 }

@@ -5,7 +5,7 @@
 namespace strutwright {
 
 // Whether the model has been changed since it was saved.  Models are compared as the bytes of WriteModel, without
-// GridCapacity, which is room for a model and nothing that anybody has entered.
+// GridCapacity, which is room for a model and was not entered.
 
 /// Remembers what a file holds.
 void NoteFile(const std::string& path, const std::string& model);

@@ -28,7 +28,7 @@ std::string HtmlTable(const std::vector<HtmlColumn>& columns, const std::vector<
 std::string HtmlHeading(int level, const std::string& text);
 std::string HtmlParagraph(const std::string& text);
 
-/// A list of lines; a line that is set in by two blanks more than the one before belongs below it.
+/// A list of lines; a line indented by two blanks more than the one before belongs below it.
 std::string HtmlList(const std::vector<std::string>& lines);
 
 /// A PNG picture that lies in the document.

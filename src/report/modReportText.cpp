@@ -140,7 +140,7 @@ std::string MemberResultsHtml() {
                    rows);
 }
 
-/// Results that can't be trusted don't stand there without a word.
+/// Results that can't be trusted come with the verdict above them.
 std::string ResultsSection(const ReportParts& parts) {
   const std::string warning = parts.check.level == CheckLevel::Good ? "" : HtmlParagraph(Verdict(parts));
   return HtmlHeading(2, "Results") + warning + HtmlHeading(3, "Displacements and reactions") + NodeResultsHtml() +

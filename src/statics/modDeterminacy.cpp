@@ -39,7 +39,7 @@ void MakeUnit(std::vector<double>& v, const std::vector<std::vector<double>>& ot
   for (double& part : v) part /= length;
 }
 
-/// A vector that is at right angles to nothing in particular.
+/// A vector that is unlikely to be at right angles to any motion.
 std::vector<double> AnyDirection(int size) {
   std::vector<double> v(static_cast<std::size_t>(size));
   for (std::size_t k = 0; k < v.size(); ++k) v[k] = std::sin(1.0 + static_cast<double>(k * k % 1009));
