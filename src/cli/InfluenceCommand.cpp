@@ -2,6 +2,7 @@
 #include "Commands.h"
 #include "FileSystem.h"
 #include "ModelSession.h"
+#include "modInfluenceSheet.h"
 #include "modPath.h"
 
 #include <charconv>
@@ -29,8 +30,6 @@ std::optional<int> NumberIn(const std::string& text) {
   if (result.ec != std::errc() || result.ptr != text.data() + text.size()) return std::nullopt;
   return number;
 }
-
-std::string HeadingName(Heading heading) { return heading == Heading::Right ? "right" : "left"; }
 
 void PrintCsv(const Answer& answer, std::ostream& out) {
   const InfluenceLine& line = answer.line;
@@ -121,37 +120,11 @@ void Print(const InfluenceRequest& request, const Answer& answer, std::ostream& 
   }
 }
 
-std::string ExtremeCaption(const std::string& name, const TrainPosition& extreme, const std::string& unit) {
-  return name + " " + ReadableText(extreme.value) + " " + unit +
-         ": first axle at x = " + ReadableText(extreme.position) + " m, going " + HeadingName(extreme.heading);
-}
-
-/// The train where it causes the larger of its extremes.
-std::vector<PathLoad> DecisiveLoads(const Train& train, const TrainEnvelope& envelope) {
-  const bool up = envelope.maximum.value >= -envelope.minimum.value;
-  const TrainPosition& extreme = up ? envelope.maximum : envelope.minimum;
-  const double behind = extreme.heading == Heading::Right ? -1 : 1;
-  std::vector<PathLoad> loads;
-  for (const Axle& axle : train) loads.push_back({extreme.position + behind * axle.distance, axle.force});
-  return loads;
-}
-
-InfluenceShape ShapeOf(const InfluenceRequest& request, const Answer& answer) {
-  const std::string unit = QuantityUnit(request.quantity);
-  InfluenceShape shape{answer.line.nodes, answer.line.values, 0, 0, {}, {}};
-  (request.quantity.kind == QuantityKind::MemberForce ? shape.member : shape.node) = request.quantity.number;
-  shape.captions.push_back(QuantityName(request.quantity) + " in " + unit + " for 1 kN downward");
-  if (!answer.envelope) return shape;
-  shape.captions.push_back(ExtremeCaption("Minimum", answer.envelope->minimum, unit));
-  shape.captions.push_back(ExtremeCaption("Maximum", answer.envelope->maximum, unit));
-  shape.loads = DecisiveLoads(answer.train, *answer.envelope);
-  return shape;
-}
-
 int Depict(ModelSession& session, const InfluenceRequest& request, const Answer& answer) {
   if (request.picture.file.empty()) return ExitOk;
   try {
-    MakeInfluencePicture(request.picture, ShapeOf(request, answer));
+    MakeInfluencePicture(request.picture,
+                         ShapeOfInfluence(request.quantity, answer.line, answer.train, answer.envelope));
   } catch (const FileError& error) {
     session.Report("Error while saving file " + request.picture.file + "\n" + error.what());
     return ExitUsage;

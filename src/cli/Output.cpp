@@ -1,10 +1,6 @@
 #include "Output.h"
 
-#include "Ensure.h"
-
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
 #include <cstddef>
 #include <ostream>
@@ -58,14 +54,6 @@ std::string ValidText(const std::string& text) {
 Json JsonNumber(float value) {
   if (!std::isfinite(value)) return nullptr;
   return value == 0 ? 0.0F : value;
-}
-
-std::string PreciseText(double value, int digits) {
-  std::array<char, 32> text{};
-  const auto [end, error] = std::to_chars(text.data(), text.data() + text.size(), value == 0 ? 0.0 : value,
-                                          std::chars_format::general, digits);
-  Ensure(error == std::errc() && std::isfinite(value), "a number is finite and fits its text");
-  return {text.data(), end};
 }
 
 void PrintJsonLine(const Json& value, std::ostream& out) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Grid.h"
+#include "PreciseText.h"
 
 #include <cstdint>
 #include <iosfwd>
@@ -28,10 +29,6 @@ using Json =
 
 /// A number: zero without a sign, null where it is not finite.
 Json JsonNumber(float value);
-
-/// Up to so many significant digits of a finite number.  Of a number computed in double precision twelve
-/// are right, and those behind would be rounding.
-std::string PreciseText(double value, int digits = 12);
 
 /// A list of what `value` makes of each item.
 template <typename Items, typename Value>

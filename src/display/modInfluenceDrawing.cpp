@@ -26,6 +26,7 @@ constexpr double LabelOff = 4; // from the line to its label
 constexpr double LongestArrow = 46;
 constexpr double ShortestArrow = 18;
 constexpr double ArrowHead = 6;
+constexpr double MarkRadius = 4;
 constexpr double LoadWidth = 42;         // that the number of a load takes
 constexpr double MinForNodeNumbers = 24; // of a usual member
 constexpr double MinForMemberNumbers = 60;
@@ -89,6 +90,7 @@ class InfluencePicture {
     LabelExtremes();
     DrawQuantity();
     DrawLoads();
+    DrawMark();
     PrintCaptions();
   }
 
@@ -142,6 +144,17 @@ class InfluencePicture {
   void DrawQuantity() {
     if (Shape.member > 0) DrawMember(Surface, Shape.member, Orange);
     if (Shape.node > 0) HighlightNode(Surface, Shape.node, Orange);
+  }
+
+  void DrawMark() {
+    if (!Shape.mark) return;
+    const double x = Shape.mark->x;
+    const double y = Base + Scale * Shape.mark->value;
+    Thin(x, std::max(Base, y), x, PathY(x), Grey, LineStyle::Dashed);
+    Thin(x, Base, x, y, Red, LineStyle::Solid);
+    Surface.SetPenWidth(2);
+    Surface.DrawCircle(x, -y, MarkRadius * Pixel);
+    Print(x + 2 * MarkRadius * Pixel, y + TextLine / 2 * Pixel, LabelText(Shape.mark->value), Red);
   }
 
   bool IsOverPath(double x) const {

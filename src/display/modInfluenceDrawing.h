@@ -2,6 +2,7 @@
 
 #include "DrawingSurface.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -13,6 +14,12 @@ struct PathLoad {
   double force = 0; ///< kN
 };
 
+/// A place on the line.
+struct LineMark {
+  double x = 0; ///< m
+  double value = 0;
+};
+
 /// What is drawn of an influence line.
 struct InfluenceShape {
   std::vector<int> nodes;            ///< the path; nodes of the model in the tables
@@ -21,6 +28,7 @@ struct InfluenceShape {
   int node = 0;                      ///< or a node; 0 where it is not
   std::vector<PathLoad> loads;       ///< those that are not over the path are not drawn
   std::vector<std::string> captions; ///< lines of text below
+  std::optional<LineMark> mark{};    ///< a place that a dot shows, with its ordinate and its value
 };
 
 /// Where the view has to be so that the truss fills the surface with the line and its captions below.

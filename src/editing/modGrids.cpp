@@ -24,9 +24,23 @@ void ClearResultGrid(Grid& grid) {
   grid.SetText(1, 0, "");
 }
 
-void ListResults(Grid& grid, int row, const std::array<std::string, 5>& texts) {
+void ListTexts(Grid& grid, int row, const std::array<std::string, 5>& texts) {
   int column = 0;
-  for (const std::string& text : texts) grid.SetText(row, column++, text);
+  for (const std::string& text : texts) {
+    if (grid.Text(row, column) != text) grid.SetText(row, column, text); // a view paints what was reported
+    ++column;
+  }
+}
+
+/// whenListed: is called with each member that has been listed.
+void ListResults(void (*whenListed)(int m)) {
+  if (jResGr.RowCount() != NodeCount + 1) jResGr.SetRowCount(NodeCount + 1);
+  for (int node = 1; node <= NodeCount; ++node) ListTexts(jResGr, node, JointResultTexts(node));
+  if (mResGr.RowCount() != MemberCount + 1) mResGr.SetRowCount(MemberCount + 1);
+  for (int member = 1; member <= MemberCount; ++member) {
+    ListTexts(mResGr, member, MemberResultTexts(member));
+    whenListed(member);
+  }
 }
 
 } // namespace
@@ -68,13 +82,11 @@ std::array<std::string, 5> MemberResultTexts(int member) {
 }
 
 void resultGrids() {
-  jResGr.SetRowCount(NodeCount + 1);
-  for (int node = 1; node <= NodeCount; ++node) ListResults(jResGr, node, JointResultTexts(node));
-  mResGr.SetRowCount(MemberCount + 1);
-  for (int member = 1; member <= MemberCount; ++member) {
-    ListResults(mResGr, member, MemberResultTexts(member));
-    StretchOrMessage(member);
-  }
+  ListResults([](int m) { StretchOrMessage(m); });
+}
+
+void ListResultsQuietly() {
+  ListResults([](int /*m*/) {});
 }
 
 float StretchOrMessage(int m) {

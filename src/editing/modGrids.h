@@ -47,6 +47,9 @@ std::array<std::string, 5> MemberResultTexts(int member);
 /// in N/mm2, elongations in mm.  A member that can't stretch is shown to the user as it is listed.
 void resultGrids();
 
+/// The same without a word on what can't stretch; only cells with another text are written.
+void ListResultsQuietly();
+
 /// Elongation of member m in mm; 0, with a message, where it can't stretch.
 float StretchOrMessage(int m);
 

@@ -43,6 +43,14 @@ void ViewStiffness::Clear(FreedomFlags restrained) {
   Clearings.push_back({Added.size(), std::move(restrained)});
 }
 
+std::vector<int> ViewStiffness::MembersBeforeClearings() const {
+  std::vector<int> members;
+  for (const Clearing& each : Clearings) {
+    members.push_back(each.sharesBefore == 0 ? 0 : Added[each.sharesBefore - 1].member);
+  }
+  return members;
+}
+
 ViewStiffness::Origin ViewStiffness::OriginOf(int row, int column) const {
   Origin origin;
   for (const Clearing& each : Clearings) {

@@ -45,6 +45,9 @@ class ViewStiffness {
   const StiffnessMatrix& Values() const { return K; }
   const std::vector<MemberShare>& Shares() const { return Added; }
 
+  /// For each clearing the last member whose share was added before it; 0 where none was.
+  std::vector<int> MembersBeforeClearings() const;
+
   /// Where the value of an entry begins.
   struct Origin {
     std::size_t firstShare = 0; ///< shares from here on count

@@ -12,6 +12,7 @@
 #include "modModelStore.h"
 #include "modSolver.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -137,24 +138,78 @@ SolveOutcome Solve(const StiffnessMatrix& K, std::vector<float>& D, const std::v
   return SolveEquations(K, D, P, work);
 }
 
-/// The displacements in mm; nothing when the equations can't be solved, which is shown.
-FreedomValues SolvePage(const EquationPage& page) {
-  const int n = page.viewDofCount;
-  if (n == 0) {
-    ShowMessage(MessageIcon::Critical, AnalysisFailureText(EmptyModelCheck));
-    return nullptr;
-  }
+/// The displacements in mm; nothing when the equations can't be solved.
+FreedomValues Solution(const EquationPage& page) {
   std::vector<float> P = Loads(page);
   LeaveRestrainedLoadsOut(page, P);
   std::vector<float> D(EntryCount(page), 0.0F);
-  const StiffnessMatrix zeros(n);
-  if (Solve(page.viewStiffness ? page.viewStiffness->Values() : zeros, D, P) == SolveOutcome::Solved)
-    return std::make_shared<const std::vector<float>>(std::move(D));
+  const StiffnessMatrix zeros(page.viewDofCount);
+  if (Solve(page.viewStiffness ? page.viewStiffness->Values() : zeros, D, P) != SolveOutcome::Solved) return nullptr;
+  return std::make_shared<const std::vector<float>>(std::move(D));
+}
+
+/// The same, and what keeps them from being solved is shown.
+FreedomValues SolvePage(const EquationPage& page) {
+  if (page.viewDofCount == 0) {
+    ShowMessage(MessageIcon::Critical, AnalysisFailureText(EmptyModelCheck));
+    return nullptr;
+  }
+  if (FreedomValues solution = Solution(page)) return solution;
   ShowMessage(MessageIcon::Critical, AnalysisFailureText(UnstableCheck));
   return nullptr;
 }
 
+/// The share of a member as the model is now; nothing when it names no two nodes.
+std::optional<MemberShare> ShareNow(int m, EquationPage& page) {
+  if (MemberStiffness(page.memberStiffness, m).empty()) page.matrixOf = m;
+  const std::optional<MemberFreedoms> freedoms = FreedomsOf(m);
+  if (!freedoms) return std::nullopt;
+  return MemberShare{m, page.matrixOf, *freedoms, page.memberStiffness, {}};
+}
+
+/// Adds the members up to the page's last one again, and restrains between them what was restrained.
+void RemakeMatrix(EquationPage& page) {
+  const std::vector<int> cleared = page.viewStiffness->MembersBeforeClearings();
+  page.viewStiffness = std::make_shared<ViewStiffness>(page.viewDofCount);
+  page.memberStiffness = {};
+  page.matrixOf = 0;
+  const int last = page.memberIndex == 0 && page.allAdded ? MemberCount : std::min<int>(page.memberIndex, MemberCount);
+  auto next = cleared.begin();
+  for (int m = 0; m <= last; ++m) {
+    const std::optional<MemberShare> share = m == 0 ? std::nullopt : ShareNow(m, page);
+    if (share) page.viewStiffness->Add(*share);
+    for (; next != cleared.end() && (*next <= m || m == last); ++next) page.viewStiffness->Clear(page.fixed);
+  }
+}
+
+void NameNextMember(EquationPage& page) {
+  if (page.memberIndex == 0) return;
+  page.allAdded = page.memberIndex >= MemberCount;
+  page.addMemberCaption = page.allAdded ? "Clear K" : "Add Member " + std::to_string(page.memberIndex + 1);
+  const std::optional<MemberFreedoms> freedoms =
+      page.lastMember >= 1 && page.lastMember <= MemberCount ? FreedomsOf(page.lastMember) : std::nullopt;
+  page.lastFreedoms = freedoms.value_or(MemberFreedoms{});
+}
+
+FreedomFlags FlagsNow(const EquationPage& page) {
+  std::vector<float> P = Loads(page);
+  std::vector<float> R(P.size(), 0.0F);
+  std::vector<std::int16_t> fixed(P.size(), 0);
+  RestrainSupports(P, R, fixed);
+  return std::make_shared<const std::vector<std::int16_t>>(std::move(fixed));
+}
+
 } // namespace
+
+void FollowModel() {
+  EquationPage& page = TheEquations.page;
+  if (page.viewDofCount == 0 || page.viewDofCount != 2 * NodeCount || FindUnknownNode()) return;
+  if (page.loads) page.loads = std::make_shared<const std::vector<float>>(Loads(page));
+  if (page.fixed) page.fixed = FlagsNow(page);
+  NameNextMember(page);
+  if (page.viewStiffness) RemakeMatrix(page);
+  if (page.displacements) page.displacements = Solution(page);
+}
 
 void StepShowForces() {
   std::optional<EquationPage> page = NextPage();

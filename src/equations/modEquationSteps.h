@@ -28,6 +28,11 @@ void StepSolve();
 void StepBack();
 bool CanStepBack();
 
+/// Brings what the view shows up to the model in the tables and keeps its stage: the same members are added, the same
+/// freedoms restrained and the equations solved where they were.  Shows no message.  A model with other freedoms, or
+/// one that can't be shown, leaves the view as it is; the next press lays it out anew.
+void FollowModel();
+
 /// Empties every number of the view and forgets its past; the labels stay.  For a model that has just been read.
 void ResetEquations();
 

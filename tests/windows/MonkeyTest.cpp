@@ -3,6 +3,7 @@
 #include "AnalysisState.h"
 #include "DisplayState.h"
 #include "EditingState.h"
+#include "WorkbenchState.h"
 #include "modModelStore.h"
 
 #include <array>
@@ -147,21 +148,29 @@ class MonkeyTest : public FormTest {
     }
   }
 
+  void Play() {
+    const unsigned presses = FromEnvironment("STRUTWRIGHT_MONKEY_EVENTS", 1000);
+    std::cout << "seed " << seed << ", " << presses << " presses\n";
+    for (unsigned event = 1; event <= presses; ++event) {
+      SCOPED_TRACE("event " + std::to_string(event) + " of seed " + std::to_string(seed));
+      DoSomething();
+      CheckInvariants();
+      if (HasFailure()) return;
+    }
+  }
+
   unsigned seed = FromEnvironment("STRUTWRIGHT_MONKEY_SEED", 20261121);
   std::mt19937 random{seed};
   RandomAnswers answers{random, folder};
   QTimer patience;
 };
 
-TEST_F(MonkeyTest, NeverBreaksTheProgram) {
-  const unsigned presses = FromEnvironment("STRUTWRIGHT_MONKEY_EVENTS", 1000);
-  std::cout << "seed " << seed << ", " << presses << " presses\n";
-  for (unsigned event = 1; event <= presses; ++event) {
-    SCOPED_TRACE("event " + std::to_string(event) + " of seed " + std::to_string(seed));
-    DoSomething();
-    CheckInvariants();
-    if (HasFailure()) return;
-  }
+TEST_F(MonkeyTest, NeverBreaksTheProgram) { Play(); }
+
+TEST_F(MonkeyTest, NeverBreaksLiveAnalysis) {
+  TheLive.mostTime = 1e9; // however slow the machine is
+  Command("mnuLive").trigger();
+  Play();
 }
 
 } // namespace

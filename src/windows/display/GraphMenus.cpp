@@ -1,4 +1,5 @@
 #include "Menus.h"
+#include "WorkbenchState.h"
 #include "frmGraph.h"
 #include "frmMain.h"
 #include "modFileCommands.h"
@@ -17,10 +18,14 @@ void frmGraph::BuildMenus() {
   AddViewMenu(build);
   QMenu& analysis = *build.AddMenu("mnuAnalysis", "&Analysis");
   build.AddAnalyse(analysis);
+  AddLive(build, analysis);
   build.Add(
       analysis, "mnuAnimate", "A&nimate", {}, [this] { Frame.AnimateDSD(); },
       "Lets the deflected shape grow and shrink");
   build.AddCheck(analysis);
+  build.Add(
+      analysis, "mnuInfluence", "&Influence Lines...", {}, [this] { Frame.ShowInfluence(); },
+      "What a member, a reaction or a displacement hears of a load that moves over the truss");
   build.Add(
       analysis, "mnuResults", "&Results Report", {}, [this] { mnuResults_Click(); },
       "Model, drawing, results and check as a document to save or print");
@@ -43,6 +48,14 @@ void frmGraph::BuildMenus() {
   build.AddHelpMenu();
   MenuList = build.Menus();
   BuildPopUp(build);
+}
+
+void frmGraph::AddLive(MenuBuilder& build, QMenu& analysis) {
+  QAction* live = build.Add(
+      analysis, "mnuLive", "&Live", Qt::CTRL | Qt::Key_L, [this] { Frame.SwitchLive(!TheLive.on); },
+      "Analyses the truss after every edit, and while it is being dragged");
+  live->setCheckable(true);
+  Frame.addAction(live); // for the key, whichever child window is active
 }
 
 void frmGraph::AddEditMenu(MenuBuilder& build) {

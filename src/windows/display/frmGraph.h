@@ -77,6 +77,7 @@ class frmGraph : public QWidget, private DisplayListener {
   void Choose(MouseMode mode);
 
   void BuildMenus();
+  void AddLive(MenuBuilder& build, QMenu& analysis);
   void AddEditMenu(MenuBuilder& build);
   void AddDrawingMenu(MenuBuilder& build);
   void AddViewMenu(MenuBuilder& build);

@@ -10,6 +10,7 @@
 #include "modEquationCopy.h"
 #include "modEquationSteps.h"
 #include "modEquationTexts.h"
+#include "modLive.h"
 
 #include <algorithm>
 
@@ -169,19 +170,29 @@ void frmEquations::Press(void (*step)()) {
   Frame.Run([this, step] {
     const BusyPointer busy;
     step();
+    if (IsLive()) FollowModel(); // a step back leads to the numbers of the model as it was
     ShowPage();
   });
 }
 
-void frmEquations::ShowPage() {
+void frmEquations::ShowNumbers() {
   for (EquationGridView* each : {grForce, grK, grDisp}) each->Refresh();
-  const EquationPage& page = TheEquations.page;
-  btnAddMember->setText(QString::fromStdString(page.addMemberCaption));
+  btnAddMember->setText(QString::fromStdString(TheEquations.page.addMemberCaption));
   btnStepBack->setEnabled(CanStepBack());
   lblStepDone->setText(QString::fromStdString(StepDoneText()));
   ShowStepToCome();
-  ShowAddedCells();
   ShowOrigin();
+}
+
+void frmEquations::Follow() {
+  FollowModel();
+  ShowNumbers();
+}
+
+void frmEquations::ShowPage() {
+  ShowNumbers();
+  const EquationPage& page = TheEquations.page;
+  ShowAddedCells();
   if (page.shownMember != ShownMember) Frame.ShowAddedMember(page.shownMember);
   ShownMember = page.shownMember;
 }

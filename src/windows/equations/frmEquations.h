@@ -26,6 +26,9 @@ class frmEquations : public QWidget {
   /// Empties every value of the three grids; their labels stay.
   void Reset();
 
+  /// Brings what is shown up to the model and keeps its stage.
+  void Follow();
+
   /// Names the step to come anew: the model may have changed since the last one.
   void ShowStepToCome();
 
@@ -50,6 +53,7 @@ class frmEquations : public QWidget {
   QPushButton* AddStep(const QString& name, const QString& caption, const QString& toolTip, void (*step)());
   void Press(void (*step)());
   void ShowPage();
+  void ShowNumbers();
   void ShowAddedCells();
   void ShowOrigin();
   void Copy(CopyCommand copy);

@@ -12,6 +12,7 @@
 #include "frmMain.h"
 #include "modAnimation.h"
 #include "modGenerators.h"
+#include "modLive.h"
 #include "modModelStore.h"
 #include "modScales.h"
 
@@ -127,6 +128,8 @@ void BoardController::ClickResultSwitch(QCheckBox& box, bool& flag, bool& guard)
   if (AnalysisDone != FlagFalse) {
     flag = box.isChecked();
     Frame.Redraw(false);
+  } else if (IsLive()) {
+    return; // the box is for the results to come
   } else if (guard) {
     guard = false;
   } else {
@@ -145,6 +148,19 @@ void BoardController::TickResultSwitches(bool ticked) {
     const QSignalBlocker silent(box);
     box->setChecked(ticked);
   }
+}
+
+void BoardController::ShowTickedResults() {
+  const bool any = AnalysisDone != FlagFalse;
+  ShowReactions = any && Board.ReactionsChk->isChecked();
+  ShowMemberForces = any && Board.MbrForcesChk->isChecked();
+  ShowDeflectedShape = any && Board.DSDchk->isChecked();
+}
+
+void BoardController::TickResultsForLive() {
+  const bool none = !Board.ReactionsChk->isChecked() && !Board.MbrForcesChk->isChecked() && !Board.DSDchk->isChecked();
+  if (none) TickResultSwitches(true);
+  ShowTickedResults();
 }
 
 void BoardController::ConnectScales() {

@@ -24,6 +24,12 @@ class BoardController {
   /// Sets the three flags of the results and their boxes, without the clicks and so without a drawing for each.
   void TickResultSwitches(bool ticked);
 
+  /// Sets the flags of the results to what their boxes say, or to nothing without results; the boxes stay.
+  void ShowTickedResults();
+
+  /// Ticks the boxes of the results where none is ticked.
+  void TickResultsForLive();
+
   /// The scales as at start.
   void ResetScales();
 

@@ -56,6 +56,17 @@ void CheckPresenter::Judge() {
   Frame.RedrawWhatCanBeDrawn(false);
 }
 
+void CheckPresenter::JudgeQuietly() {
+  CheckLastAnalysis();
+  ShowMotion(1);
+  ShowStatus();
+  if (Window != nullptr && Window->isVisible()) Window->Refresh();
+}
+
+void CheckPresenter::HideMotion() {
+  if (Window == nullptr || !Window->isVisible()) ShowMotion(0);
+}
+
 /// A list of loads or areas changes the model and lets the analysis stand; what was judged has gone all the same.
 void CheckPresenter::Follow() {
   const bool watched = Window != nullptr && Window->isVisible();

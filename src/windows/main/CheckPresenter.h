@@ -37,6 +37,12 @@ class CheckPresenter {
     Judge();
   }
 
+  /// Judges the results of live analysis.  Of a mechanism the first motion is shown.
+  void JudgeQuietly();
+
+  /// Shows no mechanism any more, unless the check window does.
+  void HideMotion();
+
   /// Judges no longer what has been judged once the model is another one.
   void Follow();
 

@@ -28,12 +28,16 @@ void MainListener::ModelChanged() { Frame.Redraw(false); }
 void MainListener::PickDropped() { Frame.Redraw(false); }
 
 /// A half-built matrix is of the old numbers.
-void MainListener::NodesRenumbered() { Frame.ResetEquations(); }
+void MainListener::NodesRenumbered() {
+  Frame.ResetEquations();
+  Frame.ResumeLive();
+}
 
 void MainListener::ModelEmptied() { ClearResultGrids(); }
 
 void MainListener::ModelReplaced() {
   Frame.ResetEquations();
+  Frame.ResumeLive();
   Frame.Redraw(true);
 }
 

@@ -32,6 +32,7 @@ MainStatusBar::MainStatusBar(QWidget* parent) : QStatusBar(parent) {
   Analysis = AddPanel("stsBar_Analysis", "Whether there are results of an analysis", 14);
   Check = AddPanel("stsBar_Check", "How far the results can be trusted; a click, or F6, says more", 9);
   Check->installEventFilter(this);
+  Live = AddPanel("stsBar_Live", "Whether every edit is analysed at once", 0);
   Hint = new QLabel(this);
   Hint->setObjectName("stsBar_Hint");
   Hint->setAccessibleName("Hint");
@@ -74,6 +75,8 @@ void MainStatusBar::ShowCheck(const QString& text, CheckLevel level) {
   Check->setText(text);
   Check->setStyleSheet(LookOf(level));
 }
+
+void MainStatusBar::ShowLive(const QString& text) { Live->setText(text); }
 
 bool MainStatusBar::eventFilter(QObject* watched, QEvent* event) {
   const bool clicked = watched == Check && event->type() == QEvent::MouseButtonRelease && !Check->text().isEmpty();

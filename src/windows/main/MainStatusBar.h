@@ -15,7 +15,7 @@ class QPushButton;
 
 namespace strutwright {
 
-/// The status bar `stsBar`: four panels, then a hint that goes by itself, or the progress of long work.
+/// The status bar `stsBar`: five panels, then a hint that goes by itself, or the progress of long work.
 class MainStatusBar : public QStatusBar {
  public:
   explicit MainStatusBar(QWidget* parent);
@@ -27,6 +27,8 @@ class MainStatusBar : public QStatusBar {
   void ShowCheck(const QString& text, CheckLevel level);
   /// Called when the user clicks on what the check has to say.
   void SetCheckNotice(std::function<void()> listener) { CheckListener = std::move(listener); }
+  /// Whether live analysis is on; an empty text where it is not.
+  void ShowLive(const QString& text);
   void ShowHint(const QString& text);
   /// What stands where the hint stands whenever there is no hint; an empty text ends it.
   void ShowNote(const QString& text);
@@ -50,6 +52,7 @@ class MainStatusBar : public QStatusBar {
   QLabel* MouseMode = nullptr;
   QLabel* Analysis = nullptr;
   QLabel* Check = nullptr;
+  QLabel* Live = nullptr;
   QLabel* Hint = nullptr;
   QProgressBar* Progress = nullptr;
   QPushButton* Cancel = nullptr;

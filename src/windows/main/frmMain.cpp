@@ -10,14 +10,18 @@
 #include "Menus.h"
 #include "Platform.h"
 #include "RecentFilesMenu.h"
+#include "WorkbenchState.h"
 #include "frmAbout.h"
 #include "frmEquations.h"
 #include "frmGraph.h"
+#include "frmInfluence.h"
 #include "frmOptions.h"
 #include "modEntryGaps.h"
 #include "modFileCommands.h"
 #include "modGenerators.h"
 #include "modGrids.h"
+#include "modKeepResults.h"
+#include "modLive.h"
 #include "modModelStore.h"
 #include "modOptions.h"
 #include "modRunAnalysis.h"
@@ -68,6 +72,7 @@ frmMain::frmMain() {
   Board = std::make_unique<BoardController>(*this, *CBpic, *Grids);
   Check = std::make_unique<CheckPresenter>(*this, *CBpic, *stsBar);
   Truss = std::make_unique<TrussPresenter>(*StatusView, *Check, [this] { ShowDrawing(); });
+  Live = std::make_unique<LivePresenter>(*this, *Board, *Check, *stsBar);
   Listener = std::make_unique<MainListener>(*this);
   ConnectKeys();
   OnSignal(&History.Steps(), &QUndoStack::indexChanged, this, [this] { ShowEntryNote(); });
@@ -78,6 +83,7 @@ frmMain::~frmMain() {
   Ending = true;
   DisplaySurface = nullptr;
   Check->CloseWindow();
+  delete Influence;
   delete takeCentralWidget(); // while the frame that its parts report to is still whole
 }
 
@@ -166,6 +172,7 @@ void frmMain::MDIForm_Load() {
   DisplaySurface = &Graph->Surface();
   SetViewWindow(*DisplaySurface, -1.0F, 10.0F, 0.0F, 3.0F);
   ShowStatusTexts();
+  Live->ShowState();
   Redraw(false);
   RecoveryKeeper::ShowWhatWasLeft();
 }
@@ -187,7 +194,11 @@ void frmMain::EndAnalysis(bool redraw) {
 }
 
 void frmMain::LeaveResults() {
-  Board->TickResultSwitches(false);
+  if (IsLive()) {
+    Board->ShowTickedResults();
+  } else {
+    Board->TickResultSwitches(false);
+  }
   Check->Drop();
   ShowStatusTexts();
 }
@@ -231,7 +242,19 @@ void frmMain::Run(const std::function<void()>& command) {
     CommitPendingEdit();
     command();
   });
+  Guard([this] { Live->Follow(); });
   Recovery.NoteChange();
+}
+
+void frmMain::Edit(const QString& what, const std::function<void()>& command) {
+  History.Run(what, command);
+  Live->Follow();
+}
+
+void frmMain::SwitchLive(bool on) { Live->Switch(on); }
+
+void frmMain::FollowEquations() {
+  if (Equations != nullptr) Equations->Follow();
 }
 
 void frmMain::BeginNewModel(void (*command)()) {
@@ -270,12 +293,23 @@ void frmMain::ActivateEquations() { Centre->Children().setActiveSubWindow(Equati
 
 void frmMain::ShowCheck() { Check->Open(EquationsWindow->mapToGlobal(QPoint(0, 0))); }
 
+void frmMain::ShowInfluence() {
+  RebuildKeepingResults();
+  if (Influence == nullptr) Influence = new frmInfluence(*this);
+  Influence->Propose();
+  Influence->show();
+  Influence->raise();
+  Influence->activateWindow();
+}
+
 /// Every step that changes a text of the grids comes here, undone ones too.
 void frmMain::ShowEntryNote() {
   std::string note = RowGapText();
   const std::string missing = MissingNodeText();
   if (!note.empty() && !missing.empty()) note += " ";
-  stsBar->ShowNote(QString::fromStdString(note + missing));
+  note += missing;
+  if (note.empty()) note = LiveMotionText();
+  stsBar->ShowNote(QString::fromStdString(note));
 }
 
 void frmMain::SavePicture() {
@@ -286,6 +320,7 @@ void frmMain::SavePicture() {
 void frmMain::ShowDrawing() {
   if (Graph != nullptr) Graph->ShowDrawing();
   if (Equations != nullptr) Equations->ShowStepToCome();
+  if (Influence != nullptr) Influence->Follow();
 }
 
 /// Where the place is not known, or the file says nothing of use, the frame stays as it is.
@@ -294,6 +329,7 @@ void frmMain::RestorePlace() {
   restoreGeometry(place.value("geometry").toByteArray());
   Centre->TakeShares(place.value("board").toByteArray());
   CBpic->clearChk->setChecked(place.value("clear").toBool());
+  if (place.value("live").toBool()) Live->Switch(true);
 }
 
 /// A place that can't be kept is no reason to hold the user up.
@@ -303,6 +339,7 @@ void frmMain::SavePlace() {
   place.setValue("geometry", saveGeometry());
   place.setValue("board", Centre->Shares());
   place.setValue("clear", CBpic->clearChk->isChecked());
+  place.setValue("live", TheLive.on);
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {

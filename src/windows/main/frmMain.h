@@ -5,6 +5,7 @@
 #include "CommandFrame.h"
 #include "EditHistory.h"
 #include "GridCommands.h"
+#include "LivePresenter.h"
 #include "MainListener.h"
 #include "RecoveryKeeper.h"
 #include "TrussPresenter.h"
@@ -22,6 +23,7 @@ namespace strutwright {
 
 class frmEquations;
 class frmGraph;
+class frmInfluence;
 class MainCentre;
 class MenuBuilder;
 class RecentFilesMenu;
@@ -69,7 +71,7 @@ class frmMain : public CommandFrame {
   void ZoomOut() { Truss->ZoomOut(); }
 
   void Run(const std::function<void()>& command) override;
-  void Edit(const QString& what, const std::function<void()>& command) override { History.Run(what, command); }
+  void Edit(const QString& what, const std::function<void()>& command) override;
 
   /// Runs one of the commands that begin an empty model, and leaves the keyboard where its first node is typed.
   void BeginNewModel(void (*command)());
@@ -128,11 +130,30 @@ class frmMain : public CommandFrame {
   void FillInRigidity() { Check->FillInRigidity(); }
   void NoteRigidity() { Check->ShowRigidityOffer(); }
 
+  /// Switches live analysis on or off.
+  void SwitchLive(bool on);
+
+  /// Lets everything that is shown follow the model where live analysis is on.
+  void FollowModel() { Live->Follow(); }
+  void ResumeLive() { Live->Resume(); }
+
+  /// Brings the stiffness equations up to the model, at the stage that they show.
+  void FollowEquations();
+
+  /// Whether the child windows are there.
+  bool IsLoaded() const { return Graph != nullptr && !Ending; }
+
+  /// Shows what the grids lack, and the motion of a truss that live analysis has found to be a mechanism.
+  void ShowEntryNote();
+
   /// Saves the truss display as a picture under a name that the user is asked for.
   void SavePicture();
 
   /// Opens the check window, or brings it to the front, on the model as it stands in the grids.
   void ShowCheck();
+
+  /// Opens the window of the influence lines, or brings it to the front, on the model as it stands in the grids.
+  void ShowInfluence();
 
   /// Draws the truss, unless long work is changing the results.  zoomToExtents: frame the whole model first.
   void Redraw(bool zoomToExtents) { Truss->Redraw(zoomToExtents); }
@@ -173,6 +194,7 @@ class frmMain : public CommandFrame {
   ControlBoard* CBpic = nullptr;     ///< of the centre
   frmGraph* Graph = nullptr;         ///< nullptr until MDIForm_Load
   frmEquations* Equations = nullptr; ///< likewise
+  frmInfluence* Influence = nullptr; ///< nullptr until it is first asked for
   QMdiSubWindow* GraphWindow = nullptr;
   QMdiSubWindow* EquationsWindow = nullptr;
   QList<RecentFilesMenu*> RecentLists; ///< one in each File menu
@@ -184,6 +206,7 @@ class frmMain : public CommandFrame {
   std::unique_ptr<BoardController> Board;
   std::unique_ptr<CheckPresenter> Check;
   std::unique_ptr<TrussPresenter> Truss;
+  std::unique_ptr<LivePresenter> Live;
   std::unique_ptr<MainListener> Listener;
   bool Ending = false;
 };
