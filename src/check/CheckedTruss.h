@@ -19,7 +19,7 @@ struct CheckedMember {
   double prestress = 0;     ///< kN
   double doubt = 0;         ///< how far rounding of its coordinates may have turned it, an angle
 
-  bool CanCarryForce() const { return rigidity > 0; }
+  bool CanCarryForce() const { return axialRigidity > 0; }
   Direction Towards() const { return {c, s, doubt}; }
 };
 

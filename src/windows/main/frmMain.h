@@ -186,7 +186,6 @@ class frmMain : public CommandFrame {
   void ShowMenus(QMdiSubWindow* active);
   void SavePlace();
   void ShowDrawing();
-  void ShowEntryNote();
   void Analyse();
 
   MainStatusBar* stsBar = nullptr;
