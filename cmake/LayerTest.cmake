@@ -6,17 +6,27 @@ target_compile_options(strutwright_test_headers PRIVATE -fPIC)
 target_precompile_headers(strutwright_test_headers PRIVATE <gmock/gmock.h> <gtest/gtest.h> <filesystem> <fstream>
                           <functional> <regex> <sstream> <string> <vector>)
 
-# strutwright_test(NAME SOURCES ... USES ...)
+# strutwright_test(NAME [SHARDS N] SOURCES ... USES ...)
 #
 # The test program of one layer: it links that layer, what lies below it and the stand-ins, and nothing above.
 # Tests run in a random order, whose seed stands in the output, so that none comes to depend on another.
+# SHARDS: how many processes share a program that takes long: NAME_1, NAME_2 and so on.
 function(strutwright_test NAME)
-  cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
+  cmake_parse_arguments(ARG "" "SHARDS" "SOURCES;USES" ${ARGN})
   add_executable(test_${NAME} ${ARG_SOURCES})
   target_precompile_headers(test_${NAME} REUSE_FROM strutwright_test_headers)
   target_compile_options(test_${NAME} PRIVATE -fPIC)
   target_link_libraries(test_${NAME} PRIVATE strutwright_compiler ${ARG_USES} GTest::gmock GTest::gtest_main)
-  add_test(NAME ${NAME} COMMAND test_${NAME} --gtest_shuffle)
-  set_tests_properties(${NAME} PROPERTIES TIMEOUT 600
-    ENVIRONMENT LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/leaks.supp:print_suppressions=0)
+  set(LEAKS LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/leaks.supp:print_suppressions=0)
+  if(NOT ARG_SHARDS)
+    add_test(NAME ${NAME} COMMAND test_${NAME} --gtest_shuffle)
+    set_tests_properties(${NAME} PROPERTIES TIMEOUT 600 ENVIRONMENT ${LEAKS})
+    return()
+  endif()
+  foreach(SHARD RANGE 1 ${ARG_SHARDS})
+    math(EXPR INDEX "${SHARD} - 1")
+    add_test(NAME ${NAME}_${SHARD} COMMAND test_${NAME} --gtest_shuffle)
+    set_tests_properties(${NAME}_${SHARD} PROPERTIES TIMEOUT 600
+      ENVIRONMENT "${LEAKS};GTEST_TOTAL_SHARDS=${ARG_SHARDS};GTEST_SHARD_INDEX=${INDEX}")
+  endforeach()
 endfunction()

@@ -1,6 +1,7 @@
 #include "frmOptions.h"
 
 #include "CommandFrame.h"
+#include "EditingState.h"
 #include "EventGuard.h"
 #include "FormParts.h"
 #include "NumericKeyFilter.h"
@@ -8,6 +9,7 @@
 #include "WorkbenchState.h"
 #include "modOptions.h"
 
+#include <QCheckBox>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -59,6 +61,7 @@ QWidget* frmOptions::BuildGeneral() {
   column->addWidget(BuildFileHandling());
   column->addWidget(BuildLineStyle());
   column->addWidget(BuildCapacity());
+  column->addWidget(BuildDrawing());
   column->addStretch();
   return page;
 }
@@ -71,6 +74,15 @@ QWidget* frmOptions::BuildFileHandling() {
   row->addStretch();
   row->addWidget(txtMaxFiles);
   return frame;
+}
+
+QWidget* frmOptions::BuildDrawing() {
+  auto* box = new QCheckBox("&New members take E and A from the board");
+  box->setObjectName("chkRigidity");
+  box->setToolTip("A member that is drawn gets E Value and Area of the control board");
+  box->setChecked(TheEditing.rigidityFromBoard);
+  OnSignal(box, &QCheckBox::toggled, this, [](bool on) { TheEditing.rigidityFromBoard = on; });
+  return box;
 }
 
 QWidget* frmOptions::BuildLineStyle() {

@@ -23,6 +23,7 @@ class frmOptions : public QDialog {
  private:
   QWidget* BuildGeneral();
   QWidget* BuildFileHandling();
+  QWidget* BuildDrawing();
   QWidget* BuildLineStyle();
   QWidget* BuildCapacity();
   QWidget* BuildSnap();

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -97,6 +98,9 @@ void DisplayArea::wheelEvent(QWheelEvent* event) {
 }
 
 void DisplayArea::keyPressEvent(QKeyEvent* event) {
+  bool taken = false;
+  Guard([&] { taken = Listener.ToolKeyPressed(*event); });
+  if (taken) return;
   const std::optional<ViewMove> move = MoveOf(*event);
   if (!move) return QWidget::keyPressEvent(event);
   Guard([this, move] { Listener.ViewKeyPressed(*move); });
@@ -104,11 +108,14 @@ void DisplayArea::keyPressEvent(QKeyEvent* event) {
 
 MouseEvent DisplayArea::At(const QPointF& pixel, Qt::MouseButton button, Qt::MouseButtons held) const {
   const QPointF point = Drawing.ToSurface(pixel);
+  const Qt::KeyboardModifiers keys = QGuiApplication::keyboardModifiers();
   return {.x = static_cast<float>(point.x()),
           .y = static_cast<float>(point.y()),
           .button = ButtonOf(button),
           .leftHeld = held.testFlag(Qt::LeftButton),
-          .middleHeld = held.testFlag(Qt::MiddleButton)};
+          .middleHeld = held.testFlag(Qt::MiddleButton),
+          .control = keys.testFlag(Qt::ControlModifier),
+          .shift = keys.testFlag(Qt::ShiftModifier)};
 }
 
 } // namespace strutwright

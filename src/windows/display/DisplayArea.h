@@ -6,6 +6,8 @@
 
 #include <QWidget>
 
+class QKeyEvent;
+
 namespace strutwright {
 
 /// What happens to the drawing area.  Each routine runs inside the guard.
@@ -24,6 +26,9 @@ class DisplayListener {
   virtual void WheelTurned(const MouseEvent& event, double steps) = 0;
 
   virtual void ViewKeyPressed(ViewMove move) = 0;
+
+  /// A key that an editing mode may want before anything else gets it; returns whether it did.
+  virtual bool ToolKeyPressed(const QKeyEvent& key) = 0;
 };
 
 /// The drawing area `Disp`: shows the picture that its surface keeps, and reports where the mouse is on it and which

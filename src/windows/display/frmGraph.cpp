@@ -41,7 +41,7 @@ Qt::CursorShape Shape(MouseCursor cursor) {
 
 } // namespace
 
-frmGraph::frmGraph(frmMain& frame, MainStatusBar& status) : Frame(frame), Status(status) {
+frmGraph::frmGraph(frmMain& frame, MainStatusBar& status) : Frame(frame), Status(status), Tools(frame, *this) {
   setObjectName("frmGraph");
   setWindowTitle("Truss Display");
   Disp = new DisplayArea(*this, this);
@@ -98,6 +98,11 @@ void frmGraph::ShowReport() {
 
 void frmGraph::stsBarUpdate() { Status.ShowAnalysis(QString::fromStdString(AnalysisText())); }
 
+void frmGraph::DrawSelected() {
+  DropMissing(TheDisplay.Selected);
+  if (!TheDisplay.Selected.IsEmpty()) DrawSelection(Surface(), TheDisplay.Selected);
+}
+
 void frmGraph::LeaveMode() {
   ClearModes();
   ShowMouseState();
@@ -113,16 +118,18 @@ void frmGraph::Resized() { Frame.RedrawWhatCanBeDrawn(false); }
 
 void frmGraph::MouseMoved(const MouseEvent& event) {
   Status.ShowCoordinates(QString::fromStdString(CoordinatesText(event.x, event.y)));
-  Act(MouseMove(event));
+  if (!Tools.Move(event)) Act(MouseMove(event));
 }
 
 /// A click may be a command, and every command first takes a pending edit.
 void frmGraph::MousePressed(const MouseEvent& event) {
   Frame.CommitPendingEdit();
-  Act(MousePress(event));
+  if (!Tools.Press(event)) Act(MousePress(event));
 }
 
-void frmGraph::MouseReleased(const MouseEvent& event) { Act(MouseRelease(event)); }
+void frmGraph::MouseReleased(const MouseEvent& event) {
+  if (!Tools.Release(event)) Act(MouseRelease(event));
+}
 
 void frmGraph::MouseLeft() {
   MouseLeave();
@@ -186,7 +193,9 @@ void frmGraph::ShowMouseState() {
   ShowDrawing();
 }
 
+/// What lies under the press that asked for the menu comes first in it.
 void frmGraph::ShowPopUp() {
+  Parts->Offer(TheMouse.PressX, -TheMouse.PressY);
   PopUp->exec(QCursor::pos());
   PopUpClosed();
 }
@@ -202,6 +211,7 @@ bool frmGraph::OfferNode(float x, float y) {
 void frmGraph::DrawMemberBetween(int i, int j) {
   const std::string hint = MemberHint(i, j);
   Frame.Edit("Draw Member", [&] { Frame.DrawMember(i, j); });
+  Frame.OfferRigidityOnDrawing();
   if (!hint.empty()) Frame.ShowHint(hint);
 }
 

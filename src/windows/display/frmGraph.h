@@ -1,9 +1,12 @@
 #pragma once
 
 #include "DisplayArea.h"
+#include "EditTools.h"
+#include "PartMenu.h"
 #include "modMouseModes.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 #include <QList>
@@ -47,6 +50,15 @@ class frmGraph : public QWidget, private DisplayListener {
   /// Shows what has been drawn.
   void ShowDrawing() { Disp->update(); }
 
+  /// Puts back what is being dragged; returns whether anything was.
+  bool CancelDrag() { return Tools.Cancel(); }
+
+  /// Adds copies of what is selected, each by (dx, dy), in m, from the one before, and selects the last one.
+  void CopySelection(double dx, double dy, int count);
+
+  /// Draws what is selected over the truss.
+  void DrawSelected();
+
   /// Leaves the mouse mode.
   void LeaveMode();
 
@@ -65,6 +77,7 @@ class frmGraph : public QWidget, private DisplayListener {
   void MouseLeft() override;
   void WheelTurned(const MouseEvent& event, double steps) override;
   void ViewKeyPressed(ViewMove move) override;
+  bool ToolKeyPressed(const QKeyEvent& key) override { return Tools.Key(key); }
 
   void Act(const MouseVerdict& verdict);
   void Do(const MouseVerdict& verdict);
@@ -80,6 +93,13 @@ class frmGraph : public QWidget, private DisplayListener {
   void AddLive(MenuBuilder& build, QMenu& analysis);
   void AddEditMenu(MenuBuilder& build);
   void AddDrawingMenu(MenuBuilder& build);
+  void AddSymbolMenus(MenuBuilder& build, QMenu& drawing);
+  void AddSelectionMenu(MenuBuilder& build, QMenu& drawing);
+  void ChooseSupports(int code);
+  void ChooseLoads(LoadSymbol symbol);
+  void AskForCopies();
+  void AskForMirror(bool level);
+  bool HasSelection();
   void AddViewMenu(MenuBuilder& build);
   void BuildPopUp(MenuBuilder& build);
   void Refresh();
@@ -88,6 +108,8 @@ class frmGraph : public QWidget, private DisplayListener {
   frmMain& Frame;
   MainStatusBar& Status;
   DisplayArea* Disp = nullptr;
+  EditTools Tools;
+  std::unique_ptr<PartMenu> Parts; ///< the entries of the pop-up menu for what is under the pointer
   QMenu* PopUp = nullptr;
   frmReport* ReportWindow = nullptr; ///< nullptr until the first report; the frame owns it
   QList<QMenu*> MenuList;

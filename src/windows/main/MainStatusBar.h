@@ -29,6 +29,12 @@ class MainStatusBar : public QStatusBar {
   void SetCheckNotice(std::function<void()> listener) { CheckListener = std::move(listener); }
   /// Whether live analysis is on; an empty text where it is not.
   void ShowLive(const QString& text);
+  /// Shows a button that offers to give new members E and A from the control board, until it is clicked or the next
+  /// model begins.
+  void OfferRigidity();
+  void EndOffer();
+  void SetRigidityNotice(std::function<void()> listener) { RigidityListener = std::move(listener); }
+
   void ShowHint(const QString& text);
   /// What stands where the hint stands whenever there is no hint; an empty text ends it.
   void ShowNote(const QString& text);
@@ -56,6 +62,8 @@ class MainStatusBar : public QStatusBar {
   QLabel* Hint = nullptr;
   QProgressBar* Progress = nullptr;
   QPushButton* Cancel = nullptr;
+  QPushButton* Rigidity = nullptr;
+  std::function<void()> RigidityListener;
   std::function<void()> CheckListener;
   QTimer HintTimer;
   QString Note;

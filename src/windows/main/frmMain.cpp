@@ -4,6 +4,7 @@
 #include "ChildArea.h"
 #include "ControlBoard.h"
 #include "DisplayState.h"
+#include "EditingState.h"
 #include "EventGuard.h"
 #include "MainCentre.h"
 #include "MainStatusBar.h"
@@ -16,6 +17,7 @@
 #include "frmGraph.h"
 #include "frmInfluence.h"
 #include "frmOptions.h"
+#include "frmVary.h"
 #include "modEntryGaps.h"
 #include "modFileCommands.h"
 #include "modGenerators.h"
@@ -23,11 +25,14 @@
 #include "modKeepResults.h"
 #include "modLive.h"
 #include "modModelStore.h"
+#include "modNumberText.h"
 #include "modOptions.h"
 #include "modRunAnalysis.h"
 #include "modViewTransform.h"
 
 #include <string>
+#include <utility>
+#include <vector>
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -65,6 +70,12 @@ frmMain::frmMain() {
   stsBar = new MainStatusBar(this);
   setStatusBar(stsBar);
   stsBar->SetCheckNotice([this] { Run([this] { ShowCheck(); }); });
+  stsBar->SetRigidityNotice([this] {
+    Run([this] {
+      TheEditing.rigidityFromBoard = true;
+      Edit("Fill In E and A", [this] { FillInRigidity(); });
+    });
+  });
   BuildToolBar();
   BuildCentre();
   StatusView = std::make_unique<MainStatus>(*stsBar);
@@ -84,6 +95,7 @@ frmMain::~frmMain() {
   DisplaySurface = nullptr;
   Check->CloseWindow();
   delete Influence;
+  delete Vary;
   delete takeCentralWidget(); // while the frame that its parts report to is still whole
 }
 
@@ -125,7 +137,9 @@ void frmMain::ConnectKeys() {
   };
   connectKey(Qt::Key_F3, [this] { ZoomOut(); });
   connectKey(Qt::Key_F4, [this] { Redraw(true); });
-  connectKey(Qt::Key_Escape, [this] { Graph->LeaveMode(); });
+  OnSignal(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, [this] {
+    if (!Graph->CancelDrag()) Run([this] { Graph->LeaveMode(); });
+  });
 }
 
 void frmMain::AddHistoryActions(MenuBuilder& build, QMenu& menu) {
@@ -237,7 +251,20 @@ void frmMain::AddMember(std::int16_t i, std::int16_t j) { strutwright::AddMember
 
 void frmMain::resultGrids() { strutwright::resultGrids(); }
 
+void frmMain::ReleaseCommands() {
+  Holds = false;
+  for (const auto& command : std::exchange(Waiting, {})) Run(command);
+}
+
+void frmMain::FollowDrag() {
+  if (IsLive()) return Live->FollowDrag();
+  EndAnalysis(false);
+  RebuildModelFromGrids();
+  RedrawWhatCanBeDrawn(false);
+}
+
 void frmMain::Run(const std::function<void()>& command) {
+  if (Holds) return Waiting.push_back(command);
   Guard([&] {
     CommitPendingEdit();
     command();
@@ -279,6 +306,10 @@ void frmMain::DrawMember(int i, int j) {
   RebuildModelFromGrids();
   AddMember(static_cast<std::int16_t>(i), static_cast<std::int16_t>(j));
   RebuildModelFromGrids();
+  if (TheEditing.rigidityFromBoard) {
+    TakeRigidityFromBoard();
+    RebuildModelFromGrids();
+  }
   Redraw(false);
 }
 
@@ -302,6 +333,32 @@ void frmMain::ShowInfluence() {
   Influence->activateWindow();
 }
 
+void frmMain::ShowVary() {
+  RebuildKeepingResults();
+  if (Vary == nullptr) Vary = new frmVary(*this);
+  Vary->Begin();
+  Vary->show();
+  Vary->raise();
+  Vary->activateWindow();
+}
+
+/// The new members' E and A are of the same step.
+void frmMain::TakeRigidityFromBoard() {
+  const int m = MemberCount;
+  const std::string E = CBpic->eTxt->text().toStdString();
+  const std::string A = CBpic->aTxt->text().toStdString();
+  if (!GrMembers.Text(m, MemberE).empty() || !GrMembers.Text(m, MemberA).empty()) return;
+  if (NumericValue(E).value_or(0.0F) > 0) GrMembers.SetText(m, MemberE, E);
+  if (NumericValue(A).value_or(0.0F) > 0) GrMembers.SetText(m, MemberA, A);
+}
+
+void frmMain::EndRigidityOffer() { stsBar->EndOffer(); }
+
+void frmMain::OfferRigidityOnDrawing() {
+  const bool without = MemberCount > 0 && !(MemberTable(MemberCount, MemberE) > 0);
+  if (without && !TheEditing.rigidityFromBoard) stsBar->OfferRigidity();
+}
+
 /// Every step that changes a text of the grids comes here, undone ones too.
 void frmMain::ShowEntryNote() {
   std::string note = RowGapText();
@@ -318,9 +375,13 @@ void frmMain::SavePicture() {
 
 /// Puts the truss on screen as it has been drawn, and what depends on the model with it.
 void frmMain::ShowDrawing() {
-  if (Graph != nullptr) Graph->ShowDrawing();
+  if (Graph != nullptr) {
+    Graph->DrawSelected();
+    Graph->ShowDrawing();
+  }
   if (Equations != nullptr) Equations->ShowStepToCome();
   if (Influence != nullptr) Influence->Follow();
+  if (Vary != nullptr) Vary->Follow();
 }
 
 /// Where the place is not known, or the file says nothing of use, the frame stays as it is.
@@ -329,6 +390,7 @@ void frmMain::RestorePlace() {
   restoreGeometry(place.value("geometry").toByteArray());
   Centre->TakeShares(place.value("board").toByteArray());
   CBpic->clearChk->setChecked(place.value("clear").toBool());
+  TheEditing.rigidityFromBoard = place.value("rigidityFromBoard").toBool();
   if (place.value("live").toBool()) Live->Switch(true);
 }
 
@@ -340,6 +402,7 @@ void frmMain::SavePlace() {
   place.setValue("board", Centre->Shares());
   place.setValue("clear", CBpic->clearChk->isChecked());
   place.setValue("live", TheLive.on);
+  place.setValue("rigidityFromBoard", TheEditing.rigidityFromBoard);
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {

@@ -25,6 +25,7 @@ class frmEquations;
 class frmGraph;
 class frmInfluence;
 class MainCentre;
+class frmVary;
 class MenuBuilder;
 class RecentFilesMenu;
 
@@ -137,6 +138,20 @@ class frmMain : public CommandFrame {
   void FollowModel() { Live->Follow(); }
   void ResumeLive() { Live->Resume(); }
 
+  /// The grids have changed in the middle of a drag.  Live analysis follows at once; without it the results end.
+  void FollowDrag();
+
+  /// While something is dragged, commands wait for its end.
+  void HoldCommands() { Holds = true; }
+  void ReleaseCommands();
+
+  /// After a member was drawn without E and A: offers to give new members those of the control board.
+  void OfferRigidityOnDrawing();
+  void EndRigidityOffer();
+
+  /// Opens the window that varies a quantity, or brings it to the front.
+  void ShowVary();
+
   /// Brings the stiffness equations up to the model, at the stage that they show.
   void FollowEquations();
 
@@ -187,6 +202,7 @@ class frmMain : public CommandFrame {
   void SavePlace();
   void ShowDrawing();
   void Analyse();
+  void TakeRigidityFromBoard();
 
   MainStatusBar* stsBar = nullptr;
   MainCentre* Centre = nullptr;
@@ -194,6 +210,9 @@ class frmMain : public CommandFrame {
   frmGraph* Graph = nullptr;         ///< nullptr until MDIForm_Load
   frmEquations* Equations = nullptr; ///< likewise
   frmInfluence* Influence = nullptr; ///< nullptr until it is first asked for
+  frmVary* Vary = nullptr;           ///< likewise
+  bool Holds = false;                ///< commands wait
+  std::vector<std::function<void()>> Waiting;
   QMdiSubWindow* GraphWindow = nullptr;
   QMdiSubWindow* EquationsWindow = nullptr;
   QList<RecentFilesMenu*> RecentLists; ///< one in each File menu
