@@ -45,12 +45,10 @@ bool SelectAt(Selection& selection, float x, float y, bool add) {
 
 void SelectInside(Selection& selection, double x1, double y1, double x2, double y2, bool add) {
   if (!add) selection.Clear();
-  const auto [left, right] = std::minmax(x1, x2);
-  const auto [bottom, top] = std::minmax(y1, y2);
   const auto isInside = [&](int n) {
     const double x = NodeTable(n, NodeX);
     const double y = NodeTable(n, NodeY);
-    return x >= left && x <= right && y >= bottom && y <= top;
+    return x >= std::min(x1, x2) && x <= std::max(x1, x2) && y >= std::min(y1, y2) && y <= std::max(y1, y2);
   };
   for (int n = 1; n <= NodeCount; ++n) {
     if (isInside(n)) selection.nodes.insert(n);
