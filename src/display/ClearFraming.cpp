@@ -18,8 +18,8 @@ constexpr double ValueMargin = 34;  // left, for values of the axis
 constexpr double BottomMargin = 44; // for values and a row of legend or notice
 constexpr double PointWindow = 10;  // m, of a truss that is a single point
 constexpr double ArrowShare = 1.0 / 6;
-constexpr float LeastScale = 1;
-constexpr float MostScale = 5000;
+constexpr float MinScale = 1;
+constexpr float MaxScale = 5000;
 
 struct WorldBox {
   double left, right, bottom, top;
@@ -133,7 +133,7 @@ std::optional<float> ScaleOfArrowsOn(const PixelSurface& surface, ClearSettings 
 
 std::optional<float> FittingLoadsScale(bool withReactions) {
   const std::optional<float> scale = ScaleOfFittedArrows(withReactions);
-  return scale ? std::optional(std::clamp(*scale, LeastScale, MostScale)) : std::nullopt;
+  return scale ? std::optional(std::clamp(*scale, MinScale, MaxScale)) : std::nullopt;
 }
 
 } // namespace strutwright

@@ -16,11 +16,11 @@ namespace strutwright {
 
 namespace {
 
-constexpr std::size_t MostBarsForAllLooks = 60; // more get those in which usual members have room
-constexpr std::size_t MostBarsForLooks = 250;   // more get one
-constexpr double LeastBarForDots = 9;           // pixels of a usual member
-constexpr double NumberBoxRoom = 2.5;           // pixels around a member's number
-constexpr double AreaMargin = 250;              // pixels around the nodes that labels and arrows may take
+constexpr std::size_t MaxBarsForAllLooks = 60; // more get those in which usual members have room
+constexpr std::size_t MaxBarsForLooks = 250;   // more get one
+constexpr double MinBarForDots = 9;            // pixels of a usual member
+constexpr double NumberBoxRoom = 2.5;          // pixels around a member's number
+constexpr double AreaMargin = 250;             // pixels around the nodes that labels and arrows may take
 
 Bounds AreaOf(const ClearTruss& truss) {
   if (truss.joints.size() < 2) return {};
@@ -48,7 +48,7 @@ double WidthOf(const ClearBar& bar, const ClearTruss& truss, const ClearSettings
 void AddShapes(ClearScene& scene, const SceneRequest& request) {
   ClearTruss& truss = scene.truss;
   for (ClearBar& bar : truss.bars) bar.width = WidthOf(bar, truss, request.settings);
-  scene.dots = UsualLength(truss) >= LeastBarForDots;
+  scene.dots = UsualLength(truss) >= MinBarForDots;
   scene.plane = OccupiedPlane(AreaOf(truss), 4 * truss.bars.size() + 2 * truss.joints.size());
   for (std::size_t b = 0; b < truss.bars.size(); ++b) {
     scene.plane.Add(
@@ -172,13 +172,13 @@ std::vector<TextLook> LooksToTry(const ClearScene& scene, const PixelSurface& su
   const std::size_t bars = scene.truss.bars.size();
   std::vector<TextLook> looks;
   if (before != nullptr) looks.push_back(before->text);
-  const std::size_t first = bars <= MostBarsForAllLooks ? 0 : FirstLookFor(scene.truss, surface);
-  const std::size_t end = bars <= MostBarsForLooks ? Looks.size() : first + 1;
+  const std::size_t first = bars <= MaxBarsForAllLooks ? 0 : FirstLookFor(scene.truss, surface);
+  const std::size_t end = bars <= MaxBarsForLooks ? Looks.size() : first + 1;
   for (std::size_t look = first; look < end; ++look) {
-    if (bars > MostBarsForAllLooks && look > first && look + 2 < end) continue;
+    if (bars > MaxBarsForAllLooks && look > first && look + 2 < end) continue;
     if (before == nullptr || Looks.at(look) != before->text) looks.push_back(Looks.at(look));
   }
-  if (bars > MostBarsForLooks) looks.resize(1);
+  if (bars > MaxBarsForLooks) looks.resize(1);
   return looks;
 }
 

@@ -15,12 +15,12 @@ namespace strutwright {
 
 namespace {
 
-constexpr double Clearance = 1;        // pixels between a label and anything else
-constexpr double LeastNearerBy = 0.25; // pixels by which a label must be nearer to its own at least,
-constexpr double PlainlyNearerBy = 4;  // and where there is a choice
-constexpr int MostToMoveFor = 24;      // forces without a place: where more are missing, moving is of little help
-constexpr std::size_t MostBarsForMoving = 300;
-constexpr std::size_t MostBarsForPatience = 60;
+constexpr double Clearance = 1;       // pixels between a label and anything else
+constexpr double MinNearerBy = 0.25;  // pixels by which a label must be nearer to its own at least,
+constexpr double PlainlyNearerBy = 4; // and where there is a choice
+constexpr int MaxToMoveFor = 24;      // forces without a place: where more are missing, moving is of little help
+constexpr std::size_t MaxBarsForMoving = 300;
+constexpr std::size_t MaxBarsForPatience = 60;
 constexpr double ShortestBar = 8;    // pixels; a shorter member has no room beside it that is its own
 constexpr double ShortestPart = 0.9; // of a force's width: beside a member that is shorter it seldom fits
 
@@ -171,15 +171,15 @@ struct Patience {
 };
 
 Patience PatienceFor(std::size_t bars) {
-  if (bars > MostBarsForMoving) return {};
-  return bars > MostBarsForPatience ? Patience{2500, 1000} : Patience{20000, 8000};
+  if (bars > MaxBarsForMoving) return {};
+  return bars > MaxBarsForPatience ? Patience{2500, 1000} : Patience{20000, 8000};
 }
 
 class LabelPlacer {
  public:
   explicit LabelPlacer(ClearScene& scene)
-      : Scene(scene), IsSmall(scene.truss.bars.size() <= MostBarsForMoving),
-        Places(scene, scene.truss.bars.size() <= MostBarsForPatience || (IsSmall && scene.text.mayShorten)),
+      : Scene(scene), IsSmall(scene.truss.bars.size() <= MaxBarsForMoving),
+        Places(scene, scene.truss.bars.size() <= MaxBarsForPatience || (IsSmall && scene.text.mayShorten)),
         Items(scene.labels.size()) {}
 
   void Place(ClearLabel& label, const ClearLabel* former) {
@@ -243,7 +243,7 @@ class LabelPlacer {
       if (box->halfLength <= 0) continue;
       if (Looks < 0) return false;
       --Looks;
-      const int other = LabelFit(Scene, label, *box, LeastNearerBy).OnlyLabelInTheWay();
+      const int other = LabelFit(Scene, label, *box, MinNearerBy).OnlyLabelInTheWay();
       if (other >= 0 && Swap(label, place, *box, Scene.labels[static_cast<std::size_t>(other)], depth)) return true;
     }
     return false;
@@ -266,7 +266,7 @@ class LabelPlacer {
   bool IsFree(const ClearLabel& label, const TurnedBox& box) {
     if (box.halfLength <= 0) return false;
     --Looks;
-    const LabelFit fit(Scene, label, box, LeastNearerBy);
+    const LabelFit fit(Scene, label, box, MinNearerBy);
     if (Blocker < Scene.plane.Count() && fit.IsInTheWay(Scene.plane[Blocker])) return false;
     Blocker = fit.FirstInTheWay();
     return Blocker == LabelFit::Nothing;
@@ -305,7 +305,7 @@ int PlaceForces(std::span<ClearLabel> labels, LabelPlacer& placer, const FormerP
   const auto missing = [&] { return static_cast<int>(std::count_if(labels.begin(), labels.end(), IsMissingForce)); };
   for (ClearLabel& label : labels) placer.Place(label, former.Of(label));
   for (ClearLabel& label : labels) placer.PlaceShortened(label);
-  if (missing() > MostToMoveFor) return missing();
+  if (missing() > MaxToMoveFor) return missing();
   placer.MoveFrom(patience);
   for (ClearLabel& label : labels) placer.PlaceByMoving(label);
   return missing();

@@ -14,8 +14,8 @@ constexpr int AlongCount = static_cast<int>(AlongMember.size());
 static_assert(LabelPlaces::AlongPlaces == 4 * AlongCount);
 constexpr double EndGap = ClearSize::NodeRadius + 2.5; // pixels that a label keeps from its member's ends
 constexpr double DotGap = ClearSize::NodeRadius + ClearSize::NodeEdge + 1;
-constexpr double LeastSteepness = 0.6;  // sine of a member's slope
-constexpr double LeastFreeAngle = 0.35; // radians
+constexpr double MinSteepness = 0.6;  // sine of a member's slope
+constexpr double MinFreeAngle = 0.35; // radians
 constexpr double NumberGap = ClearSize::NodeRadius + 2;
 constexpr std::array<double, 4> NumberRings{0, 3, 6, 10}; // pixels that a node's number stands farther off
 constexpr double CloseGap = 1.5;                          // between a member's edge and a force that has little room
@@ -151,7 +151,7 @@ std::optional<TurnedBox> LabelPlaces::AtForce(const ClearLabel& label, int place
   const double off = std::max(close, DotGap);
   if (place < 4 * AlongCount) return beside.Along(place - 2 * AlongCount, off, 1);
   if (place >= 6 * AlongCount) return Fine ? beside.Closely(place - 6 * AlongCount) : std::nullopt;
-  if (std::fabs(bar.along.y) < LeastSteepness) return TurnedBox{};
+  if (std::fabs(bar.along.y) < MinSteepness) return TurnedBox{};
   const int level = place - 4 * AlongCount;
   const double side = level < AlongCount ? -beside.firstSide : beside.firstSide;
   return beside.Level(side, AlongMember.at(static_cast<std::size_t>(level % AlongCount)), off);
@@ -180,8 +180,8 @@ const std::vector<FreeAngle>& LabelPlaces::AnglesAt(int n) {
 std::optional<TurnedBox> LabelPlaces::AtNodeNumber(const ClearLabel& label, int place) {
   constexpr std::array<double, 5> Parts{0, -0.25, 0.25, -0.1, 0.1};
   const std::vector<FreeAngle>& angles = AnglesAt(label.owner);
-  const auto wide = static_cast<std::size_t>(std::count_if(
-      angles.begin(), angles.end(), [](const FreeAngle& angle) { return angle.width >= LeastFreeAngle; }));
+  const auto wide = static_cast<std::size_t>(
+      std::count_if(angles.begin(), angles.end(), [](const FreeAngle& angle) { return angle.width >= MinFreeAngle; }));
   const std::size_t parts = Fine ? Parts.size() : 1;
   const std::size_t inRing = wide * parts;
   const std::size_t rings = Fine ? NumberRings.size() : 1;

@@ -1,11 +1,12 @@
 #include "frmOptions.h"
 
+#include "CommandFrame.h"
 #include "EditingState.h"
 #include "EventGuard.h"
-#include "FileState.h"
 #include "FormParts.h"
 #include "NumericKeyFilter.h"
-#include "frmMain.h"
+#include "RecentFiles.h"
+#include "WorkbenchState.h"
 #include "modOptions.h"
 
 #include <QCheckBox>
@@ -31,7 +32,7 @@ constexpr const char* CapacityNote =
 
 } // namespace
 
-frmOptions::frmOptions(frmMain& frame) : QDialog(&frame), Frame(frame) {
+frmOptions::frmOptions(CommandFrame& frame) : QDialog(&frame), Frame(frame) {
   setObjectName("frmOptions");
   setWindowTitle("Options");
   FillOptions();
@@ -66,7 +67,7 @@ QWidget* frmOptions::BuildGeneral() {
 }
 
 QWidget* frmOptions::BuildFileHandling() {
-  txtMaxFiles = AddField("txtMaxFiles", "Most files that the File menu lists, 1 to 20", TheOptions.txtMaxFiles);
+  txtMaxFiles = AddField("txtMaxFiles", "Most files that the File menu lists, 1 to 20", TheRecentFiles.txtMaxFiles);
   auto* frame = new QGroupBox("File Handling");
   auto* row = new QHBoxLayout(frame);
   row->addWidget(Caption("No of &files in most recently used list", txtMaxFiles));
@@ -166,7 +167,7 @@ void frmOptions::Apply() {
   TheOptions.ySpaceTxt = ySpaceTxt->text().toStdString();
   TheOptions.snapRtxt = snapRtxt->text().toStdString();
   TheOptions.snapSNtxt = snapSNtxt->text().toStdString();
-  TheOptions.txtMaxFiles = txtMaxFiles->text().toStdString();
+  TheRecentFiles.txtMaxFiles = txtMaxFiles->text().toStdString();
   Frame.Run(ApplyOptions);
   xSpaceTxt->setText(QString::fromStdString(TheOptions.xSpaceTxt));
   ySpaceTxt->setText(QString::fromStdString(TheOptions.ySpaceTxt));

@@ -9,13 +9,13 @@ class QTabWidget;
 
 namespace strutwright {
 
-class frmMain;
+class CommandFrame;
 
 /// The options: the drawing grid, snapping to nodes, the capacity of the grids, the length of the recent files.
 /// It opens with the settings in force.
 class frmOptions : public QDialog {
  public:
-  explicit frmOptions(frmMain& frame);
+  explicit frmOptions(CommandFrame& frame);
 
   /// What was not applied is forgotten when the dialog closes.
   void done(int result) override;
@@ -34,7 +34,7 @@ class frmOptions : public QDialog {
   void ShowNextPage();
   void Apply();
 
-  frmMain& Frame;
+  CommandFrame& Frame;
   QTabWidget* tbsOptions = nullptr;
   QLineEdit* xSpaceTxt = nullptr;
   QLineEdit* ySpaceTxt = nullptr;
