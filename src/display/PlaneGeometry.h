@@ -3,6 +3,7 @@
 #include "PixelSurface.h"
 
 #include <array>
+#include <optional>
 
 namespace strutwright {
 
@@ -47,6 +48,15 @@ PixelPoint LeftOf(PixelPoint direction);
 
 /// From a point to the nearest point of a line between two.
 double DistanceToLine(PixelPoint point, PixelPoint from, PixelPoint to);
+
+/// A line from one point to another.
+struct PixelLineEnds {
+  PixelPoint from;
+  PixelPoint to;
+};
+
+/// The part of a line that lies in a rectangle; nothing where none does.
+std::optional<PixelLineEnds> PartWithin(const Bounds& area, PixelPoint from, PixelPoint to);
 
 /// The strip of a line of this width.
 TurnedBox StripOf(PixelPoint from, PixelPoint to, double width);

@@ -1,6 +1,7 @@
 #include "modResultsRendering.h"
 
 #include "AnalysisState.h"
+#include "PlaneGeometry.h"
 #include "modDrawing.h"
 #include "modMember.h"
 #include "modModelStore.h"
@@ -59,8 +60,6 @@ void DrawForceArrow(DrawingSurface& surface, const MemberLine& line, double from
 /// About as large as a surface prints a text, in pixels; a little more does no harm.
 constexpr int TextSize = 13;
 constexpr double TextHeight = 16;
-
-double Dot(PixelPoint a, PixelPoint b) { return a.x * b.x + a.y * b.y; }
 
 /// Across a member, of length 1, away from its number, whose text hangs down from the member's middle to the right.
 PixelPoint AcrossFrom(PixelPoint numberSize, PixelPoint along) {

@@ -1,5 +1,6 @@
 #include "frmOptions.h"
 
+#include "DisplayState.h"
 #include "EventGuard.h"
 #include "FileState.h"
 #include "FormParts.h"
@@ -7,6 +8,7 @@
 #include "frmMain.h"
 #include "modOptions.h"
 
+#include <QCheckBox>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -58,6 +60,7 @@ QWidget* frmOptions::BuildGeneral() {
   column->addWidget(BuildFileHandling());
   column->addWidget(BuildLineStyle());
   column->addWidget(BuildCapacity());
+  column->addLayout(BuildClearDrawing());
   column->addStretch();
   return page;
 }
@@ -102,6 +105,24 @@ QWidget* frmOptions::BuildCapacity() {
   row->addWidget(note, 1);
   row->addWidget(maxTxt);
   return frame;
+}
+
+/// Two switches beside the frames, which stand for the settings of every drawing.
+QLayout* frmOptions::BuildClearDrawing() {
+  auto* column = new QVBoxLayout;
+  const auto add = [column](const QString& name, const QString& caption, const QString& toolTip, bool ticked) {
+    auto* box = new QCheckBox(caption);
+    box->setObjectName(name);
+    box->setToolTip(toolTip);
+    box->setChecked(ticked);
+    column->addWidget(box);
+    return box;
+  };
+  widthChk = add("widthChk", "Clear drawing: members &wider the larger their force",
+                 "Otherwise all members with a force are equally wide", TheDisplay.WidthByForce);
+  legendChk = add("legendChk", "Clear drawing: show the &legend", "What lines and arrows mean, in a free corner",
+                  TheDisplay.ShowLegend);
+  return column;
 }
 
 QWidget* frmOptions::BuildSnap() {
@@ -155,6 +176,8 @@ void frmOptions::Apply() {
   TheOptions.snapRtxt = snapRtxt->text().toStdString();
   TheOptions.snapSNtxt = snapSNtxt->text().toStdString();
   TheOptions.txtMaxFiles = txtMaxFiles->text().toStdString();
+  TheDisplay.WidthByForce = widthChk->isChecked();
+  TheDisplay.ShowLegend = legendChk->isChecked();
   Frame.Run(ApplyOptions);
   xSpaceTxt->setText(QString::fromStdString(TheOptions.xSpaceTxt));
   ySpaceTxt->setText(QString::fromStdString(TheOptions.ySpaceTxt));

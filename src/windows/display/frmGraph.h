@@ -1,10 +1,14 @@
 #pragma once
 
 #include "DisplayArea.h"
+#include "PointingHelp.h"
 #include "modMouseModes.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include <QList>
 #include <QMenu>
@@ -45,7 +49,10 @@ class frmGraph : public QWidget, private DisplayListener {
   QtDrawingSurface& Surface() { return Disp->Surface(); }
 
   /// Shows what has been drawn.
-  void ShowDrawing() { Disp->update(); }
+  void ShowDrawing();
+
+  /// Marks nodes and members over the drawing, those and no others.
+  void Mark(std::vector<Element> elements) { Pointing->Mark(std::move(elements)); }
 
   /// Leaves the mouse mode.
   void LeaveMode();
@@ -65,7 +72,14 @@ class frmGraph : public QWidget, private DisplayListener {
   void MouseLeft() override;
   void WheelTurned(const MouseEvent& event, double steps) override;
   void ViewKeyPressed(ViewMove move) override;
+  void MouseDoubleClicked(const MouseEvent& event) override;
+  void MouseRested(const MouseEvent& event, const QPoint& globalPlace) override;
+  void WalkKeyPressed(ElementKind kind, bool forward) override;
+  void OpenKeyPressed() override;
+  void FocusLost() override;
+  void PaintOver(QPainter& painter) override { Pointing->Paint(painter); }
 
+  void Inspect(Element element);
   void Act(const MouseVerdict& verdict);
   void Do(const MouseVerdict& verdict);
   void InspectNode(int n);
@@ -88,6 +102,7 @@ class frmGraph : public QWidget, private DisplayListener {
   frmMain& Frame;
   MainStatusBar& Status;
   DisplayArea* Disp = nullptr;
+  std::unique_ptr<PointingHelp> Pointing;
   QMenu* PopUp = nullptr;
   frmReport* ReportWindow = nullptr; ///< nullptr until the first report; the frame owns it
   QList<QMenu*> MenuList;

@@ -24,12 +24,14 @@
 #include "modModelStore.h"
 #include "modMotionView.h"
 #include "modOptions.h"
+#include "modOverprint.h"
 #include "modRedraw.h"
 #include "modRunAnalysis.h"
 #include "modViewTransform.h"
 
 #include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <QApplication>
@@ -71,12 +73,14 @@ frmMain::frmMain() {
   stsBar = new MainStatusBar(this);
   setStatusBar(stsBar);
   stsBar->SetCheckNotice([this] { Run([this] { ShowCheck(); }); });
+  stsBar->SetOfferNotice([this] { Run([this] { SwitchStyle(); }); });
   BuildToolBar();
   BuildCentre();
   StatusView = std::make_unique<MainStatus>(*stsBar);
   Grids = std::make_unique<GridCommands>(*this, *CBpic);
   Board = std::make_unique<BoardController>(*this, *CBpic, *Grids);
   Check = std::make_unique<CheckPresenter>(*this, *CBpic, *stsBar);
+  Rows = std::make_unique<RowLink>(*this, *CBpic);
   Live = std::make_unique<LivePresenter>(*this, *Board, *Check, *stsBar);
   Listener = std::make_unique<MainListener>(*this);
   ConnectKeys();
@@ -218,6 +222,12 @@ void frmMain::Analyse() {
   if (!strutwright::runAnalysis()) return;
   Board->TickResultSwitches(true);
   Redraw(false);
+  OfferClearDrawing();
+}
+
+void frmMain::OfferClearDrawing() {
+  const bool described = TheDisplay.Style == DrawingStyle::Described;
+  stsBar->OfferClearDrawing(described && PrintsOverItself(*DisplaySurface, ViewOfDisplay()));
 }
 
 void frmMain::EndAnalysis(bool redraw) {
@@ -226,6 +236,7 @@ void frmMain::EndAnalysis(bool redraw) {
 }
 
 void frmMain::LeaveResults() {
+  DropOffer();
   if (IsLive()) {
     Board->ShowTickedResults();
   } else {
@@ -395,6 +406,10 @@ void frmMain::ShowDrawing() {
   if (Influence != nullptr) Influence->Follow();
 }
 
+void frmMain::MarkElements(std::vector<Element> elements) {
+  if (Graph != nullptr && !Ending) Graph->Mark(std::move(elements));
+}
+
 void frmMain::HideBoard() {
   CBpic->hide();
   Centre->removeWidget(BtnPic);
@@ -418,6 +433,8 @@ void frmMain::RestorePlace() {
   const QSettings place(PlaceFile(), QSettings::IniFormat);
   restoreGeometry(place.value("geometry").toByteArray());
   BoardSplitter->restoreState(place.value("board").toByteArray());
+  TheDisplay.WidthByForce = place.value("widthByForce", TheDisplay.WidthByForce).toBool();
+  TheDisplay.ShowLegend = place.value("legend", TheDisplay.ShowLegend).toBool();
   CBpic->clearChk->setChecked(place.value("clear").toBool());
   if (place.value("live").toBool()) Live->Switch(true);
 }
@@ -429,6 +446,8 @@ void frmMain::SavePlace() {
   place.setValue("geometry", saveGeometry());
   place.setValue("board", BoardSplitter->saveState());
   place.setValue("clear", CBpic->clearChk->isChecked());
+  place.setValue("widthByForce", TheDisplay.WidthByForce);
+  place.setValue("legend", TheDisplay.ShowLegend);
   place.setValue("live", TheLive.on);
 }
 
