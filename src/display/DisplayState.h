@@ -4,6 +4,7 @@
 #include "MouseState.h"
 #include "TrussView.h"
 #include "modClearDrawing.h"
+#include "modSelection.h"
 
 #include <cstdint>
 
@@ -30,6 +31,7 @@ struct DisplayState {
 
   bool DrawNodeMode = false;   ///< a click adds a node at the nearest grid point
   bool DrawMemberMode = false; ///< two clicks on nodes add a member
+  Selection Selected;          ///< by the mode Select and Move
   MouseState Mouse;            ///< the other modes, and what the mouse is in the middle of
 
   DrawingStyle Style = DrawingStyle::Described;

@@ -11,6 +11,9 @@ enum class MouseButton { None, Left, Right, Middle };
 /// The pointer over the drawing.
 enum class MouseCursor { Default, Hand, UpArrow };
 
+/// What a click of the mode Loads gives a node.
+enum class LoadSymbol { Down, Up, Left, Right, None };
+
 /// Two corners or two ends, in surface coordinates.
 struct RubberShape {
   double x1 = 0;
@@ -28,6 +31,9 @@ struct MouseState {
   bool SelectMemberMode = false; ///< a click opens the member inspector
   bool SelectNodeMode = false;   ///< a click opens the node inspector
   bool DeleteMode = false;       ///< a click deletes a node, or else a member
+  bool SupportMode = false;      ///< a click gives a node the support of SupportSymbol
+  bool LoadMode = false;         ///< a click loads a node, a drag changes a load
+  bool MoveMode = false;         ///< selects nodes and members, and drags them
   bool ZoomArmed = false;        ///< the next left press starts a zoom rectangle
 
   bool ZoomDragging = false; ///< a zoom rectangle is being drawn
@@ -40,6 +46,9 @@ struct MouseState {
   int FirstNode = 0;          ///< the first of them, and where it lay, in m
   float FirstX = 0;
   float FirstY = 0;
+
+  int SupportSymbol = 3; ///< code, as in NodeSupport
+  LoadSymbol ClickedLoad = LoadSymbol::Down;
 
   MouseCursor Cursor = MouseCursor::Default;
   bool ModeChosen = false; ///< since the pop-up menu was asked for

@@ -11,6 +11,8 @@ struct MouseEvent {
   MouseButton button = MouseButton::None; ///< the one that was pressed or released
   bool leftHeld = false;                  ///< what is held after the event
   bool middleHeld = false;
+  bool control = false; ///< the key, while it happens
+  bool shift = false;
 };
 
 /// What is to be done after an event.

@@ -19,14 +19,17 @@ struct ModeFlag {
 };
 
 /// The order is that in which the panel names them.
-const std::array<ModeFlag, 6>& ModeFlags() {
-  static const std::array<ModeFlag, 6> flags{{
+const std::array<ModeFlag, 9>& ModeFlags() {
+  static const std::array<ModeFlag, 9> flags{{
       {MouseMode::Pan, TheMouse.PanMode, "Pan Mode"},
       {MouseMode::DrawNode, DrawNodeMode, "Draw Node"},
       {MouseMode::DrawMember, DrawMemberMode, "Draw Member"},
       {MouseMode::SelectMember, TheMouse.SelectMemberMode, "Select Member"},
       {MouseMode::SelectNode, TheMouse.SelectNodeMode, "Select Node"},
       {MouseMode::Delete, TheMouse.DeleteMode, "Delete Mode"},
+      {MouseMode::Supports, TheMouse.SupportMode, "Supports"},
+      {MouseMode::Loads, TheMouse.LoadMode, "Loads"},
+      {MouseMode::SelectAndMove, TheMouse.MoveMode, "Select and Move"},
   }};
   return flags;
 }
@@ -38,6 +41,12 @@ void DropHalfMember() {
   if (isHalfDrawn) ViewEvents().ViewChanged();
 }
 
+void DropSelection() {
+  if (TheDisplay.Selected.IsEmpty()) return;
+  TheDisplay.Selected.Clear();
+  ViewEvents().ViewChanged();
+}
+
 } // namespace
 
 void SetMouseMode(MouseMode mode) {
@@ -47,6 +56,7 @@ void SetMouseMode(MouseMode mode) {
   TheMouse.ModeChosen = true;
   EndDrag();
   HideRubberBands();
+  if (mode != MouseMode::SelectAndMove) DropSelection();
   DropHalfMember();
 }
 

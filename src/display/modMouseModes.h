@@ -6,7 +6,18 @@
 
 namespace strutwright {
 
-enum class MouseMode { None, Pan, DrawNode, DrawMember, SelectMember, SelectNode, Delete };
+enum class MouseMode {
+  None,
+  Pan,
+  DrawNode,
+  DrawMember,
+  SelectMember,
+  SelectNode,
+  Delete,
+  Supports,
+  Loads,
+  SelectAndMove
+};
 
 /// The commands that choose a mode.  Sets the mode's flag and clears the others, the armed zoom among them; ends a
 /// drag and forgets a half drawn member, whose highlight the host drops.  Leaving pan mode restores the pointer.

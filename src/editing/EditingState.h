@@ -14,6 +14,7 @@ struct EditingState {
 
   std::vector<std::int16_t> rangeList{0}; ///< row numbers, ascending, of the last text that could be parsed; entry 0
                                           ///< is not used
+  bool rigidityFromBoard = false;         ///< a member that is drawn gets E and A of the control board
   bool rangeError = false;                ///< the last text could not be parsed
 };
 

@@ -218,5 +218,15 @@ TEST_F(InfluenceDrawingTest, HasNumbersWhereTheyCanBeRead) {
   EXPECT_THAT(room(179), ElementsAre(false, false));
 }
 
+// At x = 1.5 the ordinate is 0.5, drawn 1.2 m long from 3.52 below.
+TEST_F(InfluenceDrawingTest, MarksAPlaceWithItsValue) {
+  InfluenceShape shape = Shape({0, 1, -0.5});
+  shape.mark = LineMark{1.5, 0.5};
+  Drawn(shape);
+  EXPECT_THAT(surface.Ink("line", "red"), Contains("line 1.5 3.52 1.5 2.32 red 1"));
+  EXPECT_THAT(surface.Ink("circle", "red"), SizeIs(1));
+  EXPECT_THAT(surface.Ink("text", "red"), ElementsAre(HasSubstr("'0.5'")));
+}
+
 } // namespace
 } // namespace strutwright

@@ -1,6 +1,7 @@
 #include "frmOptions.h"
 
 #include "DisplayState.h"
+#include "EditingState.h"
 #include "EventGuard.h"
 #include "FileState.h"
 #include "FormParts.h"
@@ -61,6 +62,7 @@ QWidget* frmOptions::BuildGeneral() {
   column->addWidget(BuildLineStyle());
   column->addWidget(BuildCapacity());
   column->addLayout(BuildClearDrawing());
+  column->addWidget(BuildDrawing());
   column->addStretch();
   return page;
 }
@@ -73,6 +75,15 @@ QWidget* frmOptions::BuildFileHandling() {
   row->addStretch();
   row->addWidget(txtMaxFiles);
   return frame;
+}
+
+QWidget* frmOptions::BuildDrawing() {
+  auto* box = new QCheckBox("&New members take E and A from the board");
+  box->setObjectName("chkRigidity");
+  box->setToolTip("A member that is drawn gets E Value and Area of the control board");
+  box->setChecked(TheEditing.rigidityFromBoard);
+  OnSignal(box, &QCheckBox::toggled, this, [](bool on) { TheEditing.rigidityFromBoard = on; });
+  return box;
 }
 
 QWidget* frmOptions::BuildLineStyle() {

@@ -25,6 +25,7 @@ class frmOptions : public QDialog {
  private:
   QWidget* BuildGeneral();
   QWidget* BuildFileHandling();
+  QWidget* BuildDrawing();
   QWidget* BuildLineStyle();
   QWidget* BuildCapacity();
   QLayout* BuildClearDrawing();

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -115,6 +116,9 @@ void DisplayArea::wheelEvent(QWheelEvent* event) {
 }
 
 void DisplayArea::keyPressEvent(QKeyEvent* event) {
+  bool taken = false;
+  Guard([&] { taken = Listener.ToolKeyPressed(*event); });
+  if (taken) return;
   const std::optional<ViewMove> move = MoveOf(*event);
   const ElementKind walk = WalkOf(*event);
   if (move) {
@@ -137,11 +141,14 @@ void DisplayArea::focusOutEvent(QFocusEvent* event) {
 
 MouseEvent DisplayArea::At(const QPointF& pixel, Qt::MouseButton button, Qt::MouseButtons held) const {
   const QPointF point = Drawing.ToSurface(pixel);
+  const Qt::KeyboardModifiers keys = QGuiApplication::keyboardModifiers();
   return {.x = static_cast<float>(point.x()),
           .y = static_cast<float>(point.y()),
           .button = ButtonOf(button),
           .leftHeld = held.testFlag(Qt::LeftButton),
-          .middleHeld = held.testFlag(Qt::MiddleButton)};
+          .middleHeld = held.testFlag(Qt::MiddleButton),
+          .control = keys.testFlag(Qt::ControlModifier),
+          .shift = keys.testFlag(Qt::ShiftModifier)};
 }
 
 } // namespace strutwright

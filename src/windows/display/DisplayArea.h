@@ -8,6 +8,7 @@
 #include <QPoint>
 #include <QWidget>
 
+class QKeyEvent;
 class QPainter;
 
 namespace strutwright {
@@ -44,6 +45,9 @@ class DisplayListener {
 
   /// Paints what lies over the drawing and is no part of it.
   virtual void PaintOver(QPainter& painter) = 0;
+
+  /// A key that an editing mode may want before anything else gets it; returns whether it did.
+  virtual bool ToolKeyPressed(const QKeyEvent& key) = 0;
 };
 
 /// The drawing area `Disp`: shows the picture that its surface keeps, and tells where the mouse is on it and which keys

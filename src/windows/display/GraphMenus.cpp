@@ -1,3 +1,4 @@
+#include "DisplayState.h"
 #include "Menus.h"
 #include "WorkbenchState.h"
 #include "frmGraph.h"
@@ -43,6 +44,9 @@ void frmGraph::BuildMenus() {
       },
       "Numbers the nodes by x and then by y; large trusses are analysed faster so");
   build.Add(
+      tools, "mnuVary", "&Vary...", {}, [this] { Frame.ShowVary(); },
+      "Changes one quantity with a slider and plots a result over it");
+  build.Add(
       tools, "mnuOptions", "&Options...", {}, [this] { Frame.ShowOptions(); },
       "The drawing grid, snapping, the size of the grids and the list of recent files");
   build.AddHelpMenu();
@@ -79,10 +83,66 @@ void frmGraph::AddDrawingMenu(MenuBuilder& build) {
   add("mnuSelNode", "&Select Node", MouseMode::SelectNode, "A click shows the details of a node");
   add("mnuSelMember", "Se&lect Member", MouseMode::SelectMember, "A click shows the details of a member");
   add("mnuDelete", "&Delete", MouseMode::Delete, "A click deletes a node, or else a member");
+  AddSymbolMenus(build, drawing);
+  AddSelectionMenu(build, drawing);
   drawing.addSeparator();
   build.Add(
       drawing, "mnuSavePic", "Save &picture", {}, [this] { Frame.SavePicture(); },
       "Saves the truss display as a picture");
+}
+
+void frmGraph::AddSymbolMenus(MenuBuilder& build, QMenu& drawing) {
+  drawing.addSeparator();
+  QMenu& supports = *build.AddSubmenu(drawing, "mnuSupports", "S&upports");
+  const auto addSupport = [&](const char* name, const QString& text, int code) {
+    build.Add(
+        supports, name, text, {}, [this, code] { ChooseSupports(code); }, "Clicks on nodes give them this support");
+  };
+  addSupport("mnuSupportPin", "&Pin", 3);
+  addSupport("mnuSupportRollerX", "Roller (free in &x)", 1);
+  addSupport("mnuSupportRollerY", "Roller (free in &y)", 2);
+  addSupport("mnuSupportFree", "&Free", 0);
+  QMenu& loads = *build.AddSubmenu(drawing, "mnuLoads", "L&oads");
+  const auto addLoad = [&](const char* name, const QString& text, LoadSymbol symbol) {
+    build.Add(
+        loads, name, text, {}, [this, symbol] { ChooseLoads(symbol); },
+        "Clicks on nodes give them this load; dragging the end of an arrow changes it");
+  };
+  addLoad("mnuLoadDown", "&Down", LoadSymbol::Down);
+  addLoad("mnuLoadUp", "&Up", LoadSymbol::Up);
+  addLoad("mnuLoadRight", "To the &Right", LoadSymbol::Right);
+  addLoad("mnuLoadLeft", "To the &Left", LoadSymbol::Left);
+  addLoad("mnuLoadNone", "&None", LoadSymbol::None);
+}
+
+void frmGraph::AddSelectionMenu(MenuBuilder& build, QMenu& drawing) {
+  drawing.addSeparator();
+  const auto add = [&](const char* name, const QString& text, const QKeySequence& key,
+                       const std::function<void()>& command, const QString& toolTip) {
+    Frame.addAction(build.Add(drawing, name, text, key, command, toolTip));
+  };
+  add(
+      "mnuSelectMove", "Select and Mo&ve", Qt::Key_F12, [this] { Choose(MouseMode::SelectAndMove); },
+      "Clicks and rectangles select nodes and members; dragging moves them");
+  add(
+      "mnuCopies", "Cop&y and Repeat...", {}, [this] { AskForCopies(); },
+      "Copies what is selected, once or in a row, with its loads and supports");
+  add(
+      "mnuMirrorX", "Mirror to the Si&de...", {}, [this] { AskForMirror(false); },
+      "Adds the mirror image of what is selected on the other side of an upright line");
+  add(
+      "mnuMirrorY", "Mirror &Up or Down...", {}, [this] { AskForMirror(true); },
+      "Adds the mirror image of what is selected above or below a level line");
+}
+
+void frmGraph::ChooseSupports(int code) {
+  TheMouse.SupportSymbol = code;
+  Choose(MouseMode::Supports);
+}
+
+void frmGraph::ChooseLoads(LoadSymbol symbol) {
+  TheMouse.ClickedLoad = symbol;
+  Choose(MouseMode::Loads);
 }
 
 void frmGraph::AddViewMenu(MenuBuilder& build) {
@@ -115,6 +175,7 @@ void frmGraph::AddViewMenu(MenuBuilder& build) {
 void frmGraph::BuildPopUp(MenuBuilder& build) {
   PopUp = new QMenu(this);
   PopUp->setObjectName("mnuPopUp");
+  Parts = std::make_unique<PartMenu>(Frame, *PopUp, build);
   const auto take = [this](const QString& name) { PopUp->addAction(findChild<QAction*>(name)); };
   for (const char* name : {"mnuDrawNodes", "mnuDrawMembers", "mnuSelNode", "mnuSelMember", "mnuDelete"}) take(name);
   PopUp->addSeparator();

@@ -48,7 +48,7 @@ bool IsPlainPress(const MouseEvent& event) {
 
 } // namespace
 
-frmGraph::frmGraph(frmMain& frame, MainStatusBar& status) : Frame(frame), Status(status) {
+frmGraph::frmGraph(frmMain& frame, MainStatusBar& status) : Frame(frame), Status(status), Tools(frame, *this) {
   setObjectName("frmGraph");
   setWindowTitle("Truss Display");
   Disp = new DisplayArea(*this, this);
@@ -106,6 +106,11 @@ void frmGraph::ShowReport() {
 
 void frmGraph::stsBarUpdate() { Status.ShowAnalysis(QString::fromStdString(AnalysisText())); }
 
+void frmGraph::DrawSelected() {
+  DropMissing(TheDisplay.Selected);
+  if (!TheDisplay.Selected.IsEmpty()) DrawSelection(Surface(), TheDisplay.Selected);
+}
+
 void frmGraph::LeaveMode() {
   ClearModes();
   Pointing->EndWalk();
@@ -128,7 +133,7 @@ void frmGraph::Resized() { Frame.RedrawWhatCanBeDrawn(false); }
 
 void frmGraph::MouseMoved(const MouseEvent& event) {
   Status.ShowCoordinates(QString::fromStdString(CoordinatesText(event.x, event.y)));
-  Act(MouseMove(event));
+  if (!Tools.Move(event)) Act(MouseMove(event));
   Pointing->MouseMoved(event.x, event.y, QCursor::pos());
 }
 
@@ -137,7 +142,7 @@ void frmGraph::MousePressed(const MouseEvent& event) {
   Frame.CommitPendingEdit();
   Pointing->HideTip();
   const bool plain = IsPlainPress(event);
-  Act(MousePress(event));
+  if (!Tools.Press(event)) Act(MousePress(event));
   if (plain) Frame.ChooseRowOf(ElementAt(Surface(), event.x, event.y));
 }
 
@@ -149,7 +154,9 @@ void frmGraph::MouseDoubleClicked(const MouseEvent& event) {
   Inspect(ElementAt(Surface(), event.x, event.y));
 }
 
-void frmGraph::MouseReleased(const MouseEvent& event) { Act(MouseRelease(event)); }
+void frmGraph::MouseReleased(const MouseEvent& event) {
+  if (!Tools.Release(event)) Act(MouseRelease(event));
+}
 
 void frmGraph::MouseLeft() {
   MouseLeave();
@@ -234,7 +241,9 @@ void frmGraph::ShowMouseState() {
   Disp->update();
 }
 
+/// What lies under the press that asked for the menu comes first in it.
 void frmGraph::ShowPopUp() {
+  Parts->Offer(TheMouse.PressX, -TheMouse.PressY);
   PopUp->exec(QCursor::pos());
   PopUpClosed();
 }
@@ -250,6 +259,7 @@ bool frmGraph::OfferNode(float x, float y) {
 void frmGraph::DrawMemberBetween(int i, int j) {
   const std::string hint = MemberHint(i, j);
   Frame.Edit("Draw Member", [&] { Frame.DrawMember(i, j); });
+  Frame.OfferRigidityOnDrawing();
   if (!hint.empty()) Frame.ShowHint(hint);
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "DisplayArea.h"
+#include "EditTools.h"
+#include "PartMenu.h"
 #include "PointingHelp.h"
 #include "modMouseModes.h"
 
@@ -54,6 +56,15 @@ class frmGraph : public QWidget, private DisplayListener {
   /// Marks nodes and members over the drawing, those and no others.
   void Mark(std::vector<Element> elements) { Pointing->Mark(std::move(elements)); }
 
+  /// Puts back what is being dragged; returns whether anything was.
+  bool CancelDrag() { return Tools.Cancel(); }
+
+  /// Adds copies of what is selected, each by (dx, dy), in m, from the one before, and selects the last one.
+  void CopySelection(double dx, double dy, int count);
+
+  /// Draws what is selected over the truss.
+  void DrawSelected();
+
   /// Leaves the mouse mode.
   void LeaveMode();
 
@@ -78,6 +89,7 @@ class frmGraph : public QWidget, private DisplayListener {
   void OpenKeyPressed() override;
   void FocusLost() override;
   void PaintOver(QPainter& painter) override { Pointing->Paint(painter); }
+  bool ToolKeyPressed(const QKeyEvent& key) override { return Tools.Key(key); }
 
   void Inspect(Element element);
   void Act(const MouseVerdict& verdict);
@@ -94,6 +106,13 @@ class frmGraph : public QWidget, private DisplayListener {
   void AddLive(MenuBuilder& build, QMenu& analysis);
   void AddEditMenu(MenuBuilder& build);
   void AddDrawingMenu(MenuBuilder& build);
+  void AddSymbolMenus(MenuBuilder& build, QMenu& drawing);
+  void AddSelectionMenu(MenuBuilder& build, QMenu& drawing);
+  void ChooseSupports(int code);
+  void ChooseLoads(LoadSymbol symbol);
+  void AskForCopies();
+  void AskForMirror(bool level);
+  bool HasSelection();
   void AddViewMenu(MenuBuilder& build);
   void BuildPopUp(MenuBuilder& build);
   void Refresh();
@@ -103,6 +122,8 @@ class frmGraph : public QWidget, private DisplayListener {
   MainStatusBar& Status;
   DisplayArea* Disp = nullptr;
   std::unique_ptr<PointingHelp> Pointing;
+  EditTools Tools;
+  std::unique_ptr<PartMenu> Parts; ///< the entries of the pop-up menu for what is under the pointer
   QMenu* PopUp = nullptr;
   frmReport* ReportWindow = nullptr; ///< nullptr until the first report; the frame owns it
   QList<QMenu*> MenuList;

@@ -56,6 +56,11 @@ void LivePresenter::Resume() {
 
 void LivePresenter::Follow() {
   if (!IsLive() || Analysing || Frame.IsWorking() || !Frame.IsLoaded() || LiveIsUpToDate()) return;
+  FollowDrag();
+}
+
+void LivePresenter::FollowDrag() {
+  if (Analysing || Frame.IsWorking()) return;
   Analysing = true;
   try {
     Analyse();

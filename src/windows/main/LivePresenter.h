@@ -21,6 +21,9 @@ class LivePresenter {
   /// Analyses the model where it is another one than was analysed last.  Does nothing while live analysis is off.
   void Follow();
 
+  /// The same in the middle of a drag, which has changed the grids.
+  void FollowDrag();
+
   /// The model has become another one: where live analysis had paused, it goes on.
   void Resume();
 

@@ -33,9 +33,13 @@ void MainListener::NodesRenumbered() {
   Frame.ResumeLive();
 }
 
-void MainListener::ModelEmptied() { ClearResultGrids(); }
+void MainListener::ModelEmptied() {
+  ClearResultGrids();
+  Frame.EndRigidityOffer();
+}
 
 void MainListener::ModelReplaced() {
+  Frame.EndRigidityOffer();
   Frame.ResetEquations();
   Frame.ResumeLive();
   Frame.Redraw(true);

@@ -1,5 +1,6 @@
 #include "MainStatusBar.h"
 
+#include "EventGuard.h"
 #include "InputBarrier.h"
 
 #include <QApplication>
@@ -39,6 +40,15 @@ MainStatusBar::MainStatusBar(QWidget* parent) : QStatusBar(parent) {
   Hint->setAccessibleName("Hint");
   Hint->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // a long one must not make the window wider
   addWidget(Hint, 1);
+  Rigidity = new QPushButton("Give New Members E and A", this);
+  Rigidity->setObjectName("stsBar_Rigidity");
+  Rigidity->setToolTip("Gives members that are drawn E and A from the control board, and those that have none yet");
+  Rigidity->hide();
+  addPermanentWidget(Rigidity);
+  OnSignal(Rigidity, &QPushButton::clicked, this, [this] {
+    EndOffer();
+    RigidityListener();
+  });
   Progress = new QProgressBar(this);
   Progress->setObjectName("stsBar_Progress");
   Progress->setAccessibleName("Progress");
@@ -95,6 +105,10 @@ void MainStatusBar::ShowCheck(const QString& text, CheckLevel level) {
 }
 
 void MainStatusBar::ShowLive(const QString& text) { Live->setText(text); }
+
+void MainStatusBar::OfferRigidity() { Rigidity->show(); }
+
+void MainStatusBar::EndOffer() { Rigidity->hide(); }
 
 bool MainStatusBar::eventFilter(QObject* watched, QEvent* event) {
   const bool clicked = watched == Check && event->type() == QEvent::MouseButtonRelease && !Check->text().isEmpty();

@@ -34,6 +34,12 @@ class MainStatusBar : public QStatusBar {
   void OfferClearDrawing(bool offer);
   /// Called when the user takes that offer.
   void SetOfferNotice(std::function<void()> listener) { OfferListener = std::move(listener); }
+  /// Shows a button that offers to give new members E and A from the control board, until it is clicked or the next
+  /// model begins.
+  void OfferRigidity();
+  void EndOffer();
+  void SetRigidityNotice(std::function<void()> listener) { RigidityListener = std::move(listener); }
+
   void ShowHint(const QString& text);
   /// What stands where the hint stands whenever there is no hint; an empty text ends it.
   void ShowNote(const QString& text);
@@ -63,6 +69,8 @@ class MainStatusBar : public QStatusBar {
   QProgressBar* Progress = nullptr;
   QPushButton* Cancel = nullptr;
   QPushButton* Offer = nullptr;
+  QPushButton* Rigidity = nullptr;
+  std::function<void()> RigidityListener;
   std::function<void()> CheckListener;
   std::function<void()> OfferListener;
   QTimer HintTimer;

@@ -4,6 +4,7 @@
 #include "ChildArea.h"
 #include "ControlBoard.h"
 #include "DisplayState.h"
+#include "EditingState.h"
 #include "EventGuard.h"
 #include "MainStatusBar.h"
 #include "Menus.h"
@@ -15,6 +16,7 @@
 #include "frmGraph.h"
 #include "frmInfluence.h"
 #include "frmOptions.h"
+#include "frmVary.h"
 #include "modEntryGaps.h"
 #include "modFileCommands.h"
 #include "modGenerators.h"
@@ -23,6 +25,7 @@
 #include "modLive.h"
 #include "modModelStore.h"
 #include "modMotionView.h"
+#include "modNumberText.h"
 #include "modOptions.h"
 #include "modOverprint.h"
 #include "modRedraw.h"
@@ -74,6 +77,12 @@ frmMain::frmMain() {
   setStatusBar(stsBar);
   stsBar->SetCheckNotice([this] { Run([this] { ShowCheck(); }); });
   stsBar->SetOfferNotice([this] { Run([this] { SwitchStyle(); }); });
+  stsBar->SetRigidityNotice([this] {
+    Run([this] {
+      TheEditing.rigidityFromBoard = true;
+      Edit("Fill In E and A", [this] { FillInRigidity(); });
+    });
+  });
   BuildToolBar();
   BuildCentre();
   StatusView = std::make_unique<MainStatus>(*stsBar);
@@ -93,6 +102,7 @@ frmMain::~frmMain() {
   DisplaySurface = nullptr;
   Check->CloseWindow();
   delete Influence;
+  delete Vary;
   delete takeCentralWidget(); // while the frame that its parts report to is still whole
 }
 
@@ -161,7 +171,9 @@ void frmMain::ConnectKeys() {
   };
   connectKey(Qt::Key_F3, [this] { ZoomOut(); });
   connectKey(Qt::Key_F4, [this] { Redraw(true); });
-  connectKey(Qt::Key_Escape, [this] { Graph->LeaveMode(); });
+  OnSignal(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, [this] {
+    if (!Graph->CancelDrag()) Run([this] { Graph->LeaveMode(); });
+  });
 }
 
 void frmMain::AddHistoryActions(MenuBuilder& build, QMenu& menu) {
@@ -286,7 +298,20 @@ void frmMain::ZoomOut() {
   Redraw(false);
 }
 
+void frmMain::ReleaseCommands() {
+  Holds = false;
+  for (const auto& command : std::exchange(Waiting, {})) Run(command);
+}
+
+void frmMain::FollowDrag() {
+  if (IsLive()) return Live->FollowDrag();
+  EndAnalysis(false);
+  RebuildModelFromGrids();
+  RedrawWhatCanBeDrawn(false);
+}
+
 void frmMain::Run(const std::function<void()>& command) {
+  if (Holds) return Waiting.push_back(command);
   Guard([&] {
     CommitPendingEdit();
     command();
@@ -328,6 +353,10 @@ void frmMain::DrawMember(int i, int j) {
   RebuildModelFromGrids();
   AddMember(static_cast<std::int16_t>(i), static_cast<std::int16_t>(j));
   RebuildModelFromGrids();
+  if (TheEditing.rigidityFromBoard) {
+    TakeRigidityFromBoard();
+    RebuildModelFromGrids();
+  }
   Redraw(false);
 }
 
@@ -349,6 +378,32 @@ void frmMain::ShowInfluence() {
   Influence->show();
   Influence->raise();
   Influence->activateWindow();
+}
+
+void frmMain::ShowVary() {
+  RebuildKeepingResults();
+  if (Vary == nullptr) Vary = new frmVary(*this);
+  Vary->Begin();
+  Vary->show();
+  Vary->raise();
+  Vary->activateWindow();
+}
+
+/// The new members' E and A are of the same step.
+void frmMain::TakeRigidityFromBoard() {
+  const int m = MemberCount;
+  const std::string E = CBpic->eTxt->text().toStdString();
+  const std::string A = CBpic->aTxt->text().toStdString();
+  if (!GrMembers.Text(m, MemberE).empty() || !GrMembers.Text(m, MemberA).empty()) return;
+  if (NumericValue(E).value_or(0.0F) > 0) GrMembers.SetText(m, MemberE, E);
+  if (NumericValue(A).value_or(0.0F) > 0) GrMembers.SetText(m, MemberA, A);
+}
+
+void frmMain::EndRigidityOffer() { stsBar->EndOffer(); }
+
+void frmMain::OfferRigidityOnDrawing() {
+  const bool without = MemberCount > 0 && !(MemberTable(MemberCount, MemberE) > 0);
+  if (without && !TheEditing.rigidityFromBoard) stsBar->OfferRigidity();
 }
 
 void frmMain::Redraw(bool zoomToExtents) {
@@ -401,9 +456,13 @@ void frmMain::WritePicture(const std::string& path) {
 void frmMain::ShowDrawing() {
   Check->Follow();
   Check->Draw();
-  if (Graph != nullptr) Graph->ShowDrawing();
+  if (Graph != nullptr) {
+    Graph->DrawSelected();
+    Graph->ShowDrawing();
+  }
   if (Equations != nullptr) Equations->ShowStepToCome();
   if (Influence != nullptr) Influence->Follow();
+  if (Vary != nullptr) Vary->Follow();
 }
 
 void frmMain::MarkElements(std::vector<Element> elements) {
@@ -436,6 +495,7 @@ void frmMain::RestorePlace() {
   TheDisplay.WidthByForce = place.value("widthByForce", TheDisplay.WidthByForce).toBool();
   TheDisplay.ShowLegend = place.value("legend", TheDisplay.ShowLegend).toBool();
   CBpic->clearChk->setChecked(place.value("clear").toBool());
+  TheEditing.rigidityFromBoard = place.value("rigidityFromBoard").toBool();
   if (place.value("live").toBool()) Live->Switch(true);
 }
 
@@ -449,6 +509,7 @@ void frmMain::SavePlace() {
   place.setValue("widthByForce", TheDisplay.WidthByForce);
   place.setValue("legend", TheDisplay.ShowLegend);
   place.setValue("live", TheLive.on);
+  place.setValue("rigidityFromBoard", TheEditing.rigidityFromBoard);
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {

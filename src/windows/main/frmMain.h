@@ -29,6 +29,7 @@ class ChildArea;
 class frmEquations;
 class frmGraph;
 class frmInfluence;
+class frmVary;
 class MenuBuilder;
 class RecentFilesMenu;
 
@@ -157,6 +158,20 @@ class frmMain : public QMainWindow {
   void FollowModel() { Live->Follow(); }
   void ResumeLive() { Live->Resume(); }
 
+  /// The grids have changed in the middle of a drag.  Live analysis follows at once; without it the results end.
+  void FollowDrag();
+
+  /// While something is dragged, commands wait for its end.
+  void HoldCommands() { Holds = true; }
+  void ReleaseCommands();
+
+  /// After a member was drawn without E and A: offers to give new members those of the control board.
+  void OfferRigidityOnDrawing();
+  void EndRigidityOffer();
+
+  /// Opens the window that varies a quantity, or brings it to the front.
+  void ShowVary();
+
   /// Brings the stiffness equations up to the model, at the stage that they show.
   void FollowEquations();
 
@@ -210,6 +225,7 @@ class frmMain : public QMainWindow {
   void ShowDrawing();
   void WritePicture(const std::string& path);
   void Analyse();
+  void TakeRigidityFromBoard();
   void HideBoard();
   void ShowBoard();
 
@@ -222,6 +238,9 @@ class frmMain : public QMainWindow {
   frmGraph* Graph = nullptr;         ///< nullptr until MDIForm_Load
   frmEquations* Equations = nullptr; ///< likewise
   frmInfluence* Influence = nullptr; ///< nullptr until it is first asked for
+  frmVary* Vary = nullptr;           ///< likewise
+  bool Holds = false;                ///< commands wait
+  std::vector<std::function<void()>> Waiting;
   QMdiSubWindow* GraphWindow = nullptr;
   QMdiSubWindow* EquationsWindow = nullptr;
   QList<RecentFilesMenu*> RecentLists; ///< one in each File menu
