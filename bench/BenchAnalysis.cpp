@@ -63,7 +63,7 @@ void Analyse() {
 }
 
 /// What this process and those it has waited for have computed so far, in ms.  Unlike the time that passes it does not
-/// tell what else the machine is doing.
+/// show what else the machine is doing.
 double ProcessorTime() {
   double sum = 0;
   for (const int whose : {RUSAGE_SELF, RUSAGE_CHILDREN}) {

@@ -64,6 +64,7 @@ frmMain& LiveFrame() {
 
 /// Opens a girder with about so many members.
 void OpenGirder(int members) {
+  LiveFrame(); // which sets the platform up
   SetModel(PrattTruss(2 * ((members + 3) / 4)));
   const std::string path = ThePlatform().programFolder + "/model.stw";
   SaveModelFile(path);

@@ -27,24 +27,17 @@ void CopyResultFields(const FieldTable& from, FieldTable& to) {
 
 } // namespace
 
-void RebuildKeepingResults() { const KeptResults results; }
-
-KeptResults::KeptResults() {
+void RebuildKeepingResults() {
   const FieldTable nodes = NodeTable;
   const FieldTable members = MemberTable;
   RebuildModelFromGrids();
   if (AnalysisDone == FlagFalse) return;
   if (HoldSameInput(nodes, NodeTable) && HoldSameInput(members, MemberTable)) {
-    Members = members;
+    CopyResultFields(members, MemberTable);
   } else {
     EndAnalysis();
     ModelEvents().ModelChanged();
   }
-}
-
-KeptResults::~KeptResults() {
-  // Whatever happened meanwhile, results go only to the members that they belong to.
-  if (Members && Members->Count() == MemberTable.Count()) CopyResultFields(*Members, MemberTable);
 }
 
 } // namespace strutwright

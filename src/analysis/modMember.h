@@ -29,7 +29,7 @@ struct MemberAtFault {
   bool operator==(const MemberAtFault&) const = default;
 };
 
-/// Which of a member's properties, not being above zero, keeps it from having an elongation.
+/// Which of a member's properties is not above zero, so that it has no elongation.
 enum class StretchFault { E, A, EAndA };
 
 /// Global freedoms of the local ones 1..4, x and y at i, x and y at j; entry 0 is not used.

@@ -13,11 +13,11 @@ namespace strutwright {
 
 namespace {
 
-/// Updates of entries after which the host is asked again whether to go on: a few microseconds of work.
+/// Updates of entries after which `work` is asked again whether to go on: a few microseconds of work.
 constexpr double UpdatesBetweenReports = 4000;
 
 /// Updates for each freedom above which tiles are faster; bench_analysis compares.
-constexpr double MostUpdatesOfRows = 1000;
+constexpr double MaxUpdatesOfRows = 1000;
 
 void Eliminate(RowEquations& equations, LongWork& work) {
   const double all = equations.Reach().Updates();
@@ -69,7 +69,7 @@ SolveOutcome SolveEquations(const StiffnessMatrix& K, std::vector<float>& D, con
   return outcome.value();
 }
 
-bool TilesAreFaster(const Envelope& envelope) { return envelope.Updates() > MostUpdatesOfRows * envelope.Freedoms(); }
+bool TilesAreFaster(const Envelope& envelope) { return envelope.Updates() > MaxUpdatesOfRows * envelope.Freedoms(); }
 
 void BringPivotUp(RowEquations& equations, int p) {
   int pivotRow = p;

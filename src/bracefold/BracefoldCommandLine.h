@@ -21,7 +21,7 @@ using TrussWindow = std::function<int(const TrussFamily& family, const TrussText
 
 /// The whole program: writes the truss that the arguments (without the program's name) describe into the file that
 /// they name, or opens the window on it where they name none.
-/// A description that is no truss is told in a line on `err` that names the option, and then nothing happens.
+/// A description that is no truss is reported in a line on `err` that names the option, and then nothing happens.
 /// Returns the exit status.
 int RunBracefold(const std::vector<std::string>& arguments, const TrussWindow& window, std::ostream& out,
                  std::ostream& err);

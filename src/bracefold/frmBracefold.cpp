@@ -115,7 +115,7 @@ QWidget* frmBracefold::NewField(const FieldDescription& field) {
   if (field.field == TrussField::Bays) {
     auto* bays = new QSpinBox;
     bays->setRange(static_cast<int>(field.least), static_cast<int>(field.most));
-    // An emptied box keeps its value, of which it tells nothing, and shows it again when it is left.
+    // An emptied box keeps its value, without a signal, and shows it again when it is left.
     OnSignal(bays->findChild<QLineEdit*>(), &QLineEdit::textEdited, this, [this] { TakeField(TrussField::Bays); });
     OnSignal(bays, &QSpinBox::valueChanged, this, [this] { TakeField(TrussField::Bays); });
     OnSignal(bays, &QSpinBox::editingFinished, this, [this] { TakeTruss(); });

@@ -19,7 +19,7 @@ class QPushButton;
 namespace strutwright {
 
 /// Bracefold's window: the description of a truss, and its picture, which follows while one types.
-/// It is the host of the drawing.  The open model is the truss of the last description without a fault.
+/// The open model is the truss of the last description without a fault.
 class frmBracefold : public QWidget, private DisplayListener {
  public:
   /// texts: without a fault.

@@ -40,7 +40,7 @@ struct Mechanism {
 struct StabilityReport {
   int mechanismCount = 0;            ///< independent motions
   int indeterminacy = 0;             ///< independent forces that statics leaves open
-  std::vector<Mechanism> mechanisms; ///< the first MostMechanisms of them, in the order of their nodes
+  std::vector<Mechanism> mechanisms; ///< the first MaxMechanisms of them, in the order of their nodes
 
   bool Stable() const { return mechanismCount == 0; }
 };

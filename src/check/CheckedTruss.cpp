@@ -60,7 +60,7 @@ std::vector<double> LoadsWithPrestress(const CheckedTruss& truss) {
   std::vector<double> P = truss.load;
   // P(i) += PS (c, s), P(j) -= PS (c, s).   Checked: a bar between fixed ends bears PS.
   for (const CheckedMember& member : truss.members) {
-    if (!member.Bears()) continue;
+    if (!member.CanCarryForce()) continue;
     P[AlongX(member.i)] += member.prestress * member.c;
     P[AlongY(member.i)] += member.prestress * member.s;
     P[AlongX(member.j)] -= member.prestress * member.c;
@@ -79,7 +79,7 @@ double LargestCause(const CheckedTruss& truss) {
 double LargestTurn(const CheckedTruss& truss) {
   double largest = 0;
   for (const CheckedMember& member : truss.members) {
-    if (!member.Bears()) continue;
+    if (!member.CanCarryForce()) continue;
     largest = std::max(largest, DoubtOf(truss, member, RoundingOfDecimal));
     // So far out, a float has no room for what was typed, and its shortest decimal number says nothing of it.
     if (member.doubt > MuchDoubt) largest = std::max(largest, member.doubt);

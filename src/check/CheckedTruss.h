@@ -9,17 +9,17 @@ namespace strutwright {
 
 /// A member that has two nodes and a length.
 struct CheckedMember {
-  int number = 0;       ///< in MemberTable
-  int i = 0;            ///< start node
-  int j = 0;            ///< end node
-  double c = 0;         ///< cosine of the direction from i to j
-  double s = 0;         ///< sine of it
-  double length = 0;    ///< mm
-  double rigidity = 0;  ///< E A in kN; 0 where E or A is not above zero
-  double prestress = 0; ///< kN
-  double doubt = 0;     ///< how far rounding of its coordinates may have turned it, an angle
+  int number = 0;           ///< in MemberTable
+  int i = 0;                ///< start node
+  int j = 0;                ///< end node
+  double c = 0;             ///< cosine of the direction from i to j
+  double s = 0;             ///< sine of it
+  double length = 0;        ///< mm
+  double axialRigidity = 0; ///< E A in kN; 0 where E or A is not above zero
+  double prestress = 0;     ///< kN
+  double doubt = 0;         ///< how far rounding of its coordinates may have turned it, an angle
 
-  bool Bears() const { return rigidity > 0; }
+  bool CanCarryForce() const { return axialRigidity > 0; }
   Direction Towards() const { return {c, s, doubt}; }
 };
 

@@ -18,9 +18,9 @@ namespace {
 /// Coordinates that were computed, or scaled, have been rounded more than once.
 constexpr double Roundings = 4;
 /// Farther out, rounding would make one line of what is clearly two.
-constexpr double MostDoubt = 1e-3;
+constexpr double MaxDoubt = 1e-3;
 /// Directions are computed in double.
-constexpr double LeastDoubt = 1e-14;
+constexpr double MinDoubt = 1e-14;
 
 /// A direction as a line, whichever end it begins at: its angle from 0 up to pi.
 struct Line {
@@ -95,7 +95,7 @@ double RoundingOfDecimal(double coordinate) {
 }
 
 bool AreInLine(const Direction& one, const Direction& other) {
-  const double doubt = std::clamp(Roundings * (one.doubt + other.doubt), LeastDoubt, MostDoubt);
+  const double doubt = std::clamp(Roundings * (one.doubt + other.doubt), MinDoubt, MaxDoubt);
   return std::abs(one.Sine(other)) <= doubt;
 }
 

@@ -18,15 +18,15 @@ namespace {
 using Matrix = Eigen::SparseMatrix<double>;
 using RowMatrix = Eigen::SparseMatrix<double, Eigen::RowMajor, SuiteSparse_long>;
 
-/// A column this close to the span of those before it depends on them, as far as double precision can tell.
+/// A column this close to the span of those before it depends on them, as far as double precision can show.
 constexpr double RankTolerance = 1e-12;
-/// Least eigenvalue of the product of the matrix with its transpose that inverse iteration tells from rounding.
-constexpr double LeastCertain = 1e-10;
+/// Least eigenvalue of the product of the matrix with its transpose that inverse iteration distinguishes from rounding.
+constexpr double MinCertain = 1e-10;
 /// The roundings of coordinates that are taken to have met in the worst way.
 constexpr double Roundings = 2;
 constexpr double CautiousRoundings = 6;
 constexpr int InverseSteps = 6;
-constexpr std::size_t MostWithinRounding = 20;
+constexpr std::size_t MaxWithinRounding = 20;
 
 /// One row a member that bears, one column an unrestrained freedom that a member touches: elongation by displacement.
 struct Kinematics {
@@ -48,10 +48,10 @@ std::array<Entry, 4> EntriesOf(const CheckedMember& member, const Direction& dir
            {AlongY(member.j), direction.s}}};
 }
 
-std::vector<std::size_t> BearingMembers(const CheckedTruss& truss) {
+std::vector<std::size_t> CarryingMembers(const CheckedTruss& truss) {
   std::vector<std::size_t> members;
   for (std::size_t m = 0; m < truss.members.size(); ++m) {
-    if (truss.members[m].Bears()) members.push_back(m);
+    if (truss.members[m].CanCarryForce()) members.push_back(m);
   }
   return members;
 }
@@ -69,7 +69,7 @@ std::vector<char> TouchedFreedoms(const CheckedTruss& truss, const std::vector<s
 
 Kinematics KinematicsOf(const CheckedTruss& truss, const std::vector<Direction>& directions) {
   Kinematics kinematics;
-  kinematics.members = BearingMembers(truss);
+  kinematics.members = CarryingMembers(truss);
   const std::vector<char> touched = TouchedFreedoms(truss, kinematics.members, directions);
   std::vector<int> columnOf(touched.size(), -1);
   for (std::size_t d = 1; d < touched.size(); ++d) {
@@ -91,7 +91,7 @@ Kinematics KinematicsOf(const CheckedTruss& truss, const std::vector<Direction>&
   return kinematics;
 }
 
-/// The vector with which inverse iteration begins: it is at right angles to nothing in particular.
+/// The vector with which inverse iteration begins: unlikely to be at right angles to any motion.
 Eigen::VectorXd AnyVector(Eigen::Index size) {
   Eigen::VectorXd v(size);
   for (Eigen::Index d = 0; d < size; ++d) v(d) = std::sin(1.0 + static_cast<double>(d * d % 1009));
@@ -112,7 +112,7 @@ std::optional<Eigen::VectorXd> LeastStretched(const Matrix& B) {
     if (!v.allFinite()) return std::nullopt;
     least = 1 / v.norm();
   }
-  if (least < LeastCertain) return std::nullopt;
+  if (least < MinCertain) return std::nullopt;
   return v / v.norm();
 }
 
@@ -251,11 +251,11 @@ std::vector<double> LeastStretched(const Echelon& echelon, const std::vector<std
   return v;
 }
 
-/// The motions that are free as far as the coordinates can tell, beyond those of dependent columns.
+/// The motions that are free as far as the coordinates show, beyond those of dependent columns.
 void AddMotionsWithinRounding(const CheckedTruss& truss, const Kinematics& kinematics, const Echelon& echelon,
                               Motions& motions) {
   std::vector<std::vector<double>> found;
-  while (found.size() < MostWithinRounding && found.size() < echelon.leading.size()) {
+  while (found.size() < MaxWithinRounding && found.size() < echelon.leading.size()) {
     const std::vector<double> v = LeastStretched(echelon, found);
     AddMotion(truss, kinematics, echelon, v, motions);
     if (!IsFreeWithinRounding(truss, kinematics, motions.basis.back(), Roundings)) {

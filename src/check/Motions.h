@@ -6,7 +6,7 @@
 
 namespace strutwright {
 
-/// What the rank of the supported equilibrium matrix tells of a truss.
+/// What the rank of the supported equilibrium matrix shows of a truss.
 struct Motions {
   int mechanisms = 0; ///< unrestrained freedoms less rank
   int redundants = 0; ///< members that bear less rank

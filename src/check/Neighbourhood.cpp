@@ -10,7 +10,7 @@ namespace strutwright {
 
 namespace {
 
-constexpr double LengthShare = 1e-6;
+constexpr double LengthShare = 1e-6; // of a member, for the tolerance
 /// Pieces that are compared with each other without more ado.
 constexpr std::size_t FewPieces = 20;
 /// Share of the comparisons that may be left where halving a cell is worth it.
@@ -20,24 +20,27 @@ constexpr double WorthItForNodes = 0.9;
 constexpr std::size_t FewPairs = 4000;
 /// Comparisons of rectangles with each other, and with nodes, that are enough to say that a model is a tangle, and what
 /// a visit counts beside them.
-constexpr long MostEffort = 6000000;
-constexpr long MostEffortForNodes = 6000000;
+constexpr long MaxEffort = 6000000;
+constexpr long MaxEffortForNodes = 6000000;
 constexpr long VisitEffort = 12;
+/// Members nearby for each one at a hub.
+constexpr double MaxMembersPerSpoke = 5;
+/// Places that are looked at to find about the middle of many.
+constexpr std::size_t SampleSize = 16;
 /// Where a cut lies between two middles of pieces: at equal distances it then passes beside the nodes.
 constexpr double BetweenMiddles = 0.37;
 
 constexpr double Infinity = std::numeric_limits<double>::infinity();
 
 /// Whether so many of the members nearby have a node in common that it saves much not to compare them.
-bool IsHub(double spokes, double all) { return 5 * spokes >= all; }
+bool IsHub(double spokes, double all) { return MaxMembersPerSpoke * spokes >= all; }
 
 /// A coordinate that leaves about half of some things on each side, by a few of them; nothing where these are all in
 /// one place.  middleOf: the coordinate of each thing.
 template <typename MiddleOf>
 std::optional<double> Divide(std::size_t count, const MiddleOf& middleOf) {
-  constexpr std::size_t most = 16;
-  std::array<double, most> middles{};
-  const std::size_t used = std::min(most, count);
+  std::array<double, SampleSize> middles{};
+  const std::size_t used = std::min(SampleSize, count);
   for (std::size_t k = 0; k < used; ++k) middles[k] = middleOf(k * count / used);
   const auto end = middles.begin() + static_cast<std::ptrdiff_t>(used);
   std::sort(middles.begin(), end);
@@ -70,8 +73,8 @@ std::vector<double> MemberTolerances(const CheckedTruss& truss) {
 
 Neighbourhood::Neighbourhood(const CheckedTruss& truss, const std::vector<double>& tolerances,
                              NeighbourVisitor& visitor)
-    : Truss(truss), Tolerances(tolerances), Visitor(visitor), EndCounts(At(truss.nodeCount) + 1, 0), Left(MostEffort),
-      LeftForNodes(MostEffortForNodes) {}
+    : Truss(truss), Tolerances(tolerances), Visitor(visitor), EndCounts(At(truss.nodeCount) + 1, 0), Left(MaxEffort),
+      LeftForNodes(MaxEffortForNodes) {}
 
 bool Neighbourhood::VisitAll() {
   Pieces pieces = AllPieces();

@@ -37,7 +37,7 @@ struct Cell {
   }
 };
 
-/// Is told what lies close together.
+/// Is called with what lies close together.
 class NeighbourVisitor {
  public:
   virtual ~NeighbourVisitor() = default;

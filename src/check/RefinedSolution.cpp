@@ -15,7 +15,7 @@ namespace {
 using Matrix = Eigen::SparseMatrix<double>;
 using LongVector = std::vector<long double>;
 
-constexpr int MostSteps = 40;
+constexpr int MaxSteps = 40;
 
 /// The equations of the unrestrained freedoms, S K S y = S P with u = S y; S makes the diagonal one.
 struct Equations {
@@ -26,7 +26,7 @@ struct Equations {
   bool IsEmpty() const { return scale.size() == 0; }
 };
 
-double StiffnessOf(const CheckedMember& member) { return member.rigidity / member.length; }
+double StiffnessOf(const CheckedMember& member) { return member.axialRigidity / member.length; }
 
 std::array<std::size_t, 4> FreedomsOf(const CheckedMember& member) {
   return {AlongX(member.i), AlongY(member.i), AlongX(member.j), AlongY(member.j)};
@@ -63,7 +63,7 @@ Matrix ScaledStiffness(const CheckedTruss& truss, const Equations& equations) {
   std::vector<Eigen::Triplet<double>> entries;
   entries.reserve(10 * truss.members.size());
   for (const CheckedMember& member : truss.members) {
-    if (!member.Bears()) continue;
+    if (!member.CanCarryForce()) continue;
     const std::array<double, 4> b{-member.c, -member.s, member.c, member.s};
     const auto freedoms = FreedomsOf(member);
     for (std::size_t p = 0; p < 4; ++p) {
@@ -84,7 +84,7 @@ Matrix ScaledStiffness(const CheckedTruss& truss, const Equations& equations) {
 /// Adds what the elongations of the members exert on the nodes, not prestress.
 void AddMemberForces(const CheckedTruss& truss, const LongVector& u, LongVector& forces) {
   for (const CheckedMember& member : truss.members) {
-    const long double force = Elongation(member, u) * member.rigidity / member.length;
+    const long double force = Elongation(member, u) * member.axialRigidity / member.length;
     forces[AlongX(member.i)] += force * member.c;
     forces[AlongY(member.i)] += force * member.s;
     forces[AlongX(member.j)] -= force * member.c;
@@ -128,7 +128,7 @@ double Iterate(const CheckedTruss& truss, const Equations& equations, const std:
   const double cause = LargestOf(ResidualOf(truss, P, u));
   if (!(cause > 0)) return 0;
   double last = std::numeric_limits<double>::infinity();
-  for (int step = 0; step < MostSteps; ++step) {
+  for (int step = 0; step < MaxSteps; ++step) {
     const LongVector before = u;
     const double change = Correct(equations, ResidualOf(truss, P, u), u);
     if (!(change < last / 2) && step > 1) {
@@ -150,9 +150,9 @@ void FillResults(const CheckedTruss& truss, const std::vector<double>& P, const 
     solution.reactions[d] = static_cast<double>(-(reactions[d] + P[d]));
   }
   for (const CheckedMember& member : truss.members) {
-    const long double elastic = Elongation(member, u) * member.rigidity / member.length;
+    const long double elastic = Elongation(member, u) * member.axialRigidity / member.length;
     const long double prestress = member.prestress;
-    if (member.Bears()) solution.forces[At(member.number)] = static_cast<double>(elastic + prestress);
+    if (member.CanCarryForce()) solution.forces[At(member.number)] = static_cast<double>(elastic + prestress);
   }
 }
 

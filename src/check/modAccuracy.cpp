@@ -43,7 +43,7 @@ class Kind {
 double LargestFlexibility(const CheckedTruss& truss) {
   double largest = 0;
   for (const CheckedMember& member : truss.members) {
-    if (member.Bears()) largest = std::max(largest, member.length / member.rigidity);
+    if (member.CanCarryForce()) largest = std::max(largest, member.length / member.axialRigidity);
   }
   return largest;
 }
@@ -104,9 +104,9 @@ void BalanceEnergy(const CheckedTruss& truss, BalanceReport& report) {
     if (truss.fixed[d] == 0) report.work += P[d] * static_cast<double>(Displacements[d]) / 2;
   }
   for (const CheckedMember& member : truss.members) {
-    if (!member.Bears()) continue;
+    if (!member.CanCarryForce()) continue;
     const double elastic = MemberForce(member.number) - member.prestress;
-    report.storedEnergy += elastic * elastic * member.length / member.rigidity / 2;
+    report.storedEnergy += elastic * elastic * member.length / member.axialRigidity / 2;
   }
 }
 
@@ -114,8 +114,8 @@ void BalanceEnergy(const CheckedTruss& truss, BalanceReport& report) {
 
 int DigitsOf(double error) {
   if (!(error < 1)) return 0;
-  if (error <= 0) return MostDigits;
-  return std::min(MostDigits, static_cast<int>(std::floor(-std::log10(error))));
+  if (error <= 0) return MaxDigits;
+  return std::min(MaxDigits, static_cast<int>(std::floor(-std::log10(error))));
 }
 
 AccuracyReport CompareResults(const CheckedTruss& truss, const RefinedSolution& refined) {

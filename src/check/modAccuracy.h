@@ -7,9 +7,9 @@
 namespace strutwright {
 
 /// Most digits that 32-bit floats can have right.
-inline constexpr int MostDigits = 7;
+inline constexpr int MaxDigits = 7;
 
-/// Correct digits of a value with such a relative error, 0 to MostDigits.  What is no number has none.
+/// Correct digits of a value with such a relative error, 0 to MaxDigits.  What is no number has none.
 int DigitsOf(double error);
 
 /// Compares the results in the tables and arrays of the analysis with the refined ones.

@@ -1,4 +1,5 @@
-#include "modCheckAnswer.h"
+#include "modCheckText.h"
+
 #include "modMechanisms.h"
 
 #include <array>
@@ -9,7 +10,7 @@ namespace strutwright {
 
 namespace {
 
-/// Three significant digits, which is all that an error deserves, and the unit.
+/// Three significant digits, enough for an error, and the unit.
 std::string Short(double value, const std::string& unit = "") {
   if (!std::isfinite(value)) return "no number";
   std::array<char, 32> text{};

@@ -1,3 +1,5 @@
+#include "modCures.h"
+
 #include "modMechanisms.h"
 
 #include <algorithm>
@@ -11,12 +13,12 @@ namespace {
 
 using Motion = std::vector<double>;
 
-constexpr std::size_t MostMembers = 3;     // among the cures, where there are supports too
-constexpr std::size_t MostNeighbours = 12; // of one node that are paired with each other
-constexpr std::size_t MostMovers = 10;     // nodes that are paired with every node
-constexpr double LeastElongation = 1e-5;   // of the largest movement; what resists less is no cure
-constexpr double WellStrained = 0.05;      // of the largest strain met so far
-constexpr double LeastSupported = 0.1;     // of the largest movement
+constexpr std::size_t MaxMembers = 3;     // among the cures, where there are supports too
+constexpr std::size_t MaxNeighbours = 12; // of one node that are paired with each other
+constexpr std::size_t MaxMovers = 10;     // nodes that are paired with every node
+constexpr double MinElongation = 1e-5;    // of the largest movement; what resists less is no cure
+constexpr double WellStrained = 0.05;     // of the largest strain met so far
+constexpr double MinSupported = 0.1;      // of the largest movement
 
 /// A member that could be added.
 struct Candidate {
@@ -42,11 +44,11 @@ std::vector<int> GreatestMovers(const CheckedTruss& truss, const Motion& motion)
   std::vector<std::pair<double, int>> nodes;
   for (int n = 1; n <= truss.nodeCount; ++n) {
     // In steps, so that rounding does not decide which of two equal movements comes first.
-    if (Movement(motion, n) >= LeastSupported) nodes.emplace_back(-std::round(Movement(motion, n) / 1e-6), n);
+    if (Movement(motion, n) >= MinSupported) nodes.emplace_back(-std::round(Movement(motion, n) / 1e-6), n);
   }
   std::sort(nodes.begin(), nodes.end());
   std::vector<int> movers;
-  for (std::size_t k = 0; k < std::min(nodes.size(), MostMovers); ++k) movers.push_back(nodes[k].second);
+  for (std::size_t k = 0; k < std::min(nodes.size(), MaxMovers); ++k) movers.push_back(nodes[k].second);
   return movers;
 }
 
@@ -54,7 +56,7 @@ std::vector<int> GreatestMovers(const CheckedTruss& truss, const Motion& motion)
 std::vector<std::pair<int, int>> Pairs(const CheckedTruss& truss, const Motion& motion) {
   std::vector<std::pair<int, int>> pairs;
   for (const std::vector<int>& neighbours : NeighboursOf(truss)) {
-    const std::size_t count = std::min(neighbours.size(), MostNeighbours);
+    const std::size_t count = std::min(neighbours.size(), MaxNeighbours);
     for (std::size_t a = 0; a < count; ++a) {
       for (std::size_t b = 0; b < a; ++b) pairs.push_back(std::minmax({neighbours[a], neighbours[b]}));
     }
@@ -80,7 +82,7 @@ Candidate CandidateOf(const CheckedTruss& truss, const Motion& motion, const std
   const double length = std::hypot(dx, dy);
   if (!(length > 1e-6 * truss.size)) return {};
   const double elongation = Elongation(CheckedMember{0, i, j, dx / length, dy / length}, motion);
-  if (std::abs(elongation) < LeastElongation) return {};
+  if (std::abs(elongation) < MinElongation) return {};
   return {i, j, length, std::abs(elongation) / length};
 }
 
@@ -148,10 +150,10 @@ Cure SupportCure(const CheckedTruss& truss, const Motion& motion, int node) {
 
 std::vector<Cure> FindCures(const CheckedTruss& truss, const Motion& motion) {
   const std::vector<int> movers = GreatestMovers(truss, motion);
-  const std::size_t members = MostCures - std::min(movers.size(), MostCures - MostMembers);
+  const std::size_t members = MaxCures - std::min(movers.size(), MaxCures - MaxMembers);
   std::vector<Cure> cures = MemberCures(truss, motion, members);
   for (const int node : movers) {
-    if (cures.size() == MostCures) break;
+    if (cures.size() == MaxCures) break;
     cures.push_back(SupportCure(truss, motion, node));
   }
   return cures;

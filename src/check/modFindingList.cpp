@@ -23,8 +23,8 @@ void FindingList::LeaveOpen(FindingKind kind, std::string note) {
 std::vector<Finding> FindingList::RemarksOn(FindingKind kind) {
   const auto k = static_cast<std::size_t>(kind);
   std::vector<Finding> remarks;
-  if (Counts[k] > MostFindingsOfAKind) {
-    const std::string more = std::to_string(Counts[k] - MostFindingsOfAKind);
+  if (Counts[k] > MaxFindingsOfAKind) {
+    const std::string more = std::to_string(Counts[k] - MaxFindingsOfAKind);
     remarks.push_back({kind, (Open[k] ? "And at least " : "And ") + more + " more of this kind", {}, {}});
   }
   if (!Notes[k].empty()) remarks.push_back({kind, Notes[k], {}, {}});
@@ -45,7 +45,7 @@ std::vector<Finding> FindingList::Take() {
 void LowestPairs::Add(int first, int second) {
   ++Added;
   const Pair pair{first, second};
-  if (Heap.size() == MostFindingsOfAKind) {
+  if (Heap.size() == MaxFindingsOfAKind) {
     if (pair >= Heap.front()) return;
     std::pop_heap(Heap.begin(), Heap.end());
     Heap.pop_back();

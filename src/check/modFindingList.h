@@ -12,21 +12,21 @@
 namespace strutwright {
 
 /// Most findings of one kind; what goes beyond is counted in one more.
-inline constexpr std::size_t MostFindingsOfAKind = 50;
+inline constexpr std::size_t MaxFindingsOfAKind = 50;
 
 /// "1 and 2", "1, 2, 3 and 4", "1, 2, 3, 4 and 7 more".
 std::string FirstNumbers(const std::vector<int>& numbers);
 
-/// Findings of which the first MostFindingsOfAKind of each kind are kept and the others only counted.
+/// Findings of which the first MaxFindingsOfAKind of each kind are kept and the others only counted.
 class FindingList {
  public:
   /// Adds what `make` gives, or counts it without asking for it.
   template <typename Make>
   void Add(FindingKind kind, const Make& make) {
-    if (++CountOf(kind) <= MostFindingsOfAKind) Kept.push_back(make());
+    if (++CountOf(kind) <= MaxFindingsOfAKind) Kept.push_back(make());
   }
 
-  /// Counts findings that nobody made.
+  /// Counts findings without making them.
   void Count(FindingKind kind, std::size_t count) { CountOf(kind) += count; }
 
   /// Says that there may be more of a kind than were found.  A note follows the findings of the kind.
@@ -54,7 +54,7 @@ class LowestPairs {
 
   void Add(int first, int second);
 
-  /// At most MostFindingsOfAKind, in order.
+  /// At most MaxFindingsOfAKind, in order.
   std::vector<Pair> Lowest() const;
 
   std::size_t Count() const { return Added; }

@@ -1,5 +1,7 @@
 #include "modMechanisms.h"
 
+#include "modCures.h"
+
 #include "Motions.h"
 
 #include <algorithm>
@@ -161,7 +163,7 @@ std::string MotionSentence(const Motion& motion) {
 }
 
 StabilityReport JudgeStability(const CheckedTruss& truss) {
-  Motions motions = FindMotions(truss, MostMechanisms);
+  Motions motions = FindMotions(truss, MaxMechanisms);
   StabilityReport report{motions.mechanisms, motions.redundants, {}};
   Localise(motions.basis);
   for (Motion& motion : motions.basis) {

@@ -9,9 +9,7 @@
 namespace strutwright {
 
 /// Most mechanisms that are described one by one; the others are only counted.
-inline constexpr int MostMechanisms = 20;
-/// Most cures that are named for each.
-inline constexpr int MostCures = 5;
+inline constexpr int MaxMechanisms = 20;
 
 /// Judges a truss, and describes its mechanisms.
 StabilityReport JudgeStability(const CheckedTruss& truss);
@@ -25,10 +23,6 @@ std::string DirectionWords(double dx, double dy);
 
 /// "Node 2 can move up while node 3 moves to the left; no member or support resists this".  Names up to four nodes.
 std::string MotionSentence(const std::vector<double>& motion);
-
-/// Single members or supports that stop a motion, best first.  Whatever works against a motion that the truss leaves
-/// free raises the rank by one: its row is no combination of the rows there are, for these do not see the motion.
-std::vector<Cure> FindCures(const CheckedTruss& truss, const std::vector<double>& motion);
 
 /// "1", "1 and 2", "1, 2 and 3".
 std::string ListedNumbers(const std::vector<int>& numbers);

@@ -83,7 +83,7 @@ Finding ParallelFinding(const CheckedTruss& truss, const Indices& group) {
   bool allBear = true;
   for (const int index : group) {
     numbers.push_back(MemberAt(truss, index).number);
-    allBear = allBear && MemberAt(truss, index).Bears();
+    allBear = allBear && MemberAt(truss, index).CanCarryForce();
   }
   const CheckedMember& first = MemberAt(truss, group.front());
   std::string text =

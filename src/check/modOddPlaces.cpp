@@ -1,5 +1,6 @@
+#include "modOddPlaces.h"
+
 #include "Neighbourhood.h"
-#include "modFindings.h"
 #include "modMembersOnTop.h"
 #include "modModelStore.h"
 
@@ -35,7 +36,7 @@ Place PointOf(const CheckedTruss& truss, const CheckedMember& member, double sha
   return {start[0] + share * (end[0] - start[0]), start[1] + share * (end[1] - start[1])};
 }
 
-/// Looks closer at what is near each other, and keeps what is odd.
+/// Examines what lies close together, and keeps what is odd.
 class OddNeighbours : public NeighbourVisitor {
  public:
   OddNeighbours(const CheckedTruss& truss, const std::vector<double>& tolerances)
@@ -75,7 +76,7 @@ class OddNeighbours : public NeighbourVisitor {
     return std::min(std::abs(start.beside), std::abs(end.beside)) > tolerance && (start.beside < 0) != (end.beside < 0);
   }
 
-  /// Whether two members in line share more than a point, and this cell is the one to tell it.
+  /// Whether two members in line share more than a point, and this cell is the one to report it.
   bool OverlapIn(const Cell& cell, const CheckedMember& longer, const CheckedMember& shorter, const Position& start,
                  const Position& end, double tolerance) const {
     const double from = std::max(0.0, std::min(start.along, end.along));

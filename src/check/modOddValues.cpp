@@ -1,10 +1,11 @@
-#include "modFindings.h"
+#include "modOddValues.h"
 
 #include "modEntryGaps.h"
 #include "modMechanisms.h"
 #include "modMember.h"
 #include "modModelStore.h"
 #include "modNumberText.h"
+#include "modOddPlaces.h"
 
 #include <algorithm>
 #include <array>
@@ -18,12 +19,12 @@ namespace strutwright {
 
 namespace {
 
-constexpr double LeastArea = 1;      // mm2
-constexpr double MostArea = 1e6;     // mm2
-constexpr double LeastModulus = 0.1; // kN/mm2
-constexpr double MostModulus = 1200; // kN/mm2, that of diamond
-constexpr double LeastLength = 0.01; // m
-constexpr double MostLength = 1000;  // m
+constexpr double MinArea = 1;       // mm2
+constexpr double MaxArea = 1e6;     // mm2
+constexpr double MinModulus = 0.1;  // kN/mm2
+constexpr double MaxModulus = 1200; // kN/mm2, that of diamond
+constexpr double MinLength = 0.01;  // m
+constexpr double MaxLength = 1000;  // m
 
 /// "Member 4 has", "Members 1, 2 and 3 have", "Members 1, 2, 3, 4 and 7 more have".
 std::string MembersHave(const std::vector<int>& members, std::string_view one, std::string_view several) {
@@ -41,7 +42,7 @@ std::string ModulusHint(double E) {
   constexpr std::array<Unit, 3> units{{{1e3, "N/mm2"}, {1e6, "kN/m2"}, {1e9, "N/m2"}}};
   for (const auto& [factor, name] : units) {
     const double meant = E / factor;
-    if (meant >= 1 && meant <= MostModulus) {
+    if (meant >= 1 && meant <= MaxModulus) {
       return "; was it typed in " + std::string(name) + " (" + Text(meant) + " kN/mm2)?";
     }
   }
@@ -168,7 +169,7 @@ std::map<float, std::vector<int>> MembersByValue(MemberField field) {
 void JudgeModuli(const std::vector<int>& standIns, FindingList& findings) {
   JudgeSign(MemberE, FindingKind::BadModulus, "E", standIns, findings);
   for (const auto& [E, members] : MembersByValue(MemberE)) {
-    if (E >= LeastModulus && E <= MostModulus) continue;
+    if (E >= MinModulus && E <= MaxModulus) continue;
     findings.Add(FindingKind::UnusualModulus, [E = E, &members = members] {
       const std::string text = MembersHave(members, "has", "have") + " an E of " + NumberText(E) + " kN/mm2";
       return Finding{FindingKind::UnusualModulus, text + ModulusHint(E), {}, members};
@@ -179,11 +180,11 @@ void JudgeModuli(const std::vector<int>& standIns, FindingList& findings) {
 void JudgeAreas(const std::vector<int>& standIns, FindingList& findings) {
   JudgeSign(MemberA, FindingKind::BadArea, "A", standIns, findings);
   for (const auto& [A, members] : MembersByValue(MemberA)) {
-    if (A >= LeastArea && A <= MostArea) continue;
+    if (A >= MinArea && A <= MaxArea) continue;
     findings.Add(FindingKind::UnusualArea, [A = A, &members = members] {
       const std::string text = MembersHave(members, "has", "have") + " an area of " + NumberText(A) + " mm2";
       const std::string hint =
-          A < LeastArea ? "; was it typed in m2 (" + Text(1e6 * A) + " mm2)?" : ", over a square metre";
+          A < MinArea ? "; was it typed in m2 (" + Text(1e6 * A) + " mm2)?" : ", over a square metre";
       return Finding{FindingKind::UnusualArea, text + hint, {}, members};
     });
   }
@@ -222,8 +223,8 @@ void JudgeLengths(const CheckedTruss& truss, FindingList& findings) {
   std::vector<int> shorter;
   std::vector<int> longer;
   for (const CheckedMember& member : truss.members) {
-    if (member.length < 1000 * LeastLength) shorter.push_back(member.number);
-    if (member.length > 1000 * MostLength) longer.push_back(member.number);
+    if (member.length < 1000 * MinLength) shorter.push_back(member.number);
+    if (member.length > 1000 * MaxLength) longer.push_back(member.number);
   }
   const auto add = [&findings](const std::vector<int>& members, const std::string& what) {
     if (members.empty()) return;
@@ -243,15 +244,6 @@ void FindOddValues(const CheckedTruss& truss, FindingList& findings) {
   JudgeModuli(standIns, findings);
   JudgeAreas(standIns, findings);
   JudgeLengths(truss, findings);
-}
-
-std::vector<Finding> FindOddities(const CheckedTruss& truss) {
-  FindingList findings;
-  FindRowGaps(findings);
-  FindCoincidentNodes(truss, findings);
-  FindOddPlaces(truss, findings);
-  FindOddValues(truss, findings);
-  return findings.Take();
 }
 
 } // namespace strutwright

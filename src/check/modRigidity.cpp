@@ -10,7 +10,7 @@ namespace strutwright {
 
 namespace {
 
-constexpr double LeastElongation = 1e-5; // of the largest movement
+constexpr double MinElongation = 1e-5; // of the largest movement
 
 bool Lacks(int m, MemberField field) { return !(MemberTable(m, field) > 0); }
 
@@ -34,7 +34,7 @@ std::string MembersText(const std::vector<int>& members) {
 /// Whether a member without rigidity would work against a motion if it had some.
 bool WouldResist(const CheckedTruss& truss, const std::vector<double>& motion) {
   return std::any_of(truss.members.begin(), truss.members.end(), [&motion](const CheckedMember& member) {
-    return !member.Bears() && std::abs(Elongation(member, motion)) >= LeastElongation;
+    return !member.CanCarryForce() && std::abs(Elongation(member, motion)) >= MinElongation;
   });
 }
 

@@ -1,5 +1,6 @@
+#include "modSamePlaces.h"
+
 #include "Neighbourhood.h"
-#include "modFindings.h"
 
 #include <algorithm>
 #include <cmath>
@@ -32,7 +33,7 @@ class NodeSets {
   std::vector<int> LowerOf;
 };
 
-/// A node and how far it lies in a direction that hardly a truss has many members across.
+/// A node and its distance along a direction across which few trusses have many members.
 struct Sighted {
   double distance;
   Place place;

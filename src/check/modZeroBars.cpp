@@ -10,9 +10,9 @@ namespace strutwright {
 
 namespace {
 
-constexpr double LeastContradiction = 1e-6; // of the largest force: one beyond this contradicts a rule
-constexpr double MostContradiction = 1e-4;
-constexpr double ZeroBySolution = 1e-7; // of the largest force: below what 32-bit coordinates let one tell
+constexpr double MinContradiction = 1e-6; // of the largest force: one beyond this contradicts a rule
+constexpr double MaxContradiction = 1e-4;
+constexpr double ZeroBySolution = 1e-7; // of the largest force: below what 32-bit coordinates can show
 constexpr std::size_t NoMember = static_cast<std::size_t>(-1);
 
 /// A force at a node: of a member, a load or a support.
@@ -31,7 +31,7 @@ constexpr double LoadDoubt = 6e-8;
 double Contradiction(const CheckedTruss& truss) {
   double doubt = 0;
   for (const CheckedMember& member : truss.members) doubt = std::max(doubt, member.doubt);
-  return std::clamp(10 * doubt, LeastContradiction, MostContradiction);
+  return std::clamp(10 * doubt, MinContradiction, MaxContradiction);
 }
 
 /// Rules out members joint by joint, until no rule shows any more.
@@ -59,7 +59,7 @@ class JointRules {
   }
 
  private:
-  bool IsOut(std::size_t m) const { return !Reasons[m].empty() || !Truss.members[m].Bears(); }
+  bool IsOut(std::size_t m) const { return !Reasons[m].empty() || !Truss.members[m].CanCarryForce(); }
 
   /// Load in the directions in which the node is free.
   double FreeLoad(int node, bool alongX) const {
@@ -174,7 +174,7 @@ std::vector<ZeroBar> FindZeroBars(const CheckedTruss& truss, const RefinedSoluti
   for (std::size_t m = 0; m < truss.members.size(); ++m) {
     const CheckedMember& member = truss.members[m];
     const double force = std::abs(refined.forces[At(member.number)]);
-    if (!member.Bears() || force > contradiction * largest) continue;
+    if (!member.CanCarryForce() || force > contradiction * largest) continue;
     if (!reasons[m].empty()) bars.push_back({member.number, reasons[m]});
     if (reasons[m].empty() && force <= ZeroBySolution * largest) {
       bars.push_back(

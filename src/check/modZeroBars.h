@@ -9,7 +9,7 @@
 namespace strutwright {
 
 /// The members of a stable truss that bear no force, with the rule that shows it where there is one.  A rule that the
-/// refined solution contradicts does not count.  Members that can't bear are not among them.
+/// refined solution contradicts does not count.  Members that can't carry force are not among them.
 std::vector<ZeroBar> FindZeroBars(const CheckedTruss& truss, const RefinedSolution& refined);
 
 } // namespace strutwright

@@ -8,6 +8,7 @@
 #include "Picture.h"
 #include "modAnalysis.h"
 #include "modCheckAnswer.h"
+#include "modCheckText.h"
 #include "modGrids.h"
 #include "modMember.h"
 #include "modModelStore.h"
@@ -110,7 +111,8 @@ struct Check {
   std::string failure;               ///< what kept it from being judged; empty where nothing did
 };
 
-/// Judges the answer, if there is one.  Whatever goes wrong is told, and does not keep other models from their turn.
+/// Judges the answer, if there is one.  Whatever goes wrong is reported, and does not keep other models from their
+/// turn.
 Check CheckOf(ModelSession& session, Result result, const AnalyseRequest& request, const AnswerJudge& judge) {
   Check check{request.check && result != Result::Unreadable, std::nullopt, ""};
   if (!check.wasAsked || result == Result::Failed) return check;
@@ -118,7 +120,7 @@ Check CheckOf(ModelSession& session, Result result, const AnalyseRequest& reques
     check.report = judge(LastOutcome());
   } catch (const std::exception& failure) {
     check.failure = failure.what();
-    session.Tell("The answer could not be checked\n" + check.failure);
+    session.Report("The answer could not be checked\n" + check.failure);
   }
   return check;
 }
@@ -204,18 +206,18 @@ void Print(const ModelSession& session, Result result, const Check& check, const
 /// The name of what is made of the session's model.  It says so where another model has taken the one to expect.
 std::string NameFor(ModelSession& session, const std::string& what, const std::string& asked, OutputNames& names) {
   const OutputNames::Name name = names.For(asked, session.File());
-  if (name.isNumbered) session.Tell("The " + what + " is " + name.file + ", because another model's has its name");
+  if (name.isNumbered) session.Report("The " + what + " is " + name.file + ", because another model's has its name");
   return name.file;
 }
 
-/// The status of making the picture, if there is something to make it of.  A failure has been told.
+/// The status of making the picture, if there is something to make it of.  A failure has been reported.
 int Depict(ModelSession& session, Result result, const PictureRequest& picture, OutputNames& names) {
   if (picture.file.empty() || result == Result::Unreadable) return ExitOk;
   const std::string file = NameFor(session, "picture", picture.file, names);
   try {
     MakePicture(picture, file, result == Result::Ok);
   } catch (const FileError& error) {
-    session.Tell("Error while saving file " + file + "\n" + error.what());
+    session.Report("Error while saving file " + file + "\n" + error.what());
     return ExitUsage;
   }
   return ExitOk;
@@ -225,7 +227,7 @@ int Depict(ModelSession& session, Result result, const PictureRequest& picture, 
 int Document(ModelSession& session, Result result, const AnalyseRequest& request, OutputNames& names) {
   if (request.report.empty() || result == Result::Unreadable) return ExitOk;
   if (result != Result::Ok) {
-    session.Tell("No report is written, because there are no results");
+    session.Report("No report is written, because there are no results");
     return ExitOk;
   }
   const std::string file = NameFor(session, "report", request.report, names);
@@ -233,7 +235,7 @@ int Document(ModelSession& session, Result result, const AnalyseRequest& request
     EnsureApplication();
     WriteReport(MakeReport(ValidText(LastComponent(session.File())), request.picture.style), file);
   } catch (const FileError& error) {
-    session.Tell("Error while saving file " + file + "\n" + error.what());
+    session.Report("Error while saving file " + file + "\n" + error.what());
     return ExitUsage;
   }
   return ExitOk;

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <filesystem>
 #include <functional>
 #include <iostream>
 #include <optional>
@@ -86,6 +87,13 @@ void AddPictureOption(CLI::App& command, PictureRequest& picture, const char* na
 
 bool IsNameOfModel(const std::string& name) { return name.ends_with(".stw") || name.ends_with(".csv"); }
 
+/// Whether two names of files to write, empty where there is none, mean one file.
+bool AreOneFile(const std::string& one, const std::string& other) {
+  if (one.empty() || other.empty()) return false;
+  const auto whole = [](const std::string& name) { return std::filesystem::absolute(name).lexically_normal(); };
+  return whole(one) == whole(other);
+}
+
 void AddPictureFile(CLI::App& command, PictureRequest& picture, const char* help) {
   command.add_option("--picture", picture.file, help)->check([](const std::string& name) {
     if (name == StandardStream) return "standard output bears the results";
@@ -125,6 +133,9 @@ void AddAnalyse(CLI::App& program, Request& request) {
   command.callback([&request, &command] {
     const bool draws = !request.analysis.picture.file.empty() || !request.analysis.report.empty();
     if (command.count("--style") > 0 && !draws) throw CLI::RequiresError("--style", "--picture or --report");
+    if (AreOneFile(request.analysis.report, request.analysis.picture.file)) {
+      throw CLI::ValidationError("--report", "the picture has the same name");
+    }
     request.command = [&request](std::istream& in, std::ostream& out, std::ostream& err) {
       request.analysis.format = FormatNamed(request.format);
       return AnalyseModels(request.analysis, in, out, err);
@@ -236,7 +247,7 @@ std::optional<int> Parse(const std::vector<std::string>& arguments, Request& req
   }
 }
 
-/// Nothing ends the program but itself: what nobody caught is told in a line.
+/// What nobody caught is reported in a line and ends the program in order.
 int CarryOut(const Request& request, std::istream& in, std::ostream& out, std::ostream& err) {
   try {
     return request.command(in, out, err);

@@ -15,7 +15,7 @@
 namespace strutwright {
 
 // The commands of strutwright-cli.  Each returns the exit status; results go to `out`, messages to `err`.
-// A file to read may be a model or its csv, which the content tells; "-" is `in`.
+// A file to read may be a model or its csv, which the content shows; "-" is `in`.
 
 /// What to analyse, and what to make of it.
 struct AnalyseRequest {

@@ -126,14 +126,14 @@ int Depict(ModelSession& session, const InfluenceRequest& request, const Answer&
     MakeInfluencePicture(request.picture,
                          ShapeOfInfluence(request.quantity, answer.line, answer.train, answer.envelope));
   } catch (const FileError& error) {
-    session.Tell("Error while saving file " + request.picture.file + "\n" + error.what());
+    session.Report("Error while saving file " + request.picture.file + "\n" + error.what());
     return ExitUsage;
   }
   return ExitOk;
 }
 
 int Refuse(ModelSession& session, const std::string& reason, ExitStatus status) {
-  session.Tell(reason);
+  session.Report(reason);
   return status;
 }
 

@@ -16,14 +16,14 @@ namespace strutwright {
 
 namespace {
 
-/// The bytes of the input; nothing when it can't be read, which has been told by then.
+/// The bytes of the input; nothing when it can't be read, which has been reported by then.
 std::optional<std::string> InputOf(const std::string& input, std::istream& in, std::ostream& err) {
   ModelSession session(input, err);
   try {
     std::string bytes = ReadInput(input, in);
     return IsText(bytes) ? bytes : ModelBytes(bytes);
   } catch (const FileError& error) {
-    session.Tell(error.what());
+    session.Report(error.what());
     return std::nullopt;
   }
 }

@@ -17,8 +17,8 @@ namespace strutwright {
 namespace {
 
 constexpr std::size_t ColumnCount = 6;
-constexpr int LeastCapacity = 20;
-constexpr int MostMembers = 32767;
+constexpr int MinCapacity = 20;
+constexpr int MaxMembers = 32767;
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 
 struct Record {
@@ -114,7 +114,17 @@ void CheckRowNumber(const Record& record, const Table& table) {
                                   table.rowName + " " + std::to_string(expected) + " is expected");
 }
 
+/// Spreadsheets write other separators where the comma stands in numbers.
+void CheckSeparator(const Record& record) {
+  const std::string& text = record.fields.front();
+  const std::size_t separator = text.find_first_of(";\t|");
+  if (record.fields.size() >= ColumnCount || separator == std::string::npos) return;
+  throw CsvError(record.line, "commas are expected between the values, not " +
+                                  (text[separator] == '\t' ? "tabs" : Quoted(text.substr(separator, 1))));
+}
+
 void ReadRow(const Record& record, Table& table) {
+  CheckSeparator(record);
   if (record.fields.size() < ColumnCount) {
     throw CsvError(record.line, "the line has " + std::to_string(record.fields.size()) + " values instead of 6");
   }
@@ -151,7 +161,9 @@ void CheckHeadings(const Record& record, const Table& table) {
 
 /// Begins a table where the record is its headings.
 bool BeginTable(const Record& record, Table& table) {
-  if (TrimBlanks(record.fields[0]) != table.columns[0].heading) return false;
+  const std::string_view first = TrimBlanks(record.fields[0]);
+  if (first.starts_with(table.columns[0].heading)) CheckSeparator(record);
+  if (first != table.columns[0].heading) return false;
   CheckHeadings(record, table);
   if (table.begun) throw CsvError(record.line, "the table " + Quoted(table.columns[0].heading) + " begins again");
   table.begun = true;
@@ -182,7 +194,7 @@ StoredModel ModelOf(const Table& nodes, const Table& members) {
   CopyRows(members, model.members);
   model.nodeCount = static_cast<std::int16_t>(model.nodes.Count());
   model.memberCount = static_cast<std::int16_t>(model.members.Count());
-  model.capacity = static_cast<std::int16_t>(std::max({LeastCapacity, model.nodes.Count(), model.members.Count()}));
+  model.capacity = static_cast<std::int16_t>(std::max({MinCapacity, model.nodes.Count(), model.members.Count()}));
   return model;
 }
 
@@ -206,7 +218,7 @@ std::string ModelToCsv() { return TableToCsv(NodeTable, JointColumns) + TableToC
 
 StoredModel ModelFromCsv(const std::string& text) {
   Table nodes{JointColumns, "node", MaxAnalysedNodes};
-  Table members{MemberColumns, "member", MostMembers};
+  Table members{MemberColumns, "member", MaxMembers};
   Table* current = nullptr;
   CsvReader reader(text);
   int lastLine = 1;

@@ -7,6 +7,7 @@
 #include "FileState.h"
 #include "Output.h"
 #include "Platform.h"
+#include "RecentFiles.h"
 #include "WorkbenchState.h"
 #include "modFileCommands.h"
 #include "modGrids.h"
@@ -38,6 +39,7 @@ ModelSession::ModelSession(std::string file, std::ostream& err) : FileName(std::
   TheModel = ModelState{};
   TheAnalysis = AnalysisState{};
   TheFiles = FileState{};
+  TheRecentFiles = RecentFiles{};
   TheEditing = EditingState{};
   TheWorkbench = WorkbenchState{};
   TheDisplay = DisplayState{};
@@ -54,12 +56,18 @@ bool ModelSession::Ask(const Message& question) {
 bool ModelSession::Open(std::istream& in) {
   Disk.SetInput(FileName, in);
   std::string reason;
-  if (openModel(FileName, &reason)) return true;
-  Tell(reason);
-  return false;
+  Opening = true;
+  const bool opened = openModel(FileName, &reason);
+  Opening = false;
+  if (opened) {
+    for (const Message& message : Messages) Report(message.text);
+  } else {
+    Report(reason); // which says more than the box does
+  }
+  return opened;
 }
 
-void ModelSession::Tell(const std::string& text) {
+void ModelSession::Report(const std::string& text) {
   Err << OnOneLine(ValidText(FileName)) << ": " << OnOneLine(ValidText(text)) << '\n';
 }
 
@@ -69,7 +77,7 @@ void ModelSession::ShowUncaught(const std::string& description) {
 
 void ModelSession::Show(const Message& message) {
   Messages.push_back(message);
-  Tell(message.text);
+  if (!Opening) Report(message.text);
 }
 
 } // namespace strutwright

@@ -21,11 +21,11 @@ class ModelSession : private MessageBoxes {
   ModelSession& operator=(const ModelSession&) = delete;
 
   /// Opens the file as the window does, or as the model that it makes where it is a csv; "-" is `in`.
-  /// A failure has been told; returns whether there is a model.
+  /// Returns whether there is a model; where there is none, the reason has been reported.
   bool Open(std::istream& in);
 
   /// Writes a line about the file to `err` that no box would show.
-  void Tell(const std::string& text);
+  void Report(const std::string& text);
 
   const std::string& File() const { return FileName; }
 
@@ -44,6 +44,7 @@ class ModelSession : private MessageBoxes {
   InputFileSystem Disk;
   QtPaper Pages;
   std::vector<Message> Messages;
+  bool Opening = false; ///< what is shown is reported when it is known what came of it
 };
 
 } // namespace strutwright

@@ -2,6 +2,7 @@
 
 #include "ModelInput.h"
 
+#include <algorithm>
 #include <filesystem>
 
 namespace strutwright {
@@ -18,6 +19,13 @@ std::string BaseName(const std::string& model) {
   return model == StandardStream ? "stdin" : std::filesystem::path(model).stem().string();
 }
 
+/// Names that differ in nothing else are one file on some disks.
+std::string InSmallLetters(std::string name) {
+  std::transform(name.begin(), name.end(), name.begin(),
+                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+  return name;
+}
+
 } // namespace
 
 OutputNames::Name OutputNames::For(const std::string& asked, const std::string& model) {
@@ -25,7 +33,7 @@ OutputNames::Name OutputNames::For(const std::string& asked, const std::string& 
   const std::string suffix = "-" + BaseName(model);
   std::string file = WithSuffix(asked, suffix);
   int number = 1;
-  while (!Taken.insert(file).second) file = WithSuffix(asked, suffix + "-" + std::to_string(++number));
+  while (!Taken.insert(InSmallLetters(file)).second) file = WithSuffix(asked, suffix + "-" + std::to_string(++number));
   return {file, number > 1};
 }
 

@@ -18,7 +18,7 @@ class OutputNames {
 
   /// The file that is made of a model: the one that was asked for or, with several models, that with the model's base
   /// name inserted before its extension; "stdin" stands for standard input.  Where an earlier model has taken it,
-  /// "-2" or a higher number follows.
+  /// in letters of either case, "-2" or a higher number follows.
   Name For(const std::string& asked, const std::string& model);
 
  private:

@@ -16,10 +16,10 @@ namespace strutwright {
 
 namespace {
 
-constexpr int LeastSize = 16;
-constexpr int MostSize = 8192;
+constexpr int MinSize = 16;
+constexpr int MaxSize = 8192;
 
-/// Qt's remarks about a desktop that is not there; what fails is told by its own message.
+/// Qt's remarks about a desktop that is not there; what fails has its own message.
 void DropMessage(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& /*text*/) {}
 
 std::map<std::string, bool*> LayerSwitches(PictureRequest& request) {
@@ -73,7 +73,7 @@ bool ChooseSize(PictureRequest& request, const std::string& text) {
   if (!std::regex_match(text, found, std::regex("([0-9]{1,5})x([0-9]{1,5})"))) return false;
   const int width = std::stoi(found[1]);
   const int height = std::stoi(found[2]);
-  if (width < LeastSize || width > MostSize || height < LeastSize || height > MostSize) return false;
+  if (width < MinSize || width > MaxSize || height < MinSize || height > MaxSize) return false;
   request.width = width;
   request.height = height;
   return true;

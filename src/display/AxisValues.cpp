@@ -9,7 +9,7 @@ namespace strutwright {
 
 namespace {
 
-constexpr double LeastPitchOfValues = 60; // pixels
+constexpr double MinPitchOfValues = 60; // pixels
 
 int DecimalsOf(double step) { return std::clamp(static_cast<int>(std::ceil(-std::log10(step) - 1e-9)), 0, 9); }
 
@@ -35,8 +35,6 @@ std::vector<AxisValue> ValuesAlong(double origin, double scale, double step, dou
   return values;
 }
 
-double AxisStep(const PixelView& view) {
-  return RoundStepAbove(LeastPitchOfValues / std::min(view.scaleX, view.scaleY));
-}
+double AxisStep(const PixelView& view) { return RoundStepAbove(MinPitchOfValues / std::min(view.scaleX, view.scaleY)); }
 
 } // namespace strutwright

@@ -37,12 +37,12 @@ double StartOf(const ArrowWish& wish, PixelPoint side, const std::vector<const C
 
 /// Whether a direction leaves the truss: it lies in the widest angle between the node's members.
 bool LeavesTruss(const ClearTruss& truss, int n, PixelPoint side) {
-  constexpr double LeastAngle = 1.75; // a third of a turn is 2.09
+  constexpr double MinAngle = 1.75; // a third of a turn is 2.09
   const auto directions = truss.DirectionsAt(n);
   if (directions.size() < 2) return true;
   const FreeAngle widest = FreeAngles({directions.begin(), directions.end()}).front();
   const double away = std::remainder(std::atan2(side.y, side.x) - widest.middle, 6.283185307179586);
-  return widest.width >= LeastAngle && std::fabs(away) < widest.width / 2;
+  return widest.width >= MinAngle && std::fabs(away) < widest.width / 2;
 }
 
 class ArrowPlacer {
@@ -92,14 +92,14 @@ class ArrowPlacer {
 
   /// Whether a bar leaves the arrow's node in another direction, so that they only come close at the node.
   bool IsClearOf(int index, const ClearArrow& arrow) const {
-    constexpr double LeastSine = 0.4;
+    constexpr double MinSine = 0.4;
     const ClearBar& bar = Truss.bars[static_cast<std::size_t>(index)];
     if (bar.i != arrow.node && bar.j != arrow.node) return false;
     const PixelPoint from = Truss.joints[static_cast<std::size_t>(arrow.node)].at;
     const PixelPoint outwards = bar.i == arrow.node ? bar.along : -1 * bar.along;
     const PixelPoint way = arrow.outer - from;
     const double sine = std::fabs(Dot(LeftOf(way), outwards)) / LengthOf(way);
-    return sine > LeastSine || Dot(way, outwards) < 0;
+    return sine > MinSine || Dot(way, outwards) < 0;
   }
 
   const ClearTruss& Truss;

@@ -18,8 +18,8 @@ constexpr double ValueMargin = 34;  // left, for values of the axis
 constexpr double BottomMargin = 44; // for values and a row of legend or notice
 constexpr double PointWindow = 10;  // m, of a truss that is a single point
 constexpr double ArrowShare = 1.0 / 6;
-constexpr float LeastScale = 1;
-constexpr float MostScale = 5000;
+constexpr float MinScale = 1;
+constexpr float MaxScale = 5000;
 
 struct WorldBox {
   double left, right, bottom, top;
@@ -114,7 +114,7 @@ std::optional<float> FittingLoadsScale(bool withReactions) {
   }
   const double size = std::max(box->right - box->left, box->top - box->bottom);
   if (!(largest > 0) || !(size > 0)) return std::nullopt;
-  return std::clamp(static_cast<float>(largest / (ArrowShare * size)), LeastScale, MostScale);
+  return std::clamp(static_cast<float>(largest / (ArrowShare * size)), MinScale, MaxScale);
 }
 
 } // namespace strutwright

@@ -15,7 +15,7 @@ constexpr double Border = 5;      // pixels that legend and notice keep from the
 constexpr double ValueBorder = 3; // pixels that a value of an axis keeps from it
 constexpr double ValueRoom = 17;  // height of the row of values
 constexpr double NoticeHeight = 17;
-constexpr double LeastGridPitch = 14; // pixels
+constexpr double MinGridPitch = 14; // pixels
 
 class FurniturePlacer {
  public:
@@ -204,7 +204,7 @@ void DrawNotice(PixelSurface& surface, const ClearFurniture& furniture) {
 
 /// The pitch of the grid's lines along one axis, m.
 double GridStep(double spacing, double scale, double axisStep) {
-  return spacing > 0 && spacing * scale >= LeastGridPitch ? spacing : axisStep;
+  return spacing > 0 && spacing * scale >= MinGridPitch ? spacing : axisStep;
 }
 
 } // namespace

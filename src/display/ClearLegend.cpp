@@ -22,8 +22,8 @@ constexpr double WallWidth = 1.2;
 /// A round force whose arrow is true to scale; 0 where there is none.
 double SampleForce(const LegendFacts& facts) {
   if (!(facts.pixelsPerForce > 0) || !std::isfinite(facts.pixelsPerForce)) return 0;
-  const double least = RoundStepAbove(ClearSize::LeastArrow / facts.pixelsPerForce);
-  return least * facts.pixelsPerForce <= std::max(2 * ClearSize::LeastArrow, facts.longestArrow) ? least : 0;
+  const double least = RoundStepAbove(ClearSize::MinArrow / facts.pixelsPerForce);
+  return least * facts.pixelsPerForce <= std::max(2 * ClearSize::MinArrow, facts.longestArrow) ? least : 0;
 }
 
 std::string ScaleText(double force) { return PlainText(force, force < 1 ? 6 : 0) + " kN"; }

@@ -14,8 +14,8 @@ namespace strutwright {
 
 namespace {
 
-constexpr std::size_t MostBarsForSmallerTexts = 200;
-constexpr double LeastBarForDots = 9; // pixels of a usual member
+constexpr std::size_t MaxBarsForSmallerTexts = 200;
+constexpr double MinBarForDots = 9;   // pixels of a usual member
 constexpr double NumberBoxRoom = 2.5; // pixels around a member's number
 constexpr double AreaMargin = 250;    // pixels around the nodes that labels and arrows may take
 
@@ -45,7 +45,7 @@ double WidthOf(const ClearBar& bar, const ClearTruss& truss, const ClearSettings
 void AddShapes(ClearScene& scene, const SceneRequest& request) {
   ClearTruss& truss = scene.truss;
   for (ClearBar& bar : truss.bars) bar.width = WidthOf(bar, truss, request.settings);
-  scene.dots = UsualLength(truss) >= LeastBarForDots;
+  scene.dots = UsualLength(truss) >= MinBarForDots;
   scene.plane = OccupiedPlane(AreaOf(truss), 4 * truss.bars.size() + 2 * truss.joints.size());
   for (std::size_t b = 0; b < truss.bars.size(); ++b) {
     scene.plane.Add(
@@ -146,7 +146,7 @@ std::vector<TextLook> LooksToTry(const ClearScene& scene, const ClearScene* befo
   if (before != nullptr) looks.push_back(before->text);
   for (const TextLook& look : Looks) {
     if (before == nullptr || look != before->text) looks.push_back(look);
-    if (scene.truss.bars.size() > MostBarsForSmallerTexts) break;
+    if (scene.truss.bars.size() > MaxBarsForSmallerTexts) break;
   }
   return looks;
 }

@@ -55,7 +55,7 @@ struct SceneRequest {
   ClearSettings settings;
   double scaleX = 1; ///< pixels a metre
   double scaleY = 1;
-  double longestArrow = ClearSize::LeastArrow;
+  double longestArrow = ClearSize::MinArrow;
 
   bool operator==(const SceneRequest&) const = default;
 };

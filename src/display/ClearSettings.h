@@ -36,7 +36,7 @@ namespace ClearSize {
 
 inline constexpr double NodeRadius = 3.5;
 inline constexpr double NodeEdge = 1.5;
-inline constexpr double LeastArrow = 24;
+inline constexpr double MinArrow = 24;
 inline constexpr double ViewPerArrow = 6; ///< the longest arrow is this part of the view's shorter side
 inline constexpr double ArrowWidth = 1.8;
 inline constexpr double HeadLength = 9;
@@ -53,7 +53,7 @@ inline constexpr int SmallText = 11; ///< of axis values, legend and counts
 /// The longest that an arrow may get, in whole pixels, so that a pixel more of the view does not change every arrow.
 double LongestArrow(double viewWidth, double viewHeight);
 
-/// Length of an arrow in pixels: it follows the forces scale within LeastArrow and LongestArrow.
+/// Length of an arrow in pixels: it follows the forces scale within MinArrow and LongestArrow.
 double ArrowLength(float force, float loadsScale, double pixelsPerMetre, double longest);
 
 } // namespace strutwright

@@ -8,7 +8,7 @@ namespace strutwright {
 
 namespace {
 
-constexpr int MostDecimals = 6;
+constexpr int MaxDecimals = 6;
 constexpr const char* Minus = "\u2212";
 
 std::string Digits(double size, int decimals) {
@@ -19,7 +19,7 @@ std::string Digits(double size, int decimals) {
 
 /// Enough decimals that a value does not read as zero.
 int DecimalsFor(double size, int decimals) {
-  while (decimals < MostDecimals && size < 0.5 * std::pow(10.0, -decimals)) ++decimals;
+  while (decimals < MaxDecimals && size < 0.5 * std::pow(10.0, -decimals)) ++decimals;
   return decimals;
 }
 

@@ -13,12 +13,12 @@ namespace strutwright {
 
 namespace {
 
-constexpr float LeastShownForce = 0.01F; // kN, of a load or a reaction
-constexpr float NoForce = 0.0001F;       // kN, of a member
-constexpr double Resolution = 1e-6;      // of the largest force: what a 32-bit float leaves of it
-constexpr double OnLine = 0.75;          // pixels
+constexpr float MinShownForce = 0.01F; // kN, of a load or a reaction
+constexpr float NoForce = 0.0001F;     // kN, of a member
+constexpr double Resolution = 1e-6;    // of the largest force: what a 32-bit float leaves of it
+constexpr double OnLine = 0.75;        // pixels
 
-float ShownForce(float force) { return std::fabs(force) >= LeastShownForce ? force : 0; }
+float ShownForce(float force) { return std::fabs(force) >= MinShownForce ? force : 0; }
 
 float ReactionAt(std::size_t freedom) { return freedom < Reactions.size() ? ShownForce(Reactions[freedom]) : 0; }
 
@@ -105,13 +105,13 @@ double DistanceFromLine(PixelPoint point, const ClearBar& bar) {
 double LongestArrow(double viewWidth, double viewHeight) {
   constexpr double Step = 8;
   const double longest = std::min(viewWidth, viewHeight) / ClearSize::ViewPerArrow;
-  return std::max(ClearSize::LeastArrow, std::floor(longest / Step) * Step);
+  return std::max(ClearSize::MinArrow, std::floor(longest / Step) * Step);
 }
 
 double ArrowLength(float force, float loadsScale, double pixelsPerMetre, double longest) {
   const double length = std::fabs(static_cast<double>(force)) / loadsScale * pixelsPerMetre;
   if (!std::isfinite(length)) return longest;
-  return std::clamp(length, ClearSize::LeastArrow, longest);
+  return std::clamp(length, ClearSize::MinArrow, longest);
 }
 
 std::span<const double> ClearTruss::DirectionsAt(int n) const {

@@ -61,7 +61,7 @@ std::vector<FreeAngle> FreeAngles(std::vector<double> directions);
 /// Whether two bars lie on one line and share more than a point of it, so that no label can be nearer to one.
 bool LieOnEachOther(const ClearBar& a, const ClearBar& b);
 
-/// Whether a force is none: as small as the tables call it, or below what the results can tell from zero.
+/// Whether a force is none: as small as the tables call it, or below what the results can distinguish from zero.
 bool IsZeroForce(float force, double largest);
 
 } // namespace strutwright

@@ -12,11 +12,11 @@ namespace strutwright {
 
 namespace {
 
-constexpr double Clearance = 1;   // pixels between a label and anything else
-constexpr double NearerBy = 0.5;  // pixels by which a label must be nearer to its own
-constexpr int MostToMoveFor = 12; // forces without a place: where more are missing, moving is of little help
-constexpr int MostLooks = 1500;   // for all labels together: what does not fit soon does not fit
-constexpr std::size_t MostBarsForMoving = 300;
+constexpr double Clearance = 1;  // pixels between a label and anything else
+constexpr double NearerBy = 0.5; // pixels by which a label must be nearer to its own
+constexpr int MaxToMoveFor = 12; // forces without a place: where more are missing, moving is of little help
+constexpr int MaxLooks = 1500;   // for all labels together: what does not fit soon does not fit
+constexpr std::size_t MaxBarsForMoving = 300;
 constexpr double ShortestBar = 8; // pixels; a shorter member has no room beside it that is its own
 
 bool BelongsToBar(const ClearLabel& label) {
@@ -188,7 +188,7 @@ class LabelPlacer {
   ClearScene& Scene;
   LabelPlaces Places;
   std::vector<std::size_t> Items; ///< of the labels that are placed
-  int Looks = MostLooks;          ///< that moving may still take
+  int Looks = MaxLooks;           ///< that moving may still take
 };
 
 bool IsForce(const ClearLabel& label) { return label.kind == LabelKind::Force; }
@@ -211,7 +211,7 @@ void PlaceLabels(ClearScene& scene, const std::vector<ClearLabel>* before) {
   std::for_each(scene.labels.begin(), firstNumber, place);
   const auto missing = std::count_if(scene.labels.begin(), firstNumber,
                                      [](const ClearLabel& label) { return IsForce(label) && !label.IsPlaced(); });
-  if (missing <= MostToMoveFor && scene.truss.bars.size() <= MostBarsForMoving) {
+  if (missing <= MaxToMoveFor && scene.truss.bars.size() <= MaxBarsForMoving) {
     for (auto label = scene.labels.begin(); label != firstNumber; ++label) {
       if (IsForce(*label)) placer.PlaceByMoving(*label);
     }

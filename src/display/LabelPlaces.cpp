@@ -13,8 +13,8 @@ constexpr std::array<double, 9> AlongMember{0, -0.25, 0.25, -0.5, 0.5, -0.75, 0.
 constexpr int AlongCount = static_cast<int>(AlongMember.size());
 constexpr double EndGap = ClearSize::NodeRadius + 2.5; // pixels that a label keeps from its member's ends
 constexpr double DotGap = ClearSize::NodeRadius + ClearSize::NodeEdge + 1;
-constexpr double LeastSteepness = 0.6;  // sine of a member's slope
-constexpr double LeastFreeAngle = 0.35; // radians
+constexpr double MinSteepness = 0.6;  // sine of a member's slope
+constexpr double MinFreeAngle = 0.35; // radians
 constexpr double NumberGap = ClearSize::NodeRadius + 2;
 
 /// A direction for each side of an arrow and how far from its ends the label stands.
@@ -87,7 +87,7 @@ std::optional<TurnedBox> LabelPlaces::AtForce(const ClearLabel& label, int place
   if (place < 2 * AlongCount) return Along(label, bar, place, close, EndGap);
   const double off = std::max(close, DotGap);
   if (place < 4 * AlongCount) return Along(label, bar, place - 2 * AlongCount, off, 1);
-  if (place >= 6 * AlongCount || std::fabs(bar.along.y) < LeastSteepness) return std::nullopt;
+  if (place >= 6 * AlongCount || std::fabs(bar.along.y) < MinSteepness) return std::nullopt;
   return Level(label, bar, place - 4 * AlongCount, off);
 }
 
@@ -137,7 +137,7 @@ std::optional<TurnedBox> LabelPlaces::AtNodeNumber(const ClearLabel& label, int 
   constexpr std::array<double, 3> Parts{0, -0.25, 0.25};
   const std::vector<FreeAngle>& angles = AnglesAt(label.owner);
   const std::size_t angle = static_cast<std::size_t>(place) / Parts.size();
-  if (angle >= angles.size() || angles[angle].width < LeastFreeAngle) return std::nullopt;
+  if (angle >= angles.size() || angles[angle].width < MinFreeAngle) return std::nullopt;
   const double part = Parts.at(static_cast<std::size_t>(place) % Parts.size());
   const double direction = angles[angle].middle + part * angles[angle].width;
   const PixelPoint way{std::cos(direction), std::sin(direction)};

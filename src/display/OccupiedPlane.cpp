@@ -6,7 +6,7 @@ namespace strutwright {
 
 namespace {
 
-constexpr double LeastCell = 24;   // pixels
+constexpr double MinCell = 24;     // pixels
 constexpr double CellsPerItem = 4; // at most
 constexpr double CellsAtLeast = 1024;
 
@@ -16,7 +16,7 @@ OccupiedPlane::OccupiedPlane(const Bounds& area, std::size_t expected) : Area(ar
   const double width = std::max(area.Width(), 1.0);
   const double height = std::max(area.Height(), 1.0);
   const double most = CellsPerItem * static_cast<double>(expected) + CellsAtLeast;
-  CellSize = std::max({LeastCell, std::sqrt(width * height / most), width / most, height / most});
+  CellSize = std::max({MinCell, std::sqrt(width * height / most), width / most, height / most});
   Columns = static_cast<int>(width / CellSize) + 1;
   Rows = static_cast<int>(height / CellSize) + 1;
   First.assign(static_cast<std::size_t>(Columns) * static_cast<std::size_t>(Rows), None);

@@ -10,8 +10,8 @@ namespace strutwright {
 namespace {
 
 constexpr double NodeRadius = 0.1;
-constexpr float LeastLoad = 0.01F; // kN
-constexpr double LoadHead = 0.25;  // of the arrow
+constexpr float MinLoad = 0.01F;  // kN
+constexpr double LoadHead = 0.25; // of the arrow
 
 void PrintLoad(DrawingSurface& surface, double x, double y, float F, Colour colour) {
   PrintText(surface, x, -y, FormatNumber(F, "#0.0"), colour);
@@ -53,7 +53,7 @@ void DrawNodeMarker(DrawingSurface& surface, double x, double y, Colour colour) 
 }
 
 void DrawHorizontalLoad(DrawingSurface& surface, float F, double x, double y, Colour colour, float scale) {
-  if (!(std::fabs(F) >= LeastLoad)) return;
+  if (!(std::fabs(F) >= MinLoad)) return;
   const double L = std::fabs(static_cast<double>(F)) / scale;
   surface.SetPenWidth(2);
   if (F > 0) {
@@ -65,7 +65,7 @@ void DrawHorizontalLoad(DrawingSurface& surface, float F, double x, double y, Co
 }
 
 void DrawVerticalLoad(DrawingSurface& surface, float F, double x, double y, Colour colour, float scale) {
-  if (!(std::fabs(F) >= LeastLoad)) return;
+  if (!(std::fabs(F) >= MinLoad)) return;
   const double L = std::fabs(static_cast<double>(F)) / scale;
   surface.SetPenWidth(2);
   if (F > 0) {

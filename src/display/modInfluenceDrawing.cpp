@@ -27,9 +27,9 @@ constexpr double LongestArrow = 46;
 constexpr double ShortestArrow = 18;
 constexpr double ArrowHead = 6;
 constexpr double MarkRadius = 4;
-constexpr double LoadWidth = 42;           // that the number of a load takes
-constexpr double LeastForNodeNumbers = 24; // of a usual member
-constexpr double LeastForMemberNumbers = 60;
+constexpr double LoadWidth = 42;         // that the number of a load takes
+constexpr double MinForNodeNumbers = 24; // of a usual member
+constexpr double MinForMemberNumbers = 60;
 
 constexpr Colour LineColour{0, 110, 120};
 
@@ -238,8 +238,8 @@ ReadableNumbers NumbersWithRoom(const DrawingSurface& surface) {
     const double dy = NodeTable(j, NodeY) - NodeTable(i, NodeY);
     sum += std::hypot(dx, dy);
   }
-  const double pixels = MemberCount == 0 ? LeastForMemberNumbers : sum / MemberCount / PixelSize(surface);
-  return {pixels >= LeastForNodeNumbers, pixels >= LeastForMemberNumbers};
+  const double pixels = MemberCount == 0 ? MinForMemberNumbers : sum / MemberCount / PixelSize(surface);
+  return {pixels >= MinForNodeNumbers, pixels >= MinForMemberNumbers};
 }
 
 void DrawInfluence(DrawingSurface& surface, const InfluenceShape& shape) {

@@ -138,10 +138,10 @@ struct Multiples {
   double operator[](int i) const { return (first + i) * spacing; }
 };
 
-constexpr double LeastPitch = 2; // pixels
+constexpr double MinPitch = 2; // pixels
 
 bool IsSparse(double spacing, double length, double pixels) {
-  return spacing > 0 && std::isfinite(spacing) && spacing * pixels >= LeastPitch * length;
+  return spacing > 0 && std::isfinite(spacing) && spacing * pixels >= MinPitch * length;
 }
 
 /// Only for a spacing that IsSparse: then there are at most half as many multiples as pixels.

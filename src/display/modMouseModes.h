@@ -20,7 +20,7 @@ enum class MouseMode {
 };
 
 /// The commands that choose a mode.  Sets the mode's flag and clears the others, the armed zoom among them; ends a
-/// drag and forgets a half drawn member, whose highlight the host drops.  Leaving pan mode restores the pointer.
+/// drag and forgets a half drawn member, whose highlight goes with it.  Leaving pan mode restores the pointer.
 void SetMouseMode(MouseMode mode);
 
 /// The command for a zoom rectangle: the next left press starts it.  The mode stays and resumes after it.

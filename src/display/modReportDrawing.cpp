@@ -15,20 +15,20 @@ namespace {
 
 constexpr int SmallWidth = ReportWidth; // logical pixels
 constexpr int LargeWidth = 3 * ReportWidth / 2;
-constexpr int MostNodesOfSmallWidth = 30;
-constexpr int LeastHeight = 160;
-constexpr double MostHeightRatio = 0.9; // of the width
-constexpr double SymbolRoom = 0.25;     // units, for markers and supports
-constexpr double UnitPixels = 45;       // about what a unit takes
-constexpr double TrussPart = 0.8;       // of the width, about
-constexpr int SideRoom = 14;            // logical pixels
-constexpr int TextRoom = 44;            // for a text that starts at the right edge
-constexpr int LineRoom = 20;            // for one that starts at the lower edge
-constexpr double ShapePart = 1.0 / 12;  // of the truss that the largest displacement is drawn as
-constexpr double ArrowPart = 1.0 / 6;   // of the truss that the longest arrow takes
-constexpr double HeadPart = 0.25;       // of an arrow that its head stands off to either side
-constexpr double LeastForNumbers = 24;  // logical pixels of a usual member
-constexpr double LeastForForces = 60;
+constexpr int MaxNodesOfSmallWidth = 30;
+constexpr int MinHeight = 160;
+constexpr double MaxHeightRatio = 0.9; // of the width
+constexpr double SymbolRoom = 0.25;    // units, for markers and supports
+constexpr double UnitPixels = 45;      // about what a unit takes
+constexpr double TrussPart = 0.8;      // of the width, about
+constexpr int SideRoom = 14;           // logical pixels
+constexpr int TextRoom = 44;           // for a text that starts at the right edge
+constexpr int LineRoom = 20;           // for one that starts at the lower edge
+constexpr double ShapePart = 1.0 / 12; // of the truss that the largest displacement is drawn as
+constexpr double ArrowPart = 1.0 / 6;  // of the truss that the longest arrow takes
+constexpr double HeadPart = 0.25;      // of an arrow that its head stands off to either side
+constexpr double MinForNumbers = 24;   // logical pixels of a usual member
+constexpr double MinForForces = 60;
 
 struct Box {
   double left = 0;
@@ -67,7 +67,7 @@ Box BoxOfNodes() {
   return box;
 }
 
-double WidthFor(int nodes) { return nodes > MostNodesOfSmallWidth ? LargeWidth : SmallWidth; }
+double WidthFor(int nodes) { return nodes > MaxNodesOfSmallWidth ? LargeWidth : SmallWidth; }
 
 /// A single point has no size to be brought to another one.
 float UnitFor(double size) {
@@ -112,9 +112,9 @@ Box BoxOfDrawing(const ReportFrame& frame) {
 void Frame(ReportFrame& frame, const Box& box) {
   frame.width = static_cast<int>(WidthFor(NodeCount));
   const double across = frame.width - SideRoom - TextRoom;
-  const double mostHeight = frame.width * MostHeightRatio;
+  const double mostHeight = frame.width * MaxHeightRatio;
   const double needed = box.Height() * across / box.Width() + SideRoom + LineRoom;
-  frame.height = static_cast<int>(std::lround(std::clamp<double>(needed, LeastHeight, mostHeight)));
+  frame.height = static_cast<int>(std::lround(std::clamp<double>(needed, MinHeight, mostHeight)));
   const double down = frame.height - SideRoom - LineRoom;
   const double metre = std::max(box.Width() / across, box.Height() / down); // units a pixel
   const double left = box.left - SideRoom * metre - (across * metre - box.Width()) / 2;
@@ -148,8 +148,8 @@ ReportFrame FrameReport() {
   frame.unit = UnitFor(size);
   ChooseScales(frame, size);
   Frame(frame, BoxOfDrawing(frame));
-  frame.numbers = DrawnLength(frame) >= LeastForNumbers;
-  frame.forces = DrawnLength(frame) >= LeastForForces;
+  frame.numbers = DrawnLength(frame) >= MinForNumbers;
+  frame.forces = DrawnLength(frame) >= MinForForces;
   return frame;
 }
 

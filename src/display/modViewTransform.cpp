@@ -11,11 +11,11 @@ namespace {
 
 constexpr double FramingMargin = 1.4;
 constexpr double ZoomStep = 1.25;
-constexpr double KeyStep = 0.1;    // of the window
-constexpr float LeastSide = 1e-6F; // of a zoom rectangle, m
-constexpr double LeastSize = 1e-3; // of a window that was zoomed into, m
-constexpr double MostSize = 1e9;   // of a window that was zoomed out of, m
-constexpr double LeastPart = 1e-5; // of the coordinates in it: leaves a float about a hundred steps
+constexpr double KeyStep = 0.1;  // of the window
+constexpr float MinSide = 1e-6F; // of a zoom rectangle, m
+constexpr double MinSize = 1e-3; // of a window that was zoomed into, m
+constexpr double MaxSize = 1e9;  // of a window that was zoomed out of, m
+constexpr double MinPart = 1e-5; // of the coordinates in it: leaves a float about a hundred steps
 
 bool SetWindowIfFinite(DrawingSurface& surface, double left, double top, double width, double height) {
   const ViewWindow window{static_cast<float>(left), static_cast<float>(top), static_cast<float>(width),
@@ -36,8 +36,8 @@ double GoverningScale(const DrawingSurface& surface, double dx, double dy) {
 /// Whether zooming may set a window of this size about (x, y).  A window beyond the limits can always go back.
 bool IsWithinLimits(double x, double y, double width, double height, double factor) {
   const double reach = std::fmax(std::fabs(x), std::fabs(y));
-  if (factor < 1) return std::fmin(width, height) >= std::fmax(LeastSize, reach * LeastPart);
-  return std::fmax(width, height) <= MostSize;
+  if (factor < 1) return std::fmin(width, height) >= std::fmax(MinSize, reach * MinPart);
+  return std::fmax(width, height) <= MaxSize;
 }
 
 } // namespace
@@ -74,7 +74,7 @@ bool ZoomToRectangle(DrawingSurface& surface, double x1, double y1, double x2, d
   const auto right = static_cast<float>(x2);
   const auto bottom = static_cast<float>(-y1);
   const auto top = static_cast<float>(-y2);
-  if (std::fabs(right - left) < LeastSide || std::fabs(top - bottom) < LeastSide) return false;
+  if (std::fabs(right - left) < MinSide || std::fabs(top - bottom) < MinSide) return false;
   SetViewWindow(surface, left, right, bottom, top);
   return true;
 }

@@ -39,7 +39,7 @@ bool MoveView(DrawingSurface& surface, ViewMove move);
 
 /// Makes the window `factor` times as wide and high, so that the given point of the surface stays where it is.
 /// Nothing happens where that would show less than 1 mm, more than 1e9 m, or a detail finer than coordinates of that
-/// size can tell apart; returns whether the window was set.
+/// size can distinguish; returns whether the window was set.
 bool ZoomAbout(DrawingSurface& surface, double x, double y, double factor);
 
 } // namespace strutwright

@@ -20,7 +20,7 @@ bool DataCellWriter::HasCell(int row, int column) const {
   return row >= 1 && row < Target.RowCount() && column >= 0 && column < Target.ColumnCount();
 }
 
-void DataCellWriter::TellFirstMiss() const {
+void DataCellWriter::ShowFirstMiss() const {
   if (FirstMiss) ShowMessage(MessageIcon::Critical, FirstMiss->what());
 }
 

@@ -25,7 +25,7 @@ void WriteTexts(const GridTexts& kept, Grid& grid) {
   auto text = kept.texts.begin();
   for (int row = 0; row < kept.rows; ++row) {
     for (int column = 0; column < kept.columns; ++column, ++text) {
-      // A view paints what it is told of: an undone edit of one cell is one cell.
+      // A view paints what was reported: an undone edit of one cell is one cell.
       if (grid.Text(row, column) != *text) grid.SetText(row, column, *text);
     }
   }

@@ -24,7 +24,7 @@ struct EditSnapshot {
   GridTexts members;
   std::int16_t gridCapacity = 0;
   std::string currentFileName;
-  int modelNumber = 0; ///< tells the models apart that were opened or begun
+  int modelNumber = 0; ///< distinguishes the models that were opened or begun
 
   bool operator==(const EditSnapshot&) const = default;
 };

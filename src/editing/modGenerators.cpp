@@ -47,7 +47,7 @@ int ReadNodeNumber(const std::string& text) {
   return 0;
 }
 
-/// Nothing, and the user is told, when a coordinate is not numeric.
+/// Nothing, after a message, when a coordinate is not numeric.
 std::optional<NodeLine> ReadEnds(const NodeLineTexts& texts) {
   const auto x1 = NumericValue(texts.x1);
   const auto y1 = NumericValue(texts.y1);
@@ -66,13 +66,6 @@ float Between(float start, float end, int k, int n) {
 
 void AddNodesOf(const NodeLine& line, int n) {
   for (int k = 0; k < n; ++k) addNode(Between(line.start.x, line.end.x, k, n), Between(line.start.y, line.end.y, k, n));
-}
-
-/// The grid grows only where it has fewer rows, its header row counted, than the largest number.
-void MakeRoom(Grid& grid, int largest) {
-  if (grid.RowCount() >= largest) return;
-  grid.SetRowCount(largest + 1);
-  NumberRows(grid);
 }
 
 /// Results stay marked valid as long as there is one for each node and member.
@@ -111,14 +104,14 @@ void fillListedRows(const std::string& list, Grid& grid, const std::string& valu
                     int column1, int column2) {
   parseRangeList(list);
   if (rangeError) return;
-  MakeRoom(grid, maxOfList(rangeList));
+  MakeRoom(grid, static_cast<std::size_t>(std::max<int>(maxOfList(rangeList), 0)));
   // Writing a row that is listed twice once gives the same texts, and quickly for ranges typed again and again.
   std::vector<int> rows;
   std::unique_copy(std::next(rangeList.begin()), rangeList.end(), std::back_inserter(rows));
   DataCellWriter cells(grid);
   for (const int row : rows) cells.Write(row, column1, value1);
   for (const int row : rows) cells.Write(row, column2, value2);
-  cells.TellFirstMiss();
+  cells.ShowFirstMiss();
   RebuildAfterAssignment();
   ModelEvents().ModelChanged();
   rangeError = false;

@@ -2,9 +2,11 @@
 
 #include "AnalysisState.h"
 #include "DataCellWriter.h"
+#include "Markup.h"
 #include "ModelEvents.h"
 #include "Platform.h"
 #include "modCellEditing.h"
+#include "modGrids.h"
 #include "modKeepResults.h"
 #include "modModelEditing.h"
 #include "modModelStore.h"
@@ -23,22 +25,6 @@ namespace {
 
 bool IsDataGrid(const Grid& grid) { return &grid == &GrJoints || &grid == &GrMembers; }
 
-std::string Escaped(const std::string& text) {
-  std::string html;
-  for (const char c : text) {
-    if (c == '&') {
-      html += "&amp;";
-    } else if (c == '<') {
-      html += "&lt;";
-    } else if (c == '>') {
-      html += "&gt;";
-    } else {
-      html.push_back(c);
-    }
-  }
-  return html;
-}
-
 std::string PlainText(const Grid& grid, const GridBlock& block) {
   std::string text;
   for (int row = block.firstRow; row <= block.lastRow; ++row) {
@@ -51,27 +37,17 @@ std::string PlainText(const Grid& grid, const GridBlock& block) {
   return text;
 }
 
-std::string HtmlTable(const Grid& grid, const GridBlock& block) {
+/// What spreadsheets prefer to the plain text.
+std::string SpreadsheetTable(const Grid& grid, const GridBlock& block) {
   std::string html = "<meta charset=\"utf-8\"><table>";
   for (int row = block.firstRow; row <= block.lastRow; ++row) {
     html += "<tr>";
     for (int column = block.firstColumn; column <= block.lastColumn; ++column) {
-      html += "<td>" + Escaped(grid.Text(row, column)) + "</td>";
+      html += "<td>" + EscapedMarkup(grid.Text(row, column)) + "</td>";
     }
     html += "</tr>";
   }
   return html + "</table>";
-}
-
-/// Gives the grid rows up to `rows`, its header row counted, and a spare one, where it has fewer.
-void MakeRoom(Grid& grid, std::size_t rows) {
-  constexpr std::size_t Most = 1 + Grid::MostDataRows;
-  if (rows <= static_cast<std::size_t>(grid.RowCount())) return;
-  const auto needed =
-      static_cast<int>(std::min(rows, Most + 1)); // the grid refuses one too many as it would refuse all
-  const bool spare = rows < Most;                 // the very last row has no spare one behind it
-  grid.SetRowCount(spare ? needed + 1 : needed);
-  if (spare) grid.SetText(needed, 0, std::to_string(needed));
 }
 
 /// Writes pasted texts into a grid.  Of those that are no numbers the first is shown at once, as one that was typed
@@ -129,7 +105,7 @@ void PastedBlock::ReportNonNumeric() const {
 
 void PastedBlock::ReportFailures() const {
   ReportNonNumeric();
-  Cells.TellFirstMiss();
+  Cells.ShowFirstMiss();
 }
 
 /// What is pasted while results are shown must not take them away.
@@ -165,7 +141,7 @@ void RunGridCommand(GridCommand command, Grid& grid) {
 void copyGrid(const Grid& grid) {
   const GridBlock selection = grid.Selection();
   if (selection.lastRow == 0) return; // nobody asks for headings alone
-  TheClipboard().SetText(PlainText(grid, selection), HtmlTable(grid, selection));
+  TheClipboard().SetText(PlainText(grid, selection), SpreadsheetTable(grid, selection));
 }
 
 void blankSelection(Grid& grid) {

@@ -50,9 +50,9 @@ void selectAllCells(Grid& grid);
 /// tabs, line ends or quotation marks in it.
 /// An empty or blank cell empties its cell.  One that is not numeric becomes 0; the first of these is shown to the user
 /// with a row and a column one greater than its own, the others together in one box afterwards.
-/// The grid grows by the rows that it lacks and a spare one; more than Grid::MostDataRows data rows throw
+/// The grid grows by the rows that it lacks and a spare one; more than Grid::MaxDataRows data rows throw
 /// std::length_error, and nothing has changed then.  Cells in columns that the grid does not have are passed over, and
-/// the first that is not empty is told.  A grid without a data row gets its first one.
+/// the first that is not empty is shown.  A grid without a data row gets its first one.
 /// A current analysis is left alone, and a hint says that the grids have changed; otherwise the model is rebuilt and
 /// drawn.
 void pasteCells(Grid& grid);

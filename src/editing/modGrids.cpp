@@ -9,6 +9,7 @@
 #include "modModelStore.h"
 #include "modNumberText.h"
 
+#include <algorithm>
 #include <string>
 
 namespace strutwright {
@@ -23,34 +24,23 @@ void ClearResultGrid(Grid& grid) {
   grid.SetText(1, 0, "");
 }
 
-/// A view paints what it is told of.
-void SetIfOther(Grid& grid, int row, int column, const std::string& text) {
-  if (grid.Text(row, column) != text) grid.SetText(row, column, text);
+void ListTexts(Grid& grid, int row, const std::array<std::string, 5>& texts) {
+  int column = 0;
+  for (const std::string& text : texts) {
+    if (grid.Text(row, column) != text) grid.SetText(row, column, text); // a view paints what was reported
+    ++column;
+  }
 }
 
-void ListNode(int node) {
-  SetIfOther(jResGr, node, 0, std::to_string(node));
-  SetIfOther(jResGr, node, 1, FormatNumber(NodeDisplacement(node, "x"), "#0.0#"));
-  SetIfOther(jResGr, node, 2, FormatNumber(NodeDisplacement(node, "y"), "#0.0#"));
-  SetIfOther(jResGr, node, 3, FormatNumber(Reactions.at(XFreedom(node)), "#.#"));
-  SetIfOther(jResGr, node, 4, FormatNumber(Reactions.at(YFreedom(node)), "#.#"));
-}
-
-/// stretch: mm.
-void ListMember(int member, float stretch) {
-  SetIfOther(mResGr, member, 0, std::to_string(member));
-  SetIfOther(mResGr, member, 1, FormatNumber(MemberForce(member), "#0.0#"));
-  SetIfOther(mResGr, member, 2, MemberState(member));
-  SetIfOther(mResGr, member, 3, FormatNumber(MemberStress(member), "#0.0##"));
-  SetIfOther(mResGr, member, 4, FormatNumber(stretch, "#0.0##"));
-}
-
-/// stretch: gives that of a member.
-void ListResults(float (*stretch)(int m)) {
+/// whenListed: is called with each member that has been listed.
+void ListResults(void (*whenListed)(int m)) {
   if (jResGr.RowCount() != NodeCount + 1) jResGr.SetRowCount(NodeCount + 1);
-  for (int node = 1; node <= NodeCount; ++node) ListNode(node);
+  for (int node = 1; node <= NodeCount; ++node) ListTexts(jResGr, node, JointResultTexts(node));
   if (mResGr.RowCount() != MemberCount + 1) mResGr.SetRowCount(MemberCount + 1);
-  for (int member = 1; member <= MemberCount; ++member) ListMember(member, stretch(member));
+  for (int member = 1; member <= MemberCount; ++member) {
+    ListTexts(mResGr, member, MemberResultTexts(member));
+    whenListed(member);
+  }
 }
 
 } // namespace
@@ -68,13 +58,36 @@ void initGrids() {
   WriteHeadings(mResGr, MemberResultColumns);
 }
 
+void MakeRoom(Grid& grid, std::size_t rows) {
+  constexpr std::size_t max = 1 + Grid::MaxDataRows;
+  if (rows <= static_cast<std::size_t>(grid.RowCount())) return;
+  const std::size_t spare = rows < max ? 1 : 0;                        // the very last row has none behind it
+  grid.SetRowCount(static_cast<int>(std::min(rows, max + 1) + spare)); // one too many is refused as all would be
+  NumberRows(grid);
+}
+
 void ClearResultGrids() {
   for (Grid* grid : {&jResGr, &mResGr}) ClearGrid(*grid, GridCapacity);
 }
 
-void resultGrids() { ListResults(StretchOrMessage); }
+std::array<std::string, 5> JointResultTexts(int node) {
+  return {std::to_string(node), FormatNumber(NodeDisplacement(node, "x"), "#0.0#"),
+          FormatNumber(NodeDisplacement(node, "y"), "#0.0#"), FormatNumber(Reactions.at(XFreedom(node)), "#.#"),
+          FormatNumber(Reactions.at(YFreedom(node)), "#.#")};
+}
 
-void ListResultsQuietly() { ListResults(MemberStretch); }
+std::array<std::string, 5> MemberResultTexts(int member) {
+  return {std::to_string(member), FormatNumber(MemberForce(member), "#0.0#"), MemberState(member),
+          FormatNumber(MemberStress(member), "#0.0##"), FormatNumber(MemberStretch(member), "#0.0##")};
+}
+
+void resultGrids() {
+  ListResults([](int m) { StretchOrMessage(m); });
+}
+
+void ListResultsQuietly() {
+  ListResults([](int /*m*/) {});
+}
 
 float StretchOrMessage(int m) {
   if (const auto fault = StretchFaultOf(m)) ShowMessage(MessageIcon::Information, NoStretchText(m, *fault));

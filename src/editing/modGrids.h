@@ -4,7 +4,9 @@
 #include "modColumns.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <string>
 
 namespace strutwright {
 
@@ -30,8 +32,16 @@ inline constexpr std::array<GridColumn, 5> MemberResultColumns{{
 /// the results grids.
 void initGrids();
 
+/// Gives a data grid which has fewer rows than these, its header row counted, so many and a spare one, all numbered.
+/// Throws std::length_error where no grid has so many, and then nothing has changed.
+void MakeRoom(Grid& grid, std::size_t rows);
+
 /// Empties the results grids and gives each GridCapacity data rows.
 void ClearResultGrids();
+
+/// The texts of a row of the joint results and of one of the member results, its number first.
+std::array<std::string, 5> JointResultTexts(int node);
+std::array<std::string, 5> MemberResultTexts(int member);
 
 /// Fills the results grids from the results of the analysis: displacements in mm, reactions and forces in kN, stresses
 /// in N/mm2, elongations in mm.  A member that can't stretch is shown to the user as it is listed.

@@ -65,9 +65,9 @@ CellText InLatex(EquationGrid grid) {
 bool CheckSize(const GridBlock& block) {
   const long long rows = block.lastRow - block.firstRow + 1;
   const long long cells = rows * (block.lastColumn - block.firstColumn + 1);
-  if (cells <= MostCopiedCells) return true;
+  if (cells <= MaxCopiedCells) return true;
   ShowMessage(MessageIcon::Information, "The selection has " + std::to_string(cells) + " cells, but at most " +
-                                            std::to_string(MostCopiedCells) +
+                                            std::to_string(MaxCopiedCells) +
                                             " can be copied at once.\nSelect fewer cells.");
   return false;
 }

@@ -25,7 +25,7 @@ class CAssociate {
   std::string DefaultIcon; ///< full path of an icon file
 
   /// Writes the type's name, extension, open command and icon.
-  /// Throws AssociateError, and then nothing is written; that the desktop refused a single write is not told.
+  /// Throws AssociateError, and then nothing is written; a single write that the desktop refused is not reported.
   void Associate() const;
 
  private:

@@ -4,12 +4,14 @@
 #include "FileState.h"
 #include "ModelEvents.h"
 #include "Platform.h"
+#include "RecentFiles.h"
 #include "modKeepResults.h"
 #include "modModelFile.h"
 #include "modModelHomes.h"
 #include "modModelStore.h"
 #include "modPlaces.h"
 #include "modRecentFiles.h"
+#include "modSafeSave.h"
 #include "modSavedModels.h"
 
 #include <algorithm>
@@ -77,8 +79,11 @@ std::string Shortcomings(const StoredModel& model) {
   return text;
 }
 
-void NoteSaved() {
-  NoteFile(CurrentFileName, WriteModel());
+/// Saves what was entered, without the results of the analysis.
+void SaveEntered() {
+  const std::string model = ModelInGrids();
+  SaveBytes(CurrentFileName, model);
+  NoteFile(CurrentFileName, model);
   TakeFileOver();
   if (TheFiles.OwnRecovery) TheFiles.OwnRecovery->restored = false;
 }
@@ -142,9 +147,8 @@ void saveModel(bool asSave) {
   if (asSave && CurrentFileName.empty()) return saveModel(!asSave);
   try {
     if (!asSave && !TakeNameToSave()) return;
-    const KeptResults results;
-    SaveModelFile(CurrentFileName);
-    NoteSaved();
+    RebuildKeepingResults();
+    SaveEntered();
     ShowFileNameInCaption();
   } catch (const std::exception& failure) {
     ReportSaveFailure(CurrentFileName, failure.what());

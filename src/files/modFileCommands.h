@@ -6,7 +6,7 @@
 namespace strutwright {
 
 // The commands of the File menu and the picture export, as the menus, the toolbar and the analysis call them.
-// The commands ask, tell and report failures themselves; only newModel and writeScratchCopy throw.
+// The commands ask, and show messages and failures, themselves; only newModel and writeScratchCopy throw.
 
 /// Save (asSave) or Save As (not asSave) of the model as the grids hold it; Save without a CurrentFileName is Save As.
 /// A dialog closed without a name says "Please Name a File" and asks again, and what that wrote is written once more;
@@ -17,14 +17,14 @@ void saveModel(bool asSave);
 
 /// Opens a model file: its model becomes the open one and stands in the data grids, and the window starts afresh.
 /// fileName: empty asks the user, who may cancel; nothing has changed then.
-/// Values that the file does not hold, or that are not finite, are read as zero and told to the user.
+/// Values that the file does not hold, or that are not finite, are read as zero and shown in a message.
 /// A file that can't be read shows "Unkown error while opening file " and its name; the open model then stays,
 /// and CurrentFileName is emptied.
 /// A file that was opened takes the top of the recent files.
 /// Returns whether a model was opened; `reason`, where given, takes the description of a failure.
 bool openModel(const std::string& fileName, std::string* reason = nullptr);
 
-/// The same for a file that is the program's own business: it takes no place among the recent files.
+/// The same for a file of the program itself, which takes no place among the recent files.
 /// fileName: not empty.
 bool OpenUnlisted(const std::string& fileName);
 

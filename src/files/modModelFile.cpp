@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::size_t CountsSize = 3 * sizeof(std::int16_t);
 constexpr std::size_t ValueSize = sizeof(float);
-constexpr std::size_t MostRecords = 32768; // of a table, the one that is not used included
+constexpr std::size_t MaxRecords = 32768; // of a table, the one that is not used included
 
 void AppendLittleEndian(std::string& bytes, std::unsigned_integral auto value) {
   for (std::size_t i = 0; i < sizeof(value); ++i) {
@@ -49,6 +49,15 @@ std::int16_t CountAt(const std::string& bytes, std::size_t index) {
 
 std::size_t ValueCount(const FieldTable& table) { return table.InOrder().size(); }
 
+std::string Bytes(const std::array<std::int16_t, 3>& counts, const FieldTable& nodes, const FieldTable& members) {
+  std::string bytes;
+  bytes.reserve(CountsSize + ValueSize * (ValueCount(nodes) + ValueCount(members)));
+  for (const std::int16_t count : counts) AppendCount(bytes, count);
+  AppendTable(bytes, nodes);
+  AppendTable(bytes, members);
+  return bytes;
+}
+
 /// The three counts, checked, with tables of zeros to match.
 StoredModel ReadCounts(const std::string& bytes) {
   if (bytes.size() < CountsSize) throw FileError("The file is too short for a model");
@@ -78,13 +87,13 @@ void ReadTable(const std::string& bytes, StoredModel& model, FieldTable& table) 
 
 } // namespace
 
-std::string WriteModel() {
-  std::string bytes;
-  bytes.reserve(CountsSize + ValueSize * (ValueCount(NodeTable) + ValueCount(MemberTable)));
-  for (const std::int16_t count : {GridCapacity, NodeCount, MemberCount}) AppendCount(bytes, count);
-  AppendTable(bytes, NodeTable);
-  AppendTable(bytes, MemberTable);
-  return bytes;
+std::string WriteModel() { return Bytes({GridCapacity, NodeCount, MemberCount}, NodeTable, MemberTable); }
+
+std::string ModelInGrids() {
+  const ModelTables model = ReadGrids();
+  const auto nodes = static_cast<std::int16_t>(model.nodes.Count());
+  const auto members = static_cast<std::int16_t>(model.members.Count());
+  return Bytes({GridCapacity, nodes, members}, model.nodes, model.members);
 }
 
 StoredModel ReadModel(const std::string& bytes) {
@@ -105,9 +114,9 @@ void TakeModel(StoredModel model) {
 void SaveModelFile(const std::string& path) { SaveBytes(path, WriteModel()); }
 
 StoredModel LoadModelFile(const std::string& path) {
-  // The largest model that can be opened; nobody's video is read to its end.
-  constexpr std::size_t MostBytes = CountsSize + ValueSize * MostRecords * (6 + 10);
-  return ReadModel(Files().Read(path, 0, MostBytes));
+  // The largest model that can be opened; of a larger file, such as a video, the rest is not read.
+  constexpr std::size_t MaxBytes = CountsSize + ValueSize * MaxRecords * (6 + 10);
+  return ReadModel(Files().Read(path, 0, MaxBytes));
 }
 
 } // namespace strutwright

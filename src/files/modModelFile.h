@@ -26,6 +26,9 @@ struct StoredModel {
 /// The open model as the bytes of a file: GridCapacity, both counts, both tables.
 std::string WriteModel();
 
+/// The model as the grids hold it, as the bytes of a file; member fields 6 to 9 are zero.  The tables stay as they are.
+std::string ModelInGrids();
+
 /// Reads a model from the bytes of a file; what stands behind the member table is ignored.
 /// Every count from 0 to 32767 is read, also one of nodes that no analysis takes: what was saved can be opened.
 /// Throws FileError when the three counts are not there or one of them is negative.

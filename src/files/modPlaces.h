@@ -8,7 +8,7 @@ namespace strutwright {
 std::string LastComponent(const std::string& path);
 
 /// The paths of the program that makes trusses, and of Strutwright itself, which lie in one folder.
-/// separator: the platform's, which tells whether the programs have the names that Windows gives them.
+/// separator: the platform's, which shows whether the programs have the names that Windows gives them.
 std::string CompanionProgram(const std::string& folder, char separator);
 std::string MainProgram(const std::string& folder, char separator);
 

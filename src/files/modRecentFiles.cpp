@@ -1,8 +1,8 @@
 #include "modRecentFiles.h"
 
 #include "FileEvents.h"
-#include "FileState.h"
 #include "Platform.h"
+#include "RecentFiles.h"
 #include "modFirstRun.h"
 #include "modNumberText.h"
 
@@ -53,8 +53,8 @@ void ShowEntry(int index) {
 }
 
 void TakeLimit() {
-  if (!IsNumberForm(TheOptions.txtMaxFiles)) ShowMessage(MessageIcon::None, "Please input a number in future, ok");
-  MAX_FILES = IntegerValue(TheOptions.txtMaxFiles).value_or(LimitInNeed);
+  if (!IsNumberForm(TheRecentFiles.txtMaxFiles)) ShowMessage(MessageIcon::None, "Please input a number in future, ok");
+  MAX_FILES = IntegerValue(TheRecentFiles.txtMaxFiles).value_or(LimitInNeed);
   if (MAX_FILES < 1 || MAX_FILES > GreatestLimit) MAX_FILES = LimitInNeed;
   StoreNumber(LimitKey, MAX_FILES);
   MAX_FILES = StoredNumber(LimitKey, MAX_FILES);
@@ -63,7 +63,7 @@ void TakeLimit() {
 void Grow() {
   TakeLimit();
   if (noRUF >= MAX_FILES) return;
-  TheFiles.Recent.mnuBar4 = true;
+  TheRecentFiles.mnuBar4 = true;
   ShowEntry(1);
   ++noRUF;
   ShowEntry(noRUF);
@@ -115,15 +115,15 @@ void BeginFirstRun() {
   StoreNumber(CountKey, noRUF);
   MAX_FILES = FirstLimit;
   StoreNumber(LimitKey, MAX_FILES);
-  TheOptions.txtMaxFiles = std::to_string(MAX_FILES);
+  TheRecentFiles.txtMaxFiles = std::to_string(MAX_FILES);
 }
 
 /// A store that was damaged or edited by hand may hold any count.
 void TakeStoredList() {
   MAX_FILES = StoredNumber(LimitKey, MAX_FILES);
   noRUF = std::clamp(StoredNumber(CountKey, noRUF), std::int16_t{0}, GreatestLimit);
-  TheOptions.txtMaxFiles = std::to_string(MAX_FILES);
-  TheFiles.Recent.mnuBar3 = true;
+  TheRecentFiles.txtMaxFiles = std::to_string(MAX_FILES);
+  TheRecentFiles.mnuBar3 = true;
   for (int place = 1; place <= noRUF; ++place) {
     ShowEntry(place);
     WriteEntry(place, StoredPath(place));

@@ -4,6 +4,7 @@
 #include "FileState.h"
 #include "Platform.h"
 #include "modFileCommands.h"
+#include "modModelFile.h"
 #include "modSafeSave.h"
 #include "modSavedModels.h"
 

@@ -13,7 +13,7 @@ namespace strutwright {
 /// A file that RestoreUnsavedModel brought, and whose model was neither changed nor saved, is left for another time.
 void KeepRecovery();
 
-/// Whether a run that has ended left a recovery file.  Never throws; false where that can't be told.
+/// Whether a run that has ended left a recovery file.  Never throws; false where that can't be found out.
 bool HasUnsavedModel();
 
 /// Opens the recovery file that was written last among those of the runs that have ended, as a model that has no file

@@ -5,31 +5,10 @@
 #include "modModelStore.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace strutwright {
 
 namespace {
-
-/// Puts the tables aside as they lie in memory, and back again.
-class TablesAside {
- public:
-  TablesAside() : Nodes(std::move(NodeTable)), Members(std::move(MemberTable)) {}
-  TablesAside(const TablesAside&) = delete;
-  TablesAside& operator=(const TablesAside&) = delete;
-  ~TablesAside() {
-    NodeTable = std::move(Nodes);
-    MemberTable = std::move(Members);
-    NodeCount = NodesBefore;
-    MemberCount = MembersBefore;
-  }
-
- private:
-  FieldTable Nodes;
-  FieldTable Members;
-  std::int16_t NodesBefore = NodeCount;
-  std::int16_t MembersBefore = MemberCount;
-};
 
 /// What was entered: the bytes behind GridCapacity.
 std::string Entered(const std::string& model) { return model.substr(sizeof(GridCapacity)); }
@@ -40,12 +19,6 @@ bool IsEmpty(const std::string& model) {
 }
 
 } // namespace
-
-std::string ModelInGrids() {
-  const TablesAside tables;
-  RebuildModelFromGrids();
-  return WriteModel();
-}
 
 void NoteFile(const std::string& path, const std::string& model) { TheFiles.SavedModels[path] = Entered(model); }
 

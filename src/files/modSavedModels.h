@@ -5,11 +5,7 @@
 namespace strutwright {
 
 // Whether the model has been changed since it was saved.  Models are compared as the bytes of WriteModel, without
-// GridCapacity, which is room for a model and nothing that anybody has entered.
-
-/// The model as the grids hold it, as the bytes of a file; member fields 6 to 9 are zero.
-/// The tables stay as they are, also where their records are referred to.
-std::string ModelInGrids();
+// GridCapacity, which is room for a model and was not entered.
 
 /// Remembers what a file holds.
 void NoteFile(const std::string& path, const std::string& model);

@@ -15,7 +15,7 @@ Grid::Grid(int rows, int columns) {
 }
 
 void Grid::SetRowCount(int rows) {
-  if (rows > 1 + MostDataRows) throw std::length_error("A grid has at most 32767 data rows");
+  if (rows > 1 + MaxDataRows) throw std::length_error("A grid has at most 32767 data rows");
   const bool hadNone = Rows == 1;
   Rows = std::max(rows, 1);
   Cells.resize(static_cast<std::size_t>(Rows), std::vector<std::string>(static_cast<std::size_t>(Columns)));

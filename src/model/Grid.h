@@ -16,7 +16,7 @@ class GridRangeError : public std::out_of_range {
   int column;
 };
 
-/// What a grid tells its listener, once a change.
+/// What a grid reports to its listener, once a change.
 struct GridChange {
   enum class Kind {
     Cell,      ///< the text of (row, column)
@@ -45,7 +45,7 @@ struct GridBlock {
 class Grid {
  public:
   /// Most data rows a grid can have: row numbers and counts are 16-bit.
-  static constexpr int MostDataRows = 32767;
+  static constexpr int MaxDataRows = 32767;
 
   Grid() : Grid(1, 1) {}
   Grid(int rows, int columns);
@@ -54,7 +54,7 @@ class Grid {
   int ColumnCount() const { return Columns; }
 
   /// Keeps the texts that stay inside; new cells are empty.  Counts below 1 mean 1.
-  /// More than MostDataRows data rows throw std::length_error.  The current cell and the selection are moved
+  /// More than MaxDataRows data rows throw std::length_error.  The current cell and the selection are moved
   /// inside where they lay outside, and from the headers to the first data row or column once there is one.
   void SetRowCount(int rows);
   void SetColumnCount(int columns);

@@ -78,7 +78,7 @@ void WriteTexts(Grid& grid, const std::vector<std::vector<std::string>>& texts) 
   }
 }
 
-/// Removes the marked rows; false, and the user is told, when there is none.
+/// Removes the marked rows; false, after a message, when there is none.
 bool RemoveRows(Grid& grid, const RowMarks& removed) {
   if (std::find(removed.begin(), removed.end(), true) == removed.end()) {
     ShowMessage(MessageIcon::Information, "No zero rows found");

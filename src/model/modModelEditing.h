@@ -21,7 +21,7 @@ void DeleteMember(int m, bool ask);
 
 /// Removes the rows of GrJoints or GrMembers that a deletion has blanked: those with a single blank in column 1.
 /// Rows are numbered anew.  A grid that would be left without a data row keeps an empty one.
-/// Where there is no such row, the user is told.  Returns whether rows were removed.
+/// Where there is no such row, a message says so.  Returns whether rows were removed.
 bool CompressGrid(Grid& grid);
 
 /// Removes the rows of GrJoints or GrMembers that hold nothing: every data cell empty, blank or a numeric zero.

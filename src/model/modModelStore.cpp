@@ -61,6 +61,13 @@ void WriteRows(const FieldTable& table, int count, Grid& grid) {
 
 } // namespace
 
+ModelTables ReadGrids() {
+  ModelTables model;
+  ReadRows(GrJoints, CountNumericRows(GrJoints), model.nodes);
+  ReadRows(GrMembers, CountNumericRows(GrMembers), model.members);
+  return model;
+}
+
 void RebuildModelFromGrids() {
   const QuietGrid quietJoints(GrJoints);
   const QuietGrid quietMembers(GrMembers);

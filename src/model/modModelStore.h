@@ -57,6 +57,15 @@ inline auto& AnalysisDone = TheModel.AnalysisDone;
 inline auto& GrJoints = TheModel.GrJoints;
 inline auto& GrMembers = TheModel.GrMembers;
 
+/// A model by itself, apart from the one that is open; its tables have a record for each node and each member.
+struct ModelTables {
+  FieldTable nodes{6};
+  FieldTable members{10};
+};
+
+/// What RebuildModelFromGrids would make the model; the open one stays as it is.
+ModelTables ReadGrids();
+
 /// Reads the model from the cell texts of GrJoints and GrMembers.
 /// A count is the number of data rows with a numeric text in column 1, wherever they stand; the rows copied are the
 /// first so many.  A text that is not numeric gives 0.  Member fields 6 to 9 become 0.

@@ -110,13 +110,13 @@ static_assert(FLT_EVAL_METHOD == 0, "products and sums of doubles are rounded to
 /// has 28 before its zeros, so that their product fits into a double.
 Decimal SevenDigitDecimal(float value) {
   constexpr double Least = 1e6; // of the numbers with seven digits
-  constexpr int MostPlaces = 12;
+  constexpr int MaxPlaces = 12;
   constexpr double ToWhole = 0x1p52; // a sum with it has no fraction
   const double size = std::abs(static_cast<double>(value));
   double product = size;
   if (!(product < 10 * Least)) return SevenDigitDecimalOfAny(value);
   int places = 0;
-  for (double power = 1; product < Least && places < MostPlaces; ++places) {
+  for (double power = 1; product < Least && places < MaxPlaces; ++places) {
     power *= 10;
     product = size * power;
   }

@@ -10,7 +10,7 @@ namespace strutwright {
 /// Numbers the nodes of the data grids along the span: by x, of equal x by y, of equal places in their old order.  The
 /// members' node numbers follow; what names no node stays as it is.  Rows behind the nodes keep their places.
 /// The tables must hold what the grids do.  Ends like every change of the model, with AfterModelEdit.
-/// Where the nodes are in that order already, the user is told and nothing has changed.
+/// Where the nodes are in that order already, a message says so and nothing has changed.
 void RenumberNodesAlongSpan();
 
 /// The nodes of the tables in that order: the old numbers, from the first new one on.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace strutwright {
@@ -10,21 +11,36 @@ enum FileDialogFlag : int {
   FileMustExist = 4096,
 };
 
-/// The desktop's dialog for files.  One object serves every command; its properties keep the values of its last use.
-class FileDialog {
- public:
-  virtual ~FileDialog() = default;
+enum class FileDialogKind { Open, Save };
 
-  /// Show the dialog with the properties below.  False when the user cancelled; fileName is then as it was.
-  virtual bool ShowOpen() = 0;
-  virtual bool ShowSave() = 0;
-
+/// What a dialog for files asks.
+struct FileQuestion {
   std::string title;
   int flags = 0;
   std::string defaultExtension; ///< without point; added on saving only
   std::string initialFolder;
   std::string filter;   ///< "Name|pattern|Name|pattern"
   std::string fileName; ///< full path, UTF-8
+};
+
+/// The desktop's dialog for files.  One object serves every command; its properties, which are those of a question,
+/// keep the values of its last use.
+class FileDialog : public FileQuestion {
+ public:
+  virtual ~FileDialog() = default;
+
+  /// Shows a dialog that has nothing to do with the properties.  The chosen full path; nothing when the user cancelled.
+  virtual std::optional<std::string> Ask(FileDialogKind kind, const FileQuestion& question) = 0;
+
+  /// Show the dialog with its properties.  False when the user cancelled; fileName is then as it was.
+  bool ShowOpen() { return Take(Ask(FileDialogKind::Open, *this)); }
+  bool ShowSave() { return Take(Ask(FileDialogKind::Save, *this)); }
+
+ private:
+  bool Take(const std::optional<std::string>& chosen) {
+    if (chosen) fileName = *chosen;
+    return chosen.has_value();
+  }
 };
 
 } // namespace strutwright

@@ -14,10 +14,10 @@ class FileTypeRegistry {
   /// typeClass: the type's name for programs.  extension: with its point.  program: the full path of the one that asks.
   virtual bool IsInstalled(const std::string& typeClass, const std::string& extension, const std::string& program) = 0;
 
-  /// Gives a key, created with those above it as needed, its default value.  What fails is not told.
+  /// Gives a key, created with those above it as needed, its default value.  A failure is not reported.
   virtual void SetDefault(const std::string& key, const std::string& value) = 0;
 
-  /// Called after the last key of a file type: puts it into force.  What fails is not told.
+  /// Called after the last key of a file type: puts it into force.  A failure is not reported.
   virtual void Announce() = 0;
 };
 

@@ -4,12 +4,12 @@
 
 namespace strutwright {
 
-/// The place where a program says something that needs no answer.
+/// Where the program shows what needs no answer.
 class Hints {
  public:
   virtual ~Hints() = default;
 
-  /// Shows a text that goes by itself.
+  /// Shows a text, which disappears by itself.
   virtual void ShowHint(const std::string& text) = 0;
 };
 

@@ -25,7 +25,7 @@ class LongWork {
   LongWork(const LongWork&) = delete;
   LongWork& operator=(const LongWork&) = delete;
 
-  /// Tells how much is done, 0..1.  Quick, so that it may be called often.  Throws WorkCancelled.
+  /// Reports how much is done, 0..1.  Quick, so that it may be called often.  Throws WorkCancelled.
   void Done(double fraction);
 
  private:

@@ -14,7 +14,7 @@ std::string PutNewFileBeside(FileSystem& files, const std::string& target, const
                              bool wait) {
   std::string fresh = files.CreateBeside(target);
   try {
-    // The mode comes first: nobody shall read for a moment what is not theirs.
+    // The mode comes first: nobody may read, even for a moment, what is not theirs.
     if (existed) files.CopyMode(target, fresh);
     files.Write(fresh, content);
     if (wait) files.Flush(fresh);

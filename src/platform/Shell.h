@@ -10,7 +10,7 @@ class Shell {
  public:
   virtual ~Shell() = default;
 
-  /// Opens what lies at a path: starts a program, shows a document.  What is missing is not told.
+  /// Opens what lies at a path: starts a program, shows a document.  Does nothing if the path does not exist.
   virtual void Open(const std::string& path) = 0;
 
   /// Starts a program with arguments and does not wait for it.  False where it can't be started.

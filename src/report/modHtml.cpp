@@ -1,5 +1,7 @@
 #include "modHtml.h"
 
+#include "Markup.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -89,22 +91,14 @@ std::size_t DepthOf(const std::string& line) { return std::min(line.find_first_n
 
 } // namespace
 
-std::string Escaped(const std::string& text) {
-  std::string escaped;
-  for (const char c : text) {
-    switch (c) {
-    case '&': escaped += "&amp;"; break;
-    case '<': escaped += "&lt;"; break;
-    case '>': escaped += "&gt;"; break;
-    case '"': escaped += "&quot;"; break;
-    default: escaped += static_cast<unsigned char>(c) < ' ' || c == '\x7f' ? ' ' : c;
-    }
-  }
-  return escaped;
+std::string Escaped(std::string text) {
+  const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7f'; };
+  std::replace_if(text.begin(), text.end(), isControl, ' ');
+  return EscapedMarkup(text);
 }
 
 std::string HtmlTable(const std::vector<HtmlColumn>& columns, const std::vector<Row>& rows) {
-  if (rows.size() > MostTableRows) return PlainTable(columns, rows);
+  if (rows.size() > MaxTableRows) return PlainTable(columns, rows);
   std::string html(TableStart);
   html += "\n<thead>" + std::string(HeadingsStart);
   for (const HtmlColumn& column : columns) html += Cell("th", column, column.heading);

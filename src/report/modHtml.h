@@ -9,7 +9,7 @@ namespace strutwright {
 // Building blocks of a document: HTML that QTextDocument and every browser show alike.  Texts are UTF-8.
 
 /// A text with its special characters written out; line ends and other control characters become blanks.
-std::string Escaped(const std::string& text);
+std::string Escaped(std::string text);
 
 /// A column of a table.
 struct HtmlColumn {
@@ -17,10 +17,10 @@ struct HtmlColumn {
   bool isText = false; ///< set to the left; numbers are set to the right
 };
 
-inline constexpr std::size_t MostTableRows = 500;
+inline constexpr std::size_t MaxTableRows = 500;
 
 /// A table: its headings come again on every page.  rows: as many texts as there are columns, not escaped yet.
-/// More than MostTableRows rows are set in columns of plain text, on purpose: to lay a table out takes Qt a tenth of a
+/// More than MaxTableRows rows are set in columns of plain text, on purpose: to lay a table out takes Qt a tenth of a
 /// second for every hundred rows.
 std::string HtmlTable(const std::vector<HtmlColumn>& columns, const std::vector<std::vector<std::string>>& rows);
 
@@ -28,7 +28,7 @@ std::string HtmlTable(const std::vector<HtmlColumn>& columns, const std::vector<
 std::string HtmlHeading(int level, const std::string& text);
 std::string HtmlParagraph(const std::string& text);
 
-/// A list of lines; a line that is set in by two blanks more than the one before belongs below it.
+/// A list of lines; a line indented by two blanks more than the one before belongs below it.
 std::string HtmlList(const std::vector<std::string>& lines);
 
 /// A PNG picture that lies in the document.

@@ -6,9 +6,9 @@
 #include "Platform.h"
 #include "modCheckAnswer.h"
 #include "modMember.h"
+#include "modModelFile.h"
 #include "modModelStore.h"
 #include "modReportText.h"
-#include "modSavedModels.h"
 
 #include <exception>
 

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <string_view>
-#include <utility>
 
 namespace strutwright {
 
@@ -29,20 +28,17 @@ std::string SuggestedName(const Report& report, const std::string& extension) {
   return model.substr(0, hasEnding ? point : std::string::npos) + "." + extension;
 }
 
-/// The name that the user chose; empty where there is none.  The dialog then suggests what it did before, so that
-/// nobody saves a model over a report.
+/// The name that the user chose; empty where there is none.  It is asked for apart from the dialog's own properties, so
+/// that the dialog does not suggest the report's name for the model.
 std::string AskName(const Report& report, const std::string& title, const std::string& extension,
                     const std::string& filter) {
-  FileDialog& dialog = TheFileDialog();
-  std::string before = std::exchange(dialog.fileName, SuggestedName(report, extension));
-  dialog.title = title;
-  dialog.flags = OverwritePrompt;
-  dialog.defaultExtension = extension;
-  dialog.initialFolder.clear();
-  dialog.filter = filter;
-  const bool chosen = dialog.ShowSave();
-  const std::string name = std::exchange(dialog.fileName, std::move(before));
-  return chosen ? name : "";
+  const FileQuestion question{.title = title,
+                              .flags = OverwritePrompt,
+                              .defaultExtension = extension,
+                              .initialFolder = "",
+                              .filter = filter,
+                              .fileName = SuggestedName(report, extension)};
+  return TheFileDialog().Ask(FileDialogKind::Save, question).value_or("");
 }
 
 void SaveAs(const std::string& path, const std::function<std::string()>& bytes) {

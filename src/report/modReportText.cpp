@@ -1,14 +1,14 @@
 #include "modReportText.h"
 
 #include "AnalysisState.h"
-#include "EditingState.h"
-#include "modCheckAnswer.h"
+#include "modCheckText.h"
 #include "modColumns.h"
 #include "modGrids.h"
 #include "modHtml.h"
 #include "modModelStore.h"
 #include "modNumberText.h"
 
+#include <array>
 #include <sstream>
 #include <vector>
 
@@ -136,12 +136,7 @@ std::string DrawingSection(const ReportParts& parts) {
          HtmlParagraph(Legend(frame));
 }
 
-/// A row of a results grid, its number first.
-Row ResultRow(const Grid& grid, int row) {
-  Row texts;
-  for (int column = 0; column < grid.ColumnCount(); ++column) texts.push_back(grid.Text(row, column));
-  return texts;
-}
+Row RowOf(const std::array<std::string, 5>& texts) { return {texts.begin(), texts.end()}; }
 
 std::string ReactionText(std::size_t freedom) { return FormatNumber(Reactions.at(freedom), "#0.0"); }
 
@@ -151,7 +146,7 @@ std::string NodeResultsHtml() {
   Rows rows;
   for (int n = 1; n <= NodeCount; ++n) {
     const float code = NodeTable(n, NodeSupport);
-    Row row = ResultRow(jResGr, n);
+    Row row = RowOf(JointResultTexts(n));
     row[ReactionX] = code == 0 || code == 1 ? "" : ReactionText(XFreedom(n));
     row[ReactionY] = code == 0 || code == 2 ? "" : ReactionText(YFreedom(n));
     rows.push_back(row);
@@ -166,13 +161,13 @@ std::string NodeResultsHtml() {
 
 std::string MemberResultsHtml() {
   Rows rows;
-  for (int m = 1; m <= MemberCount; ++m) rows.push_back(ResultRow(mResGr, m));
+  for (int m = 1; m <= MemberCount; ++m) rows.push_back(RowOf(MemberResultTexts(m)));
   return HtmlTable({Number("Member"), Number(MemberResultColumns[1].heading), Words(MemberResultColumns[2].heading),
                     Number(MemberResultColumns[3].heading), Number(MemberResultColumns[4].heading)},
                    rows);
 }
 
-/// Results that can't be trusted don't stand there without a word.
+/// Results that can't be trusted come with the verdict above them.
 std::string ResultsSection(const ReportParts& parts) {
   const std::string warning = parts.check.level == CheckLevel::Good ? "" : HtmlParagraph(Verdict(parts));
   return HtmlHeading(2, "Results") + warning + HtmlHeading(3, "Displacements and reactions") + NodeResultsHtml() +

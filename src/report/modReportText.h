@@ -11,7 +11,7 @@
 
 namespace strutwright {
 
-/// What a report needs besides the model in the tables, the results in the results grids and the results' arrays.
+/// What a report needs besides the model in the tables and its results.
 struct ReportParts {
   std::string name; ///< of the model, as a user calls it; UTF-8
   std::string date; ///< "2026-11-21"

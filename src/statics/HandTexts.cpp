@@ -11,7 +11,7 @@ namespace strutwright {
 namespace {
 
 constexpr int HandDigits = 5;
-constexpr std::size_t MostNodeNames = 10;
+constexpr std::size_t MaxNodeNames = 10;
 /// Factors are cosines or arms beside the size of the truss: what is smaller is rounding.
 constexpr double NoFactor = 1e-9;
 
@@ -46,9 +46,9 @@ std::string ListText(const std::vector<std::string>& items) {
 
 std::string NodeNames(const std::vector<int>& nodes) {
   std::vector<std::string> names = Numerals(nodes);
-  if (names.size() > MostNodeNames) {
-    names.resize(MostNodeNames);
-    names.push_back(std::to_string(nodes.size() - MostNodeNames) + " more");
+  if (names.size() > MaxNodeNames) {
+    names.resize(MaxNodeNames);
+    names.push_back(std::to_string(nodes.size() - MaxNodeNames) + " more");
   }
   return (nodes.size() == 1 ? "Node " : "Nodes ") + ListText(names);
 }

@@ -15,8 +15,8 @@ namespace {
 /// Coordinates that were computed, or scaled, have been rounded more than once.
 constexpr double HandRoundings = 4;
 /// Farther out, rounding would make one line of what is clearly two.
-constexpr double MostHandDoubt = 1e-3;
-constexpr double LeastHandDoubt = 1e-14;
+constexpr double MaxHandDoubt = 1e-3;
+constexpr double MinHandDoubt = 1e-14;
 /// Beside the largest load: what is smaller is rounding.
 constexpr double NoForce = 1e-11;
 
@@ -122,7 +122,7 @@ HandTruss ReadHandTruss() {
 }
 
 bool LieAlong(const ForceLine& one, const ForceLine& other) {
-  const double doubt = std::clamp(HandRoundings * (one.doubt + other.doubt), LeastHandDoubt, MostHandDoubt);
+  const double doubt = std::clamp(HandRoundings * (one.doubt + other.doubt), MinHandDoubt, MaxHandDoubt);
   return std::abs(one.Sine(other)) <= doubt;
 }
 

@@ -19,9 +19,9 @@ constexpr double RoundingsMet = 2;
 /// Elongations this small beside the motion are rounding of double precision.
 constexpr double StillStretch = 1e-12;
 constexpr int StepsToTheSoftest = 5;
-constexpr std::size_t MostMotions = 20;
+constexpr std::size_t MaxMotions = 20;
 /// Motions whose nodes are named; a heap of loose nodes has more.
-constexpr std::size_t MostNamedMotions = 500;
+constexpr std::size_t MaxNamedMotions = 500;
 /// A node that moves less, beside the one that moves most, rests.
 constexpr double Rests = 1e-6;
 
@@ -39,7 +39,7 @@ void MakeUnit(std::vector<double>& v, const std::vector<std::vector<double>>& ot
   for (double& part : v) part /= length;
 }
 
-/// A vector that is at right angles to nothing in particular.
+/// A vector that is unlikely to be at right angles to any motion.
 std::vector<double> AnyDirection(int size) {
   std::vector<double> v(static_cast<std::size_t>(size));
   for (std::size_t k = 0; k < v.size(); ++k) v[k] = std::sin(1.0 + static_cast<double>(k * k % 1009));
@@ -86,7 +86,7 @@ bool IsFreeButForRounding(const HandTruss& truss, const std::vector<double>& mot
 std::vector<std::vector<double>> HiddenMotions(const HandTruss& truss, const JointEquations& equations,
                                                const EquilibriumMatrix& matrix) {
   std::vector<std::vector<double>> found;
-  while (found.size() < MostMotions && static_cast<int>(found.size()) < equations.rows) {
+  while (found.size() < MaxMotions && static_cast<int>(found.size()) < equations.rows) {
     std::vector<double> v = SoftestMotion(matrix, equations.rows, found);
     if (!IsFreeButForRounding(truss, ByFreedom(equations, v))) break;
     found.push_back(std::move(v));
@@ -111,7 +111,7 @@ void FindWhatMoves(const HandTruss& truss, Determinacy& verdict) {
   const EquilibriumMatrix matrix(equations.rows, equations.columns);
   std::vector<std::vector<double>> motions;
   for (const int row : matrix.FreeRows()) {
-    if (motions.size() < MostNamedMotions) motions.push_back(matrix.NullVector(row));
+    if (motions.size() < MaxNamedMotions) motions.push_back(matrix.NullVector(row));
   }
   verdict.motions = equations.rows - matrix.Rank();
   if (verdict.motions == 0) {

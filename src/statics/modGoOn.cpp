@@ -15,7 +15,7 @@ namespace strutwright {
 
 namespace {
 
-constexpr std::size_t MostHingesTried = 40;
+constexpr std::size_t MaxHingesTried = 40;
 
 std::size_t Position(int number) { return static_cast<std::size_t>(number); }
 
@@ -38,7 +38,7 @@ class SectionChoice {
     Try(part);
     std::size_t tried = 0;
     for (const int node : part) {
-      if (!LeadsOut(node, part) || ++tried > MostHingesTried) continue;
+      if (!LeadsOut(node, part) || ++tried > MaxHingesTried) continue;
       std::vector<int> rest = part;
       std::erase(rest, node);
       Try(rest);

@@ -7,7 +7,7 @@ namespace strutwright {
 
 namespace {
 
-constexpr std::size_t MostHingeParts = 64;
+constexpr std::size_t MaxHingeParts = 64;
 
 /// Finds the nodes without which the members fall apart, depth first and without recursion.
 class HingeSearch {
@@ -98,7 +98,7 @@ void AddPartsAt(const HandTruss& truss, int hinge, std::vector<HingePart>& parts
     if (seen[static_cast<std::size_t>(end)] != 0) continue;
     std::vector<int> nodes = Branch(truss, hinge, end, seen);
     const bool isHeld = std::any_of(nodes.begin(), nodes.end(), [&truss](int node) { return truss.HasSupport(node); });
-    if (isHeld && parts.size() < MostHingeParts) parts.push_back({hinge, std::move(nodes)});
+    if (isHeld && parts.size() < MaxHingeParts) parts.push_back({hinge, std::move(nodes)});
   }
 }
 
@@ -107,7 +107,7 @@ void AddPartsAt(const HandTruss& truss, int hinge, std::vector<HingePart>& parts
 std::vector<HingePart> PartsAtHinges(const HandTruss& truss) {
   std::vector<HingePart> parts;
   for (const int hinge : HingeSearch(truss).Hinges()) {
-    if (parts.size() >= MostHingeParts) break;
+    if (parts.size() >= MaxHingeParts) break;
     AddPartsAt(truss, hinge, parts);
   }
   return parts;

@@ -48,7 +48,7 @@ std::string ReasonOf(const CheckedTruss& truss) {
 /// The nodal forces with which a member pulls while it is kept from getting 1 mm shorter.
 // P = EA/L (c, s) at i, -EA/L (c, s) at j.
 void PullWith(const CheckedMember& member, std::vector<double>& P) {
-  const double k = member.rigidity / member.length;
+  const double k = member.axialRigidity / member.length;
   P[AlongX(member.i)] += k * member.c;
   P[AlongY(member.i)] += k * member.s;
   P[AlongX(member.j)] -= k * member.c;
@@ -59,7 +59,7 @@ void PullWith(const CheckedMember& member, std::vector<double>& P) {
 void PushWith(const CheckedMember& member, std::size_t freedom, std::vector<double>& P) {
   const std::array<std::size_t, 4> freedoms{AlongX(member.i), AlongY(member.i), AlongX(member.j), AlongY(member.j)};
   const std::array<double, 4> b{-member.c, -member.s, member.c, member.s};
-  const double k = member.rigidity / member.length;
+  const double k = member.axialRigidity / member.length;
   for (std::size_t p = 0; p < 4; ++p) {
     if (freedoms[p] != freedom) continue;
     for (std::size_t q = 0; q < 4; ++q) P[freedoms[q]] -= k * b[p] * b[q];
@@ -71,7 +71,7 @@ std::vector<double> CauseOf(const Quantity& quantity, const CheckedTruss& truss)
   std::vector<double> P(truss.FreedomCount() + 1, 0);
   if (quantity.kind == QuantityKind::Displacement) P[FreedomOf(quantity)] = -1;
   for (const CheckedMember& member : truss.members) {
-    if (!member.Bears()) continue;
+    if (!member.CanCarryForce()) continue;
     if (quantity.kind == QuantityKind::Reaction) PushWith(member, FreedomOf(quantity), P);
     if (quantity.kind == QuantityKind::MemberForce && member.number == quantity.number) PullWith(member, P);
   }

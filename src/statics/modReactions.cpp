@@ -13,7 +13,7 @@ namespace strutwright {
 
 namespace {
 
-constexpr int MostReactionsByHand = 12;
+constexpr int MaxReactionsByHand = 12;
 /// A determinant this small beside the factors of its two equations: they say the same.
 constexpr double SameEquation = 1e-9;
 
@@ -190,7 +190,7 @@ ReactionsFirst FindReactionsFirst(const HandTruss& truss, HandForces& forces) {
   std::vector<double> values(result.body.forces.size(), 0);
   const int count = truss.RestraintCount();
   if (count == 3) result.found = FindThree(truss, result, values);
-  if (count > 3 && count <= MostReactionsByHand) result.found = FindMore(truss, result, values);
+  if (count > 3 && count <= MaxReactionsByHand) result.found = FindMore(truss, result, values);
   if (!result.found) {
     result.equations.clear();
     result.solution.clear();

@@ -2,13 +2,14 @@
 
 #include "CheckState.h"
 #include "LiveState.h"
+#include "OptionsState.h"
 
 #include <cstdint>
 
 namespace strutwright {
 
-/// What the workbench remembers between commands: the scales' spinners, the animation, the
-/// check and live analysis.
+/// What the workbench remembers between commands: the scales' spinners, the animation, the check, live analysis and the
+/// options dialog.
 struct WorkbenchState {
   std::int16_t lastDeflectionSpin = 0; ///< what the spinner of DeflectionScale showed at its last change; 0: none yet
   std::int16_t lastLoadsSpin = 0;      ///< the same of LoadsScale
@@ -17,6 +18,7 @@ struct WorkbenchState {
 
   CheckState check; ///< the check of the last answer
   LiveState live;
+  OptionsState options;
 };
 
 inline WorkbenchState TheWorkbench;
@@ -26,5 +28,6 @@ inline auto& animating = TheWorkbench.animating;
 inline auto& animStep = TheWorkbench.animStep;
 inline auto& TheCheck = TheWorkbench.check;
 inline auto& TheLive = TheWorkbench.live;
+inline auto& TheOptions = TheWorkbench.options;
 
 } // namespace strutwright

@@ -3,6 +3,7 @@
 #include "ModelEvents.h"
 #include "Platform.h"
 #include "WorkbenchState.h"
+#include "modCheckText.h"
 #include "modGenerators.h"
 #include "modModelStore.h"
 #include "modNumberText.h"
@@ -33,7 +34,7 @@ void Judge(AnalysisOutcome outcome) {
   }
 }
 
-bool Bears(int m) { return MemberTable(m, MemberE) > 0 && MemberTable(m, MemberA) > 0; }
+bool CanCarryForce(int m) { return MemberTable(m, MemberE) > 0 && MemberTable(m, MemberA) > 0; }
 
 bool Meets(int m, const Cure& cure) {
   const int i = RoundNodeNumber(MemberTable(m, MemberNodeI));
@@ -45,7 +46,7 @@ bool Meets(int m, const Cure& cure) {
 int MemberLikeNew(const Cure& cure) {
   int like = 0;
   for (int m = 1; m <= MemberCount; ++m) {
-    if (!Bears(m)) continue;
+    if (!CanCarryForce(m)) continue;
     if (Meets(m, cure)) return m;
     if (like == 0) like = m;
   }

@@ -8,7 +8,7 @@
 namespace strutwright {
 
 // The check of the answer as the window keeps it: made after each analysis, gone with the model that it is about.
-// A failure inside the check is no failure of the analysis: it is kept, and told where the check is shown.
+// A failure inside the check is no failure of the analysis: it is kept, and shown where the check is shown.
 
 /// Judges the analysis that has just ended, with or without results.
 void CheckLastAnalysis();

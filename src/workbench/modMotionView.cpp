@@ -33,7 +33,7 @@ void DrawShownMotion(DrawingSurface& surface) {
   try {
     DrawMechanism(surface, shown->motion, std::sin(phase));
   } catch (const std::exception&) {
-    TheCheck.motion = 0; // the drawing of the model has told what is wrong with the surface
+    TheCheck.motion = 0; // the drawing of the model has shown what is wrong with the surface
   }
 }
 

@@ -3,8 +3,9 @@
 #include "AnalysisState.h"
 #include "DisplayState.h"
 #include "EditingState.h"
-#include "FileState.h"
+#include "RecentFiles.h"
 #include "ViewEvents.h"
+#include "WorkbenchState.h"
 #include "modDrawing.h"
 #include "modGrids.h"
 #include "modModelRendering.h"
@@ -81,6 +82,7 @@ class KeptRows {
 
 void TakeOptions() {
   TheOptions = {};
+  TheRecentFiles.txtMaxFiles = RecentFiles{}.txtMaxFiles;
   TakeGridAndSnap();
   ChooseGridLineStyle(TheOptions.optGridline);
   ChangeCapacity(TheOptions.maxTxt);
@@ -90,7 +92,7 @@ void TakeOptions() {
 void FillOptions() {
   ShowGridAndSnap();
   TheOptions.maxTxt = std::to_string(GridCapacity);
-  TheOptions.txtMaxFiles = std::to_string(MAX_FILES);
+  TheRecentFiles.txtMaxFiles = std::to_string(MAX_FILES);
   TheOptions.optGridline = GridLineStyle == 0 ? 0 : 1;
   TheOptions.capacityChanged = false;
 }

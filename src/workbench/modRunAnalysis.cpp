@@ -87,7 +87,7 @@ bool runAnalysis(ScratchCopy scratch) {
       return true;
     }
   } catch (...) {
-    // Half-made arrays are no results, whoever tells the user why.
+    // Half-made arrays are no results, whoever shows the user why.
     EndWithoutResults();
     throw;
   }

@@ -14,10 +14,10 @@ namespace {
 constexpr std::int16_t SpinnerStart = 500;
 constexpr float DeflectionStep = 10;
 constexpr double LoadsFactor = 1.25;
-constexpr float LeastScale = 1;
+constexpr float MinScale = 1;
 constexpr float GreatestScale = 5000;
 
-float WithinLimits(float scale) { return std::clamp(scale, LeastScale, GreatestScale); }
+float WithinLimits(float scale) { return std::clamp(scale, MinScale, GreatestScale); }
 
 } // namespace
 
@@ -31,7 +31,7 @@ void stepDeflectionScale(bool up) {
   if (AnalysisDone == FlagFalse) return;
   ShowDeflectedShape = true;
   // From 1 the steps go on with 10, 20, ... and not with 11, 21, ...
-  if (up && DeflectionScale == LeastScale) DeflectionScale = 0;
+  if (up && DeflectionScale == MinScale) DeflectionScale = 0;
   DeflectionScale = WithinLimits(DeflectionScale + (up ? DeflectionStep : -DeflectionStep));
   ViewEvents().ViewChanged();
 }

@@ -73,21 +73,5 @@ TEST_F(KeepResultsTest, OnlyRebuildsWhereNoAnalysisIsCurrent) {
   EXPECT_THAT(events, IsEmpty());
 }
 
-TEST_F(KeepResultsTest, HasTheFieldsZeroInBetween) {
-  {
-    const KeptResults results;
-    EXPECT_THAT(ResultFields(1), ElementsAre(0, 0, 0, 0));
-  }
-  EXPECT_THAT(ResultFields(1), ElementsAre(6.5F, 7.5F, 8.5F, 9.5F));
-}
-
-TEST_F(KeepResultsTest, PutsNothingIntoAModelThatCameInBetween) {
-  {
-    const KeptResults results;
-    SetTables(Square());
-  }
-  EXPECT_THAT(ResultFields(1), ElementsAre(0, 0, 0, 0));
-}
-
 } // namespace
 } // namespace strutwright

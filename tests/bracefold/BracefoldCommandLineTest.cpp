@@ -93,7 +93,7 @@ TEST(BracefoldManualTest, DescribesEveryFamily) {
     EXPECT_THAT(manual, HasSubstr("\n.It Cm " + std::string(each.name) + "\n"));
     EXPECT_EQ(each.mostSteepness, each.upright ? 20 : 2); // as the manual says
   }
-  EXPECT_EQ(LeastSteepness, 0.01F);
+  EXPECT_EQ(MinSteepness, 0.01F);
 }
 
 TEST_F(BracefoldCommandLineTest, ListsTheFamilies) {
@@ -173,13 +173,13 @@ TEST_F(BracefoldCommandLineTest, RefusesWrongUsage) {
   }
 }
 
-TEST_F(BracefoldCommandLineTest, TellsWhenTheFileCannotBeWritten) {
+TEST_F(BracefoldCommandLineTest, ReportsWhenTheFileCannotBeWritten) {
   const std::string path = folder.Path("missing/truss.stw");
   EXPECT_EQ(Run({"--family", "k", "--out", path}), 2);
   EXPECT_EQ(err, "bracefold: " + path + ": No such file or directory\n");
 }
 
-TEST_F(BracefoldCommandLineTest, TellsWhenItsOutputIsLost) {
+TEST_F(BracefoldCommandLineTest, ReportsWhenItsOutputIsLost) {
   std::ofstream full("/dev/full");
   std::ostringstream errStream;
   EXPECT_EQ(RunBracefold({"--list"}, nullptr, full, errStream), 2);

@@ -69,7 +69,7 @@ TEST_F(BracefoldFormTest, HasNoKeyTwice) {
   EXPECT_EQ(keys.size(), 14U);
 }
 
-TEST_F(BracefoldFormTest, TellsWhatEveryControlIsFor) {
+TEST_F(BracefoldFormTest, ShowsWhatEveryControlIsFor) {
   for (const char* name : {"familyBox", "spanTxt", "heightTxt", "baysSpin", "eTxt", "chordAreaTxt", "verticalAreaTxt",
                            "diagonalAreaTxt", "loadTxt", "supportBox", "numbersChk", "preview"}) {
     EXPECT_NE(Find<QWidget>(name).accessibleName(), "") << name;
@@ -319,7 +319,7 @@ TEST_F(BracefoldFormTest, ForgetsThatItSavedOnceTheTrussChanges) {
   EXPECT_EQ(Label("summaryLbl"), "16 nodes, 29 members, statically determinate");
 }
 
-TEST_F(BracefoldFormTest, TellsWhenAModelCannotBeSaved) {
+TEST_F(BracefoldFormTest, ReportsWhenAModelCannotBeSaved) {
   const std::string path = folder.Path("missing/bridge.stw");
   dialog.WillChoose(path);
   Click("btnSave");

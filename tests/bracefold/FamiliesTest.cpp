@@ -284,9 +284,9 @@ TEST(FamiliesTest, LeaveRoomInTheGrids) {
 
 TEST(FamiliesTest, FitIntoAFileAtTheirLargest) {
   for (const TrussFamily& family : TrussFamilies()) {
-    const StoredModel model = MakeTruss(family, WithBays(family, static_cast<int>(MostBays)));
-    EXPECT_GT(model.nodeCount, MostBays) << family.name;
-    EXPECT_GT(model.memberCount, MostBays) << family.name;
+    const StoredModel model = MakeTruss(family, WithBays(family, static_cast<int>(MaxBays)));
+    EXPECT_GT(model.nodeCount, MaxBays) << family.name;
+    EXPECT_GT(model.memberCount, MaxBays) << family.name;
     EXPECT_LE(2 * model.nodeCount, std::numeric_limits<std::int16_t>::max()) << family.name;
   }
 }

@@ -115,7 +115,7 @@ TEST_F(TrussAnalysisTest, BalancesLoadsAndReactions) {
 
 TEST_F(TrussAnalysisTest, AnalysesTheFlattestAndTheSteepest) {
   for (const TrussFamily& family : TrussFamilies()) {
-    for (const float steepness : {LeastSteepness, family.mostSteepness}) {
+    for (const float steepness : {MinSteepness, family.mostSteepness}) {
       for (const int bays : BayCounts(family)) {
         TrussTexts texts = WithBays(family, bays);
         texts[TrussField::Span] = "100";

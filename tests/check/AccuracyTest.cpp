@@ -165,7 +165,7 @@ TEST_F(AccuracyTest, IsNeverClaimedMoreThanADigitBeyondTheTruth) {
     ++compared;
     const int truth = TrueDigits(LongSolution(model));
     EXPECT_LE(Accuracy().digits, std::max(0, truth) + 1) << "seed " << seed << ", truss " << number;
-    EXPECT_GE(Accuracy().digits, std::min(MostDigits, truth) - 1) << "seed " << seed << ", truss " << number;
+    EXPECT_GE(Accuracy().digits, std::min(MaxDigits, truth) - 1) << "seed " << seed << ", truss " << number;
   }
 }
 
@@ -216,7 +216,7 @@ TEST_F(AccuracyTest, IsFullWithoutLoads) {
   ModelData model = Triangle();
   model.nodes[2].forceX = model.nodes[2].forceY = 0;
   ASSERT_TRUE(Analyse(model));
-  EXPECT_EQ(Accuracy().digits, MostDigits);
+  EXPECT_EQ(Accuracy().digits, MaxDigits);
 }
 
 TEST_F(AccuracyTest, MeasuresForcesThatVanishByThePrestress) {
@@ -332,7 +332,7 @@ TEST_F(AccuracyTest, BalancesTheTriangle) {
   EXPECT_NEAR(balance.storedEnergy, balance.work, 1e-5);
 }
 
-TEST_F(AccuracyTest, TellsWhereTheBalanceIsBroken) {
+TEST_F(AccuracyTest, ReportsWhereTheBalanceIsBroken) {
   ASSERT_TRUE(Analyse(Triangle()));
   MemberTable(1, MemberFieldForce) += 2;
   EXPECT_NEAR(Balance().nodeResidual, 2, 1e-5);

@@ -1,5 +1,6 @@
 #include "CheckFixture.h"
 #include "modCheckAnswer.h"
+#include "modCheckText.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -5,6 +5,7 @@
 #include "FakePlatform.h"
 #include "ModelBuilder.h"
 #include "modAnalysis.h"
+#include "modCures.h"
 #include "modMechanisms.h"
 #include "modModelStore.h"
 

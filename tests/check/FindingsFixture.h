@@ -2,6 +2,7 @@
 
 #include "CheckFixture.h"
 #include "modFindings.h"
+#include "modOddPlaces.h"
 
 #include <string>
 #include <vector>

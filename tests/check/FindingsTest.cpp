@@ -121,7 +121,7 @@ TEST_F(FindingsTest, SayThatNothingStandsInForTheFirstMember) {
               ElementsAre("Members 1 and 2 have E = -1 and are ignored: the analysis adds nothing in their place"));
 }
 
-TEST_F(FindingsTest, TellTheStandInThatTheAnalysisAdds) {
+TEST_F(FindingsTest, ReportTheStandInThatTheAnalysisAdds) {
   ModelData model = Square();
   model.members = {{1, 3}, {1, 2}, {2, 3}, {3, 4}, {4, 1, 200, 500}, {2, 3, -1, 1000}, {2, 3, 200, -1}};
   EXPECT_THAT(TextsOf(FindingKind::BadArea, model),
@@ -136,7 +136,7 @@ TEST_F(FindingsTest, TellTheStandInThatTheAnalysisAdds) {
   EXPECT_EQ(Displacements, displacements);
 }
 
-TEST_F(FindingsTest, TellThePrestressOfWhatBearsNothing) {
+TEST_F(FindingsTest, ReportThePrestressOfWhatBearsNothing) {
   const auto texts = [](const MemberData& member) { return Texts(With(member)).back(); };
   const std::string acts = " its prestress of 5 kN acts on its nodes";
   EXPECT_EQ(texts({2, 3, 0, 1000, 5}), "Member 4 has E = 0 and bears nothing, but" + acts);

@@ -138,7 +138,7 @@ TEST_F(MechanismTest, AreCountedBeyondTheDescribedOnes) {
   for (int n = 0; n < 30; ++n) model.nodes.push_back({static_cast<float>(n), 0});
   const StabilityReport report = StabilityOf(model);
   EXPECT_EQ(report.mechanismCount, 60);
-  EXPECT_THAT(report.mechanisms, SizeIs(MostMechanisms));
+  EXPECT_THAT(report.mechanisms, SizeIs(MaxMechanisms));
 }
 
 TEST_F(MechanismTest, IsMadeByMembersThatBearNothing) {

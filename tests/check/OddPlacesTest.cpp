@@ -217,8 +217,8 @@ TEST_F(OddPlacesTest, MissNoCrossingOfARandomTangle) {
   ASSERT_GT(crossings.size(), 100U);
   std::vector<std::string> texts;
   for (const auto& [first, second] : crossings) texts.push_back(CrossText(first, second));
-  texts.resize(MostFindingsOfAKind);
-  texts.push_back("And " + std::to_string(crossings.size() - MostFindingsOfAKind) + " more of this kind");
+  texts.resize(MaxFindingsOfAKind);
+  texts.push_back("And " + std::to_string(crossings.size() - MaxFindingsOfAKind) + " more of this kind");
   EXPECT_EQ(TextsOf(FindingKind::CrossingMembers, model), texts) << "seed " << seed;
 }
 

@@ -84,9 +84,9 @@ class WholeNumbersTest : public FindingsFixture {
   static std::vector<std::string> Listed(const Pairs& pairs, const Text& text) {
     std::vector<std::string> texts;
     for (const auto& [a, b] : pairs) texts.push_back(text(std::to_string(a), std::to_string(b)));
-    if (texts.size() <= MostFindingsOfAKind) return texts;
-    const std::string more = std::to_string(texts.size() - MostFindingsOfAKind);
-    texts.resize(MostFindingsOfAKind);
+    if (texts.size() <= MaxFindingsOfAKind) return texts;
+    const std::string more = std::to_string(texts.size() - MaxFindingsOfAKind);
+    texts.resize(MaxFindingsOfAKind);
     texts.push_back("And " + more + " more of this kind");
     return texts;
   }

@@ -138,7 +138,7 @@ TEST_F(AnalyseTest, PrintsTheDigitsOfTheCsvInJson) {
   }
 }
 
-TEST_F(AnalyseTest, TellsAnUnstableModelByStatusResultAndMessage) {
+TEST_F(AnalyseTest, ReportsAnUnstableModelByStatusResultAndMessage) {
   EXPECT_EQ(Run({"analyse", "--format", "json", Reference("mechanism_square")}), 1);
   const json model = json::parse(out);
   EXPECT_EQ(model["result"], "unstable");
@@ -196,8 +196,8 @@ TEST_F(AnalyseTest, GoesOnAfterAModelThatCannotBeRead) {
   EXPECT_EQ(json::parse(lines[0])["messages"][0]["text"], "Unkown error while opening file " + missing);
   EXPECT_EQ(json::parse(lines[0])["messages"][0]["icon"], "none");
   EXPECT_EQ(json::parse(lines[2])["result"], "ok");
-  EXPECT_THAT(err, HasSubstr(missing + ": Unkown error while opening file " + missing + "\n" + missing +
-                             ": No such file or directory\n"));
+  EXPECT_THAT(err, testing::StartsWith(missing + ": No such file or directory\n"));
+  EXPECT_THAT(err, Not(HasSubstr("Unkown error")));
 }
 
 TEST_F(AnalyseTest, StartsAfreshWithEveryModel) {
@@ -234,7 +234,7 @@ TEST_F(AnalyseTest, SurvivesEveryLengthOfASmallModel) {
 TEST_F(AnalyseTest, KeepsToALineAMessageWhateverTheFilesName) {
   const std::string odd = folder.Path("no\nsuch\xFF");
   EXPECT_EQ(Run({"analyse", "--format", "json", odd}), 2);
-  EXPECT_EQ(Lines(err, "\n").size(), 2U);
+  EXPECT_EQ(Lines(err, "\n").size(), 1U);
   EXPECT_THAT(err, HasSubstr("no; such\xEF\xBF\xBD: No such file or directory\n"));
 }
 

@@ -123,7 +123,7 @@ TEST_F(CheckTest, GivesStatusThreeToAnAnswerWithoutTwoDigits) {
   EXPECT_EQ(CheckOf(model)["stable"], true);
 }
 
-TEST_F(CheckTest, TellsItsStatusInCsvToo) {
+TEST_F(CheckTest, ReportsItsStatusInCsvToo) {
   EXPECT_EQ(Run({"analyse", "--check", "--format", "csv", Reference("triangle")}), 0);
   EXPECT_THAT(out, Not(HasSubstr("stable")));
   EXPECT_EQ(Run({"analyse", "--check", "--format", "csv", AcceptedMechanism()}), 3);
@@ -217,7 +217,7 @@ TEST_F(CheckTest, SaysNothingOfWhatCouldNotBeRead) {
   EXPECT_FALSE(json::parse(out).contains("check"));
 }
 
-TEST_F(CheckTest, TellsASoundTrussThatWasGivenUp) {
+TEST_F(CheckTest, ReportsASoundTrussThatWasGivenUp) {
   EXPECT_EQ(Run({"analyse", "--check", Reference("soft_member_sound_truss")}), 1);
   EXPECT_THAT(out, HasSubstr("The truss is stable: the analysis gave up because of its rounding"));
 }

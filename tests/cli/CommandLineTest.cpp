@@ -54,7 +54,7 @@ TEST_F(CommandLineTest, RefusesWrongUsage) {
   }
 }
 
-TEST_F(CommandLineTest, TellsWhenItsOutputIsLost) {
+TEST_F(CommandLineTest, ReportsWhenItsOutputIsLost) {
   std::ofstream full("/dev/full");
   std::ostringstream errStream;
   std::istringstream inStream;

@@ -120,10 +120,11 @@ TEST_F(InputTest, EndsSomewhere) {
 class OutputNamesTest : public CliTest {
  protected:
   /// Models of one name in folders of their own.
-  std::string Bridge(const std::string& parent) {
+  std::string Bridge(const std::string& parent, const std::string& name = "bridge") {
     fs::create_directory(folder.Path(parent));
-    fs::copy(Reference("triangle"), folder.Path(parent + "/bridge.stw"));
-    return folder.Path(parent + "/bridge.stw");
+    const std::string path = folder.Path(parent + "/" + name + ".stw");
+    fs::copy(Reference("triangle"), path);
+    return path;
   }
 };
 
@@ -139,6 +140,12 @@ TEST_F(OutputNamesTest, AreNumberedWhereModelsHaveOneBaseName) {
   EXPECT_THAT(err, testing::StartsWith(second + ": The picture is " + folder.Path("p-bridge-2.svg") +
                                        ", because another model's has its name\n" + second + ": The report is " +
                                        folder.Path("r-bridge-2.html") + ", because another model's has its name\n"));
+}
+
+TEST_F(OutputNamesTest, AreNumberedWhereOnlyTheCaseOfLettersDiffers) {
+  EXPECT_EQ(Run({"analyse", "--picture", folder.Path("p.svg"), Bridge("a"), Bridge("b", "Bridge")}), 0);
+  for (const char* name : {"p-bridge.svg", "p-Bridge-2.svg"}) EXPECT_TRUE(fs::exists(folder.Path(name))) << name;
+  EXPECT_FALSE(fs::exists(folder.Path("p-Bridge.svg")));
 }
 
 TEST_F(OutputNamesTest, AreTheExpectedOnesWhereTheyDiffer) {

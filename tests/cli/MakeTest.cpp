@@ -119,6 +119,16 @@ TEST_F(MakeTest, NamesALineBeforeTheHeadings) {
   ExpectBadLine("1,0,0,0,0,3\r\n", 1, "the headings \"JOINTS\",... are expected first");
 }
 
+TEST_F(MakeTest, NamesTheSeparatorThatItExpects) {
+  ExpectBadLine("JOINTS;x(m);y(m);ForceX (kN);ForceY (kN);Support\n1;0;0;0;0;3\n", 1,
+                "commas are expected between the values, not \";\"");
+  ExpectBadLine("JOINTS\tx(m)\ty(m)\tForceX (kN)\tForceY (kN)\tSupport\n", 1,
+                "commas are expected between the values, not tabs");
+  ExpectBadLine(Nodes + "MEMBERS;Node i;Node j;E (kN/mm2);A (mm2);PS (kN)\n", 4,
+                "commas are expected between the values, not \";\"");
+  ExpectBadLine(Nodes + "3;4,5;5;0;0;0\r\n" + Members, 4, "commas are expected between the values, not \";\"");
+}
+
 TEST_F(MakeTest, NamesATableThatBeginsTwice) {
   ExpectBadLine(Nodes + Members + Nodes, 6, "the table \"JOINTS\" begins again");
 }
@@ -175,13 +185,13 @@ TEST_F(MakeTest, ReplacesNothingByABadInput) {
   EXPECT_EQ(FileBytes(output), "an older model");
 }
 
-TEST_F(MakeTest, TellsWhyTheInputCannotBeRead) {
+TEST_F(MakeTest, ReportsWhyTheInputCannotBeRead) {
   const std::string missing = folder.Path("missing.csv");
   EXPECT_EQ(Run({"make", missing, output}), 2);
   EXPECT_EQ(err, missing + ": No such file or directory\n");
 }
 
-TEST_F(MakeTest, TellsWhyTheModelCannotBeWritten) {
+TEST_F(MakeTest, ReportsWhyTheModelCannotBeWritten) {
   PutFile(input, Nodes + Members);
   const std::string bad = folder.Path("missing/out.stw");
   EXPECT_EQ(Run({"make", input, bad}), 2);
@@ -190,7 +200,7 @@ TEST_F(MakeTest, TellsWhyTheModelCannotBeWritten) {
   EXPECT_THAT(err, HasSubstr("No space left on device"));
 }
 
-TEST_F(MakeTest, TellsThatTheUserMayNotWrite) {
+TEST_F(MakeTest, ReportsThatTheUserMayNotWrite) {
   PutFile(input, Nodes + Members);
   fs::permissions(folder.Root(), fs::perms(0555));
   EXPECT_EQ(AsUnprivilegedUser([&] { return Run({"make", input, output}); }), 2);

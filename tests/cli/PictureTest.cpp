@@ -124,7 +124,7 @@ TEST_F(PictureTest, ShowsTheGridOfAnEmptyModel) {
   EXPECT_THAT(FileBytes(file), HasSubstr(">9.0<"));
 }
 
-TEST_F(PictureTest, TellsWhatCannotBeDrawn) {
+TEST_F(PictureTest, ReportsWhatCannotBeDrawn) {
   EXPECT_EQ(Depict("node_number_too_large", "p.png"), 1);
   EXPECT_THAT(err, HasSubstr("Drawing error: check the input data; table index 4,1"));
   EXPECT_TRUE(fs::exists(folder.Path("p.png")));
@@ -143,7 +143,7 @@ TEST_F(PictureTest, IsNotMadeOfWhatCannotBeRead) {
   EXPECT_EQ(folder.EntryCount(), 0);
 }
 
-TEST_F(PictureTest, TellsWhyItCannotBeWritten) {
+TEST_F(PictureTest, ReportsWhyItCannotBeWritten) {
   EXPECT_EQ(Depict("triangle", "missing/p.png"), 2);
   const std::string model = Reference("triangle");
   EXPECT_EQ(err, model + ": Error while saving file " + folder.Path("missing/p.png") + "; No such file or directory\n");

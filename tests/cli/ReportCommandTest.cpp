@@ -92,7 +92,7 @@ TEST_F(ReportCommandTest, IsNotWrittenOfWhatCannotBeRead) {
   EXPECT_EQ(folder.EntryCount(), 0);
 }
 
-TEST_F(ReportCommandTest, TellsThatAFileCannotBeWritten) {
+TEST_F(ReportCommandTest, ReportsThatAFileCannotBeWritten) {
   EXPECT_EQ(Write("triangle", "missing/r.html"), 2);
   EXPECT_THAT(err, HasSubstr("Error while saving file " + folder.Path("missing/r.html") + "; "));
   EXPECT_THAT(out, HasSubstr("triangle.stw: ok"));
@@ -103,6 +103,17 @@ TEST_F(ReportCommandTest, IsWrittenOfEachModelUnderItsName) {
   EXPECT_THAT(FileBytes(folder.Path("r-triangle.html")), HasSubstr("<h1>Truss report: triangle.stw</h1>"));
   EXPECT_THAT(FileBytes(folder.Path("r-fink_7.html")), HasSubstr("<h1>Truss report: fink_7.stw</h1>"));
   EXPECT_EQ(folder.EntryCount(), 2);
+}
+
+TEST_F(ReportCommandTest, IsNotWrittenOverThePicture) {
+  const std::string asked = folder.Path("z.html");
+  for (const std::string& picture : {asked, folder.Path("./z.html"), folder.Path("x/../z.html")}) {
+    EXPECT_EQ(Run({"analyse", Reference("triangle"), "--picture", picture, "--report", asked}), 2) << picture;
+    EXPECT_THAT(err, HasSubstr("--report: the picture has the same name")) << picture;
+    EXPECT_EQ(out, "");
+  }
+  EXPECT_EQ(folder.EntryCount(), 0);
+  EXPECT_EQ(Run({"analyse", Reference("triangle"), "--picture", folder.Path("y.html"), "--report", asked}), 0);
 }
 
 TEST_F(ReportCommandTest, StandsInTheHelp) {

@@ -88,11 +88,11 @@ class Desktop:
 
     def _start_server(self, size):
         """Starts the server on the first free display and gives its name once it takes connections."""
-        ready, tell = os.pipe()
+        ready, report = os.pipe()
         self.server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(tell), "-screen", "0", f"{size}x24", "-nolisten", "tcp", "-noreset"],
-            pass_fds=[tell], stderr=subprocess.DEVNULL)
-        os.close(tell)
+            ["Xvfb", "-displayfd", str(report), "-screen", "0", f"{size}x24", "-nolisten", "tcp", "-noreset"],
+            pass_fds=[report], stderr=subprocess.DEVNULL)
+        os.close(report)
         with os.fdopen(ready) as line:
             number = line.readline().strip()
         if not number:

@@ -101,7 +101,7 @@ TEST_F(DrawingTest, SetsTheTextColourBackToBlack) {
               ElementsAre("MoveTo 1 2", "TextAttribute on", "TextColour red", "Text T", "TextColour black"));
 }
 
-TEST_F(DrawingTest, TellsWhetherAPartWasDrawn) {
+TEST_F(DrawingTest, ReportsWhetherAPartWasDrawn) {
   EXPECT_TRUE(TryDrawing([this] { surface.DrawBox(0, 0, 1, 1); }));
   surface.failAt = 2;
   EXPECT_FALSE(TryDrawing([this] { surface.DrawBox(0, 0, 1, 1); }));

@@ -125,7 +125,7 @@ TEST_F(ModelRenderingTest, SurvivesNodeNumbersThatNoIntegerHolds) {
   }
 }
 
-TEST_F(ModelRenderingTest, TellsWhenTheSurfaceFails) {
+TEST_F(ModelRenderingTest, ReportsWhenTheSurfaceFails) {
   surface.failAt = 12;
   Draw(Bar);
   EXPECT_THAT(TakeMessages(), ElementsAre(DrawingBox("the surface is lost")));

@@ -22,7 +22,7 @@ TEST_F(MouseClickTest, OpensTheInspectorOfAMember) {
   EXPECT_THAT(surface.ink, ElementsAre("line 4 0 4 -3 orange 2"));
 }
 
-TEST_F(MouseClickTest, TellsWhereNoMemberIs) {
+TEST_F(MouseClickTest, ReportsWhereNoMemberIs) {
   SetMouseMode(MouseMode::SelectMember);
   EXPECT_EQ(Click(1, 2.5F), At(MouseAction::MemberNotFound, 1, 2.5F));
   EXPECT_THAT(surface.ink, IsEmpty());

@@ -120,7 +120,7 @@ TEST_F(MouseModesTest, ShowsCoordinatesWithYUpwards) {
   EXPECT_EQ(CoordinatesText(-0.001F, 0.001F), "x: 0.00   y: 0.00");
 }
 
-TEST_F(MouseModesTest, TellsWhetherThereAreResults) {
+TEST_F(MouseModesTest, ReportsWhetherThereAreResults) {
   EXPECT_EQ(AnalysisText(), "No Analysis");
   AnalysisDone = true;
   EXPECT_EQ(AnalysisText(), "Analysis Done");

@@ -163,7 +163,7 @@ TEST_F(PickingTest, AsksWhetherToAddTheNode) {
   EXPECT_EQ(NodeNotFoundText(1234567.75F, -0.0F), "Node not found: \nx: 1234568 y: 0\nDo you want to add this node?");
 }
 
-TEST_F(PickingTest, TellsWhereNoMemberWasFound) {
+TEST_F(PickingTest, ReportsWhereNoMemberWasFound) {
   EXPECT_EQ(MemberNotFoundText(0.00001F, 3), "Member not found: \nx: 1E-05 y: 3");
 }
 

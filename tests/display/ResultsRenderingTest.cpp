@@ -183,7 +183,7 @@ TEST_F(ResultsRenderingTest, StopsTheShapeWhereAResultIsMissing) {
               ElementsAre(Box(MessageIcon::Information, "Drawing error: drawDSD function\nnode 2 has no result")));
 }
 
-TEST_F(ResultsRenderingTest, TellsWhenTheSurfaceFailsUnderTheShape) {
+TEST_F(ResultsRenderingTest, ReportsWhenTheSurfaceFailsUnderTheShape) {
   SetTables({{{0, 0}}, {}});
   surface.failAt = 7;
   DrawDeflectedShape({0, 0, 0}, surface, Scaled(100));
@@ -191,7 +191,7 @@ TEST_F(ResultsRenderingTest, TellsWhenTheSurfaceFailsUnderTheShape) {
               ElementsAre(Box(MessageIcon::Information, "Drawing error: drawDSD function\nthe surface is lost")));
 }
 
-TEST_F(ResultsRenderingTest, TellsWhenForcesOrReactionsCannotBeDrawn) {
+TEST_F(ResultsRenderingTest, ReportsWhenForcesOrReactionsCannotBeDrawn) {
   SetTables({{{0, 0, 0, 0, 3}}, {{1, 2}}});
   DrawMemberForces(surface, View());
   DrawReactions(surface, View());

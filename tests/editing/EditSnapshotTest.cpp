@@ -103,7 +103,7 @@ TEST_F(EditSnapshotTest, EndsTheAnalysisAndDrawsTheModelOnce) {
   EXPECT_THAT(events, ElementsAre("AnalysisEnded", "ModelChanged"));
 }
 
-TEST_F(EditSnapshotTest, TellsTheViewOfNoMoreThanHasChanged) {
+TEST_F(EditSnapshotTest, ShowsTheViewNoMoreThanHasChanged) {
   const EditSnapshot snapshot = TakeSnapshot();
   GrJoints.SetText(2, 3, "77");
   std::vector<std::pair<int, int>> changed;

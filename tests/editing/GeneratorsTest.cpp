@@ -62,10 +62,10 @@ TEST_F(AddNodeTest, LeavesAllElseToItsCaller) {
 }
 
 TEST_F(AddNodeTest, RefusesMoreNodesThanAGridHasRows) {
-  GrJoints.SetRowCount(1 + Grid::MostDataRows);
-  NodeCount = Grid::MostDataRows;
+  GrJoints.SetRowCount(1 + Grid::MaxDataRows);
+  NodeCount = Grid::MaxDataRows;
   EXPECT_THROW(addNode(1, 2), std::length_error);
-  EXPECT_EQ(NodeCount, Grid::MostDataRows);
+  EXPECT_EQ(NodeCount, Grid::MaxDataRows);
 }
 
 using AddMemberTest = GridFixture;
@@ -167,7 +167,7 @@ INSTANTIATE_TEST_SUITE_P(NotNumeric, NodeLineEndsTest,
                                          NodeLineTexts{"5", "0", "0", "8", "1,5"},
                                          NodeLineTexts{"5", "x", "x", "x", "x"}));
 
-TEST_F(NodeLineTest, TellsOfItsCountAndThenOfItsEnds) {
+TEST_F(NodeLineTest, ReportsItsCountAndThenOfItsEnds) {
   GenerateNodeLine({"x", "0", "0", "8", ""});
   ExpectBoxes({CountBox, CoordinatesBox});
   EXPECT_EQ(NodeCount, 0);

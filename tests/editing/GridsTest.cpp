@@ -112,7 +112,7 @@ TEST_F(ResultGridsTest, LeaveTheStateEmptyAtExactlyTheLimit) {
   EXPECT_EQ(mResGr.Text(1, 2), "");
 }
 
-TEST_F(ResultGridsTest, TellOfAMemberThatCannotStretch) {
+TEST_F(ResultGridsTest, ShowAMessageForAMemberThatCannotStretch) {
   SetResults(0, 0, 0);
   MemberTable(1, MemberA) = 0;
   resultGrids();

@@ -89,13 +89,13 @@ TEST_F(PasteTest, PastesNothingThatWasCopiedFromAGrid) {
   EXPECT_EQ(AllTexts(GrMembers), before);
 }
 
-TEST_F(PasteTest, TellsOfACellThatIsNotNumericAndPastesZero) {
+TEST_F(PasteTest, ReportsACellThatIsNotNumericAndPastesZero) {
   Paste(GrJoints, "1.5\tabc\r\n");
   ExpectBoxes({NonNumericBox("abc", 2, 3)});
   EXPECT_THAT(RowTexts(GrJoints, 1), ElementsAre("1", "1.5", "0", "", "", ""));
 }
 
-TEST_F(PasteTest, TellsOfTheOthersInOneBoxWithPositionsOneGreaterInBoth) {
+TEST_F(PasteTest, ReportsTheOthersInOneBoxWithPositionsOneGreaterInBoth) {
   GrJoints.SetCurrentCell(4, 2);
   Paste(GrJoints, "x\t2\r\n3\t 1,5 \r\n4\t1e39\r\n");
   ExpectBoxes({NonNumericBox("x", 5, 2), MoreBox("2 more non-numeric entries found.\nEntries (6,3) and (7,3)")});
@@ -104,7 +104,7 @@ TEST_F(PasteTest, TellsOfTheOthersInOneBoxWithPositionsOneGreaterInBoth) {
   EXPECT_THAT(RowTexts(GrJoints, 6), ElementsAre("6", "4", "0", "", "", ""));
 }
 
-TEST_F(PasteTest, TellsOfOneMoreInTheSingular) {
+TEST_F(PasteTest, ReportsOneMoreInTheSingular) {
   Paste(GrJoints, "x\t2\r\n3\ty\r\n");
   ExpectBoxes({NonNumericBox("x", 2, 2), MoreBox("1 more non-numeric entry found.\nEntry (3,3)")});
 }
@@ -208,15 +208,15 @@ TEST_F(PasteTest, LeavesCurrentResultsAndTheTablesAlone) {
 }
 
 TEST_F(PasteTest, FillsAGridToItsLastRow) {
-  Paste(GrJoints, Repeated("1\n", Grid::MostDataRows));
-  EXPECT_EQ(GrJoints.RowCount(), 1 + Grid::MostDataRows);
-  EXPECT_EQ(GrJoints.Text(Grid::MostDataRows, 1), "1");
-  EXPECT_EQ(NodeCount, Grid::MostDataRows);
+  Paste(GrJoints, Repeated("1\n", Grid::MaxDataRows));
+  EXPECT_EQ(GrJoints.RowCount(), 1 + Grid::MaxDataRows);
+  EXPECT_EQ(GrJoints.Text(Grid::MaxDataRows, 1), "1");
+  EXPECT_EQ(NodeCount, Grid::MaxDataRows);
 }
 
 TEST_F(PasteTest, ChangesNothingWhereThereAreMoreRowsThanAGridHas) {
   const auto before = AllTexts(GrJoints);
-  for (const int lines : {Grid::MostDataRows, 70000}) {
+  for (const int lines : {Grid::MaxDataRows, 70000}) {
     GrJoints.SetCurrentCell(2, 1);
     EXPECT_THROW(Paste(GrJoints, Repeated("1\n", lines)), std::length_error);
   }

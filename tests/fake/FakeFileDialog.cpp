@@ -6,16 +6,16 @@
 
 namespace strutwright {
 
-bool FakeFileDialog::Answer(const std::string& kind) {
-  shown.push_back({kind, title, flags, defaultExtension, initialFolder, filter, fileName});
+std::optional<std::string> FakeFileDialog::Ask(FileDialogKind kind, const FileQuestion& question) {
+  shown.push_back({kind == FileDialogKind::Open ? "open" : "save", question.title, question.flags,
+                   question.defaultExtension, question.initialFolder, question.filter, question.fileName});
   if (Script.empty()) {
     ADD_FAILURE() << "A file dialog that the test did not expect: " << testing::PrintToString(shown.back());
-    return false;
+    return std::nullopt;
   }
   const std::optional<std::string> answer = Script.front();
   Script.pop_front();
-  if (answer) fileName = *answer;
-  return answer.has_value();
+  return answer;
 }
 
 void PrintTo(const ShownFileDialog& dialog, std::ostream* out) {

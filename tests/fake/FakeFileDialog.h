@@ -27,8 +27,7 @@ struct ShownFileDialog {
 /// Answers from a script.  A showing that nobody scripted fails the test and counts as cancelled.
 class FakeFileDialog : public FileDialog {
  public:
-  bool ShowOpen() override { return Answer("open"); }
-  bool ShowSave() override { return Answer("save"); }
+  std::optional<std::string> Ask(FileDialogKind kind, const FileQuestion& question) override;
 
   /// Adds what the user will do to the script: choose a file or leave the name empty, or cancel.
   void WillChoose(const std::string& name) { Script.emplace_back(name); }
@@ -40,8 +39,6 @@ class FakeFileDialog : public FileDialog {
   std::vector<ShownFileDialog> shown;
 
  private:
-  bool Answer(const std::string& kind);
-
   std::deque<std::optional<std::string>> Script;
 };
 

@@ -5,6 +5,7 @@
 #include "FileState.h"
 #include "ModelBuilder.h"
 #include "NativeFileSystem.h"
+#include "RecentFiles.h"
 #include "RecordingSurface.h"
 #include "ScratchFolder.h"
 #include "modFileCommands.h"
@@ -45,6 +46,7 @@ class FileCommandsTest : public EventsTest {
     ResetModel();
     TheAnalysis = AnalysisState{};
     TheFiles = FileState{};
+    TheRecentFiles = RecentFiles{};
     SetModel(Triangle());
   }
 

@@ -3,6 +3,7 @@
 #include "FileState.h"
 #include "ModelBuilder.h"
 #include "NativeFileSystem.h"
+#include "RecentFiles.h"
 #include "ScratchFolder.h"
 #include "modColumns.h"
 #include "modFileCommands.h"
@@ -30,6 +31,7 @@ class OpenModelTest : public EventsTest {
     ThePlatform().files = &disk;
     ResetModel();
     TheFiles = FileState{};
+    TheRecentFiles = RecentFiles{};
     CurrentFileName = "/before.stw";
   }
 
@@ -85,7 +87,7 @@ TEST_F(OpenModelTest, ReadsOnlyTheModelOfALargerFile) {
   EXPECT_EQ(MemberCount, 3);
 }
 
-TEST_F(OpenModelTest, TellsHowMuchOfAShortFileWasThere) {
+TEST_F(OpenModelTest, ReportsHowMuchOfAShortFileWasThere) {
   SavedTriangle();
   PutFile(path, FileBytes(path).substr(0, 6 + 4 * 10 + 3));
   ASSERT_TRUE(openModel(path));

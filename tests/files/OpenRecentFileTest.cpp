@@ -3,6 +3,7 @@
 #include "FileState.h"
 #include "ModelBuilder.h"
 #include "NativeFileSystem.h"
+#include "RecentFiles.h"
 #include "ScratchFolder.h"
 #include "modExamples.h"
 #include "modFileCommands.h"
@@ -32,6 +33,7 @@ class OpenRecentFileTest : public EventsTest {
     ThePlatform().programFolder = folder.Root();
     TheAnalysis = AnalysisState{};
     TheFiles = FileState{};
+    TheRecentFiles = RecentFiles{};
     ResetModel();
     SetModel(Square());
     PutFile(square, WriteModel());
@@ -40,7 +42,10 @@ class OpenRecentFileTest : public EventsTest {
     startUpList();
     TakeMessages();
   }
-  ~OpenRecentFileTest() override { TheFiles = FileState{}; }
+  ~OpenRecentFileTest() override {
+    TheFiles = FileState{};
+    TheRecentFiles = RecentFiles{};
+  }
 
   static std::vector<std::string> Shown() {
     std::vector<std::string> paths;

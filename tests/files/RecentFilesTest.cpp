@@ -1,3 +1,4 @@
+#include "RecentFiles.h"
 #include "EventsTest.h"
 #include "FileState.h"
 #include "modRecentFiles.h"
@@ -20,8 +21,14 @@ Message PleaseInputANumber() { return Box(MessageIcon::None, "Please input a num
 
 class RecentFilesTest : public EventsTest {
  protected:
-  RecentFilesTest() { TheFiles = FileState{}; }
-  ~RecentFilesTest() override { TheFiles = FileState{}; }
+  RecentFilesTest() {
+    TheFiles = FileState{};
+    TheRecentFiles = RecentFiles{};
+  }
+  ~RecentFilesTest() override {
+    TheFiles = FileState{};
+    TheRecentFiles = RecentFiles{};
+  }
 
   /// A store that an earlier run has left.
   void Stored(const std::vector<std::string>& paths, const std::string& limit, const std::string& count) {
@@ -35,6 +42,7 @@ class RecentFilesTest : public EventsTest {
   /// The next run of the program on the same store.
   static void StartRun() {
     TheFiles = FileState{};
+    TheRecentFiles = RecentFiles{};
     startUpList();
   }
 
@@ -65,7 +73,7 @@ TEST_F(StartUpListTest, GreetsOnAFirstRunAndStoresTheStartValues) {
   EXPECT_EQ(TakeMessages().size(), 1U);
   EXPECT_EQ(MAX_FILES, 3);
   EXPECT_EQ(noRUF, 0);
-  EXPECT_EQ(TheOptions.txtMaxFiles, "3");
+  EXPECT_EQ(TheRecentFiles.txtMaxFiles, "3");
   EXPECT_THAT(settings.texts, UnorderedElementsAre(Pair("Config/MAX_FILES", "3"), Pair("Config/noRUF", "0")));
 }
 
@@ -80,8 +88,8 @@ TEST_F(StartUpListTest, ShowsNeitherEntryNorSeparatorOnAFirstRun) {
   TakeMessages();
   EXPECT_EQ(mnuRUF.size(), 1U);
   EXPECT_THAT(Shown(), IsEmpty());
-  EXPECT_FALSE(TheFiles.Recent.mnuBar3);
-  EXPECT_FALSE(TheFiles.Recent.mnuBar4);
+  EXPECT_FALSE(TheRecentFiles.mnuBar3);
+  EXPECT_FALSE(TheRecentFiles.mnuBar4);
 }
 
 TEST_F(StartUpListTest, GreetsAgainUntilAFileWasOpened) {
@@ -98,9 +106,9 @@ TEST_F(StartUpListTest, ShowsTheStoredEntriesBelowTheirSeparator) {
   startUpList();
   EXPECT_EQ(MAX_FILES, 5);
   EXPECT_EQ(noRUF, 2);
-  EXPECT_EQ(TheOptions.txtMaxFiles, "5");
-  EXPECT_TRUE(TheFiles.Recent.mnuBar3);
-  EXPECT_FALSE(TheFiles.Recent.mnuBar4) << "that one shows when the list grows";
+  EXPECT_EQ(TheRecentFiles.txtMaxFiles, "5");
+  EXPECT_TRUE(TheRecentFiles.mnuBar3);
+  EXPECT_FALSE(TheRecentFiles.mnuBar4) << "that one shows when the list grows";
   EXPECT_THAT(mnuRUF, ElementsAre(RecentFileEntry{"&1   /models/a.stw", "/models/a.stw", true},
                                   RecentFileEntry{"&2   /models/b.stw", "/models/b.stw", true}));
 }
@@ -116,7 +124,7 @@ TEST_F(StartUpListTest, KeepsTheValuesInMemoryWhereTheStoreHasNone) {
   startUpList();
   EXPECT_EQ(MAX_FILES, 3);
   EXPECT_EQ(noRUF, 0);
-  EXPECT_EQ(TheOptions.txtMaxFiles, "3");
+  EXPECT_EQ(TheRecentFiles.txtMaxFiles, "3");
   EXPECT_THAT(Shown(), IsEmpty());
 }
 
@@ -172,7 +180,7 @@ TEST_F(AddRecentFileTest, StartsTheListOfAFirstRun) {
   EXPECT_EQ(noRUF, 1);
   EXPECT_EQ(Text("Config/noRUF"), "1");
   EXPECT_EQ(Text("Recent Files/1"), "/models/a.stw");
-  EXPECT_TRUE(TheFiles.Recent.mnuBar4);
+  EXPECT_TRUE(TheRecentFiles.mnuBar4);
   EXPECT_THAT(mnuRUF, ElementsAre(RecentFileEntry{"&1   /models/a.stw", "/models/a.stw", true}));
 }
 
@@ -230,7 +238,7 @@ TEST_F(AddRecentFileTest, LeavesTheFirstEntryWhereItIs) {
   EXPECT_EQ(noRUF, 3);
 }
 
-TEST_F(AddRecentFileTest, TellsPathsApartByCase) {
+TEST_F(AddRecentFileTest, DistinguishesPathsByCase) {
   addRecentFile("A");
   EXPECT_THAT(Shown(), ElementsAre("A", "c", "b"));
 }
@@ -257,7 +265,7 @@ TEST_F(AddRecentFileTest, StoresNothingAnewThatIsOnTopAlready) {
 }
 
 TEST_F(AddRecentFileTest, TakesTheLimitOfTheOptionsDialogFirst) {
-  TheOptions.txtMaxFiles = "4";
+  TheRecentFiles.txtMaxFiles = "4";
   addRecentFile("d");
   EXPECT_THAT(Shown(), ElementsAre("d", "c", "b", "a"));
   EXPECT_EQ(Text("Config/MAX_FILES"), "4");
@@ -265,14 +273,14 @@ TEST_F(AddRecentFileTest, TakesTheLimitOfTheOptionsDialogFirst) {
 }
 
 TEST_F(AddRecentFileTest, TrimsWhatALowerLimitLeavesNoPlaceFor) {
-  TheOptions.txtMaxFiles = "2";
+  TheRecentFiles.txtMaxFiles = "2";
   addRecentFile("d");
   EXPECT_THAT(Shown(), ElementsAre("d", "c"));
   EXPECT_FALSE(settings.texts.contains("Recent Files/3"));
 }
 
 TEST_F(AddRecentFileTest, TrimsAfterMovingAKnownFileToo) {
-  TheOptions.txtMaxFiles = "1";
+  TheRecentFiles.txtMaxFiles = "1";
   addRecentFile("a");
   EXPECT_THAT(Shown(), ElementsAre("a"));
   EXPECT_EQ(noRUF, 1);
@@ -359,7 +367,7 @@ class LimitTest : public RecentFilesTest {
   }
 
   std::int16_t LimitFrom(const std::string& text) {
-    TheOptions.txtMaxFiles = text;
+    TheRecentFiles.txtMaxFiles = text;
     applyMaxFiles();
     return MAX_FILES;
   }
@@ -413,7 +421,7 @@ TEST_F(LimitTest, HoldsAtTheNextStart) {
   StartRun();
   EXPECT_THAT(Shown(), ElementsAre("e", "d"));
   EXPECT_EQ(MAX_FILES, 2);
-  EXPECT_EQ(TheOptions.txtMaxFiles, "2");
+  EXPECT_EQ(TheRecentFiles.txtMaxFiles, "2");
 }
 
 TEST_F(LimitTest, ShowsTheShorterListInTheMenus) {

@@ -5,6 +5,7 @@
 #include "FileState.h"
 #include "ModelBuilder.h"
 #include "NativeFileSystem.h"
+#include "RecentFiles.h"
 #include "RunSeed.h"
 #include "ScratchFolder.h"
 #include "modExamples.h"
@@ -43,11 +44,15 @@ class RecoveryTest : public EventsTest {
     ThePlatform().dataFolder = folder.Path("data/strutwright");
     StartRun();
   }
-  ~RecoveryTest() override { TheFiles = FileState{}; }
+  ~RecoveryTest() override {
+    TheFiles = FileState{};
+    TheRecentFiles = RecentFiles{};
+  }
 
   /// Ends the run before, however it stood, and starts another one with an empty model.
   static void StartRun() {
     TheFiles = FileState{};
+    TheRecentFiles = RecentFiles{};
     TheAnalysis = AnalysisState{};
     ResetModel();
     SetModel({});
@@ -442,16 +447,16 @@ TEST_F(RecoveryTest, TakesNoFileWhoseLockCanNotBeHad) {
   EXPECT_FALSE(IsKept(2));
 }
 
-/// Types one node after the other, keeps each state and then tells its number through the pipe, until it is killed.
-[[noreturn]] void TypeUntilKilled(int told) {
+/// Types one node after the other, keeps each state and then writes its number into the pipe, until it is killed.
+[[noreturn]] void TypeUntilKilled(int numbers) {
   for (int nodes = 4;; nodes += 2) {
     SetModel(PrattTruss(nodes));
     KeepRecovery();
-    if (write(told, &nodes, sizeof nodes) != sizeof nodes) _exit(1);
+    if (write(numbers, &nodes, sizeof nodes) != sizeof nodes) _exit(1);
   }
 }
 
-/// Kills a typing child after so many microseconds; gives the last number that it told, 2 when there was none.
+/// Kills a typing child after so many microseconds; gives the last number that it wrote, 2 when there was none.
 int KillTypist(int microseconds) {
   int ends[2];
   EXPECT_EQ(pipe(ends), 0);

@@ -23,7 +23,7 @@ Grid LabelledGrid() {
   return grid;
 }
 
-/// Keeps what a grid tells, from its making on.
+/// Keeps what a grid reports, from its making on.
 struct ChangeLog {
   explicit ChangeLog(Grid& grid) {
     grid.SetChangeNotice([this](const GridChange& change) { changes.push_back(change); });
@@ -137,7 +137,7 @@ TEST(GridTest, RefusesMoreDataRowsAndStaysAsItWas) {
   EXPECT_TRUE(log.changes.empty());
 }
 
-TEST(GridRangeErrorTest, TellsTheCellThatDoesNotExist) {
+TEST(GridRangeErrorTest, ReportsTheCellThatDoesNotExist) {
   const Grid grid(4, 3);
   try {
     grid.Text(7, -2);
@@ -275,7 +275,7 @@ TEST(GridNoticeTest, ComesWhenTheChangeIsMade) {
   EXPECT_EQ(seen, "7");
 }
 
-TEST(GridNoticeTest, TellsOfEveryNewLayout) {
+TEST(GridNoticeTest, ReportsEveryNewLayout) {
   Grid grid(4, 3);
   const ChangeLog log(grid);
   grid.SetRowCount(5);
@@ -283,7 +283,7 @@ TEST(GridNoticeTest, TellsOfEveryNewLayout) {
   EXPECT_THAT(log.Kinds(), testing::ElementsAre(Kind::Layout, Kind::Layout));
 }
 
-TEST(GridNoticeTest, TellsOfEveryNewSelection) {
+TEST(GridNoticeTest, ReportsEveryNewSelection) {
   Grid grid(4, 3);
   const ChangeLog log(grid);
   grid.SetCurrentCell(2, 2);
@@ -291,7 +291,7 @@ TEST(GridNoticeTest, TellsOfEveryNewSelection) {
   EXPECT_THAT(log.Kinds(), testing::ElementsAre(Kind::Selection, Kind::Selection));
 }
 
-TEST(GridNoticeTest, TellsOfEveryNewDisplay) {
+TEST(GridNoticeTest, ReportsEveryNewDisplay) {
   Grid grid(4, 3);
   const ChangeLog log(grid);
   grid.SetFocusFrame(1);

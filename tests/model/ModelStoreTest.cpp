@@ -127,7 +127,7 @@ TEST_F(RebuildTest, DiscardsWhatTheAnalysisWrote) {
 }
 
 TEST_F(RebuildTest, CountsAsManyRowsAsSixteenBitsHold) {
-  GrJoints.SetRowCount(1 + Grid::MostDataRows);
+  GrJoints.SetRowCount(1 + Grid::MaxDataRows);
   for (int row = 1; row < GrJoints.RowCount(); ++row) GrJoints.SetText(row, 1, "1");
   RebuildModelFromGrids();
   EXPECT_EQ(NodeCount, 32767);

@@ -87,7 +87,7 @@ TEST_F(RenumberingTest, EndsLikeEveryChangeOfTheModel) {
   EXPECT_EQ(MemberTable(1, MemberNodeI), 2);
 }
 
-TEST_F(RenumberingTest, TellsWhereThereIsNothingToDo) {
+TEST_F(RenumberingTest, ReportsWhereThereIsNothingToDo) {
   for (const ModelData& model : {ModelData{}, WarrenGirder(9)}) {
     SetModel(model);
 

@@ -33,7 +33,7 @@ class NativeFileSystemTest : public testing::Test {
   NativeFileSystem disk;
 };
 
-TEST_F(NativeFileSystemTest, TellsKindsApart) {
+TEST_F(NativeFileSystemTest, DistinguishesKinds) {
   EXPECT_EQ(disk.Kind(folder.Path("nothing")), FileKind::Missing);
   EXPECT_EQ(disk.Kind(Made("file", "x")), FileKind::File);
   EXPECT_EQ(disk.Kind(folder.Root()), FileKind::Folder);
@@ -239,7 +239,7 @@ TEST_F(NativeFileSystemTest, CannotTryALockInAMissingFolder) {
   EXPECT_THROW(disk.TryLock(folder.Path("missing/file")), FileError);
 }
 
-TEST_F(NativeFileSystemTest, TellsWhenAFileWasModified) {
+TEST_F(NativeFileSystemTest, ReportsWhenAFileWasModified) {
   const std::string path = Made("file", "x");
   const std::int64_t now = disk.ModifiedAt(path);
   fs::last_write_time(path, fs::last_write_time(path) - std::chrono::milliseconds(1500));
@@ -251,13 +251,13 @@ TEST_F(NativeFileSystemTest, CannotLockInAMissingFolder) {
   EXPECT_THROW(disk.Lock(folder.Path("missing/file")), FileError);
 }
 
-TEST_F(NativeFileSystemTest, TellsFoldersThatTakeFiles) {
+TEST_F(NativeFileSystemTest, ReportsFoldersThatTakeFiles) {
   EXPECT_TRUE(disk.TakesFiles(folder.Root()));
   EXPECT_FALSE(disk.TakesFiles(folder.Path("missing")));
   EXPECT_FALSE(disk.TakesFiles(Made("file", "x")));
 }
 
-TEST_F(NativeFileSystemTest, TellsFoldersThatTakeNoFilesOfThisUser) {
+TEST_F(NativeFileSystemTest, ReportsFoldersThatTakeNoFilesOfThisUser) {
   fs::permissions(folder.Root(), fs::perms(0555));
   EXPECT_EQ(AsUnprivilegedUser([&] { return disk.TakesFiles(folder.Root()) ? 1 : 0; }), 0);
 }

@@ -108,7 +108,7 @@ TEST_F(PictureFileTest, FollowsASymbolicLink) {
   EXPECT_THAT(FileBytes(folder.Path("target.bmp")), StartsWith("BM"));
 }
 
-TEST_F(PictureFileTest, TellsWhyItCannotBeWritten) {
+TEST_F(PictureFileTest, ReportsWhyItCannotBeWritten) {
   EXPECT_EQ(FailureOf(folder.Path("missing/a.png")), "No such file or directory");
   EXPECT_EQ(FailureOf("/dev/full"), "No space left on device");
   EXPECT_NE(FailureOf(folder.Path("")), "none"); // a folder

@@ -30,7 +30,7 @@ TEST(HtmlTest, ShadesEveryOtherRow) {
 
 TEST(HtmlTest, SetsManyRowsInColumnsOfText) {
   const std::vector<HtmlColumn> columns{{"Node"}, {"State", true}, {"F"}};
-  std::vector<std::vector<std::string>> rows(MostTableRows, {"7", "<T>", "-1.25"});
+  std::vector<std::vector<std::string>> rows(MaxTableRows, {"7", "<T>", "-1.25"});
   EXPECT_THAT(HtmlTable(columns, rows), HasSubstr("<table"));
   rows.push_back({"12345", "Zero Bar", "8"});
   const std::string text = HtmlTable(columns, rows);

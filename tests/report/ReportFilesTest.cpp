@@ -83,7 +83,7 @@ TEST_F(ReportFilesTest, DoesNothingWithoutAName) {
   EXPECT_EQ(folder.EntryCount(), 0);
 }
 
-TEST_F(ReportFilesTest, TellsAFailureAndKeepsTheOldFile) {
+TEST_F(ReportFilesTest, ReportsAFailureAndKeepsTheOldFile) {
   PutFile(folder.Path("a.html"), "old");
   FaultyFileSystem full(disk);
   full.before = [](const std::string& step, int /*number*/) {
@@ -100,7 +100,7 @@ TEST_F(ReportFilesTest, TellsAFailureAndKeepsTheOldFile) {
   EXPECT_EQ(folder.EntryCount(), 1);
 }
 
-TEST_F(ReportFilesTest, TellsThatAFolderIsMissing) {
+TEST_F(ReportFilesTest, ReportsThatAFolderIsMissing) {
   dialog.WillChoose(folder.Path("missing/a.pdf"));
   SaveReportAsPdf(Made());
   EXPECT_EQ(TakeMessages().size(), 1U);
@@ -111,7 +111,7 @@ TEST_F(ReportFilesTest, PrintsTheDocument) {
   EXPECT_THAT(paper.printed, ElementsAre("Truss report: bridge.stw"));
 }
 
-TEST_F(ReportFilesTest, TellsThatItCouldNotBePrinted) {
+TEST_F(ReportFilesTest, ReportsThatItCouldNotBePrinted) {
   paper.printFailure = "The pages could not be made";
   PrintReport(Made());
   EXPECT_THAT(TakeMessages(), ElementsAre(Box(MessageIcon::Information,

@@ -275,7 +275,7 @@ TEST_F(InfluenceTest, IsTheDeflectionUnderAShortening) {
     indeterminate += static_cast<TrussFamily>(number % FamilyCount) == TrussFamily::CrossBracedTower ? 1 : 0;
     CheckedTruss truss = ReadTruss();
     CheckedMember& member = truss.members[static_cast<std::size_t>(Below(truss.memberCount, random))];
-    member.prestress = member.rigidity / member.length;
+    member.prestress = member.axialRigidity / member.length;
     const RefinedSolution shortened = Refine(truss);
     member.prestress = 0;
     for (int n = 1; n <= truss.nodeCount; ++n) {

@@ -6,6 +6,7 @@
 #include "WorkbenchState.h"
 #include "frmCheck.h"
 #include "modCheck.h"
+#include "modCheckText.h"
 #include "modMechanismDrawing.h"
 #include "modModelStore.h"
 #include "modMotionView.h"

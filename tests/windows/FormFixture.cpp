@@ -4,6 +4,7 @@
 #include "DisplayState.h"
 #include "EditingState.h"
 #include "FileState.h"
+#include "RecentFiles.h"
 #include "WorkbenchState.h"
 #include "modModelStore.h"
 
@@ -57,6 +58,7 @@ FormTest::FormTest() {
   TheModel = ModelState{};
   TheAnalysis = AnalysisState{};
   TheFiles = FileState{};
+  TheRecentFiles = RecentFiles{};
   TheEditing = EditingState{};
   TheWorkbench = WorkbenchState{};
   TheDisplay = DisplayState{};
@@ -84,6 +86,7 @@ void FormTest::StartNextRun() {
   frame->close();
   frame.reset();
   TheFiles = FileState{};
+  TheRecentFiles = RecentFiles{};
   TheModel = ModelState{};
   frame = std::make_unique<frmMain>();
   ThePlatform().hints = &frame->Status();

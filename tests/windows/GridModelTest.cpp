@@ -22,7 +22,7 @@ class GridModelTest : public testing::Test {
   QSignalSpy headers{&model, &QAbstractItemModel::headerDataChanged};
 };
 
-TEST_F(GridModelTest, TellsOfManyTextsOnceWhenItWaitsForEvents) {
+TEST_F(GridModelTest, ReportsManyTextsOnceWhenItWaitsForEvents) {
   grid.SetText(1, 2, "a");
   grid.SetText(3, 1, "b");
   EXPECT_EQ(cells.count(), 0);
@@ -38,7 +38,7 @@ TEST_F(GridModelTest, ShowsATextBeforeItTellsOfIt) {
   EXPECT_EQ(model.data(model.index(0, 1), Qt::DisplayRole).toString(), "a");
 }
 
-TEST_F(GridModelTest, TellsOfHeaders) {
+TEST_F(GridModelTest, ReportsHeaders) {
   grid.SetText(2, 0, "row");
   grid.SetText(3, 0, "row");
   QCoreApplication::processEvents();
@@ -50,7 +50,7 @@ TEST_F(GridModelTest, TellsOfHeaders) {
   EXPECT_EQ(cells.count(), 0);
 }
 
-TEST_F(GridModelTest, TellsOfCellsAndHeadersAtOnce) {
+TEST_F(GridModelTest, ReportsCellsAndHeadersAtOnce) {
   grid.SetText(0, 1, "column");
   grid.SetText(2, 0, "row");
   grid.SetText(2, 2, "a");

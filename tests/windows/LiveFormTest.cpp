@@ -28,7 +28,7 @@ using testing::StartsWith;
 class LiveFormTest : public FormTest {
  protected:
   LiveFormTest() {
-    TheLive.mostTime = 1e9; // however slow the machine is
+    TheLive.mostTime = TheLive.checkTime = 1e9; // however slow the machine is
   }
 
   void GoLive() {
@@ -218,6 +218,17 @@ TEST_F(LiveFormTest, PausesWhereAnAnalysisTakesTooLong) {
   Command("mnuRenumber").trigger();
   EXPECT_EQ(LabelText("stsBar_Live"), "Live");
   EXPECT_EQ(AnalysisDone, FlagTrue);
+}
+
+TEST_F(LiveFormTest, ChecksAfterAPauseWhereTheCheckTakesLong) {
+  EnterThreeBarTruss();
+  TheLive.checkTime = -1;
+  GoLive();
+  TypeCell("GrJoints", 3, 4, "-20");
+  EXPECT_EQ(LabelText("stsBar_Check"), "");
+  EXPECT_EQ(AnalysisDone, FlagTrue);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return LabelText("stsBar_Check") != ""; }));
+  EXPECT_THAT(LabelText("stsBar_Check"), HasSubstr("digits"));
 }
 
 TEST_F(LiveFormTest, IsRemembered) {

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cstdlib>
+#include <optional>
 #include <random>
 
 #include <QAbstractButton>
@@ -30,16 +31,12 @@ class RandomAnswers : public MessageBoxes, public FileDialog {
   explicit RandomAnswers(std::mt19937& random, const ScratchFolder& scratch) : Random(random), Scratch(scratch) {}
   void Show(const Message& /*message*/) override {}
   bool Ask(const Message& /*question*/) override { return Random() % 2 == 0; }
-  bool ShowOpen() override { return Choose(); }
-  bool ShowSave() override { return Choose(); }
-
- private:
-  bool Choose() {
-    if (Random() % 3 == 0) return false;
-    fileName = Scratch.Path("model" + std::to_string(Random() % 4) + ".stw");
-    return true;
+  std::optional<std::string> Ask(FileDialogKind /*kind*/, const FileQuestion& /*question*/) override {
+    if (Random() % 3 == 0) return std::nullopt;
+    return Scratch.Path("model" + std::to_string(Random() % 4) + ".stw");
   }
 
+ private:
   std::mt19937& Random;
   const ScratchFolder& Scratch;
 };

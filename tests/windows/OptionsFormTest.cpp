@@ -3,6 +3,7 @@
 #include "EditingState.h"
 #include "FileState.h"
 #include "FormFixture.h"
+#include "RecentFiles.h"
 #include "frmOptions.h"
 #include "modModelStore.h"
 
@@ -290,7 +291,7 @@ TEST_F(OptionsFormTest, ForgetsWhatWasNotApplied) {
   Press(Qt::Key_Escape);
   EXPECT_FALSE(options->isVisible());
   EXPECT_EQ(GridSpacingX, 1.0F);
-  EXPECT_EQ(TheOptions.txtMaxFiles, "3");
+  EXPECT_EQ(TheRecentFiles.txtMaxFiles, "3");
   Open();
   EXPECT_EQ(FieldText("xSpaceTxt"), "1");
   EXPECT_EQ(FieldText("txtMaxFiles"), "3");
@@ -301,7 +302,7 @@ TEST_F(OptionsFormTest, SaysThatALimitIsNoNumberAndTakesFour) {
   Click("cmdOK");
   EXPECT_THAT(TakeMessages(), ElementsAre(Box(MessageIcon::None, "Please input a number in future, ok")));
   EXPECT_EQ(MAX_FILES, 4);
-  EXPECT_EQ(TheOptions.txtMaxFiles, "4") << "no later command asks again";
+  EXPECT_EQ(TheRecentFiles.txtMaxFiles, "4") << "no later command asks again";
 }
 
 TEST_F(OptionsFormTest, TakesTheReturnKeyForOK) {

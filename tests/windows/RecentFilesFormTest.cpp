@@ -1,6 +1,7 @@
 #include "DisplayState.h"
 #include "FileState.h"
 #include "FormFixture.h"
+#include "RecentFiles.h"
 #include "modModelStore.h"
 
 #include <filesystem>
@@ -164,7 +165,7 @@ TEST_F(RecentFilesFormTest, RemovesTheChosenEntryItselfWhereTheLimitWasLowered) 
   const std::string first = Model("a.stw");
   Open(first);
   Open(Model("b.stw"));
-  TheOptions.txtMaxFiles = "1";
+  TheRecentFiles.txtMaxFiles = "1";
   Command("mnuRUF_2").trigger();
   EXPECT_THAT(Paths(), ElementsAre(first));
   EXPECT_EQ(Find<QWidget>("frmGraph").findChild<QAction*>("mnuRUF_2"), nullptr);
@@ -211,7 +212,7 @@ TEST_F(RecentFilesFormTest, WelcomesTheUserOfAFreshHomeUntilAFileWasOpened) {
   const auto shown = TakeMessages();
   ASSERT_EQ(shown.size(), 1U);
   EXPECT_THAT(shown[0].text, testing::StartsWith("Welcome to Strutwright.\n"));
-  EXPECT_EQ(TheOptions.txtMaxFiles, "3");
+  EXPECT_EQ(TheRecentFiles.txtMaxFiles, "3");
   StartNextRun();
   EXPECT_EQ(TakeMessages().size(), 1U) << "as long as nothing was opened";
   Open(Model("bridge.stw"));

@@ -210,7 +210,7 @@ TEST_F(ReportFormTest, SavesWhatItShowsAlsoAfterAnEdit) {
   EXPECT_EQ(WithoutPicture(FileBytes(folder.Path("a.html"))), shown);
 }
 
-TEST_F(ReportFormTest, TellsThatItCouldNotBeSaved) {
+TEST_F(ReportFormTest, ReportsThatItCouldNotBeSaved) {
   AnalyseThreeBars();
   ShowReport();
   dialog.WillChoose(folder.Path("missing/a.pdf"));

@@ -3,6 +3,7 @@
 #include "FileEvents.h"
 #include "FileState.h"
 #include "MemoryFileSystem.h"
+#include "RecentFiles.h"
 #include "modFileCommands.h"
 #include "modModelFile.h"
 #include "modModelStore.h"
@@ -145,6 +146,7 @@ class RealProgram {
   RealProgram(MemoryFileSystem& files, FakeFileDialog& dialog) : Files(files), Dialog(dialog) {
     TheModel = ModelState{};
     TheFiles = FileState{};
+    TheRecentFiles = RecentFiles{};
     GrJoints.SetColumnCount(6);
     GrMembers.SetColumnCount(6);
     mnuRUF.resize(1);
@@ -206,6 +208,7 @@ class UndoAcrossFilesTest : public PlatformTest, public testing::WithParamInterf
   ~UndoAcrossFilesTest() override {
     TheModel = ModelState{};
     TheFiles = FileState{};
+    TheRecentFiles = RecentFiles{};
   }
 
   static std::string PlainName(const std::string& path) { return path.substr(path.find_last_of('/') + 1); }

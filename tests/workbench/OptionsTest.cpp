@@ -1,5 +1,6 @@
 #include "DisplayState.h"
 #include "FileState.h"
+#include "RecentFiles.h"
 #include "RecordingSurface.h"
 #include "WorkbenchFixture.h"
 #include "modGrids.h"
@@ -20,6 +21,7 @@ class OptionsTest : public WorkbenchFixture {
  protected:
   OptionsTest() {
     TheFiles = FileState{};
+    TheRecentFiles = RecentFiles{};
     TheDisplay = DisplayState{};
     DisplaySurface = &surface;
     TakeOptions();
@@ -27,6 +29,7 @@ class OptionsTest : public WorkbenchFixture {
   ~OptionsTest() override {
     TheDisplay = DisplayState{};
     TheFiles = FileState{};
+    TheRecentFiles = RecentFiles{};
   }
 
   /// What the user types into a field, then Apply.
@@ -59,14 +62,14 @@ TEST_F(OptionsTest, StartWithTheTextsOfTheDesign) {
   EXPECT_EQ(StartNodeNumber, 1);
   EXPECT_EQ(GridLineStyle, 1);
   EXPECT_EQ(GridCapacity, 20);
-  EXPECT_EQ(TheOptions.txtMaxFiles, "4");
+  EXPECT_EQ(TheRecentFiles.txtMaxFiles, "4");
   EXPECT_FALSE(TheOptions.capacityChanged);
 }
 
 TEST_F(OptionsTest, ShowTheLimitThatTheStartFinds) {
   settings.texts = {{"Recent Files/1", "/models/a.stw"}, {"Config/MAX_FILES", "9"}};
   startUpList();
-  EXPECT_EQ(TheOptions.txtMaxFiles, "9");
+  EXPECT_EQ(TheRecentFiles.txtMaxFiles, "9");
 }
 
 TEST_F(OptionsTest, OpenWithTheSettingsInForce) {
@@ -84,7 +87,7 @@ TEST_F(OptionsTest, OpenWithTheSettingsInForce) {
   EXPECT_EQ(TheOptions.snapSNtxt, "-3");
   EXPECT_EQ(TheOptions.optGridline, 0);
   EXPECT_EQ(TheOptions.maxTxt, "300");
-  EXPECT_EQ(TheOptions.txtMaxFiles, "7");
+  EXPECT_EQ(TheRecentFiles.txtMaxFiles, "7");
 }
 
 TEST_F(OptionsTest, CountNothingAsAChangeThatTheyOpenWith) {
@@ -228,13 +231,15 @@ TEST_F(ApplyOptionsTest, WorksBeforeThereIsADrawing) {
 }
 
 TEST_F(ApplyOptionsTest, TakesTheLimitOfTheRecentFiles) {
-  ApplyWith(&OptionsState::txtMaxFiles, "7");
+  TheRecentFiles.txtMaxFiles = "7";
+  ApplyOptions();
   EXPECT_EQ(MAX_FILES, 7);
   EXPECT_EQ(settings.texts["Config/MAX_FILES"], "7");
 }
 
 TEST_F(ApplyOptionsTest, RefusesALimitThatIsNoNumber) {
-  ApplyWith(&OptionsState::txtMaxFiles, "abc");
+  TheRecentFiles.txtMaxFiles = "abc";
+  ApplyOptions();
   EXPECT_EQ(MAX_FILES, 4);
   ExpectBoxes({Box(MessageIcon::None, "Please input a number in future, ok")});
 }

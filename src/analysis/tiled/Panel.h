@@ -14,7 +14,7 @@ namespace strutwright {
 enum class Solution {
   Found,
   Unstable, ///< a diagonal entry is below the tolerance; no displacement was written
-  NotFinite ///< a value is no finite number: only the literal routines tell what becomes of it
+  NotFinite ///< a value is no finite number: only the literal routines show what becomes of it
 };
 
 /// The factors of a group of rows for the pivots of a panel: 4 to each pivot.
@@ -107,7 +107,7 @@ class Panel {
 
 /// True when an entry of -0 would have become +0 by the pivots before number `count`, of which only those have been
 /// carried out whose product is not zero.  factors, pivotRowEntries: of the entry's row and column, so far apart.
-/// A zero minus a zero product tells by its sign; this is the only thing that skipping such products could change.
+/// A zero minus a zero product shows in its sign; this is the only thing that skipping such products could change.
 bool LosesMinusSign(const double* factors, std::ptrdiff_t factorStep, const double* pivotRowEntries,
                     std::ptrdiff_t entryStep, int count);
 

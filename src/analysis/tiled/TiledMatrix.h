@@ -62,7 +62,7 @@ class TiledMatrix {
   int LastGroup(int column) const { return LastGroups[static_cast<std::size_t>(column)]; }
 
   /// Exchanges two rows of K in tile columns column.. and after.
-  /// exchanged: is told each tile column where one of the two rows held something.
+  /// exchanged: is called with each tile column where one of the two rows held something.
   template <typename Exchanged>
   void ExchangeRows(int one, int other, int column, Exchanged exchanged);
 

@@ -39,8 +39,8 @@ struct PivotRows {
 
 class Elimination {
  public:
-  Elimination(TiledMatrix& equations, float pivotTolerance, const Kernel& inner, LongWork& told)
-      : K(equations), tolerance(pivotTolerance), kernel(inner), work(told), negativeZeros(equations) {}
+  Elimination(TiledMatrix& equations, float pivotTolerance, const Kernel& inner, LongWork& progress)
+      : K(equations), tolerance(pivotTolerance), kernel(inner), work(progress), negativeZeros(equations) {}
 
   Solution Run() {
     for (int first = 0; first < K.Freedoms(); first += PanelWidth) {

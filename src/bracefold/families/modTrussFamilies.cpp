@@ -84,7 +84,7 @@ float Printed(float limit) { return NumericValue(NumberText(limit)).value_or(lim
 /// Only for a span and a height that are numbers within their own limits.
 std::string SteepnessReason(const TrussFamily& family, const TrussTexts& texts) {
   const float span = ValueOf(texts, TrussField::Span);
-  const float least = Printed(std::max(span * LeastSteepness, Description(TrussField::Height).least));
+  const float least = Printed(std::max(span * MinSteepness, Description(TrussField::Height).least));
   const float most = Printed(std::min(span * family.mostSteepness, Description(TrussField::Height).most));
   if (IsIn(ValueOf(texts, TrussField::Height), least, most)) return "";
   return "must be a number from " + Range(least, most) + " m for a span of " + NumberText(span) + " m";
@@ -93,9 +93,9 @@ std::string SteepnessReason(const TrussFamily& family, const TrussTexts& texts) 
 std::string BaysReason(const TrussFamily& family, const std::string& text) {
   const std::optional<float> value = NumericValue(text);
   const float step = family.evenBays ? 2 : 1;
-  if (value && IsIn(*value, family.leastBays, MostBays) && std::fmod(*value, step) == 0) return "";
+  if (value && IsIn(*value, family.leastBays, MaxBays) && std::fmod(*value, step) == 0) return "";
   const std::string kind = family.evenBays ? "must be an even number from " : "must be a whole number from ";
-  return kind + Range(family.leastBays, MostBays) + " for the family " + std::string(family.name);
+  return kind + Range(family.leastBays, MaxBays) + " for the family " + std::string(family.name);
 }
 
 /// Fields are checked in their order: the span stands before the height.
@@ -215,12 +215,12 @@ std::optional<TrussFault> FaultOf(const TrussFamily& family, const TrussTexts& t
 }
 
 StoredModel MakeTruss(const TrussFamily& family, const TrussTexts& texts) {
-  constexpr std::int16_t LeastCapacity = 20;
+  constexpr std::int16_t MinCapacity = 20;
   const TrussShape shape = NumberedAlong(family.shape(SizeOf(family, texts)), family.upright);
   StoredModel model;
   FillNodes(model, shape, family.upright, ValueOf(texts, TrussField::Load));
   FillMembers(model, shape, texts);
-  model.capacity = std::max({LeastCapacity, model.nodeCount, model.memberCount});
+  model.capacity = std::max({MinCapacity, model.nodeCount, model.memberCount});
   return model;
 }
 

@@ -30,17 +30,17 @@ struct FieldDescription {
   std::string_view help;
 };
 
-inline constexpr float MostBays = 200;
+inline constexpr float MaxBays = 200;
 
 /// Least height over span.  What is flatter, or steeper than its family goes, is no truss any more, and its equations
 /// are hard to solve.
-inline constexpr float LeastSteepness = 0.01F;
+inline constexpr float MinSteepness = 0.01F;
 
 inline constexpr std::array<FieldDescription, TrussFieldCount> TrussFields{{
     {TrussField::Span, "span", "Span", 'S', "m", 0.1F, 10000, 24,
      "Length between the supports; of a cantilever up to its tip, of a tower its width below"},
     {TrussField::Height, "height", "Height", 'H', "m", 0.1F, 10000, 3, "Between the chords, or up to the highest node"},
-    {TrussField::Bays, "bays", "Bays", 'B', "", 1, MostBays, 8, "Number of bays along the span, or up the tower"},
+    {TrussField::Bays, "bays", "Bays", 'B', "", 1, MaxBays, 8, "Number of bays along the span, or up the tower"},
     {TrussField::E, "e", "E", 'E', "kN/mm2", 0.001F, 10000, 200, "Elastic modulus of every member"},
     {TrussField::ChordArea, "chord-area", "Area of chords", 'c', "mm2", 1, 1000000, 2000,
      "Chords and end posts, rafters, legs of a tower"},

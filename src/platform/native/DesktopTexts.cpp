@@ -1,5 +1,7 @@
 #include "DesktopTexts.h"
 
+#include "Markup.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <string_view>
@@ -14,18 +16,6 @@ std::string Escaped(std::string_view text, Escape escape) {
   std::string escaped;
   for (const char character : text) escaped += escape(character);
   return escaped;
-}
-
-std::string XmlText(const std::string& text) {
-  return Escaped(text, [](char character) -> std::string {
-    switch (character) {
-    case '&': return "&amp;";
-    case '<': return "&lt;";
-    case '>': return "&gt;";
-    case '"': return "&quot;";
-    default: return {character};
-    }
-  });
 }
 
 /// A value of a desktop entry, which lies on one line.
@@ -98,13 +88,13 @@ std::string MimePackage(const DesktopFileType& type) {
          type.MimeType() +
          "\">\n"
          "    <comment>" +
-         XmlText(type.title) +
+         EscapedMarkup(type.title) +
          "</comment>\n"
          "    <icon name=\"application-x-" +
          type.name +
          "\"/>\n"
          "    <glob pattern=\"*" +
-         XmlText(type.extension) +
+         EscapedMarkup(type.extension) +
          "\" weight=\"60\"/>\n"
          "  </mime-type>\n"
          "</mime-info>\n";

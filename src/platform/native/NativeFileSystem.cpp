@@ -96,11 +96,11 @@ FileKind NativeFileSystem::Kind(const std::string& path) {
 }
 
 std::string NativeFileSystem::FollowLinks(const std::string& path) {
-  constexpr int MostLinks = 40;
+  constexpr int MaxLinks = 40;
   fs::path target = path;
   std::error_code error;
   for (int link = 0; fs::is_symlink(target, error); ++link) {
-    if (link == MostLinks) throw FileError(std::make_error_code(std::errc::too_many_symbolic_link_levels));
+    if (link == MaxLinks) throw FileError(std::make_error_code(std::errc::too_many_symbolic_link_levels));
     const fs::path next = fs::read_symlink(target, error);
     if (error) throw FileError(error);
     target = next.is_absolute() ? next : target.parent_path() / next;

@@ -21,9 +21,9 @@ std::wstring WideText(const std::string& text) {
 
 /// The default value of a key; empty where there is none.
 std::wstring DefaultOf(const std::string& key) {
-  constexpr DWORD MostBytes = 2048;
-  std::wstring value(MostBytes / sizeof(wchar_t), L'\0');
-  DWORD bytes = MostBytes;
+  constexpr DWORD MaxBytes = 2048;
+  std::wstring value(MaxBytes / sizeof(wchar_t), L'\0');
+  DWORD bytes = MaxBytes;
   if (RegGetValueW(HKEY_CLASSES_ROOT, WideText(key).c_str(), nullptr, RRF_RT_REG_SZ, nullptr, value.data(), &bytes) !=
       ERROR_SUCCESS) {
     return {};

@@ -18,8 +18,8 @@ QStringList QtFileDialog::NameFilters(const QString& filter) {
   return filters;
 }
 
-QString QtFileDialog::StartFolder() const {
-  QString initial = QString::fromStdString(initialFolder);
+QString QtFileDialog::StartFolder(const FileQuestion& question) const {
+  QString initial = QString::fromStdString(question.initialFolder);
   if (!initial.isEmpty() && QDir(initial).exists()) return initial;
   if (!LastFolder.isEmpty() && QDir(LastFolder).exists()) return LastFolder;
   // Not every user has a folder for documents; the dialog would take a missing one for the name of a file.
@@ -27,25 +27,21 @@ QString QtFileDialog::StartFolder() const {
   return QDir(documents).exists() ? documents : QDir::homePath();
 }
 
-bool QtFileDialog::ShowOpen() { return Show(false); }
-
-bool QtFileDialog::ShowSave() { return Show(true); }
-
-bool QtFileDialog::Show(bool save) {
-  QFileDialog dialog(QApplication::activeWindow(), QString::fromStdString(title), StartFolder());
+std::optional<std::string> QtFileDialog::Ask(FileDialogKind kind, const FileQuestion& question) {
+  const bool save = kind == FileDialogKind::Save;
+  QFileDialog dialog(QApplication::activeWindow(), QString::fromStdString(question.title), StartFolder(question));
   dialog.setObjectName("FileDialog");
   dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-  dialog.setFileMode((flags & FileMustExist) != 0 ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
-  dialog.setOption(QFileDialog::DontConfirmOverwrite, (flags & OverwritePrompt) == 0);
-  dialog.setNameFilters(NameFilters(QString::fromStdString(filter)));
-  if (save) dialog.setDefaultSuffix(QString::fromStdString(defaultExtension));
-  const QFileInfo last(QString::fromStdString(fileName));
-  if (!fileName.empty() && last.dir().exists()) dialog.selectFile(last.filePath());
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return false;
+  dialog.setFileMode((question.flags & FileMustExist) != 0 ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+  dialog.setOption(QFileDialog::DontConfirmOverwrite, (question.flags & OverwritePrompt) == 0);
+  dialog.setNameFilters(NameFilters(QString::fromStdString(question.filter)));
+  if (save) dialog.setDefaultSuffix(QString::fromStdString(question.defaultExtension));
+  const QFileInfo last(QString::fromStdString(question.fileName));
+  if (!question.fileName.empty() && last.dir().exists()) dialog.selectFile(last.filePath());
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   const QString chosen = QDir::toNativeSeparators(dialog.selectedFiles().first());
   LastFolder = QFileInfo(chosen).absolutePath();
-  fileName = chosen.toStdString();
-  return true;
+  return chosen.toStdString();
 }
 
 } // namespace strutwright

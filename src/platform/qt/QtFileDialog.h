@@ -12,19 +12,16 @@ namespace strutwright {
 /// documents; who has no folder for those starts in the home folder.
 class QtFileDialog : public FileDialog {
  public:
-  bool ShowOpen() override;
-  bool ShowSave() override;
+  std::optional<std::string> Ask(FileDialogKind kind, const FileQuestion& question) override;
 
   /// The filters of a list "Name|pattern|Name|pattern" as Qt writes them; the pattern of all files matches those
   /// without a point in their name too.
   static QStringList NameFilters(const QString& filter);
 
   /// Where the dialog opens when it is shown now.
-  QString StartFolder() const;
+  QString StartFolder(const FileQuestion& question) const;
 
  private:
-  bool Show(bool save);
-
   QString LastFolder;
 };
 

@@ -1,67 +1,121 @@
 #include "frmCheck.h"
 
-// What the check window shows and does; how it is put together stands in frmCheckBuild.cpp.
-
-#include "DisplayState.h"
+#include "CheckParts.h"
 #include "EventGuard.h"
+#include "FormParts.h"
 #include "Platform.h"
 #include "WorkbenchState.h"
 #include "frmMain.h"
 #include "modCheck.h"
 #include "modMotionView.h"
 
-#include <algorithm>
-#include <optional>
 #include <utility>
+#include <vector>
 
-#include <QGroupBox>
-#include <QHeaderView>
+#include <QAction>
+#include <QHBoxLayout>
 #include <QHideEvent>
 #include <QLabel>
-#include <QListWidget>
 #include <QPushButton>
 #include <QShowEvent>
 #include <QSignalBlocker>
-#include <QTableWidget>
+#include <QVBoxLayout>
 
 namespace strutwright {
 
 namespace {
 
-constexpr int SwingInterval = 50;  // ms
-constexpr int MostVisibleRows = 5; // of a list, where the window is small
-
-std::string WorstText(const CheckRow& row) {
-  if (row.worstNode != 0) return "node " + std::to_string(row.worstNode);
-  return row.worstMember != 0 ? "member " + std::to_string(row.worstMember) : "";
-}
-
-/// Room for so many lines, of which some may be broken in two: not less than a few, not more than all.
-void KeepRoom(QListWidget& list, int lines) {
-  const int line = list.fontMetrics().lineSpacing() + 4;
-  const int frame = 2 * list.frameWidth() + 2;
-  list.setMinimumHeight(qBound(1, lines, MostVisibleRows) * line + frame);
-  list.setMaximumHeight((lines == 1 ? 1 : 2 * lines) * line + frame);
-}
+constexpr QSize FirstSize{520, 560};
 
 std::vector<int> OnlyIf(int number) { return number == 0 ? std::vector<int>{} : std::vector{number}; }
 
-bool IsDrawingWithMouse() {
-  return std::any_of(TheMouse.RubberBands.begin(), TheMouse.RubberBands.end(),
-                     [](const std::optional<RubberShape>& band) { return band.has_value(); });
+} // namespace
+
+frmCheck::frmCheck(frmMain& frame) : QDialog(&frame), Frame(frame) {
+  setObjectName("frmCheck");
+  setWindowTitle("Check");
+  new QVBoxLayout(this);
+  BuildVerdict();
+  BuildRigidity();
+  BuildTable();
+  findingsList = AddList("findingsList", "&Model check:",
+                         "What is odd about the model; choose a line to see the nodes and members that it is about");
+  zeroBarsList = AddList(
+      "zeroBarsList", "&Zero bars:", "Members without force and why they have none; choose a line to see the member");
+  mechanismBox = new MechanismBox(Frame, [this] { FillInRigidity(); });
+  layout()->addWidget(mechanismBox);
+  OnSignal(&mechanismBox->Cures(), &QListWidget::itemSelectionChanged, this,
+           [this] { ShowChosen(mechanismBox->Cures()); });
+  BuildButtons();
+  for (const char* command : {"mnuAnalyse", "mnuCheck", "mnuUndo", "mnuRedo"})
+    addAction(Frame.findChild<QAction*>(command));
+  resize(FirstSize);
 }
 
-} // namespace
+void frmCheck::BuildVerdict() {
+  verdictLbl = NewLabel("verdictLbl", "What the check came to");
+  QFont bold = verdictLbl->font();
+  bold.setBold(true);
+  verdictLbl->setFont(bold);
+  layout()->addWidget(verdictLbl);
+}
+
+void frmCheck::BuildRigidity() {
+  rigidityPart = new QWidget;
+  auto* row = new QHBoxLayout(rigidityPart);
+  row->setContentsMargins(0, 0, 0, 0);
+  rigidityLbl = NewLabel("rigidityLbl", "What can be filled in for members without rigidity");
+  btnFillRigidity = NewButton("btnFillRigidity", "Fill &In E and A",
+                              "Gives the members without rigidity E and A from the control board; can be undone");
+  row->addWidget(rigidityLbl, 1);
+  row->addWidget(btnFillRigidity, 0, Qt::AlignTop);
+  layout()->addWidget(rigidityPart);
+  OnSignal(btnFillRigidity, &QPushButton::clicked, this, [this] { FillInRigidity(); });
+}
+
+void frmCheck::BuildTable() {
+  checkTable = new FigureTable;
+  layout()->addWidget(Caption("&Figures:", checkTable));
+  layout()->addWidget(checkTable);
+  OnSignal(checkTable, &QTableWidget::itemSelectionChanged, this, [this] { ShowCell(checkTable->currentRow()); });
+}
+
+LineList* frmCheck::AddList(const QString& name, const QString& caption, const QString& description) {
+  auto* list = new LineList(name, description);
+  layout()->addWidget(Caption(caption, list));
+  static_cast<QVBoxLayout*>(layout())->addWidget(list, 1);
+  OnSignal(list, &QListWidget::itemSelectionChanged, this, [this, list] { ShowChosen(*list); });
+  return list;
+}
+
+void frmCheck::BuildButtons() {
+  QPushButton* btnCopy = NewButton("btnCopy", "&Copy", "Copies everything in this window as text");
+  QPushButton* btnReport =
+      NewButton("btnReport", "&Report...", "Opens the results report, which holds all this, to save or print");
+  QPushButton* btnClose = NewButton("btnClose", "C&lose", "Closes this window");
+  OnSignal(btnCopy, &QPushButton::clicked, this, [this] { Copy(); });
+  OnSignal(btnReport, &QPushButton::clicked, this, [this] { Frame.findChild<QAction*>("mnuResults")->trigger(); });
+  OnSignal(btnClose, &QPushButton::clicked, this, [this] { close(); });
+  auto* row = new QHBoxLayout;
+  row->addWidget(btnCopy);
+  row->addWidget(btnReport);
+  row->addStretch();
+  row->addWidget(btnClose);
+  auto* column = static_cast<QVBoxLayout*>(layout());
+  column->addStretch(1);
+  column->addLayout(row);
+  btnClose->setFocus(); // not the table, where it would look like a choice
+}
 
 void frmCheck::Refresh() {
   BringCheckUpToDate();
   verdictLbl->setText(QString::fromStdString(CheckVerdict() + "."));
   ShowRigidityOffer();
-  FillTable();
-  Fill(*findingsList, FindingLines());
-  Fill(*zeroBarsList, ZeroBarLines());
+  checkTable->Show(TheCheck.failure.empty() ? CheckRows(TheCheck.report) : std::vector<CheckRow>{});
+  findingsList->Show(FindingLines());
+  zeroBarsList->Show(ZeroBarLines());
   ShowMotion(1);
-  FillMechanism();
+  mechanismBox->Refresh();
 }
 
 void frmCheck::ShowRigidityOffer() {
@@ -69,37 +123,7 @@ void frmCheck::ShowRigidityOffer() {
   rigidityLbl->setText(QString::fromStdString(offer.text));
   rigidityPart->setVisible(!offer.text.empty());
   btnFillRigidity->setEnabled(offer.usable);
-  EnableMotionButtons();
-}
-
-void frmCheck::FillTable() {
-  const QSignalBlocker silent(checkTable);
-  const std::vector<CheckRow> rows = TheCheck.failure.empty() ? CheckRows(TheCheck.report) : std::vector<CheckRow>{};
-  checkTable->clearSelection();
-  checkTable->setRowCount(static_cast<int>(rows.size()));
-  int row = 0;
-  for (const CheckRow& each : rows) {
-    int column = 0;
-    for (const std::string& text : {each.label, each.value, WorstText(each)}) {
-      auto* item = new QTableWidgetItem(QString::fromStdString(text)); // the table owns it
-      item->setToolTip(item->text());
-      checkTable->setItem(row, column++, item);
-    }
-    ++row;
-  }
-  const int header = checkTable->horizontalHeader()->sizeHint().height();
-  checkTable->setFixedHeight(header + row * checkTable->verticalHeader()->defaultSectionSize() +
-                             2 * checkTable->frameWidth());
-}
-
-void frmCheck::Fill(QListWidget& list, const std::vector<CheckLine>& lines) {
-  const QSignalBlocker silent(&list);
-  list.clear();
-  for (const CheckLine& line : lines) {
-    list.addItem(QString::fromStdString(line.text));
-    if (!line.Selects()) list.item(list.count() - 1)->setFlags(Qt::ItemIsEnabled);
-  }
-  KeepRoom(list, static_cast<int>(lines.size()));
+  mechanismBox->SetRigidityUsable(btnFillRigidity->isEnabled());
 }
 
 /// Every command first takes a pending edit, after which the lists may be others.
@@ -113,7 +137,7 @@ void frmCheck::ShowChosen(const QListWidget& list) {
     Marking = true;
     Frame.ShowParts(lines[row].nodes, lines[row].members);
   });
-  EnableMotionButtons();
+  mechanismBox->EnableButtons();
 }
 
 void frmCheck::ShowCell(int row) {
@@ -133,86 +157,24 @@ void frmCheck::ShowCell(int row) {
 void frmCheck::DeselectAllBut(const QWidget* chosen) {
   for (QAbstractItemView* each :
        {static_cast<QAbstractItemView*>(checkTable), static_cast<QAbstractItemView*>(findingsList),
-        static_cast<QAbstractItemView*>(zeroBarsList), static_cast<QAbstractItemView*>(curesList)}) {
+        static_cast<QAbstractItemView*>(zeroBarsList), static_cast<QAbstractItemView*>(&mechanismBox->Cures())}) {
     if (each == chosen) continue;
     const QSignalBlocker silent(each);
     each->clearSelection();
     each->setCurrentIndex({});
   }
-  EnableMotionButtons();
-}
-
-void frmCheck::FillMechanism() {
-  const bool any = ShownMechanism() != nullptr;
-  motionLbl->setText(QString::fromStdString(MotionText()));
-  motionButtons->setVisible(any);
-  curesPart->setVisible(any);
-  Fill(*curesList, CureLines());
-  curesList->setMaximumHeight(curesList->minimumHeight()); // the other lists may need the room
-  EnableMotionButtons();
-  RunClock();
-}
-
-void frmCheck::EnableMotionButtons() {
-  btnPreviousMotion->setEnabled(TheCheck.motion > 1);
-  btnNextMotion->setEnabled(TheCheck.motion != 0 && TheCheck.motion < MotionCount());
-  const Cure* cure = ChosenCure();
-  btnApplyCure->setEnabled(cure != nullptr && (!cure->IsRigidity() || btnFillRigidity->isEnabled()));
-}
-
-void frmCheck::Turn(int by) {
-  ShowMotion(TheCheck.motion + by);
-  FillMechanism();
-  Frame.RedrawWhatCanBeDrawn(false);
-}
-
-/// The clock goes on when a step has been drawn, so that a large truss leaves time for everything else.
-void frmCheck::RunClock() {
-  if (isVisible() && ShownMechanism() != nullptr && btnAnimateMotion->isChecked()) {
-    MotionTimer.start(SwingInterval);
-  } else {
-    MotionTimer.stop();
-  }
-}
-
-/// Under an open box nothing moves, nor while the mouse draws: a redraw would take its lines away.
-void frmCheck::Tick() {
-  if (!MessageIsOpen() && !IsDrawingWithMouse()) {
-    SwingMotion();
-    Frame.RedrawWhatCanBeDrawn(false);
-  }
-  RunClock();
-}
-
-/// nullptr where none is chosen.
-const Cure* frmCheck::ChosenCure() const {
-  const Mechanism* shown = ShownMechanism();
-  const int row = curesList->currentRow();
-  if (shown == nullptr || curesList->selectedItems().isEmpty()) return nullptr;
-  return row >= 0 && row < static_cast<int>(shown->cures.size()) ? &shown->cures[static_cast<std::size_t>(row)]
-                                                                 : nullptr;
+  mechanismBox->EnableButtons();
 }
 
 void frmCheck::FillInRigidity() {
   Frame.Run([this] { Frame.Edit("Fill In E and A", [this] { Frame.FillInRigidity(); }); });
 }
 
-void frmCheck::ApplyChosenCure() {
-  const Cure* chosen = ChosenCure();
-  if (chosen == nullptr) return;
-  if (chosen->IsRigidity()) return FillInRigidity();
-  const Cure cure = *chosen;
-  Frame.Run([this, cure] {
-    if (!IsOffered(cure)) return; // a pending edit has changed the model
-    Frame.Edit(cure.IsMember() ? "Add Member" : "Add Support", [&cure] { ApplyCure(cure); });
-  });
-}
-
 void frmCheck::Copy() { TheClipboard().SetText(CheckReportText(), ""); }
 
 void frmCheck::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
-  if (event->spontaneous()) return RunClock(); // it was minimised
+  if (event->spontaneous()) return mechanismBox->RunClock(); // it was minimised
   Guard([this] {
     Refresh();
     Frame.RedrawWhatCanBeDrawn(false);
@@ -221,7 +183,7 @@ void frmCheck::showEvent(QShowEvent* event) {
 
 void frmCheck::hideEvent(QHideEvent* event) {
   QDialog::hideEvent(event);
-  MotionTimer.stop();
+  mechanismBox->StopClock();
   if (event->spontaneous() || Frame.IsEnding()) return;
   Guard([this] {
     ShowMotion(0);

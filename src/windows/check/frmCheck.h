@@ -1,21 +1,17 @@
 #pragma once
 
-#include "CheckReport.h"
-#include "modCheckLists.h"
-
-#include <vector>
+#include "MechanismBox.h"
 
 #include <QDialog>
-#include <QTimer>
 
-class QGroupBox;
 class QLabel;
 class QListWidget;
 class QPushButton;
-class QTableWidget;
 
 namespace strutwright {
 
+class FigureTable;
+class LineList;
 class frmMain;
 
 /// The check of the answer, a window beside the frame: verdict, figures, what is odd about the model, zero bars and
@@ -38,24 +34,12 @@ class frmCheck : public QDialog {
   void BuildVerdict();
   void BuildRigidity();
   void BuildTable();
-  void BuildMechanism();
-  void BuildMotionButtons();
-  void BuildCures();
   void BuildButtons();
-  QListWidget* AddList(const QString& name, const QString& caption, const QString& description);
+  LineList* AddList(const QString& name, const QString& caption, const QString& description);
 
-  void FillTable();
-  void Fill(QListWidget& list, const std::vector<CheckLine>& lines);
   void ShowChosen(const QListWidget& list);
   void ShowCell(int row);
   void DeselectAllBut(const QWidget* chosen);
-  void FillMechanism();
-  void EnableMotionButtons();
-  void Turn(int by);
-  void RunClock();
-  void Tick();
-  const Cure* ChosenCure() const;
-  void ApplyChosenCure();
   void FillInRigidity();
   void Copy();
 
@@ -64,19 +48,10 @@ class frmCheck : public QDialog {
   QWidget* rigidityPart = nullptr;
   QLabel* rigidityLbl = nullptr;
   QPushButton* btnFillRigidity = nullptr;
-  QTableWidget* checkTable = nullptr;
-  QListWidget* findingsList = nullptr;
-  QListWidget* zeroBarsList = nullptr;
-  QGroupBox* mechanismBox = nullptr;
-  QLabel* motionLbl = nullptr;
-  QWidget* motionButtons = nullptr;
-  QPushButton* btnPreviousMotion = nullptr;
-  QPushButton* btnNextMotion = nullptr;
-  QPushButton* btnAnimateMotion = nullptr;
-  QWidget* curesPart = nullptr;
-  QListWidget* curesList = nullptr;
-  QPushButton* btnApplyCure = nullptr;
-  QTimer MotionTimer;
+  FigureTable* checkTable = nullptr;
+  LineList* findingsList = nullptr;
+  LineList* zeroBarsList = nullptr;
+  MechanismBox* mechanismBox = nullptr;
   bool Marking = false; ///< the display shows what was chosen here
 };
 

@@ -1,10 +1,10 @@
 #include "frmMemberDetails.h"
 
+#include "CommandFrame.h"
 #include "DataGridView.h"
 #include "EventGuard.h"
 #include "FormParts.h"
 #include "InspectorParts.h"
-#include "frmMain.h"
 #include "modModelEditing.h"
 
 #include <QPushButton>
@@ -12,7 +12,7 @@
 
 namespace strutwright {
 
-frmMemberDetails::frmMemberDetails(frmMain& frame) : QDialog(&frame), Frame(frame) {
+frmMemberDetails::frmMemberDetails(CommandFrame& frame) : QDialog(&frame), Frame(frame) {
   setObjectName("frmMemberDetails");
   setWindowTitle("Member Details");
   LayOutMemberDetails(Details);

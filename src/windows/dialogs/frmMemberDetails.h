@@ -8,12 +8,12 @@
 
 namespace strutwright {
 
-class frmMain;
+class CommandFrame;
 
 /// The member inspector: properties, stiffness matrix and results of one member, which it can delete.
 class frmMemberDetails : public QDialog {
  public:
-  explicit frmMemberDetails(frmMain& frame);
+  explicit frmMemberDetails(CommandFrame& frame);
   ~frmMemberDetails() override;
 
   /// Fills the grids with the member as it is now.  member: 1..MemberCount.
@@ -24,7 +24,7 @@ class frmMemberDetails : public QDialog {
   void BuildButtons();
   void Delete();
 
-  frmMain& Frame;
+  CommandFrame& Frame;
   MemberDetails Details;
   std::int16_t Member = 0;
 };

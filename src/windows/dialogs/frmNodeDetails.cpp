@@ -1,10 +1,10 @@
 #include "frmNodeDetails.h"
 
+#include "CommandFrame.h"
 #include "DataGridView.h"
 #include "EventGuard.h"
 #include "FormParts.h"
 #include "InspectorParts.h"
-#include "frmMain.h"
 #include "modModelEditing.h"
 
 #include <QGridLayout>
@@ -17,7 +17,7 @@
 
 namespace strutwright {
 
-frmNodeDetails::frmNodeDetails(frmMain& frame) : QDialog(&frame), Frame(frame) {
+frmNodeDetails::frmNodeDetails(CommandFrame& frame) : QDialog(&frame), Frame(frame) {
   setObjectName("frmNodeDetails");
   setWindowTitle("Node Details");
   LayOutNodeDetails(Details);

@@ -11,12 +11,12 @@ class QRadioButton;
 
 namespace strutwright {
 
-class frmMain;
+class CommandFrame;
 
 /// The node inspector: properties and deflections of one node, a load to apply to it, and its deletion.
 class frmNodeDetails : public QDialog {
  public:
-  explicit frmNodeDetails(frmMain& frame);
+  explicit frmNodeDetails(CommandFrame& frame);
   ~frmNodeDetails() override;
 
   /// Fills the grids with the node as it is now.  node: 1..NodeCount.
@@ -29,7 +29,7 @@ class frmNodeDetails : public QDialog {
   void Apply();
   void Delete();
 
-  frmMain& Frame;
+  CommandFrame& Frame;
   NodeDetails Details;
   std::int16_t Node = 0;
   LoadMode Mode = LoadMode::Overwrite;

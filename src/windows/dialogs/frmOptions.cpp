@@ -1,12 +1,13 @@
 #include "frmOptions.h"
 
+#include "CommandFrame.h"
 #include "DisplayState.h"
 #include "EditingState.h"
 #include "EventGuard.h"
-#include "FileState.h"
 #include "FormParts.h"
 #include "NumericKeyFilter.h"
-#include "frmMain.h"
+#include "RecentFiles.h"
+#include "WorkbenchState.h"
 #include "modOptions.h"
 
 #include <QCheckBox>
@@ -32,7 +33,7 @@ constexpr const char* CapacityNote =
 
 } // namespace
 
-frmOptions::frmOptions(frmMain& frame) : QDialog(&frame), Frame(frame) {
+frmOptions::frmOptions(CommandFrame& frame) : QDialog(&frame), Frame(frame) {
   setObjectName("frmOptions");
   setWindowTitle("Options");
   FillOptions();
@@ -68,7 +69,7 @@ QWidget* frmOptions::BuildGeneral() {
 }
 
 QWidget* frmOptions::BuildFileHandling() {
-  txtMaxFiles = AddField("txtMaxFiles", "Most files that the File menu lists, 1 to 20", TheOptions.txtMaxFiles);
+  txtMaxFiles = AddField("txtMaxFiles", "Most files that the File menu lists, 1 to 20", TheRecentFiles.txtMaxFiles);
   auto* frame = new QGroupBox("File Handling");
   auto* row = new QHBoxLayout(frame);
   row->addWidget(Caption("No of &files in most recently used list", txtMaxFiles));
@@ -186,7 +187,7 @@ void frmOptions::Apply() {
   TheOptions.ySpaceTxt = ySpaceTxt->text().toStdString();
   TheOptions.snapRtxt = snapRtxt->text().toStdString();
   TheOptions.snapSNtxt = snapSNtxt->text().toStdString();
-  TheOptions.txtMaxFiles = txtMaxFiles->text().toStdString();
+  TheRecentFiles.txtMaxFiles = txtMaxFiles->text().toStdString();
   TheDisplay.WidthByForce = widthChk->isChecked();
   TheDisplay.ShowLegend = legendChk->isChecked();
   Frame.Run(ApplyOptions);

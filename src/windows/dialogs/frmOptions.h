@@ -10,14 +10,14 @@ class QTabWidget;
 
 namespace strutwright {
 
-class frmMain;
+class CommandFrame;
 
 /// The options: the drawing grid, snapping to nodes, the capacity of the grids, the length of the recent files, and
 /// what the clear drawing shows.
 /// It opens with the settings in force.
 class frmOptions : public QDialog {
  public:
-  explicit frmOptions(frmMain& frame);
+  explicit frmOptions(CommandFrame& frame);
 
   /// What was not applied is forgotten when the dialog closes.
   void done(int result) override;
@@ -37,7 +37,7 @@ class frmOptions : public QDialog {
   void ShowNextPage();
   void Apply();
 
-  frmMain& Frame;
+  CommandFrame& Frame;
   QTabWidget* tbsOptions = nullptr;
   QLineEdit* xSpaceTxt = nullptr;
   QLineEdit* ySpaceTxt = nullptr;

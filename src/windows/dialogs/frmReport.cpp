@@ -1,8 +1,8 @@
 #include "frmReport.h"
 
+#include "CommandFrame.h"
 #include "EventGuard.h"
 #include "FormParts.h"
-#include "frmMain.h"
 #include "modReportDrawing.h"
 #include "modReportFiles.h"
 #include "modReportSheets.h"
@@ -51,7 +51,8 @@ QPalette PaperColours(QPalette palette) {
 
 } // namespace
 
-frmReport::frmReport(frmMain& frame, const std::function<void()>& renew) : QDialog(&frame, Qt::Window), Frame(frame) {
+frmReport::frmReport(CommandFrame& frame, const std::function<void()>& renew)
+    : QDialog(&frame, Qt::Window), Frame(frame) {
   setObjectName("frmReport");
   reportTxt = new ReportView;
   reportTxt->setObjectName("reportTxt");

@@ -12,14 +12,14 @@ class QTextBrowser;
 
 namespace strutwright {
 
-class frmMain;
+class CommandFrame;
 
 /// The results report, to read, save and print, in a window that leaves the others free.
 /// It shows the report of the moment at which it was asked for, and says so once the model is another one.
 class frmReport : public QDialog {
  public:
   /// renew: makes the report anew, as the menu does.
-  frmReport(frmMain& frame, const std::function<void()>& renew);
+  frmReport(CommandFrame& frame, const std::function<void()>& renew);
 
   /// Shows a report from its beginning.
   void ShowReport(Report report);
@@ -32,7 +32,7 @@ class frmReport : public QDialog {
   QPushButton* AddButton(const QString& name, const QString& caption, const QString& toolTip,
                          const std::function<void()>& command);
 
-  frmMain& Frame;
+  CommandFrame& Frame;
   Report Shown;
   QLabel* lblState = nullptr;
   QTextBrowser* reportTxt = nullptr;

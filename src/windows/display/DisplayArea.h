@@ -50,8 +50,8 @@ class DisplayListener {
   virtual bool ToolKeyPressed(const QKeyEvent& key) = 0;
 };
 
-/// The drawing area `Disp`: shows the picture that its surface keeps, and tells where the mouse is on it and which keys
-/// move the view or walk through the truss.  While it has the keyboard it has a frame.
+/// The drawing area `Disp`: shows the picture that its surface keeps, and reports where the mouse is on it and which
+/// keys move the view or walk through the truss.  While it has the keyboard it has a frame.
 class DisplayArea : public QWidget {
  public:
   DisplayArea(DisplayListener& listener, QWidget* parent);

@@ -17,7 +17,7 @@ namespace strutwright {
 
 namespace {
 
-constexpr float MostCopies = 1000;
+constexpr float MaxCopies = 1000;
 
 CopiedParts PartsOf(const Selection& selection) {
   return {{selection.nodes.begin(), selection.nodes.end()}, {selection.members.begin(), selection.members.end()}};
@@ -64,7 +64,7 @@ void frmGraph::AskForCopies() {
                     {"stepYTxt", "Step in &y (m)", "0"}});
   if (values.exec() != QDialog::Accepted) return;
   const std::vector<std::string> texts = values.Texts();
-  const auto count = static_cast<int>(std::clamp(NumericValue(texts[0]).value_or(0.0F), 0.0F, MostCopies));
+  const auto count = static_cast<int>(std::clamp(NumericValue(texts[0]).value_or(0.0F), 0.0F, MaxCopies));
   const double dx = NumberOfText(texts[1]);
   const double dy = NumberOfText(texts[2]);
   if (count == 0 || (dx == 0 && dy == 0)) {

@@ -20,7 +20,7 @@ class EquationModel : public QAbstractTableModel {
 
   EquationGrid Kind() const { return TheGrid; }
 
-  /// Tells the views that what is shown has changed.
+  /// Reports to the views that what is shown has changed.
   void Refresh();
 
   int rowCount(const QModelIndex& parent = {}) const override;

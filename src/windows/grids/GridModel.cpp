@@ -80,9 +80,9 @@ void GridModel::TakeCell(int row, int column) {
   Changed |= QRect(column, row, 1, 1);
 }
 
-void GridModel::customEvent(QEvent* /*event*/) { TellChanges(); }
+void GridModel::customEvent(QEvent* /*event*/) { ReportChanges(); }
 
-void GridModel::TellChanges() {
+void GridModel::ReportChanges() {
   // Rows may have gone since.
   const QRect cells = std::exchange(Changed, {}) & QRect(0, 0, Columns + 1, Rows + 1);
   const QRect data = cells & QRect(1, 1, Columns, Rows);

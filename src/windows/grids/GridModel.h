@@ -41,12 +41,12 @@ class GridModel : public QAbstractTableModel {
   void TakeRowCount(int rows);
   void TakeColumnCount(int columns);
   void TakeCell(int row, int column);
-  void TellChanges();
+  void ReportChanges();
 
   Grid& TheGrid;
   int Rows = 0; ///< data rows and columns as the views know them
   int Columns = 0;
-  QRect Changed; ///< of the grid's cells, what the views have not been told of
+  QRect Changed; ///< of the grid's cells, what has not been reported to the views
   bool Taking = false;
   std::function<void()> SelectionListener;
 };

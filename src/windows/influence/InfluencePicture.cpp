@@ -16,7 +16,7 @@ namespace strutwright {
 namespace {
 
 constexpr double PickPixels = 8;
-constexpr QSize LeastSize{320, 240};
+constexpr QSize MinSize{320, 240};
 
 } // namespace
 
@@ -27,7 +27,7 @@ InfluencePicture::InfluencePicture(InfluencePictureNotices notices, QWidget* par
   setAttribute(Qt::WA_OpaquePaintEvent);
   setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);
-  setMinimumSize(LeastSize);
+  setMinimumSize(MinSize);
 }
 
 void InfluencePicture::ShowShape(InfluenceShape shape) {

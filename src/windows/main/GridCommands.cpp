@@ -1,9 +1,9 @@
 #include "GridCommands.h"
 
+#include "CommandFrame.h"
 #include "ControlBoard.h"
 #include "EditingState.h"
 #include "EventGuard.h"
-#include "frmMain.h"
 #include "modModelStore.h"
 
 #include <array>
@@ -13,7 +13,7 @@
 
 namespace strutwright {
 
-GridCommands::GridCommands(frmMain& frame, ControlBoard& board) : Frame(frame), Board(board), Shown(&GrJoints) {
+GridCommands::GridCommands(CommandFrame& frame, ControlBoard& board) : Frame(frame), Board(board), Shown(&GrJoints) {
   BuildMenu();
   for (DataGridView* view : {Board.GrJointsView, Board.GrMembersView, Board.jResGrView, Board.mResGrView}) {
     view->SetMenuNotice([this, view](const QPoint& place) { OpenMenu(*view, place); });

@@ -11,13 +11,13 @@ namespace strutwright {
 
 class ControlBoard;
 class DataGridView;
-class frmMain;
+class CommandFrame;
 
 /// The commands on a grid: the menu `mnuGrid` that a right click opens, and their keys.  They work on the grid that is
 /// visible.
 class GridCommands {
  public:
-  GridCommands(frmMain& frame, ControlBoard& board);
+  GridCommands(CommandFrame& frame, ControlBoard& board);
 
   /// Makes a grid visible: 0 GrJoints, 1 GrMembers, 2 jResGr, 3 mResGr.
   void ShowGrid(std::size_t index);
@@ -31,7 +31,7 @@ class GridCommands {
   void EnableActions();
   void Run(GridCommand command);
 
-  frmMain& Frame;
+  CommandFrame& Frame;
   ControlBoard& Board;
   QMenu* mnuGrid = nullptr;
   Grid* Shown;

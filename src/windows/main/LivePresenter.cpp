@@ -15,8 +15,7 @@ namespace strutwright {
 
 namespace {
 
-constexpr double TimeForCheck = 6; // ms; what takes longer waits for the last of several events
-constexpr int Pause = 150;         // ms without an event
+constexpr int Pause = 150; // ms without an event
 
 } // namespace
 
@@ -75,7 +74,7 @@ void LivePresenter::FollowDrag() {
 void LivePresenter::Analyse() {
   AnalyseLive();
   Board.ShowTickedResults();
-  if (CheckTime > TimeForCheck) {
+  if (CheckTime > TheLive.checkTime) {
     CheckTimer.start(Pause);
   } else {
     Judge();

@@ -1,7 +1,7 @@
 #include "RecentFilesMenu.h"
 
-#include "FileState.h"
-#include "frmMain.h"
+#include "CommandFrame.h"
+#include "RecentFiles.h"
 #include "modFileCommands.h"
 
 #include <QTextDocument>
@@ -18,7 +18,7 @@ QString MenuText(const std::string& caption) {
 
 } // namespace
 
-RecentFilesMenu::RecentFilesMenu(QMenu& menu, QWidget& owner, frmMain& frame)
+RecentFilesMenu::RecentFilesMenu(QMenu& menu, QWidget& owner, CommandFrame& frame)
     : QObject(&menu), Menu(menu), Owner(owner), Frame(frame) {
   mnuBar3 = AddSeparator("mnuBar3");
   mnuBar4 = AddSeparator("mnuBar4");
@@ -32,8 +32,8 @@ QAction* RecentFilesMenu::AddSeparator(const QString& name) {
 }
 
 void RecentFilesMenu::Refresh() {
-  mnuBar3->setVisible(TheFiles.Recent.mnuBar3);
-  mnuBar4->setVisible(TheFiles.Recent.mnuBar4);
+  mnuBar3->setVisible(TheRecentFiles.mnuBar3);
+  mnuBar4->setVisible(TheRecentFiles.mnuBar4);
   const auto count = static_cast<qsizetype>(mnuRUF.size());
   while (Entries.size() < count) AddEntry();
   while (Entries.size() > count) RemoveEntry();

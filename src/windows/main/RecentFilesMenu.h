@@ -6,14 +6,14 @@
 
 namespace strutwright {
 
-class frmMain;
+class CommandFrame;
 
 /// The recent files in one File menu: an entry each, between two separators.
 class RecentFilesMenu : public QObject {
  public:
   /// Adds itself to the end of the menu, which owns it.
   /// owner: the child window, which the entries belong to.
-  RecentFilesMenu(QMenu& menu, QWidget& owner, frmMain& frame);
+  RecentFilesMenu(QMenu& menu, QWidget& owner, CommandFrame& frame);
 
   /// Shows the list as it is now.
   void Refresh();
@@ -25,7 +25,7 @@ class RecentFilesMenu : public QObject {
 
   QMenu& Menu;
   QWidget& Owner;
-  frmMain& Frame;
+  CommandFrame& Frame;
   QAction* mnuBar3 = nullptr;
   QAction* mnuBar4 = nullptr;
   QList<QAction*> Entries;

@@ -31,7 +31,7 @@ void RecoveryKeeper::KeepNow() {
   KeepRecovery();
 }
 
-void RecoveryKeeper::TellWhatWasLeft() {
+void RecoveryKeeper::ShowWhatWasLeft() {
   if (HasUnsavedModel()) ShowHint("A model was left unsaved: File > Restore Unsaved Model brings it back");
 }
 

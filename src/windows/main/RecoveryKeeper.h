@@ -18,7 +18,7 @@ class RecoveryKeeper {
   void KeepNow();
 
   /// Says in the status bar, at the start of the program, that the last run left something to restore.
-  static void TellWhatWasLeft();
+  static void ShowWhatWasLeft();
 
  private:
   void Tick();

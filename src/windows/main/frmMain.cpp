@@ -6,6 +6,7 @@
 #include "DisplayState.h"
 #include "EditingState.h"
 #include "EventGuard.h"
+#include "MainCentre.h"
 #include "MainStatusBar.h"
 #include "Menus.h"
 #include "Platform.h"
@@ -24,7 +25,6 @@
 #include "modKeepResults.h"
 #include "modLive.h"
 #include "modModelStore.h"
-#include "modMotionView.h"
 #include "modNumberText.h"
 #include "modOptions.h"
 #include "modOverprint.h"
@@ -32,7 +32,6 @@
 #include "modRunAnalysis.h"
 #include "modViewTransform.h"
 
-#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -42,13 +41,10 @@
 #include <QIcon>
 #include <QMdiSubWindow>
 #include <QMenuBar>
-#include <QPushButton>
 #include <QScreen>
 #include <QSettings>
 #include <QShortcut>
-#include <QSplitter>
 #include <QToolBar>
-#include <QVBoxLayout>
 
 /// The icons lie in a static library, which has to be asked for them, and outside of any namespace.
 static void LoadIcons() { Q_INIT_RESOURCE(icons); }
@@ -90,6 +86,7 @@ frmMain::frmMain() {
   Board = std::make_unique<BoardController>(*this, *CBpic, *Grids);
   Check = std::make_unique<CheckPresenter>(*this, *CBpic, *stsBar);
   Rows = std::make_unique<RowLink>(*this, *CBpic);
+  Truss = std::make_unique<TrussPresenter>(*StatusView, *Check, [this] { ShowDrawing(); });
   Live = std::make_unique<LivePresenter>(*this, *Board, *Check, *stsBar);
   Listener = std::make_unique<MainListener>(*this);
   ConnectKeys();
@@ -130,38 +127,11 @@ void frmMain::BuildToolBar() {
 }
 
 void frmMain::BuildCentre() {
-  auto* centre = new QWidget;
-  Centre = new QVBoxLayout(centre);
-  Centre->setContentsMargins(0, 0, 0, 0);
-  Centre->setSpacing(0);
-  BoardSplitter = new QSplitter(Qt::Vertical);
-  BoardSplitter->setObjectName("BoardSplitter");
-  Children = new ChildArea(BoardSplitter);
-  CBpic = new ControlBoard(BoardSplitter);
-  BoardSplitter->addWidget(Children);
-  BoardSplitter->addWidget(CBpic);
-  BoardSplitter->setChildrenCollapsible(false);
-  BoardSplitter->setStretchFactor(0, 1);
-  BoardSplitter->setStretchFactor(1, 0);
-  BuildStrip();
-  Centre->addWidget(BtnPic);
-  Centre->addWidget(BoardSplitter, 1);
-  setCentralWidget(centre);
-  OnSignal(CBpic->DBbtn, &QPushButton::clicked, this, [this] { Run([this] { HideBoard(); }); });
-  OnSignal(Children, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow* active) { ShowMenus(active); });
-}
-
-void frmMain::BuildStrip() {
-  BtnPic = new QWidget;
-  BtnPic->setObjectName("BtnPic");
-  auto* row = new QHBoxLayout(BtnPic);
-  row->setContentsMargins(0, 0, 0, 0);
-  auto* show = new QPushButton("^^ Contr&ol Board ^^");
-  show->setObjectName("maxCBbtn");
-  show->setToolTip("Shows the control board again");
-  row->addWidget(show, 1);
-  BtnPic->hide();
-  OnSignal(show, &QPushButton::clicked, this, [this] { Run([this] { ShowBoard(); }); });
+  Centre = new MainCentre(*this, [this](bool zoomToExtents) { Redraw(zoomToExtents); });
+  CBpic = &Centre->Board();
+  setCentralWidget(Centre);
+  OnSignal(&Centre->Children(), &QMdiArea::subWindowActivated, this,
+           [this](QMdiSubWindow* active) { ShowMenus(active); });
 }
 
 /// Keys that stand in the captions of their menu entries and not in the menu's own column of keys.
@@ -212,9 +182,9 @@ void frmMain::MDIForm_Load() {
   TakeOptions();
   initGrids();
   Equations = new frmEquations(*this);
-  EquationsWindow = Children->AddChild(*Equations, EquationsShare);
+  EquationsWindow = Centre->Children().AddChild(*Equations, EquationsShare);
   Graph = new frmGraph(*this, *stsBar);
-  GraphWindow = Children->AddChild(*Graph, DisplayShare);
+  GraphWindow = Centre->Children().AddChild(*Graph, DisplayShare);
   ActivateDisplay();
   Graph->Load();
   DisplaySurface = &Graph->Surface();
@@ -222,7 +192,7 @@ void frmMain::MDIForm_Load() {
   ShowStatusTexts();
   Live->ShowState();
   Redraw(false);
-  RecoveryKeeper::TellWhatWasLeft();
+  RecoveryKeeper::ShowWhatWasLeft();
 }
 
 void frmMain::runAnalysis() {
@@ -292,12 +262,6 @@ void frmMain::AddMember(std::int16_t i, std::int16_t j) { strutwright::AddMember
 
 void frmMain::resultGrids() { strutwright::resultGrids(); }
 
-void frmMain::ZoomOut() {
-  if (DisplaySurface == nullptr) return;
-  EnlargeWindow(*DisplaySurface);
-  Redraw(false);
-}
-
 void frmMain::ReleaseCommands() {
   Holds = false;
   for (const auto& command : std::exchange(Waiting, {})) Run(command);
@@ -365,9 +329,9 @@ std::string frmMain::ModelName() const { return Caption == ProgramTitle ? "Untit
 
 void frmMain::ShowOptions() { frmOptions(*this).exec(); }
 
-void frmMain::ActivateDisplay() { Children->setActiveSubWindow(GraphWindow); }
+void frmMain::ActivateDisplay() { Centre->Children().setActiveSubWindow(GraphWindow); }
 
-void frmMain::ActivateEquations() { Children->setActiveSubWindow(EquationsWindow); }
+void frmMain::ActivateEquations() { Centre->Children().setActiveSubWindow(EquationsWindow); }
 
 void frmMain::ShowCheck() { Check->Open(EquationsWindow->mapToGlobal(QPoint(0, 0))); }
 
@@ -406,24 +370,6 @@ void frmMain::OfferRigidityOnDrawing() {
   if (without && !TheEditing.rigidityFromBoard) stsBar->OfferRigidity();
 }
 
-void frmMain::Redraw(bool zoomToExtents) {
-  if (IsWorking()) return;
-  RedrawDisplay(DisplaySurface, zoomToExtents);
-  ShowDrawing();
-}
-
-void frmMain::RedrawWhatCanBeDrawn(bool zoomToExtents) {
-  if (IsWorking()) return;
-  std::vector<std::string> failures;
-  RedrawDisplay(DisplaySurface, zoomToExtents, [&failures](const std::string& text) { failures.push_back(text); });
-  ShowDrawing();
-  // Where there is a gap in the grids it is the reason, and the note on it says more.
-  if (failures.empty() || !RowGapText().empty()) return;
-  std::string hint = failures.front();
-  std::replace(hint.begin(), hint.end(), '\n', ' ');
-  ShowHint(hint);
-}
-
 /// Every step that changes a text of the grids comes here, undone ones too.
 void frmMain::ShowEntryNote() {
   std::string note = RowGapText();
@@ -435,27 +381,11 @@ void frmMain::ShowEntryNote() {
 }
 
 void frmMain::SavePicture() {
-  savePicture([this](const std::string& path) { WritePicture(path); });
-}
-
-/// A highlight tells the user what is being talked about; the picture is of the truss.
-void frmMain::WritePicture(const std::string& path) {
-  if (!Check->HasHighlight()) return DisplaySurface->SavePicture(path);
-  RedrawDisplay(DisplaySurface, false, [](const std::string& /*failure*/) {});
-  DrawShownMotion(*DisplaySurface);
-  try {
-    DisplaySurface->SavePicture(path);
-  } catch (...) {
-    RedrawWhatCanBeDrawn(false);
-    throw;
-  }
-  RedrawWhatCanBeDrawn(false);
+  savePicture([this](const std::string& path) { Truss->WritePicture(path); });
 }
 
 /// Puts the truss on screen as it has been drawn, and what depends on the model with it.
 void frmMain::ShowDrawing() {
-  Check->Follow();
-  Check->Draw();
   if (Graph != nullptr) {
     Graph->DrawSelected();
     Graph->ShowDrawing();
@@ -469,29 +399,11 @@ void frmMain::MarkElements(std::vector<Element> elements) {
   if (Graph != nullptr && !Ending) Graph->Mark(std::move(elements));
 }
 
-void frmMain::HideBoard() {
-  CBpic->hide();
-  Centre->removeWidget(BtnPic);
-  Centre->addWidget(BtnPic);
-  BtnPic->show();
-  Redraw(false);
-}
-
-void frmMain::ShowBoard() {
-  CBpic->show();
-  BtnPic->hide();
-  Centre->removeWidget(BtnPic);
-  Centre->insertWidget(0, BtnPic);
-  // The drawing is framed in the room that the board leaves it.
-  QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
-  Redraw(true);
-}
-
 /// Where the place is not known, or the file says nothing of use, the frame stays as it is.
 void frmMain::RestorePlace() {
   const QSettings place(PlaceFile(), QSettings::IniFormat);
   restoreGeometry(place.value("geometry").toByteArray());
-  BoardSplitter->restoreState(place.value("board").toByteArray());
+  Centre->TakeShares(place.value("board").toByteArray());
   TheDisplay.WidthByForce = place.value("widthByForce", TheDisplay.WidthByForce).toBool();
   TheDisplay.ShowLegend = place.value("legend", TheDisplay.ShowLegend).toBool();
   CBpic->clearChk->setChecked(place.value("clear").toBool());
@@ -504,7 +416,7 @@ void frmMain::SavePlace() {
   Files().CreateFolder(DataFolder());
   QSettings place(PlaceFile(), QSettings::IniFormat);
   place.setValue("geometry", saveGeometry());
-  place.setValue("board", BoardSplitter->saveState());
+  place.setValue("board", Centre->Shares());
   place.setValue("clear", CBpic->clearChk->isChecked());
   place.setValue("widthByForce", TheDisplay.WidthByForce);
   place.setValue("legend", TheDisplay.ShowLegend);

@@ -2,6 +2,7 @@
 
 #include "BoardController.h"
 #include "CheckPresenter.h"
+#include "CommandFrame.h"
 #include "EditHistory.h"
 #include "GridCommands.h"
 #include "LivePresenter.h"
@@ -9,6 +10,7 @@
 #include "MainStatusBar.h"
 #include "RecoveryKeeper.h"
 #include "RowLink.h"
+#include "TrussPresenter.h"
 #include "modCheck.h"
 
 #include <cstdint>
@@ -16,26 +18,22 @@
 #include <memory>
 #include <vector>
 
-#include <QMainWindow>
-
 class QMdiSubWindow;
 class QMenu;
-class QSplitter;
-class QVBoxLayout;
 
 namespace strutwright {
 
-class ChildArea;
 class frmEquations;
 class frmGraph;
 class frmInfluence;
+class MainCentre;
 class frmVary;
 class MenuBuilder;
 class RecentFilesMenu;
 
 /// The main frame: it lays out tool bar, status bar, control board and the two child windows, and hands on what they
 /// are asked for to those who do it.
-class frmMain : public QMainWindow {
+class frmMain : public CommandFrame {
  public:
   frmMain();
   ~frmMain() override;
@@ -73,14 +71,10 @@ class frmMain : public QMainWindow {
   void resultGrids();
 
   /// Makes the window 1.25 times as wide and high.
-  void ZoomOut();
+  void ZoomOut() { Truss->ZoomOut(); }
 
-  /// Runs a command inside the guard, after it has taken a pending edit of a cell.
-  void Run(const std::function<void()>& command);
-
-  /// Runs a command that may change the model, as one step that can be undone.
-  /// what: its name, as in "Undo Paste".
-  void Edit(const QString& what, const std::function<void()>& command);
+  void Run(const std::function<void()>& command) override;
+  void Edit(const QString& what, const std::function<void()>& command) override;
 
   /// Runs one of the commands that begin an empty model, and leaves the keyboard where its first node is typed.
   void BeginNewModel(void (*command)());
@@ -127,7 +121,7 @@ class frmMain : public QMainWindow {
   void FitArrows() { Board->FitArrows(); }
 
   /// Draws the truss again; what can't be drawn is said in the status bar and not in a box.
-  void RedrawWhatCanBeDrawn(bool zoomToExtents);
+  void RedrawWhatCanBeDrawn(bool zoomToExtents) { Truss->RedrawWhatCanBeDrawn(zoomToExtents); }
 
   /// Draws the truss with member m, which the stiffness equations have just added, highlighted until the model changes
   /// or is analysed; 0: without that highlight.
@@ -190,9 +184,8 @@ class frmMain : public QMainWindow {
   /// Opens the window of the influence lines, or brings it to the front, on the model as it stands in the grids.
   void ShowInfluence();
 
-  /// Draws the truss.  zoomToExtents: frame the whole model first.
-  /// While long work changes the results there is nothing to draw; whoever works draws when it is done.
-  void Redraw(bool zoomToExtents);
+  /// Draws the truss, unless long work is changing the results.  zoomToExtents: frame the whole model first.
+  void Redraw(bool zoomToExtents) { Truss->Redraw(zoomToExtents); }
 
   /// Long work shows its progress.
   bool IsWorking() const { return StatusView->IsWorking(); }
@@ -218,23 +211,16 @@ class frmMain : public QMainWindow {
  private:
   void BuildToolBar();
   void BuildCentre();
-  void BuildStrip();
   void ConnectKeys();
   void ShowMenus(QMdiSubWindow* active);
   void SavePlace();
   void ShowDrawing();
-  void WritePicture(const std::string& path);
   void Analyse();
   void TakeRigidityFromBoard();
-  void HideBoard();
-  void ShowBoard();
 
   MainStatusBar* stsBar = nullptr;
-  ControlBoard* CBpic = nullptr;
-  ChildArea* Children = nullptr;
-  QWidget* BtnPic = nullptr; ///< the strip that brings the hidden board back
-  QVBoxLayout* Centre = nullptr;
-  QSplitter* BoardSplitter = nullptr;
+  MainCentre* Centre = nullptr;
+  ControlBoard* CBpic = nullptr;     ///< of the centre
   frmGraph* Graph = nullptr;         ///< nullptr until MDIForm_Load
   frmEquations* Equations = nullptr; ///< likewise
   frmInfluence* Influence = nullptr; ///< nullptr until it is first asked for
@@ -252,6 +238,7 @@ class frmMain : public QMainWindow {
   std::unique_ptr<BoardController> Board;
   std::unique_ptr<CheckPresenter> Check;
   std::unique_ptr<RowLink> Rows;
+  std::unique_ptr<TrussPresenter> Truss;
   std::unique_ptr<LivePresenter> Live;
   std::unique_ptr<MainListener> Listener;
   bool Ending = false;

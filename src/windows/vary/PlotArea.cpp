@@ -10,7 +10,7 @@ namespace strutwright {
 
 namespace {
 
-constexpr QSize LeastPlot{300, 200};
+constexpr QSize MinPlot{300, 200};
 
 } // namespace
 
@@ -19,7 +19,7 @@ PlotArea::PlotArea(QWidget* parent) : QWidget(parent), Surface(width(), height()
   setAccessibleName("Plot of the result");
   setToolTip("The result over the range of the slider; the dot shows where the slider stands");
   setAttribute(Qt::WA_OpaquePaintEvent);
-  setMinimumSize(LeastPlot);
+  setMinimumSize(MinPlot);
 }
 
 void PlotArea::ShowPlot(Plot plot) {

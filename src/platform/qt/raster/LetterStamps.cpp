@@ -66,8 +66,8 @@ QImage Blank(const QFontMetricsF& metrics, const QString& letter, double ratio) 
   return blank;
 }
 
-/// Leaves less than a quarter of a pixel at its edge, so that a dense picture has few pixels that a hundred things
-/// shine through.
+/// Leaves less than a quarter of a pixel at its edge, so that a dense picture has few pixels through which a hundred
+/// things shine.
 void Harden(QImage& halo) {
   constexpr int Quarter = 64;
   for (int y = 0; y < halo.height(); ++y) {

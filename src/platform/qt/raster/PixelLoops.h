@@ -60,7 +60,7 @@ struct Area {
 /// The rows of a stamp one after the other.
 struct StampRows {
   const std::uint32_t* ink;
-  const std::uint32_t* shine;
+  const std::uint32_t* transparency;
   int width; ///< a multiple of MinWidth
   int count;
 };

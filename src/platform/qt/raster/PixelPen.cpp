@@ -44,7 +44,7 @@ Stamp::Stamp(const QImage& ink) {
       const QRgb pixel = x < InkWidth ? row[Left + x] : 0;
       Ink.push_back(pixel);
       const auto through = static_cast<std::uint32_t>(255 - qAlpha(pixel));
-      Shine.push_back((through + (through >> 7)) * 0x10001U); // 255 becomes 256
+      Transparency.push_back((through + (through >> 7)) * 0x10001U); // 255 becomes 256
     }
   }
   if (Width > Cover::RowLength) return;
@@ -75,7 +75,7 @@ void Stamp::CopyTo(const Pixels& ground, int x, int y) const {
   const int last = std::min(Height, ground.height - y);
   if (first >= last) return;
   const std::size_t at = static_cast<std::size_t>(first) * static_cast<std::size_t>(Width);
-  const StampRows rows{&Ink[at], &Shine[at], Width, last - first};
+  const StampRows rows{&Ink[at], &Transparency[at], Width, last - first};
   if (x >= 0 && x + Width <= ground.width) {
     ground.loops->copyRows(ground, x, y + first, rows);
   } else {

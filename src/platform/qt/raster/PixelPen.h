@@ -42,9 +42,9 @@ class Stamp {
   int InkWidth = 0;
   int Width = 0; ///< that, filled up to a multiple of what the processor takes at a time
   int Height = 0;
-  std::vector<std::uint32_t> Ink;   ///< premultiplied
-  std::vector<std::uint32_t> Shine; ///< of the ground through the ink, of 256, in either half
-  std::vector<std::uint64_t> Seen;  ///< the pixels that are not transparent; empty where a row is too long for a Cover
+  std::vector<std::uint32_t> Ink;          ///< premultiplied
+  std::vector<std::uint32_t> Transparency; ///< of the ground through the ink, of 256, in either half
+  std::vector<std::uint64_t> Seen; ///< the pixels that are not transparent; empty where a row is too long for a Cover
   std::vector<std::uint64_t> Opaque;
 };
 
