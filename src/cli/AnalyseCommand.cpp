@@ -233,7 +233,7 @@ int Document(ModelSession& session, Result result, const AnalyseRequest& request
   const std::string file = NameFor(session, "report", request.report, names);
   try {
     EnsureApplication();
-    WriteReport(MakeReport(ValidText(LastComponent(session.File()))), file);
+    WriteReport(MakeReport(ValidText(LastComponent(session.File())), request.picture.style), file);
   } catch (const FileError& error) {
     session.Report("Error while saving file " + file + "\n" + error.what());
     return ExitUsage;

@@ -105,13 +105,14 @@ void AddPictureFile(CLI::App& command, PictureRequest& picture, const char* help
 }
 
 void AddPicture(CLI::App& command, PictureRequest& picture) {
-  AddPictureFile(command, picture, "Also draw each model with its results: .png, .svg, otherwise a bitmap");
+  AddPictureFile(command, picture,
+                 "Also draw each model with its results: .png, .svg, .tex for TikZ, otherwise a bitmap");
   AddPictureOption(command, picture, "--layers", "What the picture shows; everything unless told", PictureLayers,
                    LayersFault);
-  AddPictureOption(command, picture, "--style",
-                   "How the picture is drawn: clear, so that no label stands on another, or described, in metres of "
-                   "the truss; clear unless told",
-                   "clear,described", StyleFault);
+  AddChecked(command, "--style",
+             "How picture and report are drawn: clear, so that no label stands on another, or described, in metres of "
+             "the truss; clear unless told",
+             "clear,described", [&picture](const std::string& name) { return StyleFault(picture, name); });
   AddPictureOption(command, picture, "--deflection-scale",
                    "Of the deflected shape, in mm drawn per mm; 100 unless told", "NUMBER", ScaleFault);
 }
@@ -129,7 +130,9 @@ void AddAnalyse(CLI::App& program, Request& request) {
         return IsNameOfReport(name) ? "" : "\"" + name + "\" does not end in .pdf or .html";
       })
       ->type_name("FILE");
-  command.callback([&request] {
+  command.callback([&request, &command] {
+    const bool draws = !request.analysis.picture.file.empty() || !request.analysis.report.empty();
+    if (command.count("--style") > 0 && !draws) throw CLI::RequiresError("--style", "--picture or --report");
     if (AreOneFile(request.analysis.report, request.analysis.picture.file)) {
       throw CLI::ValidationError("--report", "the picture has the same name");
     }
@@ -211,7 +214,7 @@ void AddInfluence(CLI::App& program, Request& request) {
       ->type_name("AXLES");
   AddFormat(command, request);
   AddPictureFile(command, request.influence.picture,
-                 "Also draw the truss with the line below: .png, .svg, otherwise a bitmap");
+                 "Also draw the truss with the line below: .png, .svg, .tex for TikZ, otherwise a bitmap");
   command.callback([&request] {
     request.command = [&request](std::istream& in, std::ostream& out, std::ostream& err) {
       request.influence.format = FormatNamed(request.format);

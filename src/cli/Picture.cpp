@@ -2,9 +2,11 @@
 
 #include "ClearFraming.h"
 #include "QtDrawingSurface.h"
+#include "TikzSurface.h"
 #include "modRedraw.h"
 #include "modViewTransform.h"
 
+#include <functional>
 #include <map>
 #include <regex>
 #include <sstream>
@@ -26,6 +28,17 @@ std::map<std::string, bool*> LayerSwitches(PictureRequest& request) {
           {"grid", &request.layers.grid},         {"members", &request.layers.memberNumbers},
           {"nodes", &request.layers.nodeNumbers}, {"reactions", &request.reactions},
           {"forces", &request.memberForces},      {"deflected", &request.deflectedShape}};
+}
+
+/// Has a picture drawn and written: as TikZ for ".tex", otherwise as the surface saves it.
+void DrawInto(QtDrawingSurface& surface, const std::string& file, const std::function<void(DrawingSurface&)>& draw) {
+  if (!file.ends_with(".tex")) {
+    draw(surface);
+    return surface.SavePicture(file);
+  }
+  TikzSurface tikz(surface);
+  draw(tikz);
+  tikz.SavePicture(file);
 }
 
 } // namespace
@@ -83,8 +96,7 @@ void MakePicture(const PictureRequest& request, const std::string& file, bool an
   if (request.style == DrawingStyle::Clear) {
     view.loadsScale = ScaleOfArrowsOn(surface, SettingsOf(view)).value_or(view.loadsScale);
   }
-  Draw(surface, view);
-  surface.SavePicture(file);
+  DrawInto(surface, file, [&view](DrawingSurface& target) { Draw(target, view); });
 }
 
 void MakeInfluencePicture(const PictureRequest& request, const InfluenceShape& shape) {
@@ -92,13 +104,15 @@ void MakeInfluencePicture(const PictureRequest& request, const InfluenceShape& s
   QtDrawingSurface surface(request.width, request.height);
   surface.SetWindow(FrameInfluence(surface, shape));
   const ReadableNumbers readable = NumbersWithRoom(surface);
-  Draw(surface,
-       {.layers = {.loads = false, .grid = false, .memberNumbers = readable.ofMembers, .nodeNumbers = readable.ofNodes},
-        .extents = ExtentsOfModel(1),
-        .style = request.style,
-        .legend = false});
-  DrawInfluence(surface, shape, request.style);
-  surface.SavePicture(request.file);
+  const TrussView view{
+      .layers = {.loads = false, .grid = false, .memberNumbers = readable.ofMembers, .nodeNumbers = readable.ofNodes},
+      .extents = ExtentsOfModel(1),
+      .style = request.style,
+      .legend = false};
+  DrawInto(surface, request.file, [&](DrawingSurface& target) {
+    Draw(target, view);
+    DrawInfluence(target, shape, request.style);
+  });
 }
 
 } // namespace strutwright

@@ -10,7 +10,7 @@ namespace strutwright {
 
 /// The picture that a command makes of each model.
 struct PictureRequest {
-  std::string file; ///< where to; no picture is made where it is empty
+  std::string file; ///< where to, .tex for TikZ; no picture is made where it is empty
   int width = 1024; ///< pixels
   int height = 768; ///< pixels
   ModelLayers layers;

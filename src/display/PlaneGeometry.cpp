@@ -16,6 +16,17 @@ bool IsPartedBy(PixelPoint axis, const TurnedBox& a, const TurnedBox& b) {
   return std::fabs(Dot(axis, b.centre - a.centre)) >= half(a) + half(b);
 }
 
+/// Narrows the part of a line, from 0 to 1, to where offset + part * slope is not negative.
+void NarrowPart(double offset, double slope, double& first, double& last) {
+  if (slope > 0) {
+    first = std::max(first, -offset / slope);
+  } else if (slope < 0) {
+    last = std::min(last, -offset / slope);
+  } else if (!(offset >= 0)) {
+    last = -1;
+  }
+}
+
 } // namespace
 
 void Bounds::Take(PixelPoint point) { Take(Bounds{point.x, point.y, point.x, point.y}); }
@@ -42,6 +53,18 @@ double DistanceToLine(PixelPoint point, PixelPoint from, PixelPoint to) {
   const double square = Dot(line, line);
   const double part = square > 0 ? std::clamp(Dot(point - from, line) / square, 0.0, 1.0) : 0;
   return LengthOf(point - (from + part * line));
+}
+
+std::optional<PixelLineEnds> PartWithin(const Bounds& area, PixelPoint from, PixelPoint to) {
+  const PixelPoint way = to - from;
+  double first = 0;
+  double last = 1;
+  NarrowPart(from.x - area.left, way.x, first, last);
+  NarrowPart(area.right - from.x, -way.x, first, last);
+  NarrowPart(from.y - area.top, way.y, first, last);
+  NarrowPart(area.bottom - from.y, -way.y, first, last);
+  if (!(first <= last)) return std::nullopt;
+  return PixelLineEnds{from + first * way, from + last * way};
 }
 
 TurnedBox StripOf(PixelPoint from, PixelPoint to, double width) {

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cmath>
+#include <optional>
 
 namespace strutwright {
 
@@ -51,6 +52,15 @@ constexpr PixelPoint LeftOf(PixelPoint direction) { return {direction.y, -direct
 
 /// From a point to the nearest point of a line between two.
 double DistanceToLine(PixelPoint point, PixelPoint from, PixelPoint to);
+
+/// A line from one point to another.
+struct PixelLineEnds {
+  PixelPoint from;
+  PixelPoint to;
+};
+
+/// The part of a line that lies in a rectangle; nothing where none does.
+std::optional<PixelLineEnds> PartWithin(const Bounds& area, PixelPoint from, PixelPoint to);
 
 /// The strip of a line of this width.
 TurnedBox StripOf(PixelPoint from, PixelPoint to, double width);

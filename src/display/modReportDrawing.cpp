@@ -47,16 +47,6 @@ struct Box {
   double Size() const { return std::max(Width(), Height()); }
 };
 
-/// The largest of 1, 2 and 5 times a power of ten that is not above a value; 1 where there is none.
-double RoundScale(double value) {
-  if (!(value > 0) || !std::isfinite(value)) return 1;
-  const double power = std::pow(10.0, std::floor(std::log10(value)));
-  for (const double step : {5.0, 2.0}) {
-    if (step * power <= value) return step * power;
-  }
-  return power;
-}
-
 /// The two forces at a node that are drawn as arrows: the load and, where a support holds the node, the reaction.
 double LargestForceX(int n) {
   const float code = NodeTable(n, NodeSupport);
@@ -142,6 +132,15 @@ double DrawnLength(const ReportFrame& frame) {
 }
 
 } // namespace
+
+double RoundScale(double value) {
+  if (!(value > 0) || !std::isfinite(value)) return 1;
+  const double power = std::pow(10.0, std::floor(std::log10(value)));
+  for (const double step : {5.0, 2.0}) {
+    if (step * power <= value) return step * power;
+  }
+  return power;
+}
 
 ReportFrame FrameReport() {
   ReportFrame frame;

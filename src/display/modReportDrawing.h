@@ -7,6 +7,9 @@ namespace strutwright {
 /// Logical pixels from edge to edge of a report's page; a large drawing is shown smaller than it was made.
 inline constexpr int ReportWidth = 640;
 
+/// The largest of 1, 2 and 5 times a power of ten that is not above a value; 1 where there is none.
+double RoundScale(double value);
+
 /// How the drawing of a report is framed.  It depends on the model and its results alone, not on what the display
 /// shows at the moment.
 struct ReportFrame {

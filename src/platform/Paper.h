@@ -11,6 +11,7 @@ namespace strutwright {
 struct PaperDocument {
   std::string title; ///< plain text, UTF-8
   std::string html;
+  bool landscape = false; ///< its pages lie on their side
 };
 
 /// Makes documents without a desktop: the same on every screen.  Each routine throws FileError when it fails.
@@ -22,7 +23,7 @@ class Paper {
   /// for print.
   virtual std::string Picture(int width, int height, const std::function<void(DrawingSurface&)>& draw) = 0;
 
-  /// The bytes of a PDF file: pages of A4, numbered.
+  /// The bytes of a PDF file: pages of A4, upright or on their side, numbered.
   virtual std::string Pdf(const PaperDocument& document) = 0;
 };
 

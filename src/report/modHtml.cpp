@@ -22,6 +22,8 @@ td, th { padding-left: 8px; padding-right: 8px; padding-top: 1px; padding-bottom
 </style>
 )";
 
+constexpr const char* LandscapeStyle = "<style>@page { size: A4 landscape; }</style>\n";
+
 // Every other row is shaded: thin lines come out uneven on paper.
 constexpr std::string_view TableStart = "<table border=\"0\" cellspacing=\"0\">";
 constexpr std::string_view HeadingsStart = "<tr bgcolor=\"#dde3e9\">";
@@ -137,9 +139,10 @@ std::string HtmlPicture(const std::string& png, int width, int height) {
          "\" src=\"data:image/png;base64," + Base64(png) + "\"></p>\n";
 }
 
-std::string HtmlPage(const std::string& title, const std::string& body) {
+std::string HtmlPage(const std::string& title, bool landscape, const std::string& body) {
   return "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n<title>" + Escaped(title) +
-         "</title>\n" + std::string(Style) + "</head>\n<body>\n" + body + "</body>\n</html>\n";
+         "</title>\n" + std::string(Style) + (landscape ? LandscapeStyle : "") + "</head>\n<body>\n" + body +
+         "</body>\n</html>\n";
 }
 
 } // namespace strutwright

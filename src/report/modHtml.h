@@ -34,7 +34,7 @@ std::string HtmlList(const std::vector<std::string>& lines);
 /// A PNG picture that lies in the document.
 std::string HtmlPicture(const std::string& png, int width, int height);
 
-/// The whole document.  body: HTML.
-std::string HtmlPage(const std::string& title, const std::string& body);
+/// The whole document.  landscape: printed pages lie on their side.  body: HTML.
+std::string HtmlPage(const std::string& title, bool landscape, const std::string& body);
 
 } // namespace strutwright

@@ -23,6 +23,21 @@ bool BelongsInEquations(int m) {
   return MemberTable(m, MemberE) >= 0 && MemberTable(m, MemberA) >= 0 && MemberLength(m) > 0;
 }
 
+void DrawSheets(ReportParts& parts) {
+  parts.sheets = LayOutSheets();
+  ClearMemory memory;
+  for (std::size_t index = 0; index < parts.sheets.sheets.size(); ++index) {
+    const auto draw = [&](DrawingSurface& surface) { DrawSheet(surface, parts.sheets, index, memory); };
+    parts.pictures.push_back(ThePaper().Picture(parts.sheets.width, parts.sheets.height, draw));
+  }
+}
+
+void DrawDescribed(ReportParts& parts) {
+  parts.frame = FrameReport();
+  const auto draw = [&parts](DrawingSurface& surface) { DrawReport(surface, parts.frame); };
+  parts.pictures.push_back(ThePaper().Picture(parts.frame.width, parts.frame.height, draw));
+}
+
 } // namespace
 
 /// The analysis keeps the length of every member that has a place in the equations.
@@ -36,20 +51,24 @@ bool HasResultsToReport() {
   return !expected;
 }
 
-Report MakeReport(const std::string& name) {
+Report MakeReport(const std::string& name, DrawingStyle style) {
   Ensure(HasResultsToReport(), "a report is made of results");
   ReportParts parts;
   parts.name = name;
   parts.date = ThePlatform().today();
-  parts.frame = FrameReport();
-  parts.picture = ThePaper().Picture(parts.frame.width, parts.frame.height,
-                                     [&parts](DrawingSurface& surface) { DrawReport(surface, parts.frame); });
+  parts.style = style;
+  if (style == DrawingStyle::Clear) {
+    DrawSheets(parts);
+  } else {
+    DrawDescribed(parts);
+  }
   try {
     parts.check = CheckAnswer(LastOutcome());
   } catch (const std::exception& failure) {
     parts.checkFailure = failure.what(); // the results are there all the same
   }
-  return {{ReportTitle(parts.name), ReportHtml(parts)}, name, CurrentFileName, parts.date, EnteredModel()};
+  const bool landscape = style == DrawingStyle::Clear && parts.sheets.landscape;
+  return {{ReportTitle(parts.name), ReportHtml(parts), landscape}, name, CurrentFileName, parts.date, EnteredModel()};
 }
 
 bool IsUpToDate(const Report& report) { return EnteredModel() == report.model; }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Paper.h"
+#include "TrussView.h"
 
 #include <string>
 
@@ -20,8 +21,8 @@ struct Report {
 bool HasResultsToReport();
 
 /// The report of the model in the tables.  There must be results.  Throws FileError where the drawing can't be made.
-/// name: what a user calls the model.
-Report MakeReport(const std::string& name);
+/// name: what a user calls the model.  style: of its drawing.
+Report MakeReport(const std::string& name, DrawingStyle style = DrawingStyle::Clear);
 
 /// Whether the model in the grids is still the one that was reported.
 bool IsUpToDate(const Report& report);

@@ -103,9 +103,36 @@ std::string Legend(const ReportFrame& frame) {
   return legend;
 }
 
+std::string ClearLegendText(const ReportSheets& sheets) {
+  return "Forces in kN stand beside their members: T is tension, blue; C is compression, drawn as two lines; 0 is a "
+         "member without force, thin and grey. Members are wider the larger their force. Loads are black arrows, "
+         "reactions green ones. The dashed line is the deflected shape, its displacements drawn " +
+         NumberText(sheets.deflectionScale) + " times as large.";
+}
+
+/// What a part of a long truss shows, such as "Part 1 of 3: x from 0.0 to 24.5 m".
+std::string PartText(const ReportSheets& sheets, std::size_t index) {
+  const ReportSheet& sheet = sheets.sheets[index];
+  const auto metres = [](double value) { return FormatNumber(static_cast<float>(value), "0.0#"); };
+  return "Part " + std::to_string(index + 1) + " of " + std::to_string(sheets.sheets.size()) +
+         (sheets.upwards ? ": y" : ": x") + " from " + metres(sheet.from) + " to " + metres(sheet.to) + " m";
+}
+
+std::string SheetsHtml(const ReportParts& parts) {
+  const ReportSheets& sheets = parts.sheets;
+  std::string html;
+  for (std::size_t index = 0; index < parts.pictures.size(); ++index) {
+    if (parts.pictures.size() > 1) html += HtmlHeading(3, PartText(sheets, index));
+    html += HtmlPicture(parts.pictures[index], sheets.width, sheets.height);
+  }
+  return html + HtmlParagraph(ClearLegendText(sheets));
+}
+
 std::string DrawingSection(const ReportParts& parts) {
+  if (parts.style == DrawingStyle::Clear) return HtmlHeading(2, "Drawing") + SheetsHtml(parts);
   const ReportFrame& frame = parts.frame;
-  return HtmlHeading(2, "Drawing") + HtmlPicture(parts.picture, ReportWidth, frame.height * ReportWidth / frame.width) +
+  return HtmlHeading(2, "Drawing") +
+         HtmlPicture(parts.pictures.front(), ReportWidth, frame.height * ReportWidth / frame.width) +
          HtmlParagraph(Legend(frame));
 }
 
@@ -196,8 +223,10 @@ std::string CheckSection(const ReportParts& parts) {
 std::string ReportTitle(const std::string& name) { return "Truss report: " + name; }
 
 std::string ReportHtml(const ReportParts& parts) {
-  return HtmlPage(ReportTitle(parts.name), Head(parts) + ModelSection() + DrawingSection(parts) +
-                                               ResultsSection(parts) + ExplanationSections() + CheckSection(parts));
+  const bool landscape = parts.style == DrawingStyle::Clear && parts.sheets.landscape;
+  return HtmlPage(ReportTitle(parts.name), landscape,
+                  Head(parts) + ModelSection() + DrawingSection(parts) + ResultsSection(parts) + ExplanationSections() +
+                      CheckSection(parts));
 }
 
 } // namespace strutwright

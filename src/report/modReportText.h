@@ -2,19 +2,23 @@
 
 #include "CheckReport.h"
 #include "modReportDrawing.h"
+#include "modReportSheets.h"
 
 #include <array>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace strutwright {
 
 /// What a report needs besides the model in the tables and its results.
 struct ReportParts {
-  std::string name;    ///< of the model, as a user calls it; UTF-8
-  std::string date;    ///< "2026-11-21"
-  std::string picture; ///< PNG of DrawReport
-  ReportFrame frame;   ///< that it was drawn with
+  std::string name; ///< of the model, as a user calls it; UTF-8
+  std::string date; ///< "2026-11-21"
+  DrawingStyle style = DrawingStyle::Clear;
+  std::vector<std::string> pictures; ///< PNG of DrawReport, or of each sheet of the clear drawing
+  ReportFrame frame;                 ///< of the described drawing
+  ReportSheets sheets;               ///< of the clear one
   CheckReport check;
   std::string checkFailure; ///< why there is no check; empty where there is one
 };

@@ -55,6 +55,9 @@ TEST_F(PictureTest, IsMadeBesidesTheResults) {
 }
 
 TEST_F(PictureTest, HasTheFormatOfItsName) {
+  EXPECT_EQ(Depict("triangle", "p.tex"), 0);
+  EXPECT_THAT(FileBytes(folder.Path("p.tex")), HasSubstr("papersize={768bp,576bp}"));
+  EXPECT_THAT(FileBytes(folder.Path("p.tex")), HasSubstr("{\\trussfont{9}$-$")); // of a strut
   EXPECT_EQ(Depict("triangle", "p.bmp") + Depict("triangle", "p.png") + Depict("triangle", "p.svg"), 0);
   EXPECT_THAT(FileBytes(folder.Path("p.bmp")), StartsWith("BM"));
   EXPECT_THAT(FileBytes(folder.Path("p.png")), StartsWith("\x89PNG"));

@@ -34,6 +34,19 @@ TEST_F(ReportCommandTest, IsWrittenBesidesTheResults) {
   EXPECT_EQ(folder.EntryCount(), 1);
 }
 
+TEST_F(ReportCommandTest, IsDrawnClearUnlessTheDescribedStyleIsNamed) {
+  EXPECT_EQ(Write("triangle", "r.html"), 0);
+  EXPECT_THAT(FileBytes(folder.Path("r.html")), HasSubstr("T is tension, blue"));
+  const std::string file = folder.Path("d.html");
+  EXPECT_EQ(Run({"analyse", Reference("triangle"), "--report", file, "--style", "described"}), 0) << err;
+  EXPECT_THAT(FileBytes(file), HasSubstr("Blue: member forces in kN"));
+}
+
+TEST_F(ReportCommandTest, NamesWhatAStyleIsFor) {
+  EXPECT_EQ(Run({"analyse", Reference("triangle"), "--style", "clear"}), 2);
+  EXPECT_THAT(err, HasSubstr("--style requires --picture or --report"));
+}
+
 TEST_F(ReportCommandTest, HasTheFormatOfItsName) {
   EXPECT_EQ(Write("triangle", "r.html") + Write("triangle", "r.PDF"), 0);
   EXPECT_THAT(FileBytes(folder.Path("r.html")), HasSubstr("<h1>Truss report: triangle.stw</h1>"));

@@ -74,6 +74,10 @@ TEST_F(PaperTest, MakesPdfOfA4) {
   EXPECT_EQ(PagesIn(pdf), 1);
 }
 
+TEST_F(PaperTest, LaysPagesOnTheirSide) {
+  EXPECT_THAT(paper.Pdf({"a title", "<p>a line</p>", true}), HasSubstr("/MediaBox [0 0 842.000000 595.000000]"));
+}
+
 TEST_F(PaperTest, BreaksLongDocumentsIntoPages) {
   const std::string pdf = paper.Pdf({"a title", Lines(200)});
   EXPECT_GT(PagesIn(pdf), 3);

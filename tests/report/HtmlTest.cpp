@@ -84,10 +84,12 @@ TEST(HtmlTest, GivesAPictureItsSize) {
 }
 
 TEST(HtmlTest, IsAWholePage) {
-  const std::string page = HtmlPage("<bridge>", "<p>body</p>\n");
+  const std::string page = HtmlPage("<bridge>", false, "<p>body</p>\n");
   EXPECT_THAT(page, testing::StartsWith("<!DOCTYPE html>"));
   EXPECT_THAT(page, HasSubstr("<meta charset=\"utf-8\">"));
   EXPECT_THAT(page, HasSubstr("<title>&lt;bridge&gt;</title>"));
+  EXPECT_THAT(page, testing::Not(HasSubstr("@page")));
+  EXPECT_THAT(HtmlPage("bridge", true, ""), HasSubstr("<style>@page { size: A4 landscape; }</style>"));
   EXPECT_THAT(page, testing::EndsWith("<body>\n<p>body</p>\n</body>\n</html>\n"));
 }
 

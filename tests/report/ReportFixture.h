@@ -45,6 +45,12 @@ class ReportTest : public EventsTest {
     return MakeReport("bridge.stw").document.html;
   }
 
+  /// The same with the described drawing.
+  static std::string DescribedHtmlOf(const ModelData& model) {
+    Analyse(model);
+    return MakeReport("bridge.stw", DrawingStyle::Described).document.html;
+  }
+
   /// A member of 5 m that is pulled with 40 kN: E 200 kN/mm2 and A 1000 mm2 make it 1 mm longer.
   static ModelData Bar() { return {{{0, 0, 0, 0, 3}, {5, 0, 40, 0, 1}}, {{1, 2}}}; }
 

@@ -126,7 +126,7 @@ TEST_F(ReportTest, SaysThatThereAreNoLoads) {
 }
 
 TEST_F(ReportTest, HoldsTheDrawingAndItsScales) {
-  const std::string drawing = Section(HtmlOf(Bar()), "Drawing");
+  const std::string drawing = Section(DescribedHtmlOf(Bar()), "Drawing");
   const ReportFrame frame = FrameReport();
   EXPECT_THAT(drawing, HasSubstr("<img alt=\"The truss\" width=\"640\" height=\"" + std::to_string(frame.height)));
   EXPECT_THAT(drawing, HasSubstr("data:image/png;base64,UE5H")); // "PNG", as the stand-in begins its picture
@@ -136,19 +136,48 @@ TEST_F(ReportTest, HoldsTheDrawingAndItsScales) {
 }
 
 TEST_F(ReportTest, ShowsALargeDrawingAsWideAsTheOthers) {
-  const std::string drawing = Section(HtmlOf(PrattTruss(40)), "Drawing");
+  const std::string drawing = Section(DescribedHtmlOf(PrattTruss(40)), "Drawing");
   const ReportFrame frame = FrameReport();
   EXPECT_EQ(frame.width, 960);
   EXPECT_THAT(drawing, HasSubstr("width=\"640\" height=\"" + std::to_string(frame.height * 2 / 3) + "\""));
 }
 
 TEST_F(ReportTest, SaysWhatALargeDrawingLeavesOut) {
-  const std::string drawing = Section(HtmlOf(PrattTruss(40)), "Drawing");
+  const std::string drawing = Section(DescribedHtmlOf(PrattTruss(40)), "Drawing");
   EXPECT_THAT(drawing, HasSubstr("Numbers of nodes are black"));
   EXPECT_THAT(drawing, HasSubstr(" Member forces are left out for want of room.</p>"));
-  EXPECT_THAT(Section(HtmlOf(PrattTruss(200)), "Drawing"),
+  EXPECT_THAT(Section(DescribedHtmlOf(PrattTruss(200)), "Drawing"),
               HasSubstr(" Numbers of nodes and members are left out: members are drawn too short for them."));
-  EXPECT_THAT(Section(HtmlOf(Bar()), "Drawing"), HasSubstr(" Blue: member forces in kN, "));
+  EXPECT_THAT(Section(DescribedHtmlOf(Bar()), "Drawing"), HasSubstr(" Blue: member forces in kN, "));
+}
+
+TEST_F(ReportTest, DrawsTheTrussClearUnlessTheDescribedDrawingIsAskedFor) {
+  const std::string drawing = Section(HtmlOf(Bar()), "Drawing");
+  const ReportSheets sheets = LayOutSheets();
+  EXPECT_THAT(drawing, HasSubstr("<img alt=\"The truss\" width=\"640\" height=\"" + std::to_string(sheets.height)));
+  EXPECT_THAT(drawing,
+              HasSubstr("T is tension, blue; C is compression, drawn as two lines; 0 is a member without force"));
+  EXPECT_THAT(drawing, HasSubstr("displacements drawn 200 times as large.</p>"));
+  EXPECT_THAT(drawing, Not(HasSubstr("Part 1")));
+  EXPECT_THAT(drawing, Not(HasSubstr("Numbers of nodes are black")));
+}
+
+TEST_F(ReportTest, LaysThePagesOfALongTrussOnTheirSide) {
+  Analyse(PrattTruss(20));
+  const Report report = MakeReport("bridge.stw");
+  EXPECT_TRUE(report.document.landscape);
+  EXPECT_THAT(report.document.html, HasSubstr("<style>@page { size: A4 landscape; }</style>"));
+  EXPECT_THAT(report.document.html, HasSubstr("width=\"940\""));
+  EXPECT_FALSE(MakeReport("bridge.stw", DrawingStyle::Described).document.landscape);
+  EXPECT_THAT(HtmlOf(Triangle()), Not(HasSubstr("landscape")));
+}
+
+TEST_F(ReportTest, NamesThePartsOfATrussThatIsTooLongForAPage) {
+  const std::string drawing = Section(HtmlOf(PrattTruss(80)), "Drawing");
+  const std::size_t count = LayOutSheets().sheets.size();
+  ASSERT_GT(count, 1U);
+  EXPECT_THAT(drawing, HasSubstr("<h3>Part 1 of " + std::to_string(count) + ": x from 0.0 to "));
+  EXPECT_THAT(drawing, HasSubstr("<h3>Part " + std::to_string(count) + " of " + std::to_string(count) + ": x from "));
 }
 
 /// A row as the results grid has it.

@@ -9,6 +9,7 @@
 
 #include <functional>
 
+#include <QCheckBox>
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -102,6 +103,42 @@ TEST_F(OptionsFormTest, OpensWithTheSettingsInForce) {
   EXPECT_TRUE(Part<QRadioButton>("optGridline_0").isChecked());
   Click("cmdOK");
   EXPECT_EQ(GrJoints.RowCount(), 21) << "opening is no change of the capacity";
+}
+
+TEST_F(OptionsFormTest, SwitchesTheWidthsAndTheLegendOfTheClearDrawing) {
+  frame->SwitchStyle();
+  EXPECT_TRUE(Part<QCheckBox>("widthChk").isChecked());
+  EXPECT_TRUE(Part<QCheckBox>("legendChk").isChecked());
+  Click("widthChk");
+  Click("legendChk");
+  EXPECT_TRUE(TheDisplay.WidthByForce && TheDisplay.ShowLegend) << "before Apply";
+  Click("cmdApply");
+  EXPECT_FALSE(TheDisplay.WidthByForce);
+  EXPECT_FALSE(TheDisplay.ShowLegend);
+  Open();
+  EXPECT_FALSE(Part<QCheckBox>("widthChk").isChecked());
+  EXPECT_FALSE(Part<QCheckBox>("legendChk").isChecked());
+}
+
+TEST_F(OptionsFormTest, ForgetsTheSwitchesOfTheClearDrawingOnCancel) {
+  Click("legendChk");
+  Click("cmdCancel");
+  EXPECT_TRUE(TheDisplay.ShowLegend);
+}
+
+TEST_F(OptionsFormTest, KeepsTheSwitchesOfTheClearDrawingForTheNextRunOutsideOfTheSettings) {
+  Click("cmdApply");
+  const auto before = settings.texts;
+  Click("widthChk");
+  Click("cmdOK");
+  options.reset();
+  StartNextRun();
+  TheDisplay.WidthByForce = true;
+  TheDisplay.ShowLegend = false;
+  frame->RestorePlace();
+  EXPECT_FALSE(TheDisplay.WidthByForce);
+  EXPECT_TRUE(TheDisplay.ShowLegend);
+  EXPECT_EQ(settings.texts, before);
 }
 
 TEST_F(OptionsFormTest, TurnsItsPagesWithCtrlTab) {

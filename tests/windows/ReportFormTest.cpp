@@ -122,11 +122,12 @@ TEST_F(ReportFormTest, ShowsTheDrawing) {
   Paper().find("Drawing");
   Paper().verticalScrollBar()->setValue(Paper().verticalScrollBar()->value() + 300);
   const QImage picture = Paper().grab().toImage();
+  const QColor tension(0, 104, 163);
   int blue = 0;
   for (int y = 0; y < picture.height(); ++y) {
-    for (int x = 0; x < picture.width(); ++x) blue += picture.pixelColor(x, y) == QColor(Qt::blue) ? 1 : 0;
+    for (int x = 0; x < picture.width(); ++x) blue += picture.pixelColor(x, y) == tension ? 1 : 0;
   }
-  EXPECT_GT(blue, 100) << "of the member forces";
+  EXPECT_GT(blue, 100) << "of the members in tension";
 }
 
 TEST_F(ReportFormTest, LeavesTheDisplayAsItIs) {

@@ -85,6 +85,11 @@ void PaintFoot(QPainter& painter, const QString& title, const QString& number) {
 
 } // namespace
 
+QPageLayout LayoutOf(const PaperDocument& document) {
+  const auto orientation = document.landscape ? QPageLayout::Landscape : QPageLayout::Portrait;
+  return {QPageSize(QPageSize::A4), orientation, PageMargins, QPageLayout::Millimeter};
+}
+
 void LayOut(QTextDocument& text, const PaperDocument& document, QPagedPaintDevice& device) {
   text.documentLayout()->setPaintDevice(&device);
   text.setDocumentMargin(0);

@@ -3,6 +3,7 @@
 #include "Paper.h"
 
 #include <QMarginsF>
+#include <QPageLayout>
 
 class QPagedPaintDevice;
 class QTextDocument;
@@ -17,6 +18,9 @@ struct PageRange {
   int first = 1;
   int last = 0;
 };
+
+/// A page of A4 for a document.
+QPageLayout LayoutOf(const PaperDocument& document);
 
 /// Lays a document out on the pages of a device, whose page layout is set and which must outlive it.  No heading stands
 /// at the foot of a page without what it heads.

@@ -31,7 +31,7 @@ std::string QtPaper::Pdf(const PaperDocument& document) {
   QBuffer file;
   if (!file.open(QIODevice::WriteOnly)) throw FileError("The pages could not be made");
   QPdfWriter writer(&file);
-  writer.setPageLayout({QPageSize(QPageSize::A4), QPageLayout::Portrait, PageMargins, QPageLayout::Millimeter});
+  writer.setPageLayout(LayoutOf(document));
   writer.setResolution(Resolution);
   writer.setTitle(QString::fromStdString(document.title));
   writer.setCreator(QStringLiteral("Strutwright"));

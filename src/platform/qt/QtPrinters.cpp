@@ -12,8 +12,7 @@ namespace strutwright {
 
 bool QtPrinters::Print(const PaperDocument& document) {
   QPrinter printer(QPrinter::HighResolution);
-  printer.setPageSize(QPageSize(QPageSize::A4));
-  printer.setPageMargins(PageMargins, QPageLayout::Millimeter);
+  printer.setPageLayout(LayoutOf(document));
   printer.setDocName(QString::fromStdString(document.title));
   QPrintDialog dialog(&printer, QApplication::activeWindow());
   dialog.setObjectName("PrintDialog");

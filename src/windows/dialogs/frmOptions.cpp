@@ -1,6 +1,7 @@
 #include "frmOptions.h"
 
 #include "CommandFrame.h"
+#include "DisplayState.h"
 #include "EditingState.h"
 #include "EventGuard.h"
 #include "FormParts.h"
@@ -61,6 +62,7 @@ QWidget* frmOptions::BuildGeneral() {
   column->addWidget(BuildFileHandling());
   column->addWidget(BuildLineStyle());
   column->addWidget(BuildCapacity());
+  column->addLayout(BuildClearDrawing());
   column->addWidget(BuildDrawing());
   column->addStretch();
   return page;
@@ -117,6 +119,24 @@ QWidget* frmOptions::BuildCapacity() {
   return frame;
 }
 
+/// Two switches beside the frames, which stand for the settings of every drawing.
+QLayout* frmOptions::BuildClearDrawing() {
+  auto* column = new QVBoxLayout;
+  const auto add = [column](const QString& name, const QString& caption, const QString& toolTip, bool ticked) {
+    auto* box = new QCheckBox(caption);
+    box->setObjectName(name);
+    box->setToolTip(toolTip);
+    box->setChecked(ticked);
+    column->addWidget(box);
+    return box;
+  };
+  widthChk = add("widthChk", "Clear drawing: members &wider the larger their force",
+                 "Otherwise all members with a force are equally wide", TheDisplay.WidthByForce);
+  legendChk = add("legendChk", "Clear drawing: show the &legend", "What lines and arrows mean, in a free corner",
+                  TheDisplay.ShowLegend);
+  return column;
+}
+
 QWidget* frmOptions::BuildSnap() {
   xSpaceTxt = AddField("xSpaceTxt", "Distance of the grid's lines in x, m", TheOptions.xSpaceTxt);
   ySpaceTxt = AddField("ySpaceTxt", "Distance of the grid's lines in y, m", TheOptions.ySpaceTxt);
@@ -168,6 +188,8 @@ void frmOptions::Apply() {
   TheOptions.snapRtxt = snapRtxt->text().toStdString();
   TheOptions.snapSNtxt = snapSNtxt->text().toStdString();
   TheRecentFiles.txtMaxFiles = txtMaxFiles->text().toStdString();
+  TheDisplay.WidthByForce = widthChk->isChecked();
+  TheDisplay.ShowLegend = legendChk->isChecked();
   Frame.Run(ApplyOptions);
   xSpaceTxt->setText(QString::fromStdString(TheOptions.xSpaceTxt));
   ySpaceTxt->setText(QString::fromStdString(TheOptions.ySpaceTxt));

@@ -2,6 +2,7 @@
 
 #include <QDialog>
 
+class QCheckBox;
 class QLineEdit;
 class QPushButton;
 class QRadioButton;
@@ -11,7 +12,8 @@ namespace strutwright {
 
 class CommandFrame;
 
-/// The options: the drawing grid, snapping to nodes, the capacity of the grids, the length of the recent files.
+/// The options: the drawing grid, snapping to nodes, the capacity of the grids, the length of the recent files, and
+/// what the clear drawing shows.
 /// It opens with the settings in force.
 class frmOptions : public QDialog {
  public:
@@ -26,6 +28,7 @@ class frmOptions : public QDialog {
   QWidget* BuildDrawing();
   QWidget* BuildLineStyle();
   QWidget* BuildCapacity();
+  QLayout* BuildClearDrawing();
   QWidget* BuildSnap();
   QLayout* BuildButtons();
   void AddPage(QWidget* page, const QString& title);
@@ -42,6 +45,8 @@ class frmOptions : public QDialog {
   QLineEdit* snapSNtxt = nullptr;
   QLineEdit* maxTxt = nullptr;
   QLineEdit* txtMaxFiles = nullptr;
+  QCheckBox* widthChk = nullptr;
+  QCheckBox* legendChk = nullptr;
 };
 
 } // namespace strutwright

@@ -5,6 +5,7 @@
 #include "FormParts.h"
 #include "modReportDrawing.h"
 #include "modReportFiles.h"
+#include "modReportSheets.h"
 
 #include <utility>
 
@@ -12,6 +13,7 @@
 #include <QImage>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QShortcut>
 #include <QTextBrowser>
 #include <QTextDocument>
@@ -24,6 +26,7 @@ namespace {
 
 constexpr double PaperMargin = 14;    // pixels
 constexpr QSize WindowSize{740, 720}; // a page's width and a scroll bar beside it
+constexpr int WidthForLandscape = WindowSize.width() + LandscapeWidth - ReportWidth;
 
 /// Shows the drawing, which is fine enough for print, as smooth as the screen can: Qt would leave pixels out.
 class ReportView : public QTextBrowser {
@@ -32,9 +35,11 @@ class ReportView : public QTextBrowser {
     if (type != QTextDocument::ImageResource || name.scheme() != "data") return QTextBrowser::loadResource(type, name);
     const QByteArray letters = name.path(QUrl::FullyEncoded).section(',', 1).toLatin1();
     const QImage drawing = QImage::fromData(QByteArray::fromBase64(letters));
-    const int width = qRound(ReportWidth * devicePixelRatioF());
+    const int width = qRound((Landscape ? LandscapeWidth : ReportWidth) * devicePixelRatioF());
     return drawing.width() > width ? drawing.scaledToWidth(width, Qt::SmoothTransformation) : drawing;
   }
+
+  bool Landscape = false; ///< the report's pages lie on their side
 };
 
 /// A report is paper, also under a dark desktop theme.
@@ -97,6 +102,10 @@ QPushButton* frmReport::AddButton(const QString& name, const QString& caption, c
 void frmReport::ShowReport(Report report) {
   Shown = std::move(report);
   setWindowTitle("Results Report - " + QString::fromStdString(Shown.name));
+  static_cast<ReportView*>(reportTxt)->Landscape = Shown.document.landscape;
+  if (Shown.document.landscape && width() < WidthForLandscape) {
+    resize(qMin(WidthForLandscape, screen()->availableSize().width()), height());
+  }
   reportTxt->setHtml(QString::fromStdString(Shown.document.html));
   lblState->hide();
 }

@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QGuiApplication>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -32,6 +33,13 @@ std::optional<ViewMove> MoveOf(const QKeyEvent& key) {
   }
 }
 
+/// What the keys of the walk go to; nothing for other keys.
+ElementKind WalkOf(const QKeyEvent& key) {
+  if ((key.modifiers() & ~Qt::ShiftModifier) != 0) return ElementKind::None;
+  if (key.key() == Qt::Key_N) return ElementKind::Node;
+  return key.key() == Qt::Key_M ? ElementKind::Member : ElementKind::None;
+}
+
 MouseButton ButtonOf(Qt::MouseButton button) {
   switch (button) {
   case Qt::LeftButton: return MouseButton::Left;
@@ -52,6 +60,14 @@ DisplayArea::DisplayArea(DisplayListener& listener, QWidget* parent)
   setFocusPolicy(Qt::StrongFocus);
 }
 
+/// Qt asks for a tip when the mouse has rested for a while.
+bool DisplayArea::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+  const auto& rest = static_cast<const QHelpEvent&>(*event);
+  Guard([&] { Listener.MouseRested(At(rest.pos(), Qt::NoButton, {}), rest.globalPos()); });
+  return true;
+}
+
 void DisplayArea::paintEvent(QPaintEvent* /*event*/) {
   // Onto a screen of another density the window comes without a new size.
   if (Drawing.Image().devicePixelRatio() != devicePixelRatioF()) {
@@ -59,6 +75,7 @@ void DisplayArea::paintEvent(QPaintEvent* /*event*/) {
   }
   QPainter painter(this);
   painter.drawImage(QPoint(0, 0), Drawing.Image());
+  Listener.PaintOver(painter);
   if (!hasFocus()) return;
   painter.setPen(QPen(palette().color(QPalette::Highlight), FocusFrame));
   painter.drawRect(rect().adjusted(0, 0, -1, -1));
@@ -83,8 +100,9 @@ void DisplayArea::mouseReleaseEvent(QMouseEvent* event) {
   Guard([&] { Listener.MouseReleased(At(event->position(), event->button(), event->buttons())); });
 }
 
-/// To a mouse mode two quick clicks are two clicks.
-void DisplayArea::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
+void DisplayArea::mouseDoubleClickEvent(QMouseEvent* event) {
+  Guard([&] { Listener.MouseDoubleClicked(At(event->position(), event->button(), event->buttons())); });
+}
 
 void DisplayArea::leaveEvent(QEvent* event) {
   QWidget::leaveEvent(event);
@@ -102,8 +120,23 @@ void DisplayArea::keyPressEvent(QKeyEvent* event) {
   Guard([&] { taken = Listener.ToolKeyPressed(*event); });
   if (taken) return;
   const std::optional<ViewMove> move = MoveOf(*event);
-  if (!move) return QWidget::keyPressEvent(event);
-  Guard([this, move] { Listener.ViewKeyPressed(*move); });
+  const ElementKind walk = WalkOf(*event);
+  if (move) {
+    Guard([this, move] { Listener.ViewKeyPressed(*move); });
+  } else if (walk != ElementKind::None) {
+    const bool forward = (event->modifiers() & Qt::ShiftModifier) == 0;
+    Guard([this, walk, forward] { Listener.WalkKeyPressed(walk, forward); });
+  } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    Guard([this] { Listener.OpenKeyPressed(); });
+  } else {
+    QWidget::keyPressEvent(event);
+  }
+}
+
+void DisplayArea::focusOutEvent(QFocusEvent* event) {
+  QWidget::focusOutEvent(event);
+  const bool comesBack = event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason;
+  if (!comesBack) Guard([this] { Listener.FocusLost(); });
 }
 
 MouseEvent DisplayArea::At(const QPointF& pixel, Qt::MouseButton button, Qt::MouseButtons held) const {

@@ -2,11 +2,14 @@
 
 #include "QtDrawingSurface.h"
 #include "modMouseEvents.h"
+#include "modPointing.h"
 #include "modViewTransform.h"
 
+#include <QPoint>
 #include <QWidget>
 
 class QKeyEvent;
+class QPainter;
 
 namespace strutwright {
 
@@ -19,6 +22,7 @@ class DisplayListener {
   virtual void Resized() = 0;
   virtual void MouseMoved(const MouseEvent& event) = 0;
   virtual void MousePressed(const MouseEvent& event) = 0;
+  virtual void MouseDoubleClicked(const MouseEvent& event) = 0;
   virtual void MouseReleased(const MouseEvent& event) = 0;
   virtual void MouseLeft() = 0;
 
@@ -27,12 +31,27 @@ class DisplayListener {
 
   virtual void ViewKeyPressed(ViewMove move) = 0;
 
+  /// The mouse rests; globalPlace: where a tip belongs.
+  virtual void MouseRested(const MouseEvent& event, const QPoint& globalPlace) = 0;
+
+  /// The keys that go to the next node or member, or to the one before.
+  virtual void WalkKeyPressed(ElementKind kind, bool forward) = 0;
+
+  /// The key that opens what was walked to.
+  virtual void OpenKeyPressed() = 0;
+
+  /// The keyboard has gone to another control of the window.
+  virtual void FocusLost() = 0;
+
+  /// Paints what lies over the drawing and is no part of it.
+  virtual void PaintOver(QPainter& painter) = 0;
+
   /// A key that an editing mode may want before anything else gets it; returns whether it did.
   virtual bool ToolKeyPressed(const QKeyEvent& key) = 0;
 };
 
 /// The drawing area `Disp`: shows the picture that its surface keeps, and reports where the mouse is on it and which
-/// keys move the view.  While it has the keyboard it has a frame.
+/// keys move the view or walk through the truss.  While it has the keyboard it has a frame.
 class DisplayArea : public QWidget {
  public:
   DisplayArea(DisplayListener& listener, QWidget* parent);
@@ -42,6 +61,7 @@ class DisplayArea : public QWidget {
   QSize sizeHint() const override { return {640, 400}; }
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
@@ -51,6 +71,7 @@ class DisplayArea : public QWidget {
   void leaveEvent(QEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
 
  private:
   MouseEvent At(const QPointF& pixel, Qt::MouseButton button, Qt::MouseButtons held) const;

@@ -16,6 +16,7 @@
 #include "modModelStore.h"
 #include "modPicking.h"
 #include "modPlaces.h"
+#include "modPointing.h"
 #include "modRecentFiles.h"
 #include "modScales.h"
 
@@ -39,12 +40,19 @@ Qt::CursorShape Shape(MouseCursor cursor) {
   return Qt::ArrowCursor;
 }
 
+/// A press of the left button that no mode has a use for.
+bool IsPlainPress(const MouseEvent& event) {
+  const bool dragging = TheMouse.Panning || TheMouse.ZoomDragging;
+  return event.button == MouseButton::Left && CurrentMouseMode() == MouseMode::None && !TheMouse.ZoomArmed && !dragging;
+}
+
 } // namespace
 
 frmGraph::frmGraph(frmMain& frame, MainStatusBar& status) : Frame(frame), Status(status), Tools(frame, *this) {
   setObjectName("frmGraph");
   setWindowTitle("Truss Display");
   Disp = new DisplayArea(*this, this);
+  Pointing = std::make_unique<PointingHelp>(*Disp);
   auto* whole = new QVBoxLayout(this);
   whole->setContentsMargins(0, 0, 0, 0);
   whole->addWidget(Disp);
@@ -105,7 +113,14 @@ void frmGraph::DrawSelected() {
 
 void frmGraph::LeaveMode() {
   ClearModes();
+  Pointing->EndWalk();
   ShowMouseState();
+}
+
+/// What has been drawn anew may have moved under the marks.
+void frmGraph::ShowDrawing() {
+  Pointing->DrawingChanged();
+  Disp->update();
 }
 
 void frmGraph::closeEvent(QCloseEvent* event) {
@@ -119,12 +134,24 @@ void frmGraph::Resized() { Frame.RedrawWhatCanBeDrawn(false); }
 void frmGraph::MouseMoved(const MouseEvent& event) {
   Status.ShowCoordinates(QString::fromStdString(CoordinatesText(event.x, event.y)));
   if (!Tools.Move(event)) Act(MouseMove(event));
+  Pointing->MouseMoved(event.x, event.y, QCursor::pos());
 }
 
 /// A click may be a command, and every command first takes a pending edit.
 void frmGraph::MousePressed(const MouseEvent& event) {
   Frame.CommitPendingEdit();
+  Pointing->HideTip();
+  const bool plain = IsPlainPress(event);
   if (!Tools.Press(event)) Act(MousePress(event));
+  if (plain) Frame.ChooseRowOf(ElementAt(Surface(), event.x, event.y));
+}
+
+/// To a mouse mode two quick clicks are two clicks.
+void frmGraph::MouseDoubleClicked(const MouseEvent& event) {
+  if (!IsPlainPress(event)) return MousePressed(event);
+  Frame.CommitPendingEdit();
+  Pointing->HideTip();
+  Inspect(ElementAt(Surface(), event.x, event.y));
 }
 
 void frmGraph::MouseReleased(const MouseEvent& event) {
@@ -133,6 +160,7 @@ void frmGraph::MouseReleased(const MouseEvent& event) {
 
 void frmGraph::MouseLeft() {
   MouseLeave();
+  Pointing->HideTip();
   Status.ShowCoordinates("");
   ShowDrawing();
 }
@@ -143,6 +171,26 @@ void frmGraph::ViewKeyPressed(ViewMove move) {
   Frame.Run([this, move] {
     if (MoveView(Surface(), move)) Frame.RedrawWhatCanBeDrawn(false);
   });
+}
+
+/// While something is dragged a tip would only be in the way.
+void frmGraph::MouseRested(const MouseEvent& event, const QPoint& globalPlace) {
+  if (!TheMouse.Panning && !TheMouse.ZoomDragging) Pointing->MouseRests(event.x, event.y, globalPlace);
+}
+
+void frmGraph::WalkKeyPressed(ElementKind kind, bool forward) {
+  Frame.Run([this, kind, forward] { Pointing->Walk(kind, forward, [this] { Frame.RedrawWhatCanBeDrawn(false); }); });
+}
+
+void frmGraph::OpenKeyPressed() {
+  Frame.Run([this] { Inspect(Pointing->WalkedTo()); });
+}
+
+void frmGraph::FocusLost() { Pointing->EndWalk(); }
+
+void frmGraph::Inspect(Element element) {
+  if (element.kind == ElementKind::Node && element.number <= NodeCount) InspectNode(element.number);
+  if (element.kind == ElementKind::Member && element.number <= MemberCount) InspectMember(element.number);
 }
 
 /// A child window keeps Tab to itself unless it is asked to pass it on.
@@ -190,7 +238,7 @@ void frmGraph::InspectMember(int m) {
 void frmGraph::ShowMouseState() {
   Status.ShowMouseMode(QString::fromStdString(MouseModeText()));
   Disp->setCursor(Shape(TheMouse.Cursor));
-  ShowDrawing();
+  Disp->update();
 }
 
 /// What lies under the press that asked for the menu comes first in it.

@@ -3,11 +3,14 @@
 #include "DisplayArea.h"
 #include "EditTools.h"
 #include "PartMenu.h"
+#include "PointingHelp.h"
 #include "modMouseModes.h"
 
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include <QList>
 #include <QMenu>
@@ -48,7 +51,10 @@ class frmGraph : public QWidget, private DisplayListener {
   QtDrawingSurface& Surface() { return Disp->Surface(); }
 
   /// Shows what has been drawn.
-  void ShowDrawing() { Disp->update(); }
+  void ShowDrawing();
+
+  /// Marks nodes and members over the drawing, those and no others.
+  void Mark(std::vector<Element> elements) { Pointing->Mark(std::move(elements)); }
 
   /// Puts back what is being dragged; returns whether anything was.
   bool CancelDrag() { return Tools.Cancel(); }
@@ -77,8 +83,15 @@ class frmGraph : public QWidget, private DisplayListener {
   void MouseLeft() override;
   void WheelTurned(const MouseEvent& event, double steps) override;
   void ViewKeyPressed(ViewMove move) override;
+  void MouseDoubleClicked(const MouseEvent& event) override;
+  void MouseRested(const MouseEvent& event, const QPoint& globalPlace) override;
+  void WalkKeyPressed(ElementKind kind, bool forward) override;
+  void OpenKeyPressed() override;
+  void FocusLost() override;
+  void PaintOver(QPainter& painter) override { Pointing->Paint(painter); }
   bool ToolKeyPressed(const QKeyEvent& key) override { return Tools.Key(key); }
 
+  void Inspect(Element element);
   void Act(const MouseVerdict& verdict);
   void Do(const MouseVerdict& verdict);
   void InspectNode(int n);
@@ -108,6 +121,7 @@ class frmGraph : public QWidget, private DisplayListener {
   frmMain& Frame;
   MainStatusBar& Status;
   DisplayArea* Disp = nullptr;
+  std::unique_ptr<PointingHelp> Pointing;
   EditTools Tools;
   std::unique_ptr<PartMenu> Parts; ///< the entries of the pop-up menu for what is under the pointer
   QMenu* PopUp = nullptr;

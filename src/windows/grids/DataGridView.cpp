@@ -53,6 +53,9 @@ DataGridView::DataGridView(Grid& grid, const QString& name, QWidget* parent) : Q
   setAlternatingRowColors(true);
   setCornerButtonEnabled(false);
   LayOut();
+  for (QHeaderView* header : {horizontalHeader(), verticalHeader()}) {
+    connect(header, &QHeaderView::sectionPressed, this, [this] { ChooseSelection(); });
+  }
   Model.SetSelectionNotice([this] { ShowSelection(); });
   ShowSelection();
 }
@@ -104,6 +107,7 @@ void DataGridView::PassToEditBox(QKeyEvent& event) {
 void DataGridView::mousePressEvent(QMouseEvent* event) {
   CommitPendingEdit();
   QTableView::mousePressEvent(event);
+  if (event->button() == Qt::LeftButton && indexAt(event->pos()).isValid()) ChooseSelection();
 }
 
 void DataGridView::mouseReleaseEvent(QMouseEvent* event) {
@@ -196,6 +200,7 @@ void DataGridView::ShowSelection() {
                              Model.index(block.lastRow - 1, block.lastColumn - 1));
   selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
   selectionModel()->select(cells, QItemSelectionModel::ClearAndSelect);
+  if (Chosen && *Chosen != block) DropChoice();
 }
 
 /// The grid's current cell is where the selection began: it stays as long as it is a corner of what is selected.
@@ -220,6 +225,28 @@ void DataGridView::TakeSelection() {
   }
   Data().SetCurrentCell(row, column);
   Data().ExtendSelection(top + bottom - row, left + right - column);
+  // A single cell may be no more than where the keys have come to; a click on it is known where it is taken.
+  if (bottom > top || right > left) return ChooseSelection();
+  DropChoice();
+}
+
+void DataGridView::ChooseSelection() {
+  Chosen = Data().Selection();
+  if (RowsListener) RowsListener();
+}
+
+void DataGridView::ChooseRow(int row) {
+  if (row < 1 || row >= Data().RowCount()) return;
+  Data().SetCurrentCell(row, 1);
+  Data().ExtendSelection(row, Data().ColumnCount() - 1);
+  ChooseSelection();
+  scrollTo(currentIndex());
+}
+
+void DataGridView::DropChoice() {
+  if (!Chosen) return;
+  Chosen.reset();
+  if (RowsListener) RowsListener();
 }
 
 } // namespace strutwright

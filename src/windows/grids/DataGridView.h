@@ -3,6 +3,7 @@
 #include "GridModel.h"
 
 #include <functional>
+#include <optional>
 
 #include <QTableView>
 
@@ -31,6 +32,19 @@ class DataGridView : public QTableView {
   /// What the grid says in grey as long as none of its data cells holds a text.
   void SetEmptyHint(const QString& hint) { EmptyHint = hint; }
 
+  /// The rows that the user has chosen: by a header, as a range, by a click.  Nothing where the program has selected
+  /// them, or where keys or an entry have moved the current cell and nothing more.
+  std::optional<GridBlock> ChosenRows() const { return Chosen; }
+
+  /// Selects a whole row, as if the user had clicked on its header.  row: of the grid, 1..RowCount() - 1.
+  void ChooseRow(int row);
+
+  /// The user has chosen what is selected now.
+  void ChooseSelection();
+
+  /// Called when the user chooses rows, and when they are no longer chosen.
+  void SetRowsNotice(std::function<void()> listener) { RowsListener = std::move(listener); }
+
   /// Called with a global position when the user asks for the grid's menu.
   void SetMenuNotice(std::function<void(const QPoint&)> listener) { MenuListener = std::move(listener); }
 
@@ -57,6 +71,7 @@ class DataGridView : public QTableView {
   void PaintEmptyHint();
   void ShowSelection();
   void TakeSelection();
+  void DropChoice();
 
   GridModel Model;
   QLabel* Corner = nullptr; ///< shows the text of cell (0, 0)
@@ -64,6 +79,8 @@ class DataGridView : public QTableView {
   QString EmptyHint;
   bool ShowsHint = false; ///< as it was painted last
   std::function<void(const QPoint&)> MenuListener;
+  std::function<void()> RowsListener;
+  std::optional<GridBlock> Chosen; ///< what the user has chosen, as long as it is selected
   bool Synchronising = false;
   bool PassingKey = false;
 };

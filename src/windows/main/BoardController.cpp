@@ -106,6 +106,7 @@ void BoardController::ConnectStyle() {
   OnSignal(Board.clearChk, &QCheckBox::toggled, &Frame, [this](bool clear) {
     TheDisplay.Style = clear ? DrawingStyle::Clear : DrawingStyle::Described;
     ShowStyle();
+    Frame.DropOffer();
     Frame.Run([this] { Frame.Redraw(false); });
   });
 }

@@ -70,6 +70,10 @@ void GridCommands::EnableActions() {
 void GridCommands::Run(GridCommand command) {
   const QAction* entry = mnuGrid->actions().at(static_cast<qsizetype>(command));
   Frame.Edit(entry->text().remove('&'), [&] { RunGridCommand(command, *Shown); });
+  if (command != GridCommand::SelectAll) return;
+  for (DataGridView* view : {Board.GrJointsView, Board.GrMembersView, Board.jResGrView, Board.mResGrView}) {
+    if (&view->Data() == Shown) view->ChooseSelection();
+  }
 }
 
 } // namespace strutwright

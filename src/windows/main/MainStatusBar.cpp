@@ -34,6 +34,7 @@ MainStatusBar::MainStatusBar(QWidget* parent) : QStatusBar(parent) {
   Check = AddPanel("stsBar_Check", "How far the results can be trusted; a click, or F6, says more", 9);
   Check->installEventFilter(this);
   Live = AddPanel("stsBar_Live", "Whether every edit is analysed at once", 0);
+  AddOffer();
   Hint = new QLabel(this);
   Hint->setObjectName("stsBar_Hint");
   Hint->setAccessibleName("Hint");
@@ -64,6 +65,23 @@ MainStatusBar::MainStatusBar(QWidget* parent) : QStatusBar(parent) {
   HintTimer.setSingleShot(true);
   connect(&HintTimer, &QTimer::timeout, this, [this] { Say(Note); });
 }
+
+/// In words that say why it is there.
+void MainStatusBar::AddOffer() {
+  Offer = new QPushButton("Numbers overlap: show Clear Drawing", this);
+  Offer->setObjectName("stsBar_Offer");
+  Offer->setToolTip("The drawing prints numbers over each other; the clear drawing never does (Ctrl+D)");
+  Offer->setFlat(true);
+  Offer->setCursor(Qt::PointingHandCursor);
+  Offer->setStyleSheet("QPushButton { color: palette(link); text-decoration: underline; padding: 0 6px; }");
+  Offer->hide();
+  addWidget(Offer);
+  connect(Offer, &QPushButton::clicked, this, [this] {
+    if (OfferListener) OfferListener();
+  });
+}
+
+void MainStatusBar::OfferClearDrawing(bool offer) { Offer->setVisible(offer); }
 
 QLabel* MainStatusBar::AddPanel(const QString& name, const QString& description, int characters) {
   auto* panel = new QLabel(this);

@@ -15,7 +15,8 @@ class QPushButton;
 
 namespace strutwright {
 
-/// The status bar `stsBar`: five panels, then a hint that goes by itself, or the progress of long work.
+/// The status bar `stsBar`: five panels, an offer where there is one, then a hint that goes by itself, or the progress
+/// of long work.
 class MainStatusBar : public QStatusBar {
  public:
   explicit MainStatusBar(QWidget* parent);
@@ -29,6 +30,10 @@ class MainStatusBar : public QStatusBar {
   void SetCheckNotice(std::function<void()> listener) { CheckListener = std::move(listener); }
   /// Whether live analysis is on; an empty text where it is not.
   void ShowLive(const QString& text);
+  /// Offers the clear drawing in place of the one on screen, or no longer.
+  void OfferClearDrawing(bool offer);
+  /// Called when the user takes that offer.
+  void SetOfferNotice(std::function<void()> listener) { OfferListener = std::move(listener); }
   /// Shows a button that offers to give new members E and A from the control board, until it is clicked or the next
   /// model begins.
   void OfferRigidity();
@@ -51,6 +56,7 @@ class MainStatusBar : public QStatusBar {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void AddOffer();
   void Say(const QString& text);
   QLabel* AddPanel(const QString& name, const QString& description, int characters);
 
@@ -62,9 +68,11 @@ class MainStatusBar : public QStatusBar {
   QLabel* Hint = nullptr;
   QProgressBar* Progress = nullptr;
   QPushButton* Cancel = nullptr;
+  QPushButton* Offer = nullptr;
   QPushButton* Rigidity = nullptr;
   std::function<void()> RigidityListener;
   std::function<void()> CheckListener;
+  std::function<void()> OfferListener;
   QTimer HintTimer;
   QString Note;
   bool Cancelled = false;

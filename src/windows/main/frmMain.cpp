@@ -27,6 +27,8 @@
 #include "modModelStore.h"
 #include "modNumberText.h"
 #include "modOptions.h"
+#include "modOverprint.h"
+#include "modRedraw.h"
 #include "modRunAnalysis.h"
 #include "modViewTransform.h"
 
@@ -70,6 +72,7 @@ frmMain::frmMain() {
   stsBar = new MainStatusBar(this);
   setStatusBar(stsBar);
   stsBar->SetCheckNotice([this] { Run([this] { ShowCheck(); }); });
+  stsBar->SetOfferNotice([this] { Run([this] { SwitchStyle(); }); });
   stsBar->SetRigidityNotice([this] {
     Run([this] {
       TheEditing.rigidityFromBoard = true;
@@ -82,6 +85,7 @@ frmMain::frmMain() {
   Grids = std::make_unique<GridCommands>(*this, *CBpic);
   Board = std::make_unique<BoardController>(*this, *CBpic, *Grids);
   Check = std::make_unique<CheckPresenter>(*this, *CBpic, *stsBar);
+  Rows = std::make_unique<RowLink>(*this, *CBpic);
   Truss = std::make_unique<TrussPresenter>(*StatusView, *Check, [this] { ShowDrawing(); });
   Live = std::make_unique<LivePresenter>(*this, *Board, *Check, *stsBar);
   Listener = std::make_unique<MainListener>(*this);
@@ -200,6 +204,12 @@ void frmMain::Analyse() {
   if (!strutwright::runAnalysis()) return;
   Board->TickResultSwitches(true);
   Redraw(false);
+  OfferClearDrawing();
+}
+
+void frmMain::OfferClearDrawing() {
+  const bool described = TheDisplay.Style == DrawingStyle::Described;
+  stsBar->OfferClearDrawing(described && PrintsOverItself(*DisplaySurface, ViewOfDisplay()));
 }
 
 void frmMain::EndAnalysis(bool redraw) {
@@ -208,6 +218,7 @@ void frmMain::EndAnalysis(bool redraw) {
 }
 
 void frmMain::LeaveResults() {
+  DropOffer();
   if (IsLive()) {
     Board->ShowTickedResults();
   } else {
@@ -384,11 +395,17 @@ void frmMain::ShowDrawing() {
   if (Vary != nullptr) Vary->Follow();
 }
 
+void frmMain::MarkElements(std::vector<Element> elements) {
+  if (Graph != nullptr && !Ending) Graph->Mark(std::move(elements));
+}
+
 /// Where the place is not known, or the file says nothing of use, the frame stays as it is.
 void frmMain::RestorePlace() {
   const QSettings place(PlaceFile(), QSettings::IniFormat);
   restoreGeometry(place.value("geometry").toByteArray());
   Centre->TakeShares(place.value("board").toByteArray());
+  TheDisplay.WidthByForce = place.value("widthByForce", TheDisplay.WidthByForce).toBool();
+  TheDisplay.ShowLegend = place.value("legend", TheDisplay.ShowLegend).toBool();
   CBpic->clearChk->setChecked(place.value("clear").toBool());
   TheEditing.rigidityFromBoard = place.value("rigidityFromBoard").toBool();
   if (place.value("live").toBool()) Live->Switch(true);
@@ -401,6 +418,8 @@ void frmMain::SavePlace() {
   place.setValue("geometry", saveGeometry());
   place.setValue("board", Centre->Shares());
   place.setValue("clear", CBpic->clearChk->isChecked());
+  place.setValue("widthByForce", TheDisplay.WidthByForce);
+  place.setValue("legend", TheDisplay.ShowLegend);
   place.setValue("live", TheLive.on);
   place.setValue("rigidityFromBoard", TheEditing.rigidityFromBoard);
 }

@@ -7,7 +7,9 @@
 #include "GridCommands.h"
 #include "LivePresenter.h"
 #include "MainListener.h"
+#include "MainStatusBar.h"
 #include "RecoveryKeeper.h"
+#include "RowLink.h"
 #include "TrussPresenter.h"
 #include "modCheck.h"
 
@@ -106,6 +108,12 @@ class frmMain : public CommandFrame {
   void ActivateDisplay();
   void ActivateEquations();
 
+  /// Offers the clear drawing in the status bar where the drawing on screen prints numbers over each other.
+  void OfferClearDrawing();
+
+  /// That offer is no longer needed.
+  void DropOffer() { stsBar->OfferClearDrawing(false); }
+
   /// Changes between the described and the clear drawing.
   void SwitchStyle() { Board->SwitchStyle(); }
 
@@ -125,6 +133,12 @@ class frmMain : public CommandFrame {
 
   /// Draws the truss without what ShowParts has highlighted; what is selected stays.
   void ShowNoParts() { Check->ShowNoParts(); }
+
+  /// Chooses the row of an element in the grid that is shown, if that has such rows.
+  void ChooseRowOf(Element element) { Rows->Choose(element); }
+
+  /// Marks nodes and members over the drawing, those and no others.
+  void MarkElements(std::vector<Element> elements);
 
   /// What the control board's E and A can do for members without rigidity, and doing it.
   RigidityOffer RigidityOnBoard() const { return Check->RigidityOnBoard(); }
@@ -223,6 +237,7 @@ class frmMain : public CommandFrame {
   std::unique_ptr<GridCommands> Grids;
   std::unique_ptr<BoardController> Board;
   std::unique_ptr<CheckPresenter> Check;
+  std::unique_ptr<RowLink> Rows;
   std::unique_ptr<TrussPresenter> Truss;
   std::unique_ptr<LivePresenter> Live;
   std::unique_ptr<MainListener> Listener;
