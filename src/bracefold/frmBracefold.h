@@ -53,7 +53,6 @@ class frmBracefold : public QWidget, private DisplayListener {
   void MouseLeft() override {}
   void WheelTurned(const MouseEvent& event, double steps) override;
   void ViewKeyPressed(ViewMove move) override;
-  bool ToolKeyPressed(const QKeyEvent& /*key*/) override { return false; }
 
   const TrussFamily* Family;
   std::string Summary; ///< of the truss in the preview

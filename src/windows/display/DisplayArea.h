@@ -22,7 +22,7 @@ class DisplayListener {
   virtual void Resized() = 0;
   virtual void MouseMoved(const MouseEvent& event) = 0;
   virtual void MousePressed(const MouseEvent& event) = 0;
-  virtual void MouseDoubleClicked(const MouseEvent& event) = 0;
+  virtual void MouseDoubleClicked(const MouseEvent& /*event*/) {}
   virtual void MouseReleased(const MouseEvent& event) = 0;
   virtual void MouseLeft() = 0;
 
@@ -32,22 +32,22 @@ class DisplayListener {
   virtual void ViewKeyPressed(ViewMove move) = 0;
 
   /// The mouse rests; globalPlace: where a tip belongs.
-  virtual void MouseRested(const MouseEvent& event, const QPoint& globalPlace) = 0;
+  virtual void MouseRested(const MouseEvent& /*event*/, const QPoint& /*globalPlace*/) {}
 
   /// The keys that go to the next node or member, or to the one before.
-  virtual void WalkKeyPressed(ElementKind kind, bool forward) = 0;
+  virtual void WalkKeyPressed(ElementKind /*kind*/, bool /*forward*/) {}
 
   /// The key that opens what was walked to.
-  virtual void OpenKeyPressed() = 0;
+  virtual void OpenKeyPressed() {}
 
   /// The keyboard has gone to another control of the window.
-  virtual void FocusLost() = 0;
+  virtual void FocusLost() {}
 
   /// Paints what lies over the drawing and is no part of it.
-  virtual void PaintOver(QPainter& painter) = 0;
+  virtual void PaintOver(QPainter& /*painter*/) {}
 
   /// A key that an editing mode may want before anything else gets it; returns whether it did.
-  virtual bool ToolKeyPressed(const QKeyEvent& key) = 0;
+  virtual bool ToolKeyPressed(const QKeyEvent& /*key*/) { return false; }
 };
 
 /// The drawing area `Disp`: shows the picture that its surface keeps, and reports where the mouse is on it and which
