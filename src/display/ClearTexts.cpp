@@ -48,7 +48,7 @@ std::string ForceText(float force, int decimals, bool compact) {
 }
 
 std::string ShortForceText(float force, int decimals) {
-  const std::string text = ForceText(force, decimals, true);
+  std::string text = ForceText(force, decimals, true);
   if (force == 0) return text;
   return text.substr(force > 0 ? 1 : std::string(Minus).size());
 }

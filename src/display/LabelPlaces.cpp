@@ -78,7 +78,8 @@ struct BesideBar {
   std::optional<TurnedBox> Closely(int place) const {
     if (place >= 4 * CloseCount) return std::nullopt;
     const int step = place / 4;
-    const double part = (step % 2 == 0 ? 1 : -1) * ((step + 1) / 2) / (CloseCount / 2.0);
+    const int stepsOut = (step + 1) / 2; // 0, 1 to one side, 1 to the other, 2 and so on
+    const double part = (step % 2 == 0 ? stepsOut : -stepsOut) / (CloseCount / 2.0);
     const double side = place % 2 == 0 ? firstSide : -firstSide;
     const double gap = bar.width / 2 + CloseGap;
     return place % 4 < 2 ? Level(side, part, gap) : AlongAt(part * bar.length / 2, side, gap);

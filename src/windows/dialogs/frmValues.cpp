@@ -29,7 +29,7 @@ frmValues::frmValues(QWidget* parent, const std::string& title, const std::vecto
   QPushButton* btnOK = NewButton("btnOK", "OK", "Takes the values");
   QPushButton* btnCancel = NewButton("btnCancel", "Cancel", "Leaves everything as it is");
   btnOK->setDefault(true);
-  OnSignal(btnOK, &QPushButton::clicked, this, [this] { Accept(); });
+  OnSignal(btnOK, &QPushButton::clicked, this, [this] { TakeValues(); });
   OnSignal(btnCancel, &QPushButton::clicked, this, [this] { reject(); });
   auto* row = new QHBoxLayout;
   row->addStretch();
@@ -47,7 +47,7 @@ std::vector<std::string> frmValues::Texts() const {
   return texts;
 }
 
-void frmValues::Accept() {
+void frmValues::TakeValues() {
   for (QLineEdit* field : Fields) {
     if (NumericValue(field->text().toStdString())) continue;
     ShowMessage(MessageIcon::Exclamation,

@@ -25,7 +25,7 @@ class frmValues : public QDialog {
   std::vector<std::string> Texts() const;
 
  private:
-  void Accept();
+  void TakeValues();
 
   std::vector<QLineEdit*> Fields;
 };
