@@ -244,7 +244,7 @@ void frmBracefold::ShowSummary(const QString& what) { summaryLbl->setText(what +
 
 /// The file's path; empty where nothing was saved.
 std::string frmBracefold::Save() {
-  const std::string path = SaveTrussAs();
+  std::string path = SaveTrussAs();
   if (!path.empty()) ShowSummary("Saved as " + QString::fromStdString(LastComponent(path)) + ": ");
   return path;
 }
