@@ -21,7 +21,7 @@ ModelData Panel(int members) { return TriangulatedPanel(members / 3); }
 
 void Everything(benchmark::State& state, ModelData (*make)(int)) {
   SetTables(make(static_cast<int>(state.range(0))));
-  while (state.KeepRunning()) {
+  for ([[maybe_unused]] auto step : state) {
     const HandTruss truss = ReadHandTruss();
     const HandSolution solution = SolveByHand(truss);
     const auto zeros = FindZeroMembers(truss);
@@ -37,7 +37,7 @@ void Section(benchmark::State& state) {
   const HandTruss truss = ReadHandTruss();
   const HandSolution solution = SolveByHand(truss);
   const double x = truss.x.back() / 2 + 0.4;
-  while (state.KeepRunning()) benchmark::DoNotOptimize(SectionAlong(truss, {x, -1, x, 4}, solution.forces));
+  for ([[maybe_unused]] auto step : state) benchmark::DoNotOptimize(SectionAlong(truss, {x, -1, x, 4}, solution.forces));
 }
 
 BENCHMARK_CAPTURE(Everything, Girder, Girder)->Arg(200)->Arg(1000)->Arg(5000)->Unit(benchmark::kMillisecond);
