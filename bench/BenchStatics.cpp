@@ -37,7 +37,8 @@ void Section(benchmark::State& state) {
   const HandTruss truss = ReadHandTruss();
   const HandSolution solution = SolveByHand(truss);
   const double x = truss.x.back() / 2 + 0.4;
-  for ([[maybe_unused]] auto step : state) benchmark::DoNotOptimize(SectionAlong(truss, {x, -1, x, 4}, solution.forces));
+  for ([[maybe_unused]] auto step : state)
+    benchmark::DoNotOptimize(SectionAlong(truss, {x, -1, x, 4}, solution.forces));
 }
 
 BENCHMARK_CAPTURE(Everything, Girder, Girder)->Arg(200)->Arg(1000)->Arg(5000)->Unit(benchmark::kMillisecond);
