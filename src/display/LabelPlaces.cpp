@@ -187,7 +187,7 @@ std::optional<TurnedBox> LabelPlaces::AtNodeNumber(const ClearLabel& label, int 
   const std::size_t inRing = wide * parts;
   const std::size_t rings = Fine ? NumberRings.size() : 1;
   const auto index = static_cast<std::size_t>(place);
-  if (index >= inRing * rings) return std::nullopt;
+  if (inRing == 0 || index >= inRing * rings) return std::nullopt;
   const FreeAngle& angle = angles[index % inRing / parts];
   const double direction = angle.middle + Parts.at(index % parts) * angle.width;
   const PixelPoint way{std::cos(direction), std::sin(direction)};
