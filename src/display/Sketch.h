@@ -23,10 +23,10 @@ enum class SketchTone : std::uint8_t {
 struct SketchPoint {
   double x = 0;
   double y = 0;
-  std::string name{};             ///< stands beside it
-  bool isDot = true;              ///< drawn as a node
-  SketchTone tone{};              ///< of its dot: Ink or Marked
-  float support = 0;              ///< code of the support that stands under it
+  std::string name{}; ///< stands beside it
+  bool isDot = true;  ///< drawn as a node
+  SketchTone tone{};  ///< of its dot: Ink or Marked
+  float support = 0;  ///< code of the support that stands under it
 };
 
 /// A line between two points, by their indices.
@@ -34,10 +34,10 @@ struct SketchLine {
   int from = 0;
   int to = 0;
   SketchTone tone{};
-  std::string label{};   ///< along it
-  std::string number{};  ///< in a box on it
-  int key = 0;           ///< what it stands for; 0 for nothing
-  bool hasHead = false;  ///< an arrow's at its end
+  std::string label{};  ///< along it
+  std::string number{}; ///< in a box on it
+  int key = 0;          ///< what it stands for; 0 for nothing
+  bool hasHead = false; ///< an arrow's at its end
 };
 
 /// An arrow at a point.  It keeps its length in pixels at every scale.
@@ -45,10 +45,10 @@ struct SketchArrow {
   int point = 0;
   double c = 1; ///< which way it acts, of length 1
   double s = 0;
-  double share = 1;             ///< of the longest arrow
-  bool pulls = false;           ///< it stands on the side to which it acts, its tail at the point
-  bool hasHead = true;          ///< without one it is a bar that bears nothing
-  bool mayMove = false;         ///< it may stand on either side of the point, where there is room
+  double share = 1;     ///< of the longest arrow
+  bool pulls = false;   ///< it stands on the side to which it acts, its tail at the point
+  bool hasHead = true;  ///< without one it is a bar that bears nothing
+  bool mayMove = false; ///< it may stand on either side of the point, where there is room
   SketchTone tone{};
   std::string label{};
   int key = 0;

@@ -11,8 +11,11 @@ namespace strutwright {
 namespace {
 
 constexpr double AreaPerArrow = 5; // the longest arrow is this part of the area's shorter side
-constexpr double MostArrow = 64;   // pixels
-constexpr double AsideStep = 12;   // pixels between an arrow and one that stands where it would
+constexpr double AreaPerAlone = 3.5;
+constexpr double MostArrow = 64; // pixels
+constexpr double MostAlone = 90;
+constexpr double LabelRoom = 16; // around its label
+constexpr double AsideStep = 12; // pixels between an arrow and one that stands where it would
 constexpr double PassingSine = 0.35;
 
 // What speaks against a place.
@@ -97,8 +100,16 @@ class ArrowStand {
 
 } // namespace
 
-SketchArrowLengths ArrowLengthsIn(const Bounds& area) {
-  const double longest = std::min({area.Width() / AreaPerArrow, area.Height() / AreaPerArrow, MostArrow});
+SketchArrowLengths ArrowLengthsOf(const Sketch& sketch, const Bounds& area, const PixelSurface& surface) {
+  const double side = std::min(area.Width(), area.Height());
+  double longest = std::min(side / AreaPerArrow, MostArrow);
+  if (sketch.lines.empty()) {
+    double widest = 0;
+    for (const SketchArrow& arrow : sketch.arrows) {
+      widest = std::max(widest, surface.TextWidth(arrow.label, ClearSize::LargestText));
+    }
+    longest = std::min({side / AreaPerAlone, MostAlone, area.Width() / 2 - widest - LabelRoom});
+  }
   return {std::max(longest, ClearSize::MinArrow), ClearSize::MinArrow};
 }
 

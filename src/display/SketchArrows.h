@@ -14,7 +14,8 @@ struct SketchArrowLengths {
 
   double Of(const SketchArrow& arrow) const { return shortest + arrow.share * (longest - shortest); }
 };
-SketchArrowLengths ArrowLengthsIn(const Bounds& area);
+/// A sketch without lines has larger ones, as long as their labels leave room.
+SketchArrowLengths ArrowLengthsOf(const Sketch& sketch, const Bounds& area, const PixelSurface& surface);
 
 /// Stands the arrows of a sketch at the joints of its scene and adds them to what is occupied: first those that have
 /// one place only, then each of the others where it touches least.

@@ -1,9 +1,7 @@
 #include "SketchPlacement.h"
 
-#include "ClearPalette.h"
-#include "LabelPlacement.h"
 #include "SketchArrows.h"
-#include "modSketch.h"
+#include "SketchLabels.h"
 
 #include <algorithm>
 #include <array>
@@ -16,21 +14,19 @@ namespace strutwright {
 
 namespace {
 
-constexpr double SketchMargin = 16;    // pixels around points and labels
-constexpr double TitleRoom = 20;       // above
-constexpr double ScaleRoom = 22;       // below, where there is a scale
-constexpr double PointRoom = 14;       // around a point, for its name
-constexpr double SymbolRoom = 26;      // around a support
-constexpr double BarsForLabels = 400;  // a sketch of more lines names none
+constexpr double SketchMargin = 16; // pixels around points and labels
+constexpr double TitleRoom = 20;    // above
+constexpr double ScaleRoom = 22;    // below, where there is a scale
+constexpr double PointRoom = 14;    // around a point, for its name
+constexpr double SymbolRoom = 26;   // around a support
 constexpr double LineWidth = 3;
-constexpr double BoxRoom = 2.5;        // around a number
-constexpr std::array<double, 7> TextRings{12, 20, 30, 42, 56, 72, 90};
+constexpr double TextReach = 20; // from a text's place to its middle
 
 /// What the points take up, and how far what keeps its size in pixels reaches beyond them.
 class SketchFrame {
  public:
   SketchFrame(const Sketch& sketch, const Bounds& inside, const PixelSurface& surface)
-      : Figure(sketch), Inside(inside), Surface(surface), Lengths(ArrowLengthsIn(inside)) {
+      : Figure(sketch), Inside(inside), Surface(surface), Lengths(ArrowLengthsOf(sketch, inside, surface)) {
     for (const SketchPoint& point : sketch.points) Take(point.x, point.y);
     for (const SketchText& text : sketch.texts) Take(text.x, text.y);
     if (!(Left <= Right)) Left = Right = Low = High = 0;
@@ -47,8 +43,9 @@ class SketchFrame {
     }
     const double spareX = Inside.Width() - margin.left - margin.right - scale * (Right - Left);
     const double spareY = Inside.Height() - margin.top - margin.bottom - scale * (High - Low);
-    return {scale,
-            {Inside.left + margin.left + spareX / 2 - scale * Left, Inside.top + margin.top + spareY / 2 + scale * High}};
+    return {
+        scale,
+        {Inside.left + margin.left + spareX / 2 - scale * Left, Inside.top + margin.top + spareY / 2 + scale * High}};
   }
 
  private:
@@ -63,8 +60,8 @@ class SketchFrame {
     constexpr double LeastPart = 0.2; // what arrows leave to the figure at least
     const double across = std::max(Inside.Width() - margin.left - margin.right, LeastPart * Inside.Width());
     const double down = std::max(Inside.Height() - margin.top - margin.bottom, LeastPart * Inside.Height());
-    const double scale = std::min(Right > Left ? across / (Right - Left) : HUGE_VAL,
-                                  High > Low ? down / (High - Low) : HUGE_VAL);
+    const double scale =
+        std::min(Right > Left ? across / (Right - Left) : HUGE_VAL, High > Low ? down / (High - Low) : HUGE_VAL);
     return std::isfinite(scale) && scale > 0 ? scale : 1;
   }
 
@@ -80,7 +77,7 @@ class SketchFrame {
       take({scale * point.x, -scale * point.y}, room, room);
     }
     for (const SketchText& text : Figure.texts) {
-      take({scale * text.x + TextRings[1] * text.outX, -scale * text.y - TextRings[1] * text.outY}, 8, 8);
+      take({scale * text.x + TextReach * text.outX, -scale * text.y - TextReach * text.outY}, 8, 8);
     }
     for (const SketchArrow& arrow : Figure.arrows) TakeArrow(arrow, scale, take);
     return {points.left - all.left + 4, points.top - all.top + 4, all.right - points.right + 4,
@@ -137,7 +134,7 @@ void AddJointsAndBars(PlacedSketch& placed) {
   SortDirections(truss);
 }
 
-void Occupy(PlacedSketch& placed) {
+void Occupy(PlacedSketch& placed, const PixelSurface& surface) {
   ClearScene& scene = placed.scene;
   scene.plane = OccupiedPlane(placed.area, 4 * scene.truss.bars.size() + 2 * scene.truss.joints.size());
   for (std::size_t b = 0; b < scene.truss.bars.size(); ++b) {
@@ -150,70 +147,7 @@ void Occupy(PlacedSketch& placed) {
     scene.plane.Add({{scene.truss.joints[n].at, {1, 0}, Half, Half}, Occupant::Node, static_cast<int>(n)});
   }
   scene.supports = PlaceSupports(scene.truss, scene.plane);
-  PlaceSketchArrows(placed.sketch, ArrowLengthsIn(placed.area), scene);
-}
-
-/// The text's middle first, or a first step outwards, then farther out, or around it.
-std::vector<PixelPoint> PlacesOf(const SketchText& text) {
-  std::vector<PixelPoint> places;
-  if (text.outX != 0 || text.outY != 0) {
-    for (const double out : TextRings) {
-      for (const double turn : {0.0, 0.5, -0.5}) {
-        const double c = std::cos(turn), s = std::sin(turn);
-        places.push_back({out * (c * text.outX - s * text.outY), -out * (s * text.outX + c * text.outY)});
-      }
-    }
-    return places;
-  }
-  places.push_back({0, 0});
-  for (const double out : TextRings) {
-    for (const PixelPoint way : {PixelPoint{0, -1}, {1, 0}, {-1, 0}, {0, 1}}) places.push_back((out / 2) * way);
-  }
-  return places;
-}
-
-/// A text that is free nowhere stands at its first place all the same: it names something.
-void PlaceTexts(PlacedSketch& placed, const PixelSurface& surface) {
-  for (const SketchText& text : placed.sketch.texts) {
-    const std::vector<PixelPoint> places = PlacesOf(text);
-    const double half = surface.TextWidth(text.text, ClearSize::LargestText) / 2 + 1;
-    TurnedBox box{{}, {1, 0}, half, ClearSize::LargestText / 2.0};
-    const PixelPoint at = placed.At(text.x, text.y);
-    const auto isFree = [&](PixelPoint place) {
-      box.centre = at + place;
-      return !TouchesAnything(placed.scene, box);
-    };
-    const auto found = std::find_if(places.begin(), places.end(), isFree);
-    box.centre = at + (found == places.end() ? places.front() : *found);
-    placed.scene.plane.Add({box, Occupant::Support, 0});
-    placed.texts.push_back({box.centre, text.text, text.tone});
-  }
-}
-
-/// In the order in which they get their places.
-void MakeLabels(PlacedSketch& placed, const PixelSurface& surface) {
-  const Sketch& sketch = placed.sketch;
-  const auto add = [&](LabelKind kind, std::size_t owner, const std::string& text, Colour colour) {
-    if (text.empty()) return;
-    const bool boxed = kind == LabelKind::MemberNumber;
-    const int size = placed.scene.text.size - (boxed ? 1 : 0);
-    const double room = boxed ? BoxRoom : 0;
-    placed.scene.labels.push_back({kind, static_cast<int>(owner), text, colour,
-                                   surface.TextWidth(text, size) / 2 + 1 + room, size / 2.0 + room / 2, -1, {}});
-  };
-  for (std::size_t k = 0; k < sketch.arrows.size(); ++k) {
-    add(LabelKind::Arrow, k, sketch.arrows[k].label, ToneColour(sketch.arrows[k].tone));
-  }
-  const bool names = static_cast<double>(sketch.lines.size()) <= BarsForLabels;
-  for (std::size_t k = 0; names && k < sketch.lines.size(); ++k) {
-    add(LabelKind::Force, k, sketch.lines[k].label, ToneColour(sketch.lines[k].tone));
-  }
-  for (std::size_t k = 0; names && k < sketch.points.size(); ++k) {
-    add(LabelKind::NodeNumber, k + 1, sketch.points[k].name, ClearPalette::Ink);
-  }
-  for (std::size_t k = 0; names && k < sketch.lines.size(); ++k) {
-    add(LabelKind::MemberNumber, k, sketch.lines[k].number, ClearPalette::MemberNumber);
-  }
+  PlaceSketchArrows(placed.sketch, ArrowLengthsOf(placed.sketch, placed.area, surface), scene);
 }
 
 } // namespace
@@ -227,10 +161,8 @@ PlacedSketch PlaceSketch(const Sketch& sketch, const Bounds& area, const PixelSu
   if (!sketch.unit.empty()) inside.bottom -= ScaleRoom;
   std::tie(placed.scale, placed.origin) = SketchFrame(sketch, inside, surface).Fit();
   AddJointsAndBars(placed);
-  Occupy(placed);
-  PlaceTexts(placed, surface);
-  MakeLabels(placed, surface);
-  PlaceLabels(placed.scene, nullptr, std::numeric_limits<int>::max());
+  Occupy(placed, surface);
+  LabelSketch(placed, surface);
   return placed;
 }
 

@@ -104,7 +104,8 @@ void DrawScaleBar(PixelSurface& surface, const PlacedSketch& placed) {
   for (const PixelPoint end : {from, to}) {
     surface.PixelLine({end.x, end.y - 4}, {end.x, end.y + 4}, {ClearPalette::Ink, 1.4});
   }
-  WriteFromLeft(surface, to.x + 6, to.y, NumberText(static_cast<float>(value)) + " " + placed.sketch.unit, ClearPalette::Ink);
+  WriteFromLeft(surface, to.x + 6, to.y, NumberText(static_cast<float>(value)) + " " + placed.sketch.unit,
+                ClearPalette::Ink);
 }
 
 void DrawStroke(PixelSurface& surface, const PlacedSketch& placed) {

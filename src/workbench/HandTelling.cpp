@@ -17,8 +17,7 @@ void AddLines(const std::vector<std::string>& lines, std::string& text) {
 
 std::string TextOf(const HandTelling& telling) {
   std::string text = telling.heading + "\n\n";
-  AddLines(telling.sentences, text);
-  if (!telling.equations.empty()) text += "\n";
+  for (const std::string& sentence : telling.sentences) text += sentence + "\n\n";
   const std::size_t told = std::min(telling.equations.size(), MostToldEquations);
   for (std::size_t k = 0; k < told; ++k) {
     const HandEquation& equation = telling.equations[k];
@@ -28,9 +27,10 @@ std::string TextOf(const HandTelling& telling) {
   if (told < telling.equations.size()) {
     text += "and " + std::to_string(telling.equations.size() - told) + " more equations\n";
   }
-  if (!telling.solution.empty()) text += "\n";
+  if (!telling.equations.empty() && !telling.solution.empty()) text += "\n";
   AddLines(telling.solution, text);
-  if (!telling.remarks.empty()) text += "\n";
+  const bool hasMiddle = !telling.equations.empty() || !telling.solution.empty();
+  if (hasMiddle && !telling.remarks.empty()) text += "\n";
   AddLines(telling.remarks, text);
   return text;
 }

@@ -109,7 +109,8 @@ SketchArrow ArrowOf(const BodyForce& force, int point, const FreeBody& body, dou
   }
   arrow.mayMove = true;
   if (force.kind == ForceKind::Load) arrow.tone = SketchTone::Ink;
-  if (force.kind == ForceKind::Reaction && force.isKnown) arrow.tone = isNone ? SketchTone::NoForce : SketchTone::Reaction;
+  if (force.kind == ForceKind::Reaction && force.isKnown)
+    arrow.tone = isNone ? SketchTone::NoForce : SketchTone::Reaction;
   return arrow;
 }
 
@@ -140,6 +141,41 @@ double LargestOuter(const ForceDiagram& diagram) {
   }
   return largest;
 }
+
+/// The points of a force diagram as far as it is drawn.  Spaces at one place share a point and its name: "f, j".
+class DiagramPoints {
+ public:
+  DiagramPoints(const ForceDiagram& diagram, Sketch& sketch) : Diagram(diagram), Figure(sketch) {
+    double largest = 0;
+    for (const DiagramLine& line : diagram.lines) largest = std::max(largest, std::abs(line.force));
+    constexpr double SamePlace = 1e-6;
+    Same = SamePlace * largest;
+  }
+
+  int For(int space) {
+    const auto [place, isNew] = PointOf.emplace(space, 0);
+    if (isNew) place->second = Find(Diagram.spaces[Nth(space)]);
+    return place->second;
+  }
+
+ private:
+  int Find(const DiagramSpace& space) {
+    const std::string name = LowerCase(space.letter);
+    for (std::size_t k = 0; k < Figure.points.size(); ++k) {
+      SketchPoint& point = Figure.points[k];
+      if (std::hypot(point.x - space.x, point.y - space.y) > Same) continue;
+      point.name += ", " + name;
+      return static_cast<int>(k);
+    }
+    Figure.points.push_back({space.x, space.y, name});
+    return static_cast<int>(Figure.points.size()) - 1;
+  }
+
+  const ForceDiagram& Diagram;
+  Sketch& Figure;
+  double Same = 0;
+  std::map<int, int> PointOf;
+};
 
 } // namespace
 
@@ -251,21 +287,11 @@ Sketch FormFigure(const HandTruss& truss, const ForceDiagram& diagram, std::size
 Sketch ForceFigure(const ForceDiagram& diagram, std::size_t drawn) {
   Sketch sketch;
   sketch.unit = "kN";
-  std::map<int, int> pointOf;
-  const auto pointFor = [&](int space) {
-    const auto [place, isNew] = pointOf.emplace(space, static_cast<int>(sketch.points.size()));
-    if (isNew) {
-      const DiagramSpace& each = diagram.spaces[Nth(space)];
-      SketchPoint point{each.x, each.y};
-      point.name = LowerCase(each.letter);
-      sketch.points.push_back(point);
-    }
-    return place->second;
-  };
+  DiagramPoints points(diagram, sketch);
   for (std::size_t k = 0; k < std::min(drawn, diagram.lines.size()); ++k) {
     const DiagramLine& line = diagram.lines[k];
-    const int from = pointFor(line.from);
-    SketchLine drawnLine{from, pointFor(line.to), ToneOfLine(line, diagram)};
+    const int from = points.For(line.from);
+    SketchLine drawnLine{from, points.For(line.to), ToneOfLine(line, diagram)};
     drawnLine.key = static_cast<int>(k) + 1;
     drawnLine.hasHead = line.kind != ForceKind::Member;
     if (line.kind == ForceKind::Member) drawnLine.number = std::to_string(line.member);

@@ -1,6 +1,7 @@
 #include "modHandLesson.h"
 
 #include "HandTexts.h"
+#include "modHandAgreement.h"
 #include "modHandFigures.h"
 
 #include <algorithm>
@@ -82,12 +83,13 @@ void HandLesson::Read() {
 std::string HandLesson::WhyNothing() const {
   if (TheSolution.determinacy.kind == TrussKind::Empty) return "The model has no nodes: enter a truss first.";
   if (TheSolution.determinacy.kind != TrussKind::Mechanism) return "";
-  return TheSolution.determinacy.sentence + " What can move need not be in equilibrium: give it the supports or members "
-                                            "that it lacks; the check says which would do.";
+  return TheSolution.determinacy.sentence +
+         ". What can move need not be in equilibrium: give it the supports or members "
+         "that it lacks; the check says which would do.";
 }
 
 std::vector<std::string> HandLesson::Verdict() const {
-  std::vector<std::string> sentences{TheSolution.determinacy.sentence};
+  std::vector<std::string> sentences{TheSolution.determinacy.sentence + "."};
   for (const std::string& note : TheTruss.notes) sentences.push_back(note + ".");
   if (!HasLoad(TheTruss)) {
     sentences.emplace_back("No node is loaded: every force that equilibrium can find is 0.");
@@ -141,7 +143,9 @@ HandTelling HandLesson::TellReactions(int step) const {
     telling.sentences.emplace_back("The whole truss is cut free of its supports, which leave their reactions behind: "
                                    "positive to the right and upward.");
   }
-  if (step > 0) telling.heading = "Reactions, equation " + std::to_string(step) + " of " + std::to_string(LastStep(HandTopic::FirstReactions));
+  if (step > 0)
+    telling.heading =
+        "Reactions, equation " + std::to_string(step) + " of " + std::to_string(LastStep(HandTopic::FirstReactions));
   telling.equations.assign(first.equations.begin(), first.equations.begin() + step);
   FreeBody body = AsCutFree(first.body);
   for (BodyForce& force : body.forces) {
@@ -168,7 +172,9 @@ HandTelling HandLesson::TellZeros(int step) const {
   for (int k = 0; k < step; ++k) {
     telling.sentences.push_back("Member " + std::to_string(TheZeros[At(k)].member) + ": " + TheZeros[At(k)].text + ".");
   }
-  if (step > 0) telling.heading = OfSteps(step, LastStep(HandTopic::ZeroMembers)) + ": member " + std::to_string(TheZeros[At(step - 1)].member);
+  if (step > 0)
+    telling.heading =
+        OfSteps(step, LastStep(HandTopic::ZeroMembers)) + ": member " + std::to_string(TheZeros[At(step - 1)].member);
   if (step == LastStep(HandTopic::ZeroMembers) && !ZeroOnlyByNumbers.empty()) {
     std::string names = MemberNames(ZeroOnlyByNumbers);
     names.front() = 'M';
@@ -182,7 +188,8 @@ HandTelling HandLesson::TellZeros(int step) const {
 HandForces HandLesson::KnownBefore(int step) const {
   HandForces known(TheTruss);
   const HandForces& all = TheSolution.forces;
-  if (TheSolution.reactions.found) LearnFrom(TheSolution.reactions.body, AllForcesOf(TheSolution.reactions.body), all, known);
+  if (TheSolution.reactions.found)
+    LearnFrom(TheSolution.reactions.body, AllForcesOf(TheSolution.reactions.body), all, known);
   for (int k = 0; k + 1 < step; ++k) {
     const HandStep& each = TheSolution.steps[At(k)];
     LearnFrom(each.body, each.found, all, known);
@@ -207,13 +214,15 @@ HandTelling HandLesson::TellEnd() const {
   HandTelling telling;
   const bool all = TheSolution.stop.empty();
   telling.heading = all ? "All forces are known" : "Here it stops";
-  if (!all) telling.sentences.push_back(TheSolution.stop);
+  if (!all) telling.sentences.push_back(TheSolution.stop + ".");
   for (const HandMember& member : TheTruss.members) {
     const bool isKnown = TheSolution.forces.memberKnown[At(member.number)] != 0;
     const std::string name = "F" + std::to_string(member.number);
-    telling.solution.push_back(isKnown ? ForceText(name, TheSolution.forces.members[At(member.number)], true, TheTruss.nothing)
-                                       : name + " is left open");
+    telling.solution.push_back(
+        isKnown ? ForceText(name, TheSolution.forces.members[At(member.number)], true, TheTruss.nothing)
+                : name + " is left open");
   }
+  if (all && HasComputed()) telling.remarks.push_back(AgreementSentence(TheTruss, TheSolution));
   telling.remarks.emplace_back("Choose a joint with Computed ticked to see that it balances with the forces of the "
                                "analysis.");
   telling.sheet = Whole(TrussFigure(TheTruss, TheSolution.forces, {}));
@@ -257,8 +266,7 @@ int HandLesson::StepOfJoint(int node) const {
 std::string HandLesson::LineText(int key) const {
   if (key < 1 || key > static_cast<int>(TheDiagram.lines.size())) return "";
   const DiagramLine& line = TheDiagram.lines[At(key - 1)];
-  const std::string ends =
-      TheDiagram.spaces[At(line.from)].letter + "-" + TheDiagram.spaces[At(line.to)].letter + ": ";
+  const std::string ends = TheDiagram.spaces[At(line.from)].letter + "-" + TheDiagram.spaces[At(line.to)].letter + ": ";
   if (line.kind == ForceKind::Member) {
     return ends + "member " + std::to_string(line.member) + ", " +
            ForceText("F" + std::to_string(line.member), line.force, true, TheTruss.nothing);

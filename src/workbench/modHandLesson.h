@@ -18,6 +18,9 @@ class HandLesson {
   /// Solves the truss of the model in the tables.
   void Read();
 
+  /// Whether the tables hold the results of an analysis.
+  static bool HasComputed();
+
   /// Whether the lesson is about the model in the tables.
   bool IsCurrent() const { return Solved.IsCurrent(); }
 

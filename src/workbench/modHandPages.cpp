@@ -3,6 +3,7 @@
 #include "modHandFigures.h"
 #include "modHandLesson.h"
 #include "modMember.h"
+#include "modModelStore.h"
 
 #include <algorithm>
 #include <cmath>
@@ -66,6 +67,8 @@ std::vector<double> CutsOf(const HandTruss& truss) {
 
 } // namespace
 
+bool HandLesson::HasComputed() { return AnalysisDone == FlagTrue; }
+
 HandTelling HandLesson::TellJoint(int node, bool computed) const {
   if (!WhyNothing().empty()) return Nothing();
   HandTelling telling;
@@ -74,8 +77,9 @@ HandTelling HandLesson::TellJoint(int node, bool computed) const {
   if (joint.body.forces.empty()) telling.sentences.emplace_back("Nothing acts on this node.");
   const int step = StepOfJoint(node);
   if (step > 0 && !computed) {
-    telling.sentences.push_back("Step " + std::to_string(step) + " takes this joint; here every force that is known "
-                                                                 "at the end has its number.");
+    telling.sentences.push_back("Step " + std::to_string(step) +
+                                " takes this joint; here every force that is known "
+                                "at the end has its number.");
   }
   telling.equations = joint.equations;
   if (!joint.body.forces.empty()) telling.remarks.push_back(Balances(joint, computed));
@@ -116,7 +120,8 @@ HandTelling HandLesson::TellSection(const SectionStroke& stroke, double nearness
     telling.sheet = {{std::move(truss)}};
     return telling;
   }
-  telling.sentences.push_back("The part with " + NodeNames(section.body.nodes) + " is cut free.");
+  const bool one = section.body.nodes.size() == 1;
+  telling.sentences.push_back(NodeNames(section.body.nodes) + (one ? " is cut free." : " are cut free together."));
   if (!TheSolution.reactions.found) telling.sentences.push_back(TheSolution.reactions.whyNot + ".");
   if (!section.remark.empty()) telling.sentences.push_back(section.remark + ".");
   telling.equations = section.equations;
@@ -168,10 +173,10 @@ HandTelling HandLesson::TellDiagram(int step) const {
     if (line.step > 0) {
       const HandStep& drawn = TheSolution.steps[line.step - 1];
       const bool isJoint = drawn.kind == HandStepKind::Joint;
-      telling.sentences.push_back(
-          !line.byHand ? "Its force was found before, so it can be drawn to its length."
-          : isJoint    ? "It is drawn at joint " + std::to_string(drawn.body.nodes.front()) + ", parallel to the member."
-                       : "It is drawn parallel to the member.");
+      telling.sentences.push_back(!line.byHand ? "Its force was found before, so it can be drawn to its length."
+                                  : isJoint    ? "It is drawn at joint " + std::to_string(drawn.body.nodes.front()) +
+                                                  ", parallel to the member."
+                                            : "It is drawn parallel to the member.");
     }
   }
   if (step == last) {
