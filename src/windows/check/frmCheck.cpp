@@ -178,10 +178,7 @@ void frmCheck::FillInRigidity() {
   Frame.Run([this] { Frame.Edit("Fill In E and A", [this] { Frame.FillInRigidity(); }); });
 }
 
-void frmCheck::Copy() {
-  const std::string byHand = byHandLbl->text().toStdString();
-  TheClipboard().SetText(CheckReportText() + (byHand.empty() ? "" : byHand + "\n"), "");
-}
+void frmCheck::Copy() { TheClipboard().SetText(CheckReportText(), ""); }
 
 void frmCheck::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
