@@ -73,8 +73,5 @@ BENCHMARK(RepaintFarCorner)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QApplication application(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  return 0;
+  return strutwright::RunBenchmarks(argc, argv);
 }

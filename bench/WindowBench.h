@@ -5,7 +5,11 @@
 #include <fstream>
 #include <stdexcept>
 
+#include <QApplication>
+
 #include <unistd.h>
+
+#include <benchmark/benchmark.h>
 
 namespace strutwright {
 
@@ -22,6 +26,14 @@ inline double ResidentMegabytes() {
   double pages = 0;
   status >> pages >> pages;
   return pages * static_cast<double>(sysconf(_SC_PAGESIZE)) / 1e6;
+}
+
+/// Runs the benchmarks of a program with windows.
+inline int RunBenchmarks(int argc, char** argv) {
+  const QApplication application(argc, argv);
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
 }
 
 } // namespace strutwright

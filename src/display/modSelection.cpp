@@ -35,13 +35,19 @@ void DropMissing(Selection& selection) {
   std::erase_if(selection.members, [](int m) { return m < 1 || m > MemberCount; });
 }
 
-bool SelectAt(Selection& selection, float x, float y, bool add) {
+Element ElementInReach(const DrawingSurface* surface, float x, float y) {
   const int n = FindNode(x, y);
-  const int m = n == 0 ? FindMember(x, y) : 0;
+  if (n != 0) return {ElementKind::Node, n};
+  const Element pointed = surface == nullptr ? Element{} : ElementAt(*surface, x, -static_cast<double>(y));
+  if (pointed.kind == ElementKind::Node) return pointed;
+  const int m = FindMember(x, y);
+  return m != 0 ? Element{ElementKind::Member, m} : pointed;
+}
+
+void Select(Selection& selection, Element element, bool add) {
   if (!add) selection.Clear();
-  if (n != 0) Toggle(selection.nodes, n);
-  if (m != 0) Toggle(selection.members, m);
-  return n != 0 || m != 0;
+  if (element.kind == ElementKind::Node) Toggle(selection.nodes, element.number);
+  if (element.kind == ElementKind::Member) Toggle(selection.members, element.number);
 }
 
 void SelectInside(Selection& selection, double x1, double y1, double x2, double y2, bool add) {

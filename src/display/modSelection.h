@@ -1,6 +1,7 @@
 #pragma once
 
 #include "DrawingSurface.h"
+#include "modPointing.h"
 
 #include <set>
 #include <vector>
@@ -20,10 +21,13 @@ struct Selection {
 /// Takes numbers out that the model does not have.
 void DropMissing(Selection& selection);
 
-/// Selects the node at a world point, or else the member there.  add: what was selected stays, and what is hit there
-/// changes whether it is selected; otherwise it becomes the whole selection, and nothing does where nothing is hit.
-/// Returns whether something was hit.
-bool SelectAt(Selection& selection, float x, float y, bool add);
+/// What the mouse takes hold of at a world point, in m, y upwards: a node before a member, closer than PickRadius or,
+/// where that is little on the screen, within PointingReach.  surface: nullptr for PickRadius alone.
+Element ElementInReach(const DrawingSurface* surface, float x, float y);
+
+/// Selects an element.  add: what was selected stays, and the element changes whether it is selected; otherwise it
+/// becomes the whole selection, and nothing does where there is none.
+void Select(Selection& selection, Element element, bool add);
 
 /// Selects the nodes inside a rectangle of the world and the members with both ends inside, in addition or instead.
 void SelectInside(Selection& selection, double x1, double y1, double x2, double y2, bool add);

@@ -1,5 +1,6 @@
 #include "DisplayFixture.h"
 #include "modPointing.h"
+#include "modSelection.h"
 
 #include <ostream>
 
@@ -43,6 +44,27 @@ TEST_F(PointingTest, HasTheSameReachAtEveryZoomAndPickRadius) {
   surface.window = {-20, -50, 80, 60};
   EXPECT_EQ(At(2, -0.55), MemberNo(1));
   EXPECT_EQ(At(2, -0.65), Element{});
+}
+
+TEST_F(PointingTest, TheMouseTakesHoldWithinThePickRadiusOrSixPixels) {
+  PickRadius = 0.5F;
+  EXPECT_EQ(ElementInReach(&surface, 0.4F, 0), NodeNo(1));
+  EXPECT_EQ(ElementInReach(&surface, 2, 0.4F), MemberNo(1));
+  PickRadius = 0.01F;
+  EXPECT_EQ(ElementInReach(&surface, 0.05F, 0), NodeNo(1));
+  EXPECT_EQ(ElementInReach(&surface, 2, 0.05F), MemberNo(1));
+  EXPECT_EQ(ElementInReach(&surface, 2, 0.07F), Element{});
+}
+
+TEST_F(PointingTest, TheMouseTakesANodeNearbyBeforeAMemberUnderIt) {
+  PickRadius = 0.01F;
+  EXPECT_EQ(ElementInReach(&surface, 0.04F, 0), NodeNo(1));
+}
+
+TEST_F(PointingTest, WithoutADisplayThePickRadiusAloneCounts) {
+  PickRadius = 0.01F;
+  EXPECT_EQ(ElementInReach(nullptr, 0.05F, 0.05F), Element{});
+  EXPECT_EQ(ElementInReach(nullptr, 2, 0), MemberNo(1));
 }
 
 TEST_F(PointingTest, PrefersANodeToItsMembers) {

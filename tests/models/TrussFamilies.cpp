@@ -1,6 +1,6 @@
 #include "TrussFamilies.h"
 
-#include "LargeModels.h"
+#include "TrussBuilder.h"
 
 #include <algorithm>
 #include <array>
@@ -14,43 +14,10 @@ namespace {
 
 constexpr int OneMore = 1; // redundant member of a cross-braced storey
 
-/// Puts a truss together, node by node; nodes are named by their numbers, from 1.
-class Builder {
+class Builder : public TrussBuilder {
  public:
-  explicit Builder(std::mt19937& generator) : Random(generator) {}
-
-  /// Between -1 and 1.
-  double Chance() { return 2.0 * Below(10001, Random) / 10000 - 1; }
-
-  int Node(double x, double y, double disorder = 0.05) {
-    Model.nodes.push_back({static_cast<float>(x + disorder * Chance()), static_cast<float>(y + disorder * Chance()), 0,
-                           static_cast<float>(-10 + 5 * Chance())});
-    return static_cast<int>(Model.nodes.size());
-  }
-
-  void Join(int a, int b) {
-    Model.members.push_back(
-        {static_cast<float>(a), static_cast<float>(b), 200, static_cast<float>(1500 + 500 * Chance())});
-  }
-
-  /// A node held by members to two others.
-  int Hang(double x, double y, int a, int b) {
-    const int node = Node(x, y);
-    Join(a, node);
-    Join(b, node);
-    return node;
-  }
-
-  void Support(int node, float code) { Model.nodes[static_cast<std::size_t>(node - 1)].support = code; }
-  float X(int node) const { return Model.nodes[static_cast<std::size_t>(node - 1)].x; }
-  float Y(int node) const { return Model.nodes[static_cast<std::size_t>(node - 1)].y; }
-  int NodeCount() const { return static_cast<int>(Model.nodes.size()); }
-
+  using TrussBuilder::TrussBuilder;
   KnownTruss Done(int indeterminacy = 0) { return {Model, 0, indeterminacy}; }
-
- private:
-  std::mt19937& Random;
-  ModelData Model;
 };
 
 /// Two chords; rising and falling diagonals.
@@ -135,11 +102,7 @@ KnownTruss RandomSimple(Builder build, int nodes) {
   while (build.NodeCount() < std::max(6, nodes)) {
     const int a = std::max(1, build.NodeCount() - static_cast<int>(3 + 3 * build.Chance()));
     const int b = std::max(1, build.NodeCount() - static_cast<int>(3 + 3 * build.Chance()));
-    const double x = (build.X(a) + build.X(b)) / 2 + 5 * build.Chance();
-    const double y = (build.Y(a) + build.Y(b)) / 2 + 5 * build.Chance();
-    const double ax = build.X(a) - x, ay = build.Y(a) - y, bx = build.X(b) - x, by = build.Y(b) - y;
-    const double sine = std::abs(ax * by - ay * bx) / (std::hypot(ax, ay) * std::hypot(bx, by) + 1e-9);
-    if (a != b && sine > 0.4) build.Hang(x, y, a, b);
+    build.HangBetween(a, b, 0.4);
   }
   return build.Done();
 }

@@ -1,6 +1,6 @@
 #include "HandFamilies.h"
 
-#include "LargeModels.h"
+#include "TrussBuilder.h"
 #include "TrussFamilies.h"
 
 #include <algorithm>
@@ -13,37 +13,9 @@ namespace strutwright {
 
 namespace {
 
-/// Puts a truss together; nodes are named by their numbers, from 1.
-class HandBuilder {
+class HandBuilder : public TrussBuilder {
  public:
-  explicit HandBuilder(std::mt19937& generator) : Random(generator) {}
-
-  /// Between -1 and 1.
-  double Chance() { return 2.0 * Below(10001, Random) / 10000 - 1; }
-
-  int Node(double x, double y, double disorder = 0.05) {
-    Model.nodes.push_back({static_cast<float>(x + disorder * Chance()), static_cast<float>(y + disorder * Chance()),
-                           static_cast<float>(2 * Chance()), static_cast<float>(-10 + 5 * Chance())});
-    return static_cast<int>(Model.nodes.size());
-  }
-
-  void Join(int a, int b) {
-    Model.members.push_back(
-        {static_cast<float>(a), static_cast<float>(b), 200, static_cast<float>(1500 + 500 * Chance())});
-  }
-
-  int Hang(double x, double y, int a, int b) {
-    const int node = Node(x, y);
-    Join(a, node);
-    Join(b, node);
-    return node;
-  }
-
-  void Support(int node, float code) { At(node).support = code; }
-  double X(int node) { return At(node).x; }
-  double Y(int node) { return At(node).y; }
-  int NodeCount() const { return static_cast<int>(Model.nodes.size()); }
-  int Any(int limit) { return 1 + Below(limit, Random); }
+  explicit HandBuilder(std::mt19937& generator) : TrussBuilder(generator, 2) {}
 
   /// A strip of triangles along a line from one node to a last one, which may be there already; its nodes in order,
   /// every other one so far to the left of the line.
@@ -63,12 +35,6 @@ class HandBuilder {
   }
 
   DeterminateTruss Done(TrussKind kind) const { return {Model, kind}; }
-
- private:
-  NodeData& At(int node) { return Model.nodes[static_cast<std::size_t>(node - 1)]; }
-
-  std::mt19937& Random;
-  ModelData Model;
 };
 
 DeterminateTruss HingeAndTie(HandBuilder build, int nodes) {
@@ -114,11 +80,7 @@ DeterminateTruss Hexagon(HandBuilder build, int nodes) {
   while (build.NodeCount() < nodes) {
     const int a = build.Any(build.NodeCount());
     const int b = build.Any(build.NodeCount());
-    const double x = (build.X(a) + build.X(b)) / 2 + 5 * build.Chance();
-    const double y = (build.Y(a) + build.Y(b)) / 2 + 5 * build.Chance();
-    const double ax = build.X(a) - x, ay = build.Y(a) - y, bx = build.X(b) - x, by = build.Y(b) - y;
-    const double sine = std::abs(ax * by - ay * bx) / (std::hypot(ax, ay) * std::hypot(bx, by) + 1e-9);
-    if (a != b && sine > 0.5) build.Hang(x, y, a, b);
+    build.HangBetween(a, b, 0.5);
   }
   return build.Done(TrussKind::Complex);
 }

@@ -1,7 +1,6 @@
-#include "FormFixture.h"
+#include "DisplayFormFixture.h"
 
 #include "AnalysisState.h"
-#include "DisplayArea.h"
 #include "DisplayState.h"
 #include "EditingState.h"
 #include "InfluencePicture.h"
@@ -22,12 +21,9 @@ namespace {
 using testing::HasSubstr;
 
 /// A user who draws a bridge, and counts clicks, drags and keys.
-class BridgeTask : public FormTest {
+class BridgeTask : public DisplayFormTest {
  protected:
   BridgeTask() { TheLive.mostTime = 1e9; } // however slow the machine is
-
-  DisplayArea& Area() { return static_cast<DisplayArea&>(Find<QWidget>("Disp")); }
-  QPoint At(double x, double y) { return Area().Surface().ToPixel(x, -y).toPoint(); }
 
   void Click(double x, double y) {
     ++Events;

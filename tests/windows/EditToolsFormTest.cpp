@@ -1,7 +1,6 @@
-#include "FormFixture.h"
+#include "DisplayFormFixture.h"
 
 #include "AnalysisState.h"
-#include "DisplayArea.h"
 #include "DisplayState.h"
 #include "EditingState.h"
 #include "WorkbenchState.h"
@@ -25,8 +24,8 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
 
-/// Real mouse events over the drawing, at world points.
-class EditToolsTest : public FormTest {
+/// The three-bar truss, under the mouse.
+class EditToolsTest : public DisplayFormTest {
  protected:
   EditToolsTest() {
     TheLive.mostTime = 1e9; // however slow the machine is
@@ -34,9 +33,6 @@ class EditToolsTest : public FormTest {
     Command("mnuRefresh").trigger();
     Area().setFocus();
   }
-
-  DisplayArea& Area() { return static_cast<DisplayArea&>(Find<QWidget>("Disp")); }
-  QPoint At(double x, double y) { return Area().Surface().ToPixel(x, -y).toPoint(); }
 
   void Click(double x, double y, Qt::KeyboardModifiers keys = {}) {
     QTest::mouseClick(&Area(), Qt::LeftButton, keys, At(x, y));
@@ -66,17 +62,9 @@ class EditToolsTest : public FormTest {
   std::string UndoText() { return Command("mnuUndo").text().toStdString(); }
   std::string Hint() { return LabelText("stsBar_Hint"); }
 
-  /// Does something in the pop-up menu as soon as it is open.
+  /// Does something in the pop-up menu at a point.
   void RightClick(double x, double y, const std::function<void(QMenu&)>& work) {
-    auto* menu = frame->findChild<QMenu*>("mnuPopUp");
-    auto* watch = new QTimer(menu);
-    QObject::connect(watch, &QTimer::timeout, menu, [menu, watch, work] {
-      if (!menu->isVisible()) return;
-      watch->deleteLater();
-      work(*menu);
-      menu->close();
-    });
-    watch->start(1);
+    InPopUp(work);
     QTest::mouseClick(&Area(), Qt::RightButton, {}, At(x, y));
   }
 
@@ -230,6 +218,13 @@ TEST_F(EditToolsTest, SelectsByClickAndWithCtrl) {
   EXPECT_THAT(TheDisplay.Selected.nodes, IsEmpty());
   Click(5, 3);
   EXPECT_TRUE(TheDisplay.Selected.IsEmpty());
+}
+
+TEST_F(EditToolsTest, TakesHoldWithinSixPixelsHoweverFarTheViewIsZoomedOut) {
+  for (int times = 0; times < 6; ++times) Command("mnuZoomOut").trigger();
+  Command("mnuSelectMove").trigger();
+  QTest::mouseClick(&Area(), Qt::LeftButton, {}, At(0, 0) + QPoint(-4, 0));
+  EXPECT_THAT(TheDisplay.Selected.nodes, ElementsAre(1));
 }
 
 TEST_F(EditToolsTest, SelectsWithARectangle) {

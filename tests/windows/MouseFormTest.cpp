@@ -1,7 +1,6 @@
-#include "FormFixture.h"
+#include "DisplayFormFixture.h"
 
 #include "AnalysisState.h"
-#include "DisplayArea.h"
 #include "DisplayState.h"
 #include "modModelStore.h"
 
@@ -17,12 +16,8 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-/// Real mouse events over the drawing, at world points.
-class MouseFormTest : public FormTest {
+class MouseFormTest : public DisplayFormTest {
  protected:
-  DisplayArea& Area() { return static_cast<DisplayArea&>(Find<QWidget>("Disp")); }
-  QPoint At(double x, double y) { return Area().Surface().ToPixel(x, -y).toPoint(); }
-
   void Click(double x, double y, Qt::MouseButton button = Qt::LeftButton) {
     QTest::mouseMove(&Area(), At(x, y));
     QTest::mouseClick(&Area(), button, {}, At(x, y));
@@ -34,19 +29,6 @@ class MouseFormTest : public FormTest {
     QMouseEvent move(QEvent::MouseMove, At(x2, y2), Area().mapToGlobal(At(x2, y2)), Qt::NoButton, Qt::LeftButton, {});
     QCoreApplication::sendEvent(&Area(), &move);
     QTest::mouseRelease(&Area(), Qt::LeftButton, {}, At(x2, y2));
-  }
-
-  /// Does something in the pop-up menu as soon as it is open.
-  void InPopUp(const std::function<void(QMenu&)>& work) {
-    auto* menu = frame->findChild<QMenu*>("mnuPopUp");
-    auto* watch = new QTimer(menu);
-    QObject::connect(watch, &QTimer::timeout, menu, [menu, watch, work] {
-      if (!menu->isVisible()) return;
-      watch->deleteLater();
-      work(*menu);
-      menu->close();
-    });
-    watch->start(1);
   }
 };
 

@@ -1,10 +1,9 @@
 // Pointing at nodes and members, walking to them by keys, and the link between grids and drawing.
 
-#include "FormFixture.h"
+#include "DisplayFormFixture.h"
 
 #include "AnalysisState.h"
 #include "DataGridView.h"
-#include "DisplayArea.h"
 #include "DisplayState.h"
 #include "ModelBuilder.h"
 #include "modModelStore.h"
@@ -27,7 +26,7 @@ using testing::HasSubstr;
 using testing::StartsWith;
 
 /// The three-bar truss, framed: nodes 1 (0, 0), 2 (4, 0), 3 (2, 2), members 1-3, 2-3, 1-2.
-class PointingFormTest : public FormTest {
+class PointingFormTest : public DisplayFormTest {
  protected:
   PointingFormTest() {
     EnterThreeBarTruss();
@@ -35,9 +34,6 @@ class PointingFormTest : public FormTest {
     Command("mnuZoomExtents").trigger();
   }
   ~PointingFormTest() override { QToolTip::hideText(); }
-
-  DisplayArea& Area() { return static_cast<DisplayArea&>(Find<QWidget>("Disp")); }
-  QPoint At(double x, double y) { return Area().Surface().ToPixel(x, -y).toPoint(); }
 
   /// The mouse rests at a world point, until the desktop asks for a tip.
   void RestAt(double x, double y) {

@@ -28,6 +28,12 @@ bool IsTool(MouseMode mode) {
   return mode == MouseMode::Supports || mode == MouseMode::Loads || mode == MouseMode::SelectAndMove;
 }
 
+/// 0 where there is none.
+int NodeInReach(WorldPoint point) {
+  const Element part = ElementInReach(DisplaySurface, point.x, point.y);
+  return part.kind == ElementKind::Node ? part.number : 0;
+}
+
 bool IsInside(const MouseEvent& event) {
   const ViewWindow window = DisplaySurface->Window();
   return event.x >= window.left && event.x <= window.left + window.width && event.y >= window.top &&
@@ -66,7 +72,7 @@ void EditTools::Take(std::unique_ptr<Drag> drag) {
 }
 
 bool EditTools::PressForSupport(WorldPoint point) {
-  const int n = FindNode(point.x, point.y);
+  const int n = NodeInReach(point);
   if (n == 0) {
     Frame.ShowHint("There is no node here: click a node to give it the support");
   } else {
@@ -82,7 +88,7 @@ bool EditTools::PressForLoad(WorldPoint point) {
     Frame.ShowHint(Dragged->Text());
     return true;
   }
-  const int n = FindNode(point.x, point.y);
+  const int n = NodeInReach(point);
   if (n == 0) {
     Frame.ShowHint("There is no node here: click a node to load it, or drag the end of a load's arrow");
   } else {
@@ -94,14 +100,15 @@ bool EditTools::PressForLoad(WorldPoint point) {
 /// A press on something that is selected keeps the selection, since it may begin a drag of all of it.
 bool EditTools::PressToSelect(const MouseEvent& event) {
   Selection& selected = TheDisplay.Selected;
-  const int n = FindNode(Point.x, Point.y);
-  const int m = n == 0 ? FindMember(Point.x, Point.y) : 0;
+  const Element part = ElementInReach(DisplaySurface, Point.x, Point.y);
+  const int n = part.kind == ElementKind::Node ? part.number : 0;
+  const int m = part.kind == ElementKind::Member ? part.number : 0;
   const bool held = selected.nodes.contains(n) || selected.members.contains(m);
   if (n == 0 && m == 0) {
     if (!event.control) selected.Clear();
     Rectangle = true;
   } else if (!held) {
-    SelectAt(selected, Point.x, Point.y, event.control);
+    Select(selected, part, event.control);
   }
   Toggles = held && event.control;
   const std::vector<int> nodes = NodesOf(selected);
@@ -173,7 +180,9 @@ void EditTools::SelectRectangle(const MouseEvent& event) {
 
 void EditTools::Finish() {
   if (!Dragged || !Moved) {
-    if (std::exchange(Toggles, false)) SelectAt(TheDisplay.Selected, PressPoint.x, PressPoint.y, true);
+    if (std::exchange(Toggles, false)) {
+      Select(TheDisplay.Selected, ElementInReach(DisplaySurface, PressPoint.x, PressPoint.y), true);
+    }
     EndDrag();
     return Frame.RedrawWhatCanBeDrawn(false);
   }

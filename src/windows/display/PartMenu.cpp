@@ -1,14 +1,14 @@
 #include "PartMenu.h"
 
 #include "CellEdits.h"
+#include "DisplayState.h"
 #include "Menus.h"
 #include "frmMain.h"
 #include "frmValues.h"
 #include "modModelEditing.h"
 #include "modModelStore.h"
-#include "modNodeSearch.h"
 #include "modNumberText.h"
-#include "modPicking.h"
+#include "modSelection.h"
 
 #include <cmath>
 #include <string>
@@ -50,8 +50,9 @@ void PartMenu::AddSupport(QMenu& popUp, MenuBuilder& build, const char* name, co
 }
 
 void PartMenu::Offer(float x, float y) {
-  Node = FindNode(x, y);
-  Member = Node == 0 ? FindMember(x, y) : 0;
+  const Element part = ElementInReach(DisplaySurface, x, y);
+  Node = part.kind == ElementKind::Node ? part.number : 0;
+  Member = part.kind == ElementKind::Member ? part.number : 0;
   for (QAction* each : OfNode) each->setVisible(Node != 0);
   for (QAction* each : OfMember) each->setVisible(Member != 0);
   Title->setVisible(Node != 0 || Member != 0);
