@@ -146,7 +146,7 @@ const std::map<std::string, std::set<std::string>> AllowedLayers{
     {"statics", {"platform", "model", "analysis", "check"}},
     {"editing", {"platform", "model", "analysis", "files"}},
     {"equations", {"platform", "model", "analysis"}},
-    {"workbench", {"platform", "model", "analysis", "check", "statics", "files", "display", "editing"}},
+    {"workbench", {"platform", "model", "worked", "analysis", "check", "statics", "files", "display", "editing"}},
     {"report", {"platform", "model", "analysis", "check", "files", "display", "editing"}},
     {"windows",
      {"platform", "qt", "model", "analysis", "check", "statics", "files", "display", "editing", "equations",
