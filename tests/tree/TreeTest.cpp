@@ -142,6 +142,7 @@ const std::map<std::string, std::set<std::string>> AllowedLayers{
     {"analysis", {"platform", "model", "tiled"}},
     {"check", {"platform", "model", "analysis"}},
     {"files", {"platform", "model", "analysis"}},
+    {"exchange", {"platform", "model", "analysis", "files"}},
     {"display", {"platform", "model", "analysis"}},
     {"statics", {"platform", "model", "analysis", "check"}},
     {"editing", {"platform", "model", "analysis", "files"}},
@@ -149,7 +150,7 @@ const std::map<std::string, std::set<std::string>> AllowedLayers{
     {"workbench", {"platform", "model", "worked", "analysis", "check", "statics", "files", "display", "editing"}},
     {"report", {"platform", "model", "analysis", "check", "files", "display", "editing"}},
     {"windows",
-     {"platform", "qt", "model", "analysis", "check", "statics", "files", "display", "editing", "equations",
+     {"platform", "qt", "model", "analysis", "check", "statics", "files", "exchange", "display", "editing", "equations",
       "workbench", "report"}},
     {"app", {"platform", "native", "qt", "windows", "app"}},
     {"bracefold/families", {"platform", "model", "analysis", "files"}},
@@ -157,8 +158,8 @@ const std::map<std::string, std::set<std::string>> AllowedLayers{
      {"platform", "native", "qt", "model", "analysis", "files", "display", "workbench", "windows", "families",
       "bracefold"}},
     {"cli",
-     {"platform", "native", "qt", "model", "analysis", "check", "files", "display", "statics", "editing", "workbench",
-      "report"}},
+     {"platform", "native", "qt", "model", "analysis", "check", "files", "exchange", "display", "statics", "editing",
+      "workbench", "report"}},
 };
 
 /// The libraries of the house that a folder's CMakeLists.txt links, by either way of saying so.
