@@ -101,13 +101,15 @@ TEST_F(HandDocumentTest, IsOfDeterminateTrussesOnly) {
 }
 
 TEST_F(HandDocumentTest, DrawsFewFiguresOfALargeTruss) {
-  Take(WarrenGirder(200, 200));
+  SetTables(WarrenGirder(200, 200));
+  lesson.Read();
   EXPECT_THAT(BlocksOf<WorkedPicture>(HandDocument(lesson, "")), SizeIs(testing::Le(124U)));
 }
 
 /// More than a lesson needs, but nobody shall wait for ever.
 TEST_F(HandDocumentTest, TakesFiveThousandMembers) {
-  Take(WarrenGirder(2501, 2501));
+  SetTables(WarrenGirder(2501, 2501));
+  lesson.Read();
   ASSERT_TRUE(HasHandDocument(lesson));
   RecordingSurface surface;
   const int last = lesson.LastStep(HandTopic::Joints);
