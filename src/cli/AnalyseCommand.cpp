@@ -16,6 +16,8 @@
 #include "modPlaces.h"
 #include "modReportFiles.h"
 #include "modRunAnalysis.h"
+#include "modWorkedFiles.h"
+#include "modWorkedTruss.h"
 
 #include <algorithm>
 #include <cmath>
@@ -241,6 +243,20 @@ int Document(ModelSession& session, Result result, const AnalyseRequest& request
   return ExitOk;
 }
 
+/// The same of writing the worked solution, which says itself what keeps a truss from being solved.
+int WriteWorking(ModelSession& session, Result result, const AnalyseRequest& request, OutputNames& names) {
+  if (request.working.empty() || result == Result::Unreadable) return ExitOk;
+  const std::string file = NameFor(session, "worked solution", request.working, names);
+  try {
+    EnsureApplication();
+    WriteWorked(WorkedTruss(ValidText(LastComponent(session.File()))), file);
+  } catch (const FileError& error) {
+    session.Report("Error while saving file " + file + "\n" + error.what());
+    return ExitUsage;
+  }
+  return ExitOk;
+}
+
 } // namespace
 
 int AnalyseModels(const AnalyseRequest& request, std::istream& in, std::ostream& out, std::ostream& err,
@@ -253,8 +269,9 @@ int AnalyseModels(const AnalyseRequest& request, std::istream& in, std::ostream&
     const Check check = CheckOf(session, result, request, judge);
     Print(session, result, check, request, out);
     out.flush();
-    status = std::max({status, StatusOf(result), StatusOf(result, check),
-                       Depict(session, result, request.picture, names), Document(session, result, request, names)});
+    status =
+        std::max({status, StatusOf(result), StatusOf(result, check), Depict(session, result, request.picture, names),
+                  Document(session, result, request, names), WriteWorking(session, result, request, names)});
   }
   return status;
 }

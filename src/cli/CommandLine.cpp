@@ -5,6 +5,7 @@
 #include "Picture.h"
 #include "modNumberText.h"
 #include "modReportFiles.h"
+#include "modWorkedFiles.h"
 
 #include <CLI/CLI.hpp>
 
@@ -130,11 +131,22 @@ void AddAnalyse(CLI::App& program, Request& request) {
         return IsNameOfReport(name) ? "" : "\"" + name + "\" does not end in .pdf or .html";
       })
       ->type_name("FILE");
+  command
+      .add_option("--working", request.analysis.working,
+                  "Also write each model's worked solution, every step with its numbers: .pdf, .html or .tex")
+      ->check([](const std::string& name) {
+        return IsNameOfWorked(name) ? "" : "\"" + name + "\" does not end in .pdf, .html or .tex";
+      })
+      ->type_name("FILE");
   command.callback([&request, &command] {
     const bool draws = !request.analysis.picture.file.empty() || !request.analysis.report.empty();
     if (command.count("--style") > 0 && !draws) throw CLI::RequiresError("--style", "--picture or --report");
     if (AreOneFile(request.analysis.report, request.analysis.picture.file)) {
       throw CLI::ValidationError("--report", "the picture has the same name");
+    }
+    for (const std::string& other : {request.analysis.picture.file, request.analysis.report}) {
+      if (!AreOneFile(request.analysis.working, other)) continue;
+      throw CLI::ValidationError("--working", "the picture or the report has the same name");
     }
     request.command = [&request](std::istream& in, std::ostream& out, std::ostream& err) {
       request.analysis.format = FormatNamed(request.format);

@@ -23,14 +23,15 @@ struct AnalyseRequest {
   OutputFormat format = OutputFormat::Text;
   bool check = false; ///< also judge each answer; csv has no place for it, the exit status has
   PictureRequest picture;
-  std::string report; ///< where to write the report, .pdf or .html; none is written where it is empty
+  std::string report;  ///< where to write the report, .pdf or .html; none is written where it is empty
+  std::string working; ///< where to write the worked solution, .pdf, .html or .tex; likewise
 };
 
 /// What judges the answer in the tables.
 using AnswerJudge = std::function<CheckReport(AnalysisOutcome)>;
 
-/// For each file what Open and Run Analysis do in the window; prints the results and makes the picture and
-/// the report asked for.
+/// For each file what Open and Run Analysis do in the window; prints the results and makes the picture, the
+/// report and the worked solution asked for.
 int AnalyseModels(const AnalyseRequest& request, std::istream& in, std::ostream& out, std::ostream& err,
                   const AnswerJudge& judge = CheckAnswer);
 

@@ -70,10 +70,18 @@ std::map<std::size_t, std::vector<Added>> AddedToReactions(const EquationPage& p
   return added;
 }
 
+/// The load of a freedom and, where members are prestressed there, what they exert.
+Formula LoadWithPrestress(int freedom, float total) {
+  const int node = (freedom + 1) / 2;
+  const float load = NodeTable(node, freedom % 2 == 1 ? NodeForceX : NodeForceY);
+  if (load == total) return AsTerm(ShownNumber(total, NodeLink(node)));
+  return BracketsAround(RowOf({ShownNumber(load, NodeLink(node)), SignOf("+"), AsTerm(ShownNumber(total - load))}));
+}
+
 /// R = -P + sum of +-(f - PS) c, with its numbers.
 Formula ReactionFormula(const EquationPage& page, int freedom, float load, const std::vector<Added>& added) {
   std::vector<Formula> parts{IndexOf(SymbolOf("R"), WordsOf(FreedomLabel(freedom))), SignOf("="), WordsOf("\u2212"),
-                             AsTerm(ShownNumber(load, "P " + std::to_string(freedom)))};
+                             LoadWithPrestress(freedom, load)};
   for (const Added& each : added) {
     parts.push_back(SignOf(each.share.sign > 0 ? "+" : "\u2212"));
     parts.push_back(

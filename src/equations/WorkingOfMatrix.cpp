@@ -137,16 +137,17 @@ void WriteLoads(const EquationPage& page, WorkingWriter& writer) {
   }
 }
 
-void WriteMember(const EquationPage& page, WorkingWriter& writer) {
+void WriteMemberHeading(const EquationPage& page, WorkingWriter& writer) {
   const int m = page.lastMember;
+  writer.Heading("Member " + std::to_string(m) +
+                 (page.matrixOf == m ? ": node i = " + NumberText(MemberTable(m, MemberNodeI)) +
+                                           ", node j = " + NumberText(MemberTable(m, MemberNodeJ))
+                                     : " is ignored"));
+}
+
+void WriteMember(const EquationPage& page, WorkingWriter& writer) {
   const bool hasPlace = page.lastFreedoms[1] != 0;
-  if (page.matrixOf == m) {
-    writer.Heading("Member " + std::to_string(m) + ": node i = " + NumberText(MemberTable(m, MemberNodeI)) +
-                   ", node j = " + NumberText(MemberTable(m, MemberNodeJ)));
-    if (hasPlace) WriteGeometry(m, writer);
-  } else {
-    writer.Heading("Member " + std::to_string(m) + " is ignored");
-  }
+  if (page.matrixOf == page.lastMember && hasPlace) WriteGeometry(page.lastMember, writer);
   if (!hasPlace || page.viewStiffness->Shares().empty()) return;
   WriteSum(page.viewStiffness->Shares().back(), page.viewStiffness->Values(), writer);
 }

@@ -61,6 +61,7 @@ class WorkingWriter {
 
 // The working of each step, for the page as it is after it.
 void WriteLoads(const EquationPage& page, WorkingWriter& writer);
+void WriteMemberHeading(const EquationPage& page, WorkingWriter& writer);
 void WriteMember(const EquationPage& page, WorkingWriter& writer);
 void WriteWholeMatrix(const EquationPage& page, WorkingWriter& writer);
 void WriteRestriction(const EquationPage& page, WorkingWriter& writer);

@@ -41,7 +41,7 @@ constexpr std::string_view NotSolved =
 constexpr std::string_view ForcesFound =
     "Each member's force follows from how its ends moved apart: f = EA/L (c du + s dv) + PS.";
 constexpr std::string_view ReactionsFound =
-    "Each reaction balances the loads and the member forces at its support: R = -P + sum of \u00B1(f - PS) (c, s).";
+    "Each reaction balances the loads and the member forces at its support: R = -P + sum of +-(f - PS) (c, s).";
 
 // What comes next.
 constexpr std::string_view ModelFirst =

@@ -138,6 +138,7 @@ WorkedDocument StepWorking(const EquationPage& page, WorkingExtent extent) {
     writer.Say("The model has changed since this step was taken: press a step again to see its working.");
     return document;
   }
+  if (page.lastStep == EquationStep::AddMember) WriteMemberHeading(page, writer);
   writer.Say(StepDoneText(page));
   if (!IsFinite(page)) writer.Say(std::string(NotFiniteText));
   WriteStep(page, writer);
@@ -145,8 +146,7 @@ WorkedDocument StepWorking(const EquationPage& page, WorkingExtent extent) {
 }
 
 WorkedDocument WorkedSolution(const std::string& name, const std::optional<WorkedPicture>& picture) {
-  constexpr int mostNodesUpright = 5;
-  WorkedDocument document{"Worked solution: " + name, {}, NodeCount > mostNodesUpright && NodeCount <= MaxWorkedNodes};
+  WorkedDocument document{"Worked solution: " + name, {}, NodeCount <= MaxWorkedNodes};
   if (NodeCount == 0 || MemberCount == 0) {
     document.blocks.emplace_back(WorkedParagraph{"There is no truss to work: it needs nodes and members."});
     return document;

@@ -90,7 +90,7 @@ TEST_F(WorkingTest, PutsPrestressIntoLoadsForcesAndReactions) {
   EXPECT_THAT(Pane(), HasSubstr("P_1 x = 0 + 5 (prestress) = 5 kN"));
   EXPECT_THAT(Pane(), HasSubstr("P_2 x = 3 + (-5) (prestress) = -2 kN"));
   GoThrough();
-  EXPECT_THAT(Pane(), HasSubstr("R_1 x = \u22125 \u2212 (3 \u2212 5) \u00B7 1 = -3 kN"));
+  EXPECT_THAT(Pane(), HasSubstr("R_1 x = \u2212(0 + 5) \u2212 (3 \u2212 5) \u00B7 1 = -3 kN"));
   StepBack();
   EXPECT_THAT(Pane(), HasSubstr("f_1 = 200 \u00B7 (1 \u00B7 (-0.01) + 0 \u00B7 0) + 5 = 3 kN (T)"));
 }
@@ -144,7 +144,7 @@ TEST_F(WorkingTest, LeavesTheMatricesOfLargerTrussesOutAndSaysSo) {
   EXPECT_THAT(large, HasSubstr("The matrices of trusses of up to 8 nodes are written out. This one has 10, so they are "
                                "left out."));
   EXPECT_THAT(large, HasSubstr("# 6. The reactions"));
-  EXPECT_THAT(large, Not(HasSubstr("; ")));
+  EXPECT_THAT(large, Not(HasSubstr("[")));
 }
 
 TEST_F(WorkingTest, ListsAFewOfManyInThePane) {
