@@ -191,8 +191,8 @@ TEST_F(CheckTest, GoesOnWithTheNextModelWhereTheCheckFails) {
     return CheckAnswer(outcome);
   };
   std::istringstream input;
-  EXPECT_EQ(AnalyseModels({{sound, sound, sound}, OutputFormat::Json, true, {}, "", ""}, input, results, messages, judge),
-            1);
+  EXPECT_EQ(
+      AnalyseModels({{sound, sound, sound}, OutputFormat::Json, true, {}, "", ""}, input, results, messages, judge), 1);
   EXPECT_EQ(messages.str(), sound + ": The answer could not be checked; std::bad_alloc\n");
   std::vector<std::string> checks;
   for (std::istringstream lines(results.str()); lines.good() && lines.peek() != EOF;) {
