@@ -10,6 +10,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
+#include <sstream>
 #include <utility>
 
 namespace strutwright {
@@ -121,6 +123,22 @@ void WriteSolutionOf(SolutionWriter& writer) {
 }
 
 } // namespace
+
+std::optional<NumberSource> SourceOfLink(const std::string& link) {
+  using Kind = NumberSource::Kind;
+  static const std::map<std::string, Kind> kinds{{"node", Kind::Node},    {"member", Kind::Member},
+                                                 {"force", Kind::Member}, {"K", Kind::Stiffness},
+                                                 {"P", Kind::Load},       {"D", Kind::Displacement}};
+  std::istringstream words(link);
+  std::string name;
+  NumberSource source;
+  words >> name >> source.first;
+  const auto found = kinds.find(name);
+  if (!words || found == kinds.end()) return std::nullopt;
+  source.kind = found->second;
+  if (source.kind == Kind::Stiffness && !(words >> source.second)) return std::nullopt;
+  return source;
+}
 
 WorkedDocument StepWorking(const EquationPage& page, WorkingExtent extent) {
   WorkedDocument document{StepDoneText(page), {}, false};

@@ -179,6 +179,17 @@ TEST_F(WorkingTest, StepsBackFromReactionsToTheLoads) {
   EXPECT_EQ(TheEquations.page.lastStep, EquationStep::Solve);
 }
 
+TEST_F(WorkingTest, SaysWhereANumberComesFrom) {
+  using Kind = NumberSource::Kind;
+  EXPECT_EQ(SourceOfLink("node 3"), (NumberSource{Kind::Node, 3, 0}));
+  EXPECT_EQ(SourceOfLink("member 12"), (NumberSource{Kind::Member, 12, 0}));
+  EXPECT_EQ(SourceOfLink("force 2"), (NumberSource{Kind::Member, 2, 0}));
+  EXPECT_EQ(SourceOfLink("K 3 4"), (NumberSource{Kind::Stiffness, 3, 4}));
+  EXPECT_EQ(SourceOfLink("P 1"), (NumberSource{Kind::Load, 1, 0}));
+  EXPECT_EQ(SourceOfLink("D 8"), (NumberSource{Kind::Displacement, 8, 0}));
+  for (const char* text : {"", "K 3", "node", "node x", "else 3"}) EXPECT_EQ(SourceOfLink(text), std::nullopt) << text;
+}
+
 TEST_F(WorkingTest, FindsNoForcesBeforeTheDisplacements) {
   SetModel(Triangle());
   StepMemberForces();

@@ -6,13 +6,17 @@
 #include "EventGuard.h"
 #include "Menus.h"
 #include "Platform.h"
+#include "WorkingPane.h"
+#include "WorkingSplit.h"
 #include "frmMain.h"
 #include "modEquationCopy.h"
 #include "modEquationSteps.h"
 #include "modEquationTexts.h"
 #include "modLive.h"
+#include "modWorking.h"
 
 #include <algorithm>
+#include <optional>
 
 #include <QCloseEvent>
 #include <QGridLayout>
@@ -27,7 +31,7 @@ namespace strutwright {
 namespace {
 
 constexpr int Spacing = 6; // pixels
-constexpr int ButtonsInARow = 3;
+constexpr int ButtonsInARow = 4;
 constexpr int WordLines = 2;
 constexpr int OriginLines = 2;
 
@@ -45,7 +49,7 @@ frmEquations::frmEquations(frmMain& frame) : Frame(frame) {
   lblStepToCome = AddLine("lblStepToCome", "What comes next", WordLines);
   whole->addWidget(lblStepDone);
   whole->addWidget(lblStepToCome);
-  whole->addWidget(BuildGrids(), 1);
+  whole->addWidget(BuildWorking(BuildGrids()), 1);
   lblOrigin = AddLine("lblOrigin", "Where the selected cell of K comes from", OriginLines);
   whole->addWidget(lblOrigin);
   BuildMenus();
@@ -56,6 +60,10 @@ QLayout* frmEquations::BuildButtons() {
   btnShowForces = AddStep("btnShowForces", "Show Force", "Shows the load vector", StepShowForces);
   btnAddMember = AddStep("btnAddMember", "Add Member 1", "Adds the next member to the stiffness matrix", StepAddMember);
   btnStepBack = AddStep("btnStepBack", "Step Back", "Undoes the last press", StepBack);
+  btnMemberForces = AddStep("btnMemberForces", "Member Forces",
+                            "Finds the force of every member from the displacements; after Solve", StepMemberForces);
+  btnReactions =
+      AddStep("btnReactions", "Reactions", "Finds what the supports do to the truss; after Solve", StepReactions);
   auto* buttons = new QGridLayout;
   buttons->setSpacing(Spacing);
   int place = 0;
@@ -63,7 +71,8 @@ QLayout* frmEquations::BuildButtons() {
        {btnShowForces, btnAddMember,
         AddStep("btnShowGlobalK", "Show Global K", "Assembles the whole stiffness matrix", StepShowGlobalK),
         AddStep("btnRestrict", "Restrict DOFs", "Applies the supports to the stiffness matrix", StepRestrict),
-        AddStep("btnSolve", "Solve", "Solves the equations for the displacements", StepSolve), btnStepBack}) {
+        AddStep("btnSolve", "Solve", "Solves the equations for the displacements", StepSolve), btnMemberForces,
+        btnReactions, btnStepBack}) {
     buttons->addWidget(each, place / ButtonsInARow, place % ButtonsInARow);
     ++place;
   }
@@ -108,6 +117,13 @@ QWidget* frmEquations::BuildGrids() {
   return grids;
 }
 
+QWidget* frmEquations::BuildWorking(QWidget* grids) {
+  txtWorking = new WorkingPane(this);
+  txtWorking->SetFollower([this](const std::string& link) { FollowLink(link); });
+  splWorking = new WorkingSplit(grids, txtWorking, this);
+  return splWorking;
+}
+
 EquationGridView* frmEquations::AddGrid(EquationGrid grid, const QString& name, const QString& description) {
   auto* view = new EquationGridView(grid, name, this);
   view->setAccessibleName(description);
@@ -136,6 +152,12 @@ void frmEquations::BuildMenus() {
   BuildEditMenu(build);
   QMenu& view = *build.AddMenu("mnuView", "&View");
   build.Add(view, "mnuTrussDisplay", "&Truss Display", {}, [this] { Frame.ActivateDisplay(); });
+  QAction& working = *build.Add(
+      view, "mnuWorking", "&Working", {}, [this] { ShowWorking(); },
+      "Shows how the numbers of the last step come about");
+  working.setCheckable(true);
+  working.setChecked(TheWorkingPlace.shown);
+  OnSignal(&working, &QAction::toggled, this, [this](bool on) { splWorking->ShowPane(on); });
   QMenu& analysis = *build.AddMenu("mnuAnalysis", "&Analysis");
   build.AddAnalyse(analysis);
   build.AddCheck(analysis);
@@ -179,6 +201,9 @@ void frmEquations::ShowNumbers() {
   for (EquationGridView* each : {grForce, grK, grDisp}) each->Refresh();
   btnAddMember->setText(QString::fromStdString(TheEquations.page.addMemberCaption));
   btnStepBack->setEnabled(CanStepBack());
+  btnMemberForces->setEnabled(CanFindForces());
+  btnReactions->setEnabled(CanFindForces());
+  ShowWorking();
   lblStepDone->setText(QString::fromStdString(StepDoneText()));
   ShowStepToCome();
   ShowOrigin();
@@ -211,6 +236,24 @@ void frmEquations::ShowOrigin() {
   if (lblOrigin == nullptr) return;
   const QModelIndex cell = grK->currentIndex();
   lblOrigin->setText(cell.isValid() ? QString::fromStdString(CellOrigin(cell.row() + 1, cell.column() + 1)) : "");
+}
+
+void frmEquations::ShowWorking() { txtWorking->ShowStep(); }
+
+/// Shows where a number of the working comes from: in the data grids and the drawing, or in the view's own grids.
+void frmEquations::FollowLink(const std::string& link) {
+  const std::optional<NumberSource> source = SourceOfLink(link);
+  if (!source) return;
+  const auto choose = [](EquationGridView* grid, int row, int column) {
+    grid->setCurrentIndex(grid->model()->index(row - 1, column - 1));
+  };
+  switch (source->kind) {
+  case NumberSource::Kind::Node: return Frame.ShowParts({source->first}, {});
+  case NumberSource::Kind::Member: return Frame.ShowParts({}, {source->first});
+  case NumberSource::Kind::Stiffness: return choose(grK, source->first, source->second);
+  case NumberSource::Kind::Load: return choose(grForce, source->first, 1);
+  case NumberSource::Kind::Displacement: return choose(grDisp, source->first, 1);
+  }
 }
 
 void frmEquations::Copy(CopyCommand copy) {

@@ -3,6 +3,8 @@
 #include "Grid.h"
 #include "modEquationCells.h"
 
+#include <string>
+
 #include <QList>
 #include <QMenu>
 #include <QWidget>
@@ -14,6 +16,8 @@ class QPushButton;
 namespace strutwright {
 
 class EquationGridView;
+class WorkingPane;
+class WorkingSplit;
 class frmMain;
 class MenuBuilder;
 
@@ -44,6 +48,7 @@ class frmEquations : public QWidget {
 
   QLayout* BuildButtons();
   QWidget* BuildGrids();
+  QWidget* BuildWorking(QWidget* grids);
   QLabel* AddLine(const QString& name, const QString& description, int lines);
   EquationGridView* AddGrid(EquationGrid grid, const QString& name, const QString& description);
   void ScrollTogether();
@@ -56,6 +61,8 @@ class frmEquations : public QWidget {
   void ShowNumbers();
   void ShowAddedCells();
   void ShowOrigin();
+  void ShowWorking();
+  void FollowLink(const std::string& link);
   void Copy(CopyCommand copy);
   void CopyOrigin();
 
@@ -63,10 +70,14 @@ class frmEquations : public QWidget {
   QPushButton* btnShowForces = nullptr;
   QPushButton* btnAddMember = nullptr;
   QPushButton* btnStepBack = nullptr;
+  QPushButton* btnMemberForces = nullptr;
+  QPushButton* btnReactions = nullptr;
   EquationGridView* grForce = nullptr;
   EquationGridView* grK = nullptr;
   EquationGridView* grDisp = nullptr;
   EquationGridView* ActiveGrid = nullptr; ///< the one that the grid commands are about
+  WorkingPane* txtWorking = nullptr;
+  WorkingSplit* splWorking = nullptr;
   QLabel* lblStepDone = nullptr;
   QLabel* lblStepToCome = nullptr;
   QLabel* lblOrigin = nullptr;
