@@ -143,6 +143,7 @@ const std::map<std::string, std::set<std::string>> AllowedLayers{
     {"worked", {"platform", "model"}},
     {"check", {"platform", "model", "analysis"}},
     {"files", {"platform", "model", "analysis"}},
+    {"exchange", {"platform", "model", "analysis", "files"}},
     {"display", {"platform", "model", "analysis"}},
     {"statics", {"platform", "model", "analysis", "check"}},
     {"editing", {"platform", "model", "analysis", "files"}},
@@ -150,7 +151,7 @@ const std::map<std::string, std::set<std::string>> AllowedLayers{
     {"workbench", {"platform", "model", "analysis", "check", "statics", "files", "display", "editing"}},
     {"report", {"platform", "model", "analysis", "worked", "check", "files", "display", "editing", "equations"}},
     {"windows",
-     {"platform", "qt", "model", "analysis", "check", "statics", "files", "display", "editing", "equations",
+     {"platform", "qt", "model", "analysis", "check", "statics", "files", "exchange", "display", "editing", "equations",
       "workbench", "report", "worked"}},
     {"app", {"platform", "native", "qt", "windows", "app"}},
     {"bracefold/families", {"platform", "model", "analysis", "files"}},
@@ -158,8 +159,8 @@ const std::map<std::string, std::set<std::string>> AllowedLayers{
      {"platform", "native", "qt", "model", "analysis", "files", "display", "workbench", "windows", "families",
       "bracefold"}},
     {"cli",
-     {"platform", "native", "qt", "model", "analysis", "check", "files", "display", "statics", "editing", "workbench",
-      "report", "worked"}},
+     {"platform", "native", "qt", "model", "analysis", "check", "files", "exchange", "display", "statics", "editing",
+      "workbench", "report", "worked"}},
 };
 
 /// The libraries of the house that a folder's CMakeLists.txt links, by either way of saying so.
