@@ -6,6 +6,7 @@
 #include "LongWork.h"
 #include "Platform.h"
 #include "modAnalysis.h"
+#include "modExercise.h"
 #include "modKeepResults.h"
 #include "modModelStore.h"
 
@@ -82,7 +83,10 @@ void StepOn(void (*find)(EquationPage&), EquationStep step) {
 
 } // namespace
 
-void FollowModel() { BringUpToModel(TheEquations.page); }
+void FollowModel() {
+  DropQuestions(); // they were about the model as it was
+  BringUpToModel(TheEquations.page);
+}
 
 void StepShowForces() {
   std::optional<EquationPage> page = NextPage();
@@ -139,6 +143,7 @@ bool CanStepBack() { return !TheEquations.past.empty(); }
 
 void StepBack() {
   if (!CanStepBack()) return;
+  DropQuestions();
   PastPage last = std::move(TheEquations.past.back());
   TheEquations.past.pop_back();
   TheEquations.page = std::move(last.page);
@@ -146,6 +151,7 @@ void StepBack() {
 }
 
 void ResetEquations() {
+  DropQuestions();
   EmptyPage(TheEquations.page);
   TheEquations.page.lastStep = EquationStep::None;
   TheEquations.page.lastMember = 0;

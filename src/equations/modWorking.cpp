@@ -5,6 +5,7 @@
 #include "modAnalysis.h"
 #include "modEquationCells.h"
 #include "modEquationTexts.h"
+#include "modExercise.h"
 #include "modModelStore.h"
 #include "modNumberText.h"
 
@@ -22,6 +23,8 @@ constexpr std::string_view NoModelText =
     "There is no model yet: enter nodes and members in the grids below, then press Show Force or Add Member 1.";
 constexpr std::string_view NothingPressedText =
     "Press Show Force, Add Member 1 or Show Global K: the working of each step stands here.";
+constexpr std::string_view TryFirstText =
+    "Try It asks for this step: answer the questions above, then its working stands here.";
 constexpr std::string_view NotFiniteText =
     "Some of these numbers have no value: a coordinate, E, A or a load is too large or too small to compute with. "
     "Correct it in the grids.";
@@ -149,6 +152,10 @@ WorkedDocument StepWorking(const EquationPage& page, WorkingExtent extent) {
   }
   if (page.lastStep == EquationStep::None) {
     writer.Say(std::string(NothingPressedText));
+    return document;
+  }
+  if (extent == WorkingExtent::Pane && CurrentQuestion() != nullptr) {
+    writer.Say(std::string(TryFirstText));
     return document;
   }
   // What is shown may belong to a model that has been changed since.

@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include <QCheckBox>
 #include <QHeaderView>
 #include <QPushButton>
 #include <QSplitter>
@@ -100,6 +101,27 @@ TEST_F(WorkingFormTest, ShowsZerosFaintAndColumnsAsWideAsTheirNumbers) {
   EXPECT_EQ(K.index(3, 1).data().toString().toStdString(), "0.");
   EXPECT_TRUE(K.index(3, 1).data(Qt::ForegroundRole).isValid());
   EXPECT_LT(View("grK").columnWidth(1), View("grK").horizontalHeader()->defaultSectionSize());
+}
+
+TEST_F(WorkingFormTest, AsksForWhatAStepChanges) {
+  SetModel(Triangle());
+  Find<QCheckBox>("chkTryIt").click();
+  Click("btnAddMember");
+  EXPECT_EQ(LabelText("lblQuestion"), "K(1 x, 1 x) with member 1, in kN/mm?");
+  EXPECT_EQ(View("grK").model()->index(0, 0).data().toString(), "");
+  EXPECT_EQ(Focused().objectName(), "txtAnswer");
+  Type("-50");
+  Press(Qt::Key_Return);
+  EXPECT_THAT(LabelText("lblVerdict"), HasSubstr("Wrong. Likely slip: "));
+  Type("50");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(LabelText("lblVerdict"), "\u2713 Right: 50 kN/mm.");
+  EXPECT_EQ(View("grK").model()->index(0, 0).data().toString().toStdString(), "50. \u2713");
+  EXPECT_THAT(LabelText("lblScore"), HasSubstr("Right 1 of 1, 0 at the first try; tries 2, hints 0"));
+  Click("btnHint");
+  EXPECT_THAT(LabelText("lblVerdict"), HasSubstr("Hint 1 of 3"));
+  Find<QCheckBox>("chkTryIt").click();
+  EXPECT_EQ(View("grK").model()->index(0, 2).data().toString().toStdString(), "-50.");
 }
 
 } // namespace

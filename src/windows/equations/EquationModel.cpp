@@ -1,5 +1,7 @@
 #include "EquationModel.h"
 
+#include "modExercise.h"
+
 #include <QBrush>
 #include <QWidget>
 
@@ -73,7 +75,8 @@ QVariant EquationModel::Value(int row, int column, int role) const {
   if (row >= EquationRowCount() || column >= EquationColumnCount(TheGrid)) return {};
   if (role == Qt::TextAlignmentRole) return QVariant::fromValue(int{Qt::AlignCenter} | int{Qt::TextWordWrap});
   if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
-    return QString::fromStdString(EquationCell(TheGrid, row, column));
+    return QString::fromStdString(EquationCell(TheGrid, row, column)) +
+           (row > 0 && column > 0 && IsAnswered(TheGrid, row, column) ? QString(" \u2713") : QString());
   if (role == Qt::ForegroundRole) return IsZero(row, column) ? QBrush(ZeroColour(View.palette())) : QVariant();
   if (role != Qt::BackgroundRole) return {};
   const CellTint tint = EquationTint(TheGrid, row, column);

@@ -49,9 +49,9 @@ void TryPanel::Build() {
   txtAnswer->setObjectName("txtAnswer");
   txtAnswer->setAccessibleName("Your answer");
   txtAnswer->setToolTip("Type the answer, then press Enter");
-  auto* answer = AddPanelButton(this, "btnAnswer", "Ans&wer", "Judges what was typed; Enter does the same");
-  auto* hint = AddPanelButton(this, "btnHint", "H&int", "Three hints, each says more; then the answer");
-  auto* copy = AddPanelButton(this, "btnCopyScore", "Cop&y Score", "Copies the score and how each question went");
+  auto* answer = AddPanelButton(this, "btnAnswer", "Answer", "Judges what was typed; Enter does the same");
+  auto* hint = AddPanelButton(this, "btnHint", "Hint (&X)", "Three hints, each says more; then the answer");
+  auto* copy = AddPanelButton(this, "btnCopyScore", "Copy Score (&Q)", "Copies the score and how each question went");
   OnSignal(txtAnswer, &QLineEdit::returnPressed, this, [this] { Answer(); });
   OnSignal(answer, &QPushButton::clicked, this, [this] { Answer(); });
   OnSignal(hint, &QPushButton::clicked, this, [this] { Hint(); });

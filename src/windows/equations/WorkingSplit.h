@@ -7,7 +7,8 @@ namespace strutwright {
 class WorkingPane;
 
 /// The grids of the equations window and the pane with the working: side by side where the window is wide, otherwise
-/// one below the other, and K alone where there is no room for both.  How they share their room is kept in TheWorkingPlace, for each way by itself.
+/// one below the other, and K alone where there is no room for both.  How they share their room is kept in
+/// TheWorkingPlace, for each way by itself.
 class WorkingSplit : public QSplitter {
  public:
   WorkingSplit(QWidget* grids, WorkingPane* pane, QWidget* parent);

@@ -6,18 +6,22 @@
 #include "EventGuard.h"
 #include "Menus.h"
 #include "Platform.h"
+#include "TryPanel.h"
 #include "WorkingPane.h"
 #include "WorkingSplit.h"
 #include "frmMain.h"
 #include "modEquationCopy.h"
 #include "modEquationSteps.h"
 #include "modEquationTexts.h"
+#include "modExercise.h"
 #include "modLive.h"
 #include "modWorking.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <optional>
 
+#include <QCheckBox>
 #include <QCloseEvent>
 #include <QGridLayout>
 #include <QLabel>
@@ -33,6 +37,7 @@ namespace {
 constexpr int Spacing = 6; // pixels
 constexpr int ButtonsInARow = 4;
 constexpr int WordLines = 2;
+constexpr int WideWindow = 860; // pixels
 constexpr int OriginLines = 2;
 
 } // namespace
@@ -41,14 +46,14 @@ frmEquations::frmEquations(frmMain& frame) : Frame(frame) {
   setObjectName("frmEquations");
   setWindowTitle("Stiffness Equations");
   TheEquations = EquationsState{};
+  SwitchExercise(false);
   auto* whole = new QVBoxLayout(this);
   whole->setContentsMargins(Spacing, Spacing, Spacing, Spacing);
   whole->setSpacing(Spacing);
   whole->addLayout(BuildButtons());
-  lblStepDone = AddLine("lblStepDone", "What the last step did", WordLines);
-  lblStepToCome = AddLine("lblStepToCome", "What comes next", WordLines);
-  whole->addWidget(lblStepDone);
-  whole->addWidget(lblStepToCome);
+  BuildTryIt();
+  whole->addLayout(BuildWords());
+  whole->addWidget(Try);
   whole->addWidget(BuildWorking(BuildGrids()), 1);
   lblOrigin = AddLine("lblOrigin", "Where the selected cell of K comes from", OriginLines);
   whole->addWidget(lblOrigin);
@@ -77,6 +82,56 @@ QLayout* frmEquations::BuildButtons() {
     ++place;
   }
   return buttons;
+}
+
+/// The two lines above the grids, with the switch beside them.
+QLayout* frmEquations::BuildWords() {
+  lblStepDone = AddLine("lblStepDone", "What the last step did", WordLines);
+  lblStepToCome = AddLine("lblStepToCome", "What comes next", WordLines);
+  auto* words = new QGridLayout;
+  words->setSpacing(Spacing);
+  words->addWidget(lblStepDone, 0, 0);
+  words->addWidget(chkTryIt, 0, 1, Qt::AlignTop);
+  words->addWidget(lblStepToCome, 1, 0, 1, 2);
+  words->setColumnStretch(0, 1);
+  return words;
+}
+
+void frmEquations::BuildTryIt() {
+  chkTryIt = new QCheckBox("&Try It", this);
+  chkTryIt->setObjectName("chkTryIt");
+  chkTryIt->setToolTip("Leaves what a step changes blank and asks for it, one number after another");
+  Try = new TryPanel(this, [this] { ShowQuestion(); });
+  OnSignal(chkTryIt, &QCheckBox::toggled, this, [this](bool on) {
+    Try->Switch(on);
+    ShowNumbers();
+  });
+}
+
+/// A question has been done: what was blank is shown, and the next one's cell and member.
+void frmEquations::ShowQuestion() {
+  ShowNumbers();
+  const Question* question = CurrentQuestion();
+  if (question == nullptr) return;
+  if (question->member != 0) Frame.ShowAddedMember(question->member);
+  ShownMember = question->member;
+  if (!question->cells.empty() && question->cells.front().grid == EquationGrid::Stiffness) {
+    grK->scrollTo(grK->model()->index(question->cells.front().row - 1, question->cells.front().column - 1));
+  }
+}
+
+/// In a wide window a sentence needs one line only, and K gets the room.
+void frmEquations::GiveWordsRoom() {
+  const int lines = width() >= WideWindow ? 1 : WordLines;
+  for (QLabel* each : {lblStepDone, lblStepToCome}) {
+    each->setMinimumHeight(lines * each->fontMetrics().lineSpacing());
+    each->setMaximumHeight(lines == 1 ? each->minimumHeight() : QWIDGETSIZE_MAX);
+  }
+}
+
+void frmEquations::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  GiveWordsRoom();
 }
 
 QPushButton* frmEquations::AddStep(const QString& name, const QString& caption, const QString& toolTip,
@@ -191,9 +246,15 @@ void frmEquations::BuildEditMenu(MenuBuilder& build) {
 void frmEquations::Press(void (*step)()) {
   Frame.Run([this, step] {
     const BusyPointer busy;
+    const std::size_t before = TheEquations.past.size();
     step();
     if (IsLive()) FollowModel(); // a step back leads to the numbers of the model as it was
+    if (TheEquations.past.size() > before) AskAboutLastStep();
     ShowPage();
+    if (chkTryIt->isChecked()) {
+      Try->ShowQuestion();
+      ShowQuestion();
+    }
   });
 }
 

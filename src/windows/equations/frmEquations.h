@@ -9,6 +9,7 @@
 #include <QMenu>
 #include <QWidget>
 
+class QCheckBox;
 class QGridLayout;
 class QLabel;
 class QPushButton;
@@ -16,6 +17,7 @@ class QPushButton;
 namespace strutwright {
 
 class EquationGridView;
+class TryPanel;
 class WorkingPane;
 class WorkingSplit;
 class frmMain;
@@ -41,6 +43,7 @@ class frmEquations : public QWidget {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   bool focusNextPrevChild(bool next) override;
 
  private:
@@ -48,6 +51,9 @@ class frmEquations : public QWidget {
 
   QLayout* BuildButtons();
   QWidget* BuildGrids();
+  QLayout* BuildWords();
+  void GiveWordsRoom();
+  void BuildTryIt();
   QWidget* BuildWorking(QWidget* grids);
   QLabel* AddLine(const QString& name, const QString& description, int lines);
   EquationGridView* AddGrid(EquationGrid grid, const QString& name, const QString& description);
@@ -62,6 +68,7 @@ class frmEquations : public QWidget {
   void ShowAddedCells();
   void ShowOrigin();
   void ShowWorking();
+  void ShowQuestion();
   void FollowLink(const std::string& link);
   void Copy(CopyCommand copy);
   void CopyOrigin();
@@ -76,6 +83,8 @@ class frmEquations : public QWidget {
   EquationGridView* grK = nullptr;
   EquationGridView* grDisp = nullptr;
   EquationGridView* ActiveGrid = nullptr; ///< the one that the grid commands are about
+  QCheckBox* chkTryIt = nullptr;
+  TryPanel* Try = nullptr;
   WorkingPane* txtWorking = nullptr;
   WorkingSplit* splWorking = nullptr;
   QLabel* lblStepDone = nullptr;
