@@ -1,6 +1,7 @@
 #include "CommandLine.h"
 
 #include "Commands.h"
+#include "Completion.h"
 #include "ModelInput.h"
 #include "Picture.h"
 #include "WorkerProcesses.h"
@@ -34,6 +35,7 @@ struct Request {
   ShowRequest show;
   MakeRequest make;
   std::string input;
+  std::string shell;
   std::string format = "text";
   std::function<int(std::istream&, std::ostream&, std::ostream&)> command;
 };
@@ -300,6 +302,18 @@ void AddInfluence(CLI::App& program, Request& request) {
   });
 }
 
+void AddCompletion(CLI::App& program, Request& request) {
+  CLI::App& command = *program.add_subcommand("completion", "Print a script with which a shell completes this program");
+  command.add_option("SHELL", request.shell, "The shell")->required()->check(CLI::IsMember({"bash", "zsh", "fish"}));
+  command.callback([&request, &program] {
+    const std::string script = CompletionScript(program, request.shell);
+    request.command = [script](std::istream&, std::ostream& out, std::ostream&) {
+      out << script;
+      return ExitOk;
+    };
+  });
+}
+
 /// Fills the request from the arguments; gives the exit status where they ask for nothing more, as --help does.
 std::optional<int> Parse(const std::vector<std::string>& arguments, Request& request, std::ostream& out,
                          std::ostream& err) {
@@ -315,6 +329,7 @@ std::optional<int> Parse(const std::vector<std::string>& arguments, Request& req
   AddStatics(program, request);
   AddMake(program, request);
   AddInfluence(program, request);
+  AddCompletion(program, request);
   try {
     // The parser takes the arguments last one first.
     program.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
