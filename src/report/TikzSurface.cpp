@@ -1,6 +1,7 @@
 #include "TikzSurface.h"
 
 #include "ClearPalette.h"
+#include "Markup.h"
 #include "PlaneGeometry.h"
 #include "modSafeSave.h"
 
@@ -9,7 +10,6 @@
 #include <cstdio>
 #include <numbers>
 #include <string_view>
-#include <utility>
 
 namespace strutwright {
 
@@ -69,47 +69,6 @@ std::string TexColour(std::string_view name) {
 }
 
 std::string StyleOf(std::string_view name) { return "truss " + std::string(name); }
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
-struct TexSign {
-  std::string_view sign;
-  std::string_view tex;
-};
-
-/// Signs that mean something else to LaTeX, or nothing.
-constexpr std::array<TexSign, 12> TexSigns{{{"\u2212", "$-$"},
-                                            {"\u00d7", "$\\times$"},
-                                            {"\u00b7", "$\\cdot$"},
-                                            {"&", "\\&"},
-                                            {"%", "\\%"},
-                                            {"$", "\\$"},
-                                            {"#", "\\#"},
-                                            {"_", "\\_"},
-                                            {"{", "\\{"},
-                                            {"}", "\\}"},
-                                            {"<", "$<$"},
-                                            {">", "$>$"}}};
-
-/// What stands at a place of a text as LaTeX prints it, and its length.  A hyphen before a digit is a minus.
-std::pair<std::string_view, std::size_t> TexAt(std::string_view text, std::size_t at) {
-  const std::string_view rest = text.substr(at);
-  if (rest[0] == '-' && rest.size() > 1 && IsDigit(rest[1])) return {"$-$", 1};
-  for (const TexSign& each : TexSigns) {
-    if (rest.starts_with(each.sign)) return {each.tex, each.sign.size()};
-  }
-  return {rest.substr(0, 1), 1};
-}
-
-std::string TexText(const std::string& text) {
-  std::string tex;
-  for (std::size_t at = 0; at < text.size();) {
-    const auto [sign, length] = TexAt(text, at);
-    tex += sign;
-    at += length;
-  }
-  return tex;
-}
 
 /// A unit is no word.
 bool HoldsAWord(const std::string& text) {
@@ -188,7 +147,7 @@ void TikzSurface::PixelText(const PixelLabel& label) {
     options += ",anchor=west";
     at.x -= TextWidth(label.text, label.size) / 2;
   }
-  Write("\\node[" + options + "] at " + At(at) + " {" + FontOf(label.size) + TexText(label.text) + "};");
+  Write("\\node[" + options + "] at " + At(at) + " {" + FontOf(label.size) + EscapedLatex(label.text) + "};");
 }
 
 // What is drawn in metres.
@@ -223,34 +182,35 @@ void TikzSurface::DrawText(const std::string& text) {
   const PixelPoint corner = ToPixel(X, Y);
   if (!IsNear(corner)) return;
   Write("\\node[truss label,anchor=north west," + StyleOf(NameOf(TextColour)) + "] at " + At(corner) + " {" +
-        FontOf(PrintedTextSize) + TexText(text) + "};");
+        FontOf(PrintedTextSize) + EscapedLatex(text) + "};");
 }
 
 void TikzSurface::SavePicture(const std::string& path) { SaveWholeFile(path, Document()); }
 
 /// Whether \documentclass may still come is how the file knows that nobody has taken it in.
 std::string TikzSurface::Document() const {
-  const std::string width = Points(PixelWidth());
-  const std::string height = Points(PixelHeight());
-  std::string tex =
-      "% A truss, drawn by Strutwright.  Compile this file by itself, or \\input it in a document that has\n"
-      "% \\usepackage{tikz}.  The styles below say how it looks; every label is a text to edit.\n"
-      "\\makeatletter\n"
-      "\\ifx\\documentclass\\@notprerr\n"
-      "  \\def\\trussbegin{}\\def\\trussend{}\n"
-      "\\else\n"
-      "  \\documentclass{article}\n"
-      "  \\usepackage[papersize={" +
-      width + "," + height +
-      "},margin=0pt]{geometry}\n"
-      "  \\usepackage{tikz}\n"
-      "  \\pagestyle{empty}\n"
-      "  \\def\\trussbegin{\\begin{document}\\noindent}\\def\\trussend{\\end{document}}\n"
-      "\\fi\n"
-      "\\makeatother\n"
-      "\\trussbegin%\n"
-      "\\begingroup%\n"
-      "\\providecommand{\\trussfont}[1]{\\sffamily\\fontsize{#1}{#1}\\selectfont}%\n";
+  return "% A truss, drawn by Strutwright.  Compile this file by itself, or \\input it in a document that has\n"
+         "% \\usepackage{tikz}.  The styles below say how it looks; every label is a text to edit.\n"
+         "\\makeatletter\n"
+         "\\ifx\\documentclass\\@notprerr\n"
+         "  \\def\\trussbegin{}\\def\\trussend{}\n"
+         "\\else\n"
+         "  \\documentclass{article}\n"
+         "  \\usepackage[papersize={" +
+         Points(PixelWidth()) + "," + Points(PixelHeight()) +
+         "},margin=0pt]{geometry}\n"
+         "  \\usepackage{tikz}\n"
+         "  \\pagestyle{empty}\n"
+         "  \\def\\trussbegin{\\begin{document}\\noindent}\\def\\trussend{\\end{document}}\n"
+         "\\fi\n"
+         "\\makeatother\n"
+         "\\trussbegin%\n" +
+         Picture() + "\\trussend\n";
+}
+
+std::string TikzSurface::Picture() const {
+  std::string tex = "\\begingroup%\n"
+                    "\\providecommand{\\trussfont}[1]{\\sffamily\\fontsize{#1}{#1}\\selectfont}%\n";
   for (const auto& [name, colour] : Colours) {
     tex += "\\definecolor{" + TexColour(name) + "}{RGB}{" + std::to_string(colour.red) + "," +
            std::to_string(colour.green) + "," + std::to_string(colour.blue) + "}%\n";
@@ -263,7 +223,7 @@ std::string TikzSurface::Document() const {
   for (const auto& [name, colour] : Colours) tex += ",\n  " + StyleOf(name) + "/.style={color=" + TexColour(name) + "}";
   tex += "]\n\\clip (0,0) rectangle " + At({PixelWidth(), PixelHeight()}) + ";\n";
   for (const std::string& command : Commands) tex += command + "\n";
-  return tex + "\\end{tikzpicture}%\n\\endgroup\n\\trussend\n";
+  return tex + "\\end{tikzpicture}%\n\\endgroup\n";
 }
 
 } // namespace strutwright

@@ -17,6 +17,9 @@ class TikzSurface : public DrawingSurface {
   /// The picture as a file that LaTeX compiles by itself and that another document can take in with \input.
   std::string Document() const;
 
+  /// The picture alone, to stand in a document that has \usepackage{tikz}.
+  std::string Picture() const;
+
   ViewWindow Window() const override { return View; }
   void SetWindow(const ViewWindow& window) override { View = window; }
   float PixelWidth() const override { return Measure.PixelWidth(); }

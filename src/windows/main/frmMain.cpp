@@ -6,6 +6,7 @@
 #include "DisplayState.h"
 #include "EditingState.h"
 #include "EventGuard.h"
+#include "FramePlace.h"
 #include "MainCentre.h"
 #include "MainStatusBar.h"
 #include "Menus.h"
@@ -15,17 +16,13 @@
 #include "frmAbout.h"
 #include "frmEquations.h"
 #include "frmGraph.h"
-#include "frmInfluence.h"
 #include "frmOptions.h"
-#include "frmVary.h"
 #include "modEntryGaps.h"
 #include "modFileCommands.h"
 #include "modGenerators.h"
 #include "modGrids.h"
-#include "modKeepResults.h"
 #include "modLive.h"
 #include "modModelStore.h"
-#include "modNumberText.h"
 #include "modOptions.h"
 #include "modOverprint.h"
 #include "modRedraw.h"
@@ -42,7 +39,6 @@
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QScreen>
-#include <QSettings>
 #include <QShortcut>
 #include <QToolBar>
 
@@ -59,8 +55,6 @@ constexpr QSize WindowFrame{8, 40}; // what the desktop puts around a window, at
 // The child windows' shares of the room above the board.
 constexpr QRectF DisplayShare{0, 0, 0.56, 1};
 constexpr QRectF EquationsShare{0.56, 0, 0.44, 1};
-
-QString PlaceFile() { return QString::fromStdString(DataFolder()) + "/window.ini"; }
 
 } // namespace
 
@@ -86,6 +80,8 @@ frmMain::frmMain() {
   Board = std::make_unique<BoardController>(*this, *CBpic, *Grids);
   Check = std::make_unique<CheckPresenter>(*this, *CBpic, *stsBar);
   Rows = std::make_unique<RowLink>(*this, *CBpic);
+  Drawn = std::make_unique<DrawingCommands>(*this, *CBpic, *stsBar);
+  Tools = std::make_unique<ToolWindows>(*this);
   Truss = std::make_unique<TrussPresenter>(*StatusView, *Check, [this] { ShowDrawing(); });
   Live = std::make_unique<LivePresenter>(*this, *Board, *Check, *stsBar);
   Listener = std::make_unique<MainListener>(*this);
@@ -98,8 +94,7 @@ frmMain::~frmMain() {
   Ending = true;
   DisplaySurface = nullptr;
   Check->CloseWindow();
-  delete Influence;
-  delete Vary;
+  Tools.reset();
   delete takeCentralWidget(); // while the frame that its parts report to is still whole
 }
 
@@ -303,27 +298,6 @@ void frmMain::BeginNewModel(void (*command)()) {
 
 void frmMain::CommitPendingEdit() { CBpic->grTxtBox->Commit(); }
 
-/// The model is taken from the grids first, so that a row pasted meanwhile is not overwritten.
-void frmMain::DrawNode(float x, float y) {
-  EndAnalysis(false);
-  RebuildModelFromGrids();
-  addNode(x, y);
-  RebuildModelFromGrids();
-  Redraw(false);
-}
-
-void frmMain::DrawMember(int i, int j) {
-  EndAnalysis(false);
-  RebuildModelFromGrids();
-  AddMember(static_cast<std::int16_t>(i), static_cast<std::int16_t>(j));
-  RebuildModelFromGrids();
-  if (TheEditing.rigidityFromBoard) {
-    TakeRigidityFromBoard();
-    RebuildModelFromGrids();
-  }
-  Redraw(false);
-}
-
 /// At the start the title is the program's name.
 std::string frmMain::ModelName() const { return Caption == ProgramTitle ? "Untitled" : Caption.toStdString(); }
 
@@ -334,41 +308,6 @@ void frmMain::ActivateDisplay() { Centre->Children().setActiveSubWindow(GraphWin
 void frmMain::ActivateEquations() { Centre->Children().setActiveSubWindow(EquationsWindow); }
 
 void frmMain::ShowCheck() { Check->Open(EquationsWindow->mapToGlobal(QPoint(0, 0))); }
-
-void frmMain::ShowInfluence() {
-  RebuildKeepingResults();
-  if (Influence == nullptr) Influence = new frmInfluence(*this);
-  Influence->Propose();
-  Influence->show();
-  Influence->raise();
-  Influence->activateWindow();
-}
-
-void frmMain::ShowVary() {
-  RebuildKeepingResults();
-  if (Vary == nullptr) Vary = new frmVary(*this);
-  Vary->Begin();
-  Vary->show();
-  Vary->raise();
-  Vary->activateWindow();
-}
-
-/// The new members' E and A are of the same step.
-void frmMain::TakeRigidityFromBoard() {
-  const int m = MemberCount;
-  const std::string E = CBpic->eTxt->text().toStdString();
-  const std::string A = CBpic->aTxt->text().toStdString();
-  if (!GrMembers.Text(m, MemberE).empty() || !GrMembers.Text(m, MemberA).empty()) return;
-  if (NumericValue(E).value_or(0.0F) > 0) GrMembers.SetText(m, MemberE, E);
-  if (NumericValue(A).value_or(0.0F) > 0) GrMembers.SetText(m, MemberA, A);
-}
-
-void frmMain::EndRigidityOffer() { stsBar->EndOffer(); }
-
-void frmMain::OfferRigidityOnDrawing() {
-  const bool without = MemberCount > 0 && !(MemberTable(MemberCount, MemberE) > 0);
-  if (without && !TheEditing.rigidityFromBoard) stsBar->OfferRigidity();
-}
 
 /// Every step that changes a text of the grids comes here, undone ones too.
 void frmMain::ShowEntryNote() {
@@ -391,44 +330,23 @@ void frmMain::ShowDrawing() {
     Graph->ShowDrawing();
   }
   if (Equations != nullptr) Equations->ShowStepToCome();
-  if (Influence != nullptr) Influence->Follow();
-  if (Vary != nullptr) Vary->Follow();
+  if (Tools != nullptr) Tools->Follow();
 }
 
 void frmMain::MarkElements(std::vector<Element> elements) {
   if (Graph != nullptr && !Ending) Graph->Mark(std::move(elements));
 }
 
-/// Where the place is not known, or the file says nothing of use, the frame stays as it is.
 void frmMain::RestorePlace() {
-  const QSettings place(PlaceFile(), QSettings::IniFormat);
-  restoreGeometry(place.value("geometry").toByteArray());
-  Centre->TakeShares(place.value("board").toByteArray());
-  TheDisplay.WidthByForce = place.value("widthByForce", TheDisplay.WidthByForce).toBool();
-  TheDisplay.ShowLegend = place.value("legend", TheDisplay.ShowLegend).toBool();
-  CBpic->clearChk->setChecked(place.value("clear").toBool());
-  TheEditing.rigidityFromBoard = place.value("rigidityFromBoard").toBool();
-  if (place.value("live").toBool()) Live->Switch(true);
+  if (TakeFramePlace(*this, *Centre)) Live->Switch(true);
 }
 
 /// A place that can't be kept is no reason to hold the user up.
-void frmMain::SavePlace() {
-  Files().CreateFolder(DataFolder());
-  QSettings place(PlaceFile(), QSettings::IniFormat);
-  place.setValue("geometry", saveGeometry());
-  place.setValue("board", Centre->Shares());
-  place.setValue("clear", CBpic->clearChk->isChecked());
-  place.setValue("widthByForce", TheDisplay.WidthByForce);
-  place.setValue("legend", TheDisplay.ShowLegend);
-  place.setValue("live", TheLive.on);
-  place.setValue("rigidityFromBoard", TheEditing.rigidityFromBoard);
-}
-
 void frmMain::closeEvent(QCloseEvent* event) {
   Guard([this] { CommitPendingEdit(); });
   Recovery.KeepNow();
   try {
-    SavePlace();
+    KeepFramePlace(*this, *Centre);
   } catch (const FileError&) {
     // The next start uses the place before.
   }

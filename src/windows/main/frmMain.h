@@ -3,6 +3,7 @@
 #include "BoardController.h"
 #include "CheckPresenter.h"
 #include "CommandFrame.h"
+#include "DrawingCommands.h"
 #include "EditHistory.h"
 #include "GridCommands.h"
 #include "LivePresenter.h"
@@ -10,6 +11,7 @@
 #include "MainStatusBar.h"
 #include "RecoveryKeeper.h"
 #include "RowLink.h"
+#include "ToolWindows.h"
 #include "TrussPresenter.h"
 #include "modCheck.h"
 
@@ -25,9 +27,7 @@ namespace strutwright {
 
 class frmEquations;
 class frmGraph;
-class frmInfluence;
 class MainCentre;
-class frmVary;
 class MenuBuilder;
 class RecentFilesMenu;
 
@@ -91,8 +91,8 @@ class frmMain : public CommandFrame {
   bool MoveFocus(bool next) { return focusNextPrevChild(next); }
 
   /// Add a node or a member to the model as it stands in the grids, and draw it.
-  void DrawNode(float x, float y);
-  void DrawMember(int i, int j);
+  void DrawNode(float x, float y) { Drawn->DrawNode(x, y); }
+  void DrawMember(int i, int j) { Drawn->DrawMember(i, j); }
 
   /// Fill the Edit menu of a child window.
   void AddHistoryActions(MenuBuilder& build, QMenu& menu);
@@ -160,11 +160,11 @@ class frmMain : public CommandFrame {
   void ReleaseCommands();
 
   /// After a member was drawn without E and A: offers to give new members those of the control board.
-  void OfferRigidityOnDrawing();
-  void EndRigidityOffer();
+  void OfferRigidityOnDrawing() { Drawn->OfferRigidity(); }
+  void EndRigidityOffer() { stsBar->EndOffer(); }
 
   /// Opens the window that varies a quantity, or brings it to the front.
-  void ShowVary();
+  void ShowVary() { Tools->ShowVary(); }
 
   /// Brings the stiffness equations up to the model, at the stage that they show.
   void FollowEquations();
@@ -182,7 +182,7 @@ class frmMain : public CommandFrame {
   void ShowCheck();
 
   /// Opens the window of the influence lines, or brings it to the front, on the model as it stands in the grids.
-  void ShowInfluence();
+  void ShowInfluence() { Tools->ShowInfluence(); }
 
   /// Draws the truss, unless long work is changing the results.  zoomToExtents: frame the whole model first.
   void Redraw(bool zoomToExtents) { Truss->Redraw(zoomToExtents); }
@@ -213,18 +213,14 @@ class frmMain : public CommandFrame {
   void BuildCentre();
   void ConnectKeys();
   void ShowMenus(QMdiSubWindow* active);
-  void SavePlace();
   void ShowDrawing();
   void Analyse();
-  void TakeRigidityFromBoard();
 
   MainStatusBar* stsBar = nullptr;
   MainCentre* Centre = nullptr;
   ControlBoard* CBpic = nullptr;     ///< of the centre
   frmGraph* Graph = nullptr;         ///< nullptr until MDIForm_Load
   frmEquations* Equations = nullptr; ///< likewise
-  frmInfluence* Influence = nullptr; ///< nullptr until it is first asked for
-  frmVary* Vary = nullptr;           ///< likewise
   bool Holds = false;                ///< commands wait
   std::vector<std::function<void()>> Waiting;
   QMdiSubWindow* GraphWindow = nullptr;
@@ -238,6 +234,8 @@ class frmMain : public CommandFrame {
   std::unique_ptr<BoardController> Board;
   std::unique_ptr<CheckPresenter> Check;
   std::unique_ptr<RowLink> Rows;
+  std::unique_ptr<DrawingCommands> Drawn;
+  std::unique_ptr<ToolWindows> Tools;
   std::unique_ptr<TrussPresenter> Truss;
   std::unique_ptr<LivePresenter> Live;
   std::unique_ptr<MainListener> Listener;
