@@ -12,8 +12,8 @@ namespace strutwright {
 
 namespace {
 
-constexpr int DigitsOfAnswer = 6;
-constexpr double NoValue = 1e-6;       // of the largest value of the kind: rounding
+constexpr int DigitsOfAnswer = 5;
+constexpr double NoValue = 1e-5;         // of the largest value of the kind: rounding
 constexpr double FloorOfTolerance = 0.1; // of what the largest value may be off
 constexpr double LeastTolerance = 0.001; // where all values of the kind are zero
 

@@ -6,6 +6,7 @@
 #include "SeededDraws.h"
 #include "modAnalysis.h"
 #include "modCheckAnswer.h"
+#include "modModelStore.h"
 
 #include <algorithm>
 #include <deque>
@@ -144,9 +145,14 @@ class VariantMaker {
     try {
       variant.questions = Answered(QuestionsAbout(Plan.asks), check, Plan.percent);
     } catch (const ClassFault& fault) {
-      return KeepReason(fault.what());
+      return KeepReason(InsideSentence(fault.what()));
     }
     return SomeAnswerCounts(variant.questions) || KeepReason("all values that are asked for are zero");
+  }
+
+  static std::string InsideSentence(std::string sentence) {
+    sentence.replace(0, 1, InSmallLetters(sentence.substr(0, 1)));
+    return sentence;
   }
 
   static std::string MechanismReason(const CheckReport& check) {
@@ -168,8 +174,9 @@ class VariantMaker {
       return "The answers of neighbours would be the same, for " + CountOf(usable, "variant") + " and " + students +
              ": vary something that the asked values depend on";
     }
-    return "There " + (usable == 1 ? std::string("is only 1 usable variant") :
-                                     "are only " + std::to_string(usable) + " usable variants") +
+    return "There " +
+           (usable == 1 ? std::string("is only 1 usable variant")
+                        : "are only " + std::to_string(usable) + " usable variants") +
            " for " + students + ": widen the ranges or make their steps smaller";
   }
 
@@ -205,25 +212,28 @@ void CheckSource(const ClassPlan& plan) {
   if (NodeCount == 0) throw ClassFault("The model has no nodes: build a truss first");
   const CheckReport check = CheckAnswer(AnalysisOutcome::None);
   if (!check.stability.Stable()) {
-    throw ClassFault(check.verdict + (check.stability.mechanisms.empty()
-                                          ? ""
-                                          : ": " + check.stability.mechanisms.front().sentence));
+    throw ClassFault(check.verdict +
+                     (check.stability.mechanisms.empty() ? "" : ": " + check.stability.mechanisms.front().sentence));
   }
   QuestionsAbout(plan.asks);
 }
 
 } // namespace
 
-KeptModel::KeptModel() : Model(TheModel), Analysis(std::exchange(TheAnalysis, AnalysisState{})) {
+KeptModel::KeptModel()
+    : Model{GridCapacity, NodeCount, MemberCount, NodeTable, MemberTable}, HadResults(AnalysisDone),
+      Analysis(std::exchange(TheAnalysis, AnalysisState{})) {
   AnalysisDone = FlagFalse;
 }
 
 KeptModel::~KeptModel() {
-  TheModel = std::move(Model);
+  PutInTables(Model);
+  AnalysisDone = HadResults;
   TheAnalysis = std::move(Analysis);
 }
 
 void PutInTables(const StoredModel& model) {
+  GridCapacity = model.capacity;
   NodeCount = model.nodeCount;
   MemberCount = model.memberCount;
   NodeTable = model.nodes;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "AnalysisState.h"
-#include "modModelStore.h"
 #include "modQuestions.h"
 #include "modVariations.h"
 
@@ -39,11 +38,12 @@ class KeptModel {
   KeptModel& operator=(const KeptModel&) = delete;
 
  private:
-  ModelState Model;
+  StoredModel Model;
+  std::int16_t HadResults;
   AnalysisState Analysis;
 };
 
-/// Puts a model into the tables, without its results; the grids stay.
+/// Puts a model into the tables, where there are no results then; the grids stay.
 void PutInTables(const StoredModel& model);
 
 /// Fewest digits that the check must find right in a variant.

@@ -1,5 +1,6 @@
 #include "CommandLine.h"
 
+#include "ClassCommands.h"
 #include "Commands.h"
 #include "ModelInput.h"
 #include "Picture.h"
@@ -29,7 +30,7 @@ struct Request {
   std::string input;
   std::string output;
   std::string format = "text";
-  std::function<int(std::istream&, std::ostream&, std::ostream&)> command;
+  CommandToRun command;
 };
 
 OutputFormat FormatNamed(const std::string& name) {
@@ -238,6 +239,7 @@ std::optional<int> Parse(const std::vector<std::string>& arguments, Request& req
   AddStatics(program, request);
   AddMake(program, request);
   AddInfluence(program, request);
+  AddClassCommands(program, request.command);
   try {
     // The parser takes the arguments last one first.
     program.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
