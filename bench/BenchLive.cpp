@@ -87,6 +87,7 @@ void DragANode(benchmark::State& state) {
   const int n = NodeCount / 2;
   GridSpacingX = GridSpacingY = 0; // each step moves the node
   const QPoint start = Area().Surface().ToPixel(NodeTable(n, NodeX), -NodeTable(n, NodeY)).toPoint();
+  const float before = NodeTable(n, NodeY);
   SendMouse(QEvent::MouseButtonPress, start, Qt::LeftButton, Qt::LeftButton);
   int step = 0;
   for ([[maybe_unused]] auto each : state) {
@@ -94,6 +95,7 @@ void DragANode(benchmark::State& state) {
     SendMouse(QEvent::MouseMove, start + QPoint(5, 5 + step), Qt::NoButton, Qt::LeftButton);
     Area().repaint();
   }
+  if (NodeTable(n, NodeY) == before) state.SkipWithError("the drag did not begin");
   if (AnalysisDone == FlagFalse || TheLive.paused) state.SkipWithError("there are no results");
   SendMouse(QEvent::MouseButtonRelease, start, Qt::LeftButton, Qt::NoButton);
   state.counters["members"] = MemberCount;

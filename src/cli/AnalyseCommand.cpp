@@ -166,11 +166,9 @@ void PrintJson(const ModelSession& session, Result result, const Check& check, s
   Json members = Json::array();
   for (int n = 1; result == Result::Ok && n <= NodeCount; ++n) nodes.push_back(JsonNode(n));
   for (int m = 1; result == Result::Ok && m <= MemberCount; ++m) members.push_back(JsonMember(m));
-  Json values{{"file", session.File()},
-              {"result", ResultName(result)},
-              {"messages", JsonListOf(session.Shown(), JsonMessage)},
-              {"units", JsonUnits(check)},
-              {"nodes", std::move(nodes)},
+  Json values{{"version", JsonVersion},       {"file", session.File()},
+              {"result", ResultName(result)}, {"messages", JsonListOf(session.Shown(), JsonMessage)},
+              {"units", JsonUnits(check)},    {"nodes", std::move(nodes)},
               {"members", std::move(members)}};
   if (check.wasAsked) values["check"] = check.report ? JsonCheck(*check.report) : Json();
   PrintJsonLine(values, out);

@@ -14,6 +14,7 @@
 #include <filesystem>
 #include <functional>
 #include <iostream>
+#include <map>
 #include <optional>
 
 namespace strutwright {
@@ -23,12 +24,15 @@ namespace {
 constexpr const char* FormatHelp = "text: tables to read; csv: every digit, for spreadsheets; json: every digit, for "
                                    "scripts";
 
+constexpr const char* InputHelp = "Model (.stw), tables, JSON or DXF; - is standard input";
+
 /// What the arguments ask for.
 struct Request {
   AnalyseRequest analysis;
   InfluenceRequest influence;
+  ShowRequest show;
+  MakeRequest make;
   std::string input;
-  std::string output;
   std::string format = "text";
   CommandToRun command;
 };
@@ -121,7 +125,8 @@ void AddPicture(CLI::App& command, PictureRequest& picture) {
 void AddAnalyse(CLI::App& program, Request& request) {
   CLI::App& command = *program.add_subcommand("analyse", "Analyse models and print displacements, reactions and "
                                                          "member forces");
-  command.add_option("MODEL", request.analysis.models, "Models (.stw) or their csv; - is standard input")->required();
+  command.add_option("MODEL", request.analysis.models, "Models (.stw), tables, JSON or DXF; - is standard input")
+      ->required();
   AddFormat(command, request);
   command.add_flag("--check", request.analysis.check,
                    "Also tell how far each answer can be trusted; exit status 3 where it can't");
@@ -144,13 +149,40 @@ void AddAnalyse(CLI::App& program, Request& request) {
   });
 }
 
+ShowFormat ShowFormatNamed(const std::string& name) {
+  static const std::map<std::string, ShowFormat> formats{{"text", ShowFormat::AsText},
+                                                         {"csv", ShowFormat::AsCsv},
+                                                         {"json", ShowFormat::AsJson},
+                                                         {"dxf", ShowFormat::AsDxf},
+                                                         {"tikz", ShowFormat::AsTikz}};
+  return formats.at(name);
+}
+
+std::string ScaleOfDxfFault(ShowRequest& request, const std::string& text) {
+  const std::optional<float> scale = NumericValue(text);
+  if (!scale || *scale < 0 || *scale > 5000) return "\"" + text + "\" is not a number from 0 to 5000";
+  request.deflectionScale = *scale;
+  return "";
+}
+
 void AddShow(CLI::App& program, Request& request) {
-  CLI::App& command = *program.add_subcommand("show", "Print the nodes and members of a model");
-  command.add_option("MODEL", request.input, "Model (.stw) or its csv; - is standard input")->required();
-  AddFormat(command, request);
-  command.callback([&request] {
+  CLI::App& command = *program.add_subcommand("show", "Print the nodes and members of a model, or its drawing");
+  command.add_option("MODEL", request.show.model, InputHelp)->required();
+  command
+      .add_option("--format", request.format,
+                  "text: tables to read; csv: every digit, for spreadsheets; json: every digit, for scripts; dxf: a "
+                  "drawing in metres, for CAD; tikz: a drawing for LaTeX")
+      ->check(CLI::IsMember({"text", "csv", "json", "dxf", "tikz"}))
+      ->capture_default_str();
+  AddChecked(command, "--deflection-scale", "Of the deflected shape in dxf, 0 for none; 100 unless told", "NUMBER",
+             [&request](const std::string& text) { return ScaleOfDxfFault(request.show, text); });
+  command.callback([&request, &command] {
+    if (command.count("--deflection-scale") > 0 && request.format != "dxf") {
+      throw CLI::RequiresError("--deflection-scale", "--format dxf");
+    }
     request.command = [&request](std::istream& in, std::ostream& out, std::ostream& err) {
-      return ShowModel(request.input, FormatNamed(request.format), in, out, err);
+      request.show.format = ShowFormatNamed(request.format);
+      return ShowModel(request.show, in, out, err);
     };
   });
 }
@@ -158,7 +190,7 @@ void AddShow(CLI::App& program, Request& request) {
 void AddStatics(CLI::App& program, Request& request) {
   CLI::App& command = *program.add_subcommand("statics", "Solve a model by hand: reactions, joints, sections, members "
                                                          "without force, force diagram");
-  command.add_option("MODEL", request.input, "Model (.stw) or its csv; - is standard input")->required();
+  command.add_option("MODEL", request.input, InputHelp)->required();
   command.add_option("--format", request.format, "text: to read; json: for scripts")
       ->check(CLI::IsMember({"text", "json"}))
       ->capture_default_str();
@@ -169,14 +201,42 @@ void AddStatics(CLI::App& program, Request& request) {
   });
 }
 
+std::string UnitsFault(DrawingOptions& drawing, const std::string& unit) {
+  drawing.metres = MetresOfUnit(unit);
+  return drawing.metres ? "" : "\"" + unit + "\" is none of mm, cm, m, in, ft";
+}
+
+std::string ToleranceFault(DrawingOptions& drawing, const std::string& text) {
+  const std::optional<float> tolerance = NumericValue(text);
+  if (!tolerance || *tolerance < 1e-6F || *tolerance > 1000) {
+    return "\"" + text + "\" is not a number of metres from 0.000001 to 1000";
+  }
+  drawing.tolerance = static_cast<double>(*tolerance);
+  return "";
+}
+
+void AddDrawingOptions(CLI::App& command, MakeRequest& make) {
+  AddChecked(command, "--units", "Unit of a DXF drawing; what the drawing says unless told", "mm|cm|m|in|ft",
+             [&make](const std::string& text) { return UnitsFault(make.drawing, text); });
+  AddChecked(command, "--tolerance", "Ends of lines so near in m are one node; 0.001 unless told", "NUMBER",
+             [&make](const std::string& text) { return ToleranceFault(make.drawing, text); });
+  command.add_flag("--split", make.drawing.split, "Part lines of a drawing where they cross or meet");
+  command.add_option("--layers", make.layers, "Table with the headings layer, E and A: what members on a layer get")
+      ->type_name("TABLE");
+}
+
 void AddMake(CLI::App& program, Request& request) {
-  CLI::App& command = *program.add_subcommand("make", "Build a model from the csv that \"show --format csv\" prints");
-  command.add_option("INPUT", request.input, "Comma-separated nodes and members, or a model; - is standard input")
+  CLI::App& command =
+      *program.add_subcommand("make", "Build a model from a drawing (DXF), a table (csv, tabs) or JSON");
+  command
+      .add_option("INPUT", request.make.input,
+                  "Drawing in DXF, tables of nodes and members, JSON, or a model; - is standard input")
       ->required();
-  command.add_option("OUT", request.output, "Model file to write (.stw); - is standard output")->required();
+  command.add_option("OUT", request.make.output, "Model file to write (.stw); - is standard output")->required();
+  AddDrawingOptions(command, request.make);
   command.callback([&request] {
     request.command = [&request](std::istream& in, std::ostream& out, std::ostream& err) {
-      return MakeModel(request.input, request.output, in, out, err);
+      return MakeModel(request.make, in, out, err);
     };
   });
 }

@@ -3,6 +3,7 @@
 #include "Output.h"
 #include "Picture.h"
 #include "modCheckAnswer.h"
+#include "modDrawnTruss.h"
 #include "modInfluence.h"
 #include "modTrain.h"
 
@@ -15,7 +16,7 @@
 namespace strutwright {
 
 // The commands of strutwright-cli.  Each returns the exit status; results go to `out`, messages to `err`.
-// A file to read may be a model or its csv, which the content shows; "-" is `in`.
+// A file to read may be a model, a table, JSON or DXF, which the content shows; "-" is `in`.
 
 /// What to analyse, and what to make of it.
 struct AnalyseRequest {
@@ -34,12 +35,28 @@ using AnswerJudge = std::function<CheckReport(AnalysisOutcome)>;
 int AnalyseModels(const AnalyseRequest& request, std::istream& in, std::ostream& out, std::ostream& err,
                   const AnswerJudge& judge = CheckAnswer);
 
-/// Prints the input tables of a model.
-int ShowModel(const std::string& file, OutputFormat format, std::istream& in, std::ostream& out, std::ostream& err);
+enum class ShowFormat { AsText, AsCsv, AsJson, AsDxf, AsTikz };
 
-/// Builds a model file; as `output`, "-" is `out`.  A bad line of csv is named, and then nothing is written.
-int MakeModel(const std::string& input, const std::string& output, std::istream& in, std::ostream& out,
-              std::ostream& err);
+/// Which model to show, and how.
+struct ShowRequest {
+  std::string model;
+  ShowFormat format = ShowFormat::AsText;
+  float deflectionScale = 100; ///< of the deflected shape in DXF; 0 for none
+};
+
+/// Prints the input tables of a model, or its drawing.
+int ShowModel(const ShowRequest& request, std::istream& in, std::ostream& out, std::ostream& err);
+
+/// What to build a model from, and where to put it.
+struct MakeRequest {
+  std::string input;
+  std::string output;
+  std::string layers; ///< file with E and A by layer; none where it is empty
+  DrawingOptions drawing;
+};
+
+/// Builds a model file; as output, "-" is `out`.  A bad line of the input is named, and then nothing is written.
+int MakeModel(const MakeRequest& request, std::istream& in, std::ostream& out, std::ostream& err);
 
 /// Which influence line to compute, and what to make of it.
 struct InfluenceRequest {

@@ -1,54 +1,76 @@
 #include "CommandLine.h"
 #include "Commands.h"
 #include "FileSystem.h"
-#include "ModelCsv.h"
+#include "ImportError.h"
 #include "ModelInput.h"
 #include "ModelSession.h"
 #include "modFileCommands.h"
+#include "modImport.h"
 #include "modModelFile.h"
 
 #include <istream>
-#include <optional>
 #include <ostream>
 #include <string>
+#include <utility>
 
 namespace strutwright {
 
 namespace {
 
-/// The bytes of the input; nothing when it can't be read, which has been reported by then.
-std::optional<std::string> InputOf(const std::string& input, std::istream& in, std::ostream& err) {
-  ModelSession session(input, err);
+/// A bad line is named as compilers name one, which editors can jump to.
+void ReportBadInput(const MakeRequest& request, const ImportError& error, std::ostream& err) {
+  err << ValidText(request.input);
+  if (error.line > 0) err << ":" << error.line;
+  err << ": " << ValidText(error.what()) << '\n';
+}
+
+/// E and A by layer, from the file that was named, if one was.
+void TakeLayerTable(MakeRequest& request, std::istream& in) {
+  if (request.layers.empty()) return;
   try {
-    std::string bytes = ReadInput(input, in);
-    return IsText(bytes) ? bytes : ModelBytes(bytes);
+    request.drawing.layers = ReadLayerTable(ReadInput(request.layers, in));
+  } catch (const ImportError& error) {
+    throw FileError(request.layers + ": " + error.Sentence());
+  }
+}
+
+/// Makes the model that the input holds the open one; false where it holds none, which has been reported by then.
+bool TakeInput(MakeRequest request, std::istream& in, std::ostream& err) {
+  ModelSession session(request.input, err);
+  try {
+    TakeLayerTable(request, in);
+    const std::string bytes = ReadInput(request.input, in);
+    if (!IsText(bytes)) {
+      TakeModel(ReadModel(ModelBytes(bytes, request.input)));
+      return true;
+    }
+    ImportedModel imported = ImportText(bytes, request.input, request.drawing);
+    TakeModel(std::move(imported.model));
+    for (const std::string& remark : imported.remarks) session.Report(remark);
+    return true;
+  } catch (const ImportError& error) {
+    ReportBadInput(request, error, err);
   } catch (const FileError& error) {
     session.Report(error.what());
-    return std::nullopt;
   }
+  return false;
 }
 
 } // namespace
 
-int MakeModel(const std::string& input, const std::string& output, std::istream& in, std::ostream& out,
-              std::ostream& err) {
-  const std::optional<std::string> bytes = InputOf(input, in, err);
-  if (!bytes) return ExitUsage;
-  ModelSession session(output, err);
-  try {
-    TakeModel(IsText(*bytes) ? ModelFromCsv(*bytes) : ReadModel(*bytes));
-  } catch (const CsvError& error) {
-    err << input << ":" << error.line << ": " << error.what() << '\n';
-    return ExitUsage;
-  }
-  if (output == StandardStream) {
-    out << WriteModel();
+int MakeModel(const MakeRequest& request, std::istream& in, std::ostream& out, std::ostream& err) {
+  if (!TakeInput(request, in, err)) return ExitUsage;
+  const std::string model = WriteModel();
+  ModelSession session(request.output, err);
+  if (request.output == StandardStream) {
+    out << model;
     return ExitOk;
   }
   try {
-    SaveModelFile(output);
+    TakeModel(ReadModel(model));
+    SaveModelFile(request.output);
   } catch (const FileError& error) {
-    ReportSaveFailure(output, error.what());
+    ReportSaveFailure(request.output, error.what());
     return ExitUsage;
   }
   return ExitOk;

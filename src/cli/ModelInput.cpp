@@ -1,12 +1,13 @@
 #include "ModelInput.h"
 
-#include "ModelCsv.h"
-#include "modColumns.h"
+#include "DxfDrawing.h"
+#include "ImportError.h"
+#include "modImport.h"
 #include "modModelFile.h"
 
 #include <algorithm>
 #include <istream>
-#include <string_view>
+#include <utility>
 
 namespace strutwright {
 
@@ -26,18 +27,15 @@ bool IsControl(char c) {
   return code < ' ' && c != '\t' && c != '\n' && c != '\r' && c != '\f';
 }
 
-/// Whether the first that is written in a text is the heading of a table.
-bool BeginsWithHeading(std::string_view text) {
-  text.remove_prefix(std::min(text.find_first_not_of("\xEF\xBB\xBF\" \t\r\n,"), text.size()));
-  return text.starts_with(JointColumns[0].heading) || text.starts_with(MemberColumns[0].heading);
-}
-
-std::string BytesOfCsv(const std::string& csv) {
-  if (!BeginsWithHeading(csv)) throw FileError(NoModel);
+/// The bytes of the model that a text makes.
+std::string BytesOfText(const std::string& text, const std::string& name, std::vector<std::string>* remarks) {
+  if (!CanBeImported(text)) throw FileError(NoModel);
   try {
-    TakeModel(ModelFromCsv(csv));
-  } catch (const CsvError& error) {
-    throw FileError("Line " + std::to_string(error.line) + ": " + error.what());
+    ImportedModel imported = ImportText(text, name, {});
+    if (remarks != nullptr) *remarks = std::move(imported.remarks);
+    TakeModel(std::move(imported.model));
+  } catch (const ImportError& error) {
+    throw FileError(error.Sentence());
   }
   return WriteModel();
 }
@@ -68,8 +66,9 @@ std::string ReadInput(const std::string& name, std::istream& in) {
 
 bool IsText(const std::string& bytes) { return std::none_of(bytes.begin(), bytes.end(), IsControl); }
 
-std::string ModelBytes(const std::string& input) {
-  if (IsText(input)) return BytesOfCsv(input);
+std::string ModelBytes(const std::string& input, const std::string& name, std::vector<std::string>* remarks) {
+  const bool isBinaryDrawing = input.starts_with(BinaryDxf);
+  if (isBinaryDrawing || IsText(input)) return BytesOfText(input, name, remarks);
   CheckModel(input);
   return input;
 }
@@ -81,7 +80,7 @@ void InputFileSystem::SetInput(const std::string& name, std::istream& in) {
 
 std::string InputFileSystem::Read(const std::string& path, std::size_t offset, std::size_t limit) {
   if (In == nullptr || path != Input) return NativeFileSystem::Read(path, offset, limit);
-  const std::string bytes = ModelBytes(ReadInput(path, *In));
+  const std::string bytes = ModelBytes(ReadInput(path, *In), path, &TheRemarks);
   return offset < bytes.size() ? bytes.substr(offset, limit) : "";
 }
 

@@ -60,6 +60,7 @@ bool ModelSession::Open(std::istream& in) {
   const bool opened = openModel(FileName, &reason);
   Opening = false;
   if (opened) {
+    for (const std::string& remark : Disk.Remarks()) Report(remark);
     for (const Message& message : Messages) Report(message.text);
   } else {
     Report(reason); // which says more than the box does

@@ -41,6 +41,24 @@ void DrawInto(QtDrawingSurface& surface, const std::string& file, const std::fun
   tikz.SavePicture(file);
 }
 
+/// What is drawn on the surface, whose window frames it afterwards.
+TrussView ViewOn(DrawingSurface& surface, const PictureRequest& request, bool analysed) {
+  SetViewWindow(surface, -1, 10, 0, 3);
+  TrussView view{.layers = request.layers,
+                 .reactions = analysed && request.reactions,
+                 .memberForces = analysed && request.memberForces,
+                 .deflectedShape = analysed && request.deflectedShape,
+                 .deflectionScale = request.deflectionScale,
+                 .extents = ExtentsOfModel(1),
+                 .frameExtents = true,
+                 .style = request.style};
+  // The described drawing has the scale of a first start.
+  if (request.style == DrawingStyle::Clear) {
+    view.loadsScale = ScaleOfArrowsOn(surface, SettingsOf(view)).value_or(view.loadsScale);
+  }
+  return view;
+}
+
 } // namespace
 
 /// Fonts need an application.  It is kept for the life of the process, as Qt allows only one.
@@ -83,20 +101,17 @@ bool ChooseSize(PictureRequest& request, const std::string& text) {
 void MakePicture(const PictureRequest& request, const std::string& file, bool analysed) {
   EnsureApplication();
   QtDrawingSurface surface(request.width, request.height);
-  SetViewWindow(surface, -1, 10, 0, 3);
-  TrussView view{.layers = request.layers,
-                 .reactions = analysed && request.reactions,
-                 .memberForces = analysed && request.memberForces,
-                 .deflectedShape = analysed && request.deflectedShape,
-                 .deflectionScale = request.deflectionScale,
-                 .extents = ExtentsOfModel(1),
-                 .frameExtents = true,
-                 .style = request.style};
-  // The described drawing has the scale of a first start.
-  if (request.style == DrawingStyle::Clear) {
-    view.loadsScale = ScaleOfArrowsOn(surface, SettingsOf(view)).value_or(view.loadsScale);
-  }
+  const TrussView view = ViewOn(surface, request, analysed);
   DrawInto(surface, file, [&view](DrawingSurface& target) { Draw(target, view); });
+}
+
+std::string TikzPicture(const PictureRequest& request, bool analysed) {
+  EnsureApplication();
+  QtDrawingSurface surface(request.width, request.height);
+  const TrussView view = ViewOn(surface, request, analysed);
+  TikzSurface tikz(surface);
+  Draw(tikz, view);
+  return tikz.Document();
 }
 
 void MakeInfluencePicture(const PictureRequest& request, const InfluenceShape& shape) {

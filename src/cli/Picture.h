@@ -38,6 +38,9 @@ void EnsureApplication();
 /// picture.  Needs no display server.  Throws FileError.
 void MakePicture(const PictureRequest& request, const std::string& file, bool analysed);
 
+/// The same picture as TikZ.
+std::string TikzPicture(const PictureRequest& request, bool analysed);
+
 /// Draws the model that is open with an influence line below, without loads and results, and writes the picture
 /// likewise.
 void MakeInfluencePicture(const PictureRequest& request, const InfluenceShape& shape);

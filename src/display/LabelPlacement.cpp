@@ -172,7 +172,7 @@ struct Patience {
 
 Patience PatienceFor(std::size_t bars) {
   if (bars > MaxBarsForMoving) return {};
-  return bars > MaxBarsForPatience ? Patience{2500, 1000} : Patience{20000, 8000};
+  return bars > MaxBarsForPatience ? Patience{1200, 600} : Patience{20000, 8000};
 }
 
 class LabelPlacer {
@@ -299,11 +299,18 @@ class LabelPlacer {
 
 bool IsMissingForce(const ClearLabel& label) { return label.kind == LabelKind::Force && !label.IsPlaced(); }
 
-/// Gives the number of forces that have found no place.
+/// Gives the number of forces that have found no place.  Gives up where that is not to be mended any more, and counts
+/// those not tried yet among them; unless any number may be missing.
 /// patience: how many places may be looked at to move others.
-int PlaceForces(std::span<ClearLabel> labels, LabelPlacer& placer, const FormerPlaces& former, int patience) {
+int PlaceForces(std::span<ClearLabel> labels, LabelPlacer& placer, const FormerPlaces& former, int patience,
+                int mostMissing) {
   const auto missing = [&] { return static_cast<int>(std::count_if(labels.begin(), labels.end(), IsMissingForce)); };
-  for (ClearLabel& label : labels) placer.Place(label, former.Of(label));
+  int unplaced = 0;
+  for (ClearLabel& label : labels) {
+    placer.Place(label, former.Of(label));
+    if (IsMissingForce(label) && label.shorter.empty()) ++unplaced;
+    if (unplaced > std::max(MaxToMoveFor, mostMissing)) return missing();
+  }
   for (ClearLabel& label : labels) placer.PlaceShortened(label);
   if (missing() > MaxToMoveFor) return missing();
   placer.MoveFrom(patience);
@@ -328,7 +335,7 @@ int PlaceLabels(ClearScene& scene, const std::vector<ClearLabel>* before, int mo
     return label.kind == LabelKind::NodeNumber || label.kind == LabelKind::MemberNumber;
   };
   const auto firstNumber = std::find_if(scene.labels.begin(), scene.labels.end(), isNumber);
-  const int missing = PlaceForces({scene.labels.begin(), firstNumber}, placer, former, patience.forForces);
+  const int missing = PlaceForces({scene.labels.begin(), firstNumber}, placer, former, patience.forForces, mostMissing);
   if (missing <= mostMissing) PlaceNumbers({firstNumber, scene.labels.end()}, placer, former, patience.forNumbers);
   return missing;
 }

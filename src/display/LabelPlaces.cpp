@@ -14,8 +14,9 @@ constexpr int AlongCount = static_cast<int>(AlongMember.size());
 static_assert(LabelPlaces::AlongPlaces == 4 * AlongCount);
 constexpr double EndGap = ClearSize::NodeRadius + 2.5; // pixels that a label keeps from its member's ends
 constexpr double DotGap = ClearSize::NodeRadius + ClearSize::NodeEdge + 1;
-constexpr double MinSteepness = 0.6;  // sine of a member's slope
-constexpr double MinFreeAngle = 0.35; // radians
+constexpr double NumberDotGap = ClearSize::NodeRadius + ClearSize::NodeEdge / 2 + 0.25; // a number keeps from its dot
+constexpr double MinSteepness = 0.6;                                                    // sine of a member's slope
+constexpr double MinFreeAngle = 0.35;                                                   // radians
 constexpr double NumberGap = ClearSize::NodeRadius + 2;
 constexpr std::array<double, 4> NumberRings{0, 3, 6, 10}; // pixels that a node's number stands farther off
 constexpr double CloseGap = 1.5;                          // between a member's edge and a force that has little room
@@ -48,6 +49,17 @@ double ReachOf(const ClearLabel& label, PixelPoint way) {
 
 TurnedBox Upright(const ClearLabel& label, PixelPoint centre) {
   return {centre, {1, 0}, label.halfWidth, label.halfHeight};
+}
+
+/// A box off a node's dot, which a wide one comes near to when it stands askew; moved farther on its way.
+TurnedBox OffDot(const TurnedBox& box, PixelPoint node, PixelPoint way) {
+  const PixelPoint from = box.centre - node;
+  const PixelPoint nearest{from.x - std::clamp(from.x, -box.halfLength, box.halfLength),
+                           from.y - std::clamp(from.y, -box.halfHeight, box.halfHeight)};
+  const double distance = LengthOf(nearest);
+  if (distance >= NumberDotGap) return box;
+  const PixelPoint across = distance > 0 ? (1 / distance) * nearest : way;
+  return box.MovedBy(((NumberDotGap - distance) / Dot(across, way)) * way);
 }
 
 /// The places of a force beside its member.
@@ -192,7 +204,8 @@ std::optional<TurnedBox> LabelPlaces::AtNodeNumber(const ClearLabel& label, int 
   const double direction = angle.middle + Parts.at(index % parts) * angle.width;
   const PixelPoint way{std::cos(direction), std::sin(direction)};
   const PixelPoint node = Scene.truss.joints[static_cast<std::size_t>(label.owner)].at;
-  return Upright(label, node + (NumberGap + NumberRings.at(index / inRing) + ReachOf(label, way)) * way);
+  const double off = NumberGap + NumberRings.at(index / inRing) + ReachOf(label, way);
+  return OffDot(Upright(label, node + off * way), node, way);
 }
 
 std::optional<TurnedBox> LabelPlaces::AtArrow(const ClearLabel& label, int place) const {

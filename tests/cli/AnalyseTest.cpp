@@ -112,7 +112,7 @@ TEST_F(AnalyseTest, NamesTheJsonKeysInTheirOrder) {
     for (const auto& item : object.items()) text += item.key() + " ";
     return text;
   };
-  EXPECT_EQ(keys(model), "file result messages units nodes members ");
+  EXPECT_EQ(keys(model), "version file result messages units nodes members ");
   EXPECT_EQ(keys(model["nodes"][0]), "node x y dx dy rx ry support ");
   EXPECT_EQ(keys(model["members"][0]), "member i j length cos sin force state stress stretch ");
 }

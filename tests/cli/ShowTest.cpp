@@ -39,6 +39,34 @@ TEST_F(ShowTest, PrintsTheInputTablesAsJson) {
   EXPECT_EQ(model["members"][1], nlohmann::json::parse(R"({"member":2,"i":2,"j":3,"e":200,"a":1000,"ps":0})"));
 }
 
+TEST_F(ShowTest, PrintsADrawingWithItsDeflectedShape) {
+  EXPECT_EQ(Run({"show", "--format", "dxf", Reference("triangle")}), 0) << err;
+  EXPECT_THAT(out, testing::StartsWith("0\r\nSECTION\r\n"));
+  EXPECT_THAT(out, testing::HasSubstr("LINE\r\n8\r\ndeflected\r\n"));
+  EXPECT_THAT(out, testing::HasSubstr("POINT\r\n8\r\nsupport_3\r\n"));
+  EXPECT_EQ(Run({"show", "--format", "dxf", "--deflection-scale", "0", Reference("triangle")}), 0) << err;
+  EXPECT_THAT(out, testing::Not(testing::HasSubstr("deflected")));
+}
+
+TEST_F(ShowTest, SaysWhatADrawingHasNoPlaceFor) {
+  const std::string model = Reference("node_number_too_large");
+  EXPECT_EQ(Run({"show", "--format", "dxf", model}), 0);
+  EXPECT_THAT(err, testing::StartsWith(model + ": Member "));
+  EXPECT_THAT(err, testing::HasSubstr(" is not in the drawing, because it names a node that is not there\n"));
+}
+
+TEST_F(ShowTest, PrintsADrawingForLatex) {
+  EXPECT_EQ(Run({"show", "--format", "tikz", Reference("triangle")}), 0) << err;
+  EXPECT_THAT(out, testing::HasSubstr("\\begin{tikzpicture}"));
+}
+
+TEST_F(ShowTest, TakesAScaleForADrawingOnly) {
+  EXPECT_EQ(Run({"show", "--deflection-scale", "10", Reference("triangle")}), 2);
+  EXPECT_THAT(err, testing::HasSubstr("--format dxf"));
+  EXPECT_EQ(Run({"show", "--format", "dxf", "--deflection-scale", "-1", Reference("triangle")}), 2);
+  EXPECT_THAT(err, testing::HasSubstr("\"-1\" is not a number from 0 to 5000"));
+}
+
 TEST_F(ShowTest, ReportsWhatCannotBeRead) {
   const std::string missing = folder.Path("missing.stw");
   EXPECT_EQ(Run({"show", missing}), 2);

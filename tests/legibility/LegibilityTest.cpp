@@ -35,10 +35,14 @@ void ExpectNothingOnAnother(double width, double height, double (*metrics)(const
 }
 
 TEST_F(LegibilityTest, NoLabelOfAFamilyStandsOnAnything) {
-  ForEach(FamilyTrusses({4, 10, 16}), [](int) {
+  ForEach(FamilyTrusses({4, 10, 22}), [](int) {
     ExpectNothingOnAnother(660, 390, Width);
     ExpectNothingOnAnother(1024, 768, Width);
   });
+}
+
+TEST_F(LegibilityTest, NoNumberOfThreeDigitsStandsOnItsNode) {
+  ForEach(FamilyTrusses({36}), [](int) { ExpectNothingOnAnother(660, 390, Width); });
 }
 
 TEST_F(LegibilityTest, NoLabelOfARandomTrussStandsOnAnything) {
@@ -82,6 +86,10 @@ double ShareShown(const std::vector<CorpusTruss>& trusses, int least, int most,
 
 TEST_F(LegibilityTest, NearlyEveryForceOfARandomTrussOfUpToSixtyMembersIsShown) {
   EXPECT_GE(ShareShown(RandomTrusses(40), 1, 60, Width), 0.95);
+}
+
+TEST_F(LegibilityTest, MostForcesOfARandomTrussOfUpToAHundredMembersAreShown) {
+  EXPECT_GE(ShareShown(RandomTrusses(40), 1, 100, Width), 0.9);
 }
 
 TEST_F(LegibilityTest, MostForcesOfAFamilyOfUpToAHundredMembersAreShown) {
