@@ -143,11 +143,16 @@ const std::map<std::string, std::set<std::string>> AllowedLayers{
     {"check", {"platform", "model", "analysis"}},
     {"files", {"platform", "model", "analysis"}},
     {"display", {"platform", "model", "analysis"}},
+    {"worked", {"platform", "model"}},
     {"statics", {"platform", "model", "analysis", "check"}},
+    {"exchange", {"platform", "model", "analysis", "files"}},
     {"editing", {"platform", "model", "analysis", "files"}},
     {"equations", {"platform", "model", "analysis"}},
     {"workbench", {"platform", "model", "analysis", "check", "statics", "files", "display", "editing"}},
-    {"report", {"platform", "model", "analysis", "check", "files", "display", "editing"}},
+    {"report", {"platform", "model", "analysis", "check", "files", "display", "editing", "worked"}},
+    {"classset",
+     {"platform", "model", "analysis", "check", "statics", "files", "display", "worked", "exchange", "report",
+      "families"}},
     {"windows",
      {"platform", "qt", "model", "analysis", "check", "statics", "files", "display", "editing", "equations",
       "workbench", "report"}},
@@ -158,7 +163,7 @@ const std::map<std::string, std::set<std::string>> AllowedLayers{
       "bracefold"}},
     {"cli",
      {"platform", "native", "qt", "model", "analysis", "check", "files", "display", "statics", "editing", "workbench",
-      "report"}},
+      "report", "exchange", "families", "classset"}},
 };
 
 /// The libraries of the house that a folder's CMakeLists.txt links, by either way of saying so.
