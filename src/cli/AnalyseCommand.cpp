@@ -1,10 +1,10 @@
+#include "AnalyseModel.h"
 #include "AnalysisState.h"
 #include "CommandLine.h"
 #include "Commands.h"
 #include "EditingState.h"
 #include "FileSystem.h"
 #include "ModelSession.h"
-#include "OutputNames.h"
 #include "Picture.h"
 #include "modAnalysis.h"
 #include "modCheckAnswer.h"
@@ -202,16 +202,15 @@ void Print(const ModelSession& session, Result result, const Check& check, const
 }
 
 /// The name of what is made of the session's model.  It says so where another model has taken the one to expect.
-std::string NameFor(ModelSession& session, const std::string& what, const std::string& asked, OutputNames& names) {
-  const OutputNames::Name name = names.For(asked, session.File());
+std::string NameFor(ModelSession& session, const std::string& what, const OutputNames::Name& name) {
   if (name.isNumbered) session.Report("The " + what + " is " + name.file + ", because another model's has its name");
   return name.file;
 }
 
 /// The status of making the picture, if there is something to make it of.  A failure has been reported.
-int Depict(ModelSession& session, Result result, const PictureRequest& picture, OutputNames& names) {
+int Depict(ModelSession& session, Result result, const PictureRequest& picture, const OutputNames::Name& name) {
   if (picture.file.empty() || result == Result::Unreadable) return ExitOk;
-  const std::string file = NameFor(session, "picture", picture.file, names);
+  const std::string file = NameFor(session, "picture", name);
   try {
     MakePicture(picture, file, result == Result::Ok);
   } catch (const FileError& error) {
@@ -222,13 +221,13 @@ int Depict(ModelSession& session, Result result, const PictureRequest& picture, 
 }
 
 /// The same of writing the report.
-int Document(ModelSession& session, Result result, const AnalyseRequest& request, OutputNames& names) {
+int Document(ModelSession& session, Result result, const AnalyseRequest& request, const OutputNames::Name& name) {
   if (request.report.empty() || result == Result::Unreadable) return ExitOk;
   if (result != Result::Ok) {
     session.Report("No report is written, because there are no results");
     return ExitOk;
   }
-  const std::string file = NameFor(session, "report", request.report, names);
+  const std::string file = NameFor(session, "report", name);
   try {
     EnsureApplication();
     WriteReport(MakeReport(ValidText(LastComponent(session.File())), request.picture.style), file);
@@ -241,20 +240,27 @@ int Document(ModelSession& session, Result result, const AnalyseRequest& request
 
 } // namespace
 
-int AnalyseModels(const AnalyseRequest& request, std::istream& in, std::ostream& out, std::ostream& err,
-                  const AnswerJudge& judge) {
+std::vector<MadeFiles> NamesOfMadeFiles(const AnalyseRequest& request) {
   OutputNames names(request.models.size() > 1);
-  int status = ExitOk;
-  for (const std::string& file : request.models) {
-    ModelSession session(file, err);
-    const Result result = OpenAndAnalyse(session, in);
-    const Check check = CheckOf(session, result, request, judge);
-    Print(session, result, check, request, out);
-    out.flush();
-    status = std::max({status, StatusOf(result), StatusOf(result, check),
-                       Depict(session, result, request.picture, names), Document(session, result, request, names)});
+  std::vector<MadeFiles> made;
+  for (const std::string& model : request.models) {
+    MadeFiles files;
+    if (!request.picture.file.empty()) files.picture = names.For(request.picture.file, model);
+    if (!request.report.empty()) files.report = names.For(request.report, model);
+    made.push_back(files);
   }
-  return status;
+  return made;
+}
+
+int AnalyseModel(const AnalyseRequest& request, const std::string& model, const MadeFiles& made, const Streams& streams,
+                 const AnswerJudge& judge) {
+  ModelSession session(model, streams.err);
+  const Result result = OpenAndAnalyse(session, streams.in);
+  const Check check = CheckOf(session, result, request, judge);
+  Print(session, result, check, request, streams.out);
+  streams.out.flush();
+  return std::max({StatusOf(result), StatusOf(result, check), Depict(session, result, request.picture, made.picture),
+                   Document(session, result, request, made.report)});
 }
 
 } // namespace strutwright

@@ -4,6 +4,7 @@
 #include "Commands.h"
 #include "ModelInput.h"
 #include "Picture.h"
+#include "WorkerProcesses.h"
 #include "modNumberText.h"
 #include "modReportFiles.h"
 
@@ -136,6 +137,9 @@ void AddAnalyse(CLI::App& program, Request& request) {
         return IsNameOfReport(name) ? "" : "\"" + name + "\" does not end in .pdf or .html";
       })
       ->type_name("FILE");
+  command.add_option("-j,--jobs", request.analysis.processes, "Processes that share the models; 1 unless told")
+      ->check(CLI::Range(1, 256))
+      ->type_name("NUMBER");
   command.callback([&request, &command] {
     const bool draws = !request.analysis.picture.file.empty() || !request.analysis.report.empty();
     if (command.count("--style") > 0 && !draws) throw CLI::RequiresError("--style", "--picture or --report");
@@ -144,6 +148,7 @@ void AddAnalyse(CLI::App& program, Request& request) {
     }
     request.command = [&request](std::istream& in, std::ostream& out, std::ostream& err) {
       request.analysis.format = FormatNamed(request.format);
+      request.analysis.showsProgress = &err == &std::cerr && IsTerminal(ErrorOutput);
       return AnalyseModels(request.analysis, in, out, err);
     };
   });

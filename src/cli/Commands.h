@@ -24,14 +24,16 @@ struct AnalyseRequest {
   OutputFormat format = OutputFormat::Text;
   bool check = false; ///< also judge each answer; csv has no place for it, the exit status has
   PictureRequest picture;
-  std::string report; ///< where to write the report, .pdf or .html; none is written where it is empty
+  std::string report;         ///< where to write the report, .pdf or .html; none is written where it is empty
+  int processes = 1;          ///< that share the models
+  bool showsProgress = false; ///< whether `err` is a terminal, which gets a line of how many are done
 };
 
 /// What judges the answer in the tables.
 using AnswerJudge = std::function<CheckReport(AnalysisOutcome)>;
 
-/// For each file what Open and Run Analysis do in the window; prints the results and makes the picture and
-/// the report asked for.
+/// For each file what Open and Run Analysis do in the window; prints the results, in the order of the files, and makes
+/// the picture and the report asked for.
 int AnalyseModels(const AnalyseRequest& request, std::istream& in, std::ostream& out, std::ostream& err,
                   const AnswerJudge& judge = CheckAnswer);
 

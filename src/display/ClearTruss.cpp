@@ -76,26 +76,6 @@ void TakeForces(ClearTruss& truss) {
   }
 }
 
-/// Counts the members at each node, then gives each its place: one list for all nodes.
-void SortDirections(ClearTruss& truss) {
-  std::vector<int>& first = truss.firstDirection;
-  first.assign(truss.joints.size() + 1, 0);
-  for (const ClearBar& bar : truss.bars) {
-    ++first[static_cast<std::size_t>(bar.i) + 1];
-    ++first[static_cast<std::size_t>(bar.j) + 1];
-  }
-  for (std::size_t n = 1; n < first.size(); ++n) first[n] += first[n - 1];
-  truss.directions.resize(2 * truss.bars.size());
-  std::vector<int> next(first.begin(), first.end() - 1);
-  const auto put = [&](int n, PixelPoint way) {
-    truss.directions[static_cast<std::size_t>(next[static_cast<std::size_t>(n)]++)] = std::atan2(way.y, way.x);
-  };
-  for (const ClearBar& bar : truss.bars) {
-    put(bar.i, bar.along);
-    put(bar.j, -1 * bar.along);
-  }
-}
-
 double DistanceFromLine(PixelPoint point, const ClearBar& bar) {
   return std::fabs(Dot(point - bar.from, LeftOf(bar.along)));
 }
@@ -118,6 +98,26 @@ std::span<const double> ClearTruss::DirectionsAt(int n) const {
   const auto begin = static_cast<std::size_t>(firstDirection[static_cast<std::size_t>(n)]);
   const auto end = static_cast<std::size_t>(firstDirection[static_cast<std::size_t>(n) + 1]);
   return std::span(directions).subspan(begin, end - begin);
+}
+
+/// Counts the members at each node, then gives each its place.
+void SortDirections(ClearTruss& truss) {
+  std::vector<int>& first = truss.firstDirection;
+  first.assign(truss.joints.size() + 1, 0);
+  for (const ClearBar& bar : truss.bars) {
+    ++first[static_cast<std::size_t>(bar.i) + 1];
+    ++first[static_cast<std::size_t>(bar.j) + 1];
+  }
+  for (std::size_t n = 1; n < first.size(); ++n) first[n] += first[n - 1];
+  truss.directions.resize(2 * truss.bars.size());
+  std::vector<int> next(first.begin(), first.end() - 1);
+  const auto put = [&](int n, PixelPoint way) {
+    truss.directions[static_cast<std::size_t>(next[static_cast<std::size_t>(n)]++)] = std::atan2(way.y, way.x);
+  };
+  for (const ClearBar& bar : truss.bars) {
+    put(bar.i, bar.along);
+    put(bar.j, -1 * bar.along);
+  }
 }
 
 ClearTruss TakeTruss(const ClearSettings& settings, double scaleX, double scaleY) {

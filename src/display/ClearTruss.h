@@ -54,6 +54,9 @@ struct ClearTruss {
 /// A member whose node does not exist is left out; what was wrong with the first stands in `failure`.
 ClearTruss TakeTruss(const ClearSettings& settings, double scaleX, double scaleY);
 
+/// Fills in the directions of the bars at each joint: one list for all joints.
+void SortDirections(ClearTruss& truss);
+
 /// The angles between neighbouring directions, widest first; ties in the order of the angle.  The directions need not
 /// be in order.  Without any there is one of a whole turn, whose middle points up to the right.
 std::vector<FreeAngle> FreeAngles(std::vector<double> directions);

@@ -33,7 +33,10 @@ std::string HandNumber(double value) {
   return number;
 }
 
-std::string PlaceText(double x, double y) { return "(" + HandNumber(x) + ", " + HandNumber(y) + ")"; }
+std::string PlaceText(double x, double y, double size) {
+  const auto shown = [size](double value) { return std::abs(value) <= NoFactor * size ? 0 : value; };
+  return "(" + HandNumber(shown(x)) + ", " + HandNumber(shown(y)) + ")";
+}
 
 std::string ListText(const std::vector<std::string>& items) {
   std::string text;

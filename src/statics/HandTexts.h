@@ -9,8 +9,8 @@ namespace strutwright {
 /// from one.  Independent of the locale.
 std::string HandNumber(double value);
 
-/// "(3, 4.5)", in m.
-std::string PlaceText(double x, double y);
+/// "(3, 4.5)", in m.  What is nothing but rounding beside `size` is written as 0.
+std::string PlaceText(double x, double y, double size = 0);
 
 /// "Node 3", "Nodes 3 and 4", "Nodes 3, 4 and 7"; of more than ten only ten and how many more.
 std::string NodeNames(const std::vector<int>& nodes);

@@ -99,13 +99,12 @@ std::string DirectionTitle(const Balance& balance, const FreeBody& body, const s
 }
 
 std::string PointTitle(const Balance& balance, const FreeBody& body, const std::vector<int>& others, double measure) {
-  for (const int k : others) {
-    const BodyForce& force = body.forces[static_cast<std::size_t>(k)];
+  for (const BodyForce& force : body.forces) {
     const auto isAt = [&](double x, double y) { return std::hypot(x - balance.x, y - balance.y) <= NoPart * measure; };
     if (isAt(force.line.x, force.line.y)) return "Moment about node " + std::to_string(force.node);
     if (force.farNode > 0 && isAt(force.farX, force.farY)) return "Moment about node " + std::to_string(force.farNode);
   }
-  return "Moment about the crossing of " + NamesOf(body, others) + " at " + PlaceText(balance.x, balance.y);
+  return "Moment about the crossing of " + NamesOf(body, others) + " at " + PlaceText(balance.x, balance.y, measure);
 }
 
 /// Turns a sum so that its first direction is positive, as one would write it.

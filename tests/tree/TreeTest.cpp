@@ -142,10 +142,10 @@ const std::map<std::string, std::set<std::string>> AllowedLayers{
     {"analysis", {"platform", "model", "tiled"}},
     {"check", {"platform", "model", "analysis"}},
     {"files", {"platform", "model", "analysis"}},
+    {"exchange", {"platform", "model", "analysis", "files"}},
     {"display", {"platform", "model", "analysis"}},
     {"worked", {"platform", "model"}},
     {"statics", {"platform", "model", "analysis", "check"}},
-    {"exchange", {"platform", "model", "analysis", "files"}},
     {"editing", {"platform", "model", "analysis", "files"}},
     {"equations", {"platform", "model", "analysis"}},
     {"workbench", {"platform", "model", "analysis", "check", "statics", "files", "display", "editing"}},
@@ -154,7 +154,7 @@ const std::map<std::string, std::set<std::string>> AllowedLayers{
      {"platform", "model", "analysis", "check", "statics", "files", "display", "worked", "exchange", "report",
       "families"}},
     {"windows",
-     {"platform", "qt", "model", "analysis", "check", "statics", "files", "display", "editing", "equations",
+     {"platform", "qt", "model", "analysis", "check", "statics", "files", "exchange", "display", "editing", "equations",
       "workbench", "report"}},
     {"app", {"platform", "native", "qt", "windows", "app"}},
     {"bracefold/families", {"platform", "model", "analysis", "files"}},
@@ -162,8 +162,8 @@ const std::map<std::string, std::set<std::string>> AllowedLayers{
      {"platform", "native", "qt", "model", "analysis", "files", "display", "workbench", "windows", "families",
       "bracefold"}},
     {"cli",
-     {"platform", "native", "qt", "model", "analysis", "check", "files", "display", "statics", "editing", "workbench",
-      "report", "exchange", "families", "classset"}},
+     {"platform", "native", "qt", "model", "analysis", "check", "files", "exchange", "display", "statics", "editing",
+      "workbench", "report", "families", "classset"}},
 };
 
 /// The libraries of the house that a folder's CMakeLists.txt links, by either way of saying so.

@@ -7,8 +7,10 @@
 #include "WorkbenchState.h"
 #include "frmMain.h"
 #include "modCheck.h"
+#include "modHandAgreement.h"
 #include "modMotionView.h"
 
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -58,6 +60,9 @@ void frmCheck::BuildVerdict() {
   bold.setBold(true);
   verdictLbl->setFont(bold);
   layout()->addWidget(verdictLbl);
+  byHandLbl =
+      NewLabel("byHandLbl", "How far the forces by hand and those of the analysis agree; see Tools > Hand Methods");
+  layout()->addWidget(byHandLbl);
 }
 
 void frmCheck::BuildRigidity() {
@@ -110,6 +115,9 @@ void frmCheck::BuildButtons() {
 void frmCheck::Refresh() {
   BringCheckUpToDate();
   verdictLbl->setText(QString::fromStdString(CheckVerdict() + "."));
+  const std::string byHand = HandAgreementText();
+  byHandLbl->setText(QString::fromStdString(byHand));
+  byHandLbl->setVisible(!byHand.empty());
   ShowRigidityOffer();
   checkTable->Show(TheCheck.failure.empty() ? CheckRows(TheCheck.report) : std::vector<CheckRow>{});
   findingsList->Show(FindingLines());

@@ -45,6 +45,7 @@ class frmCheck : public QDialog {
 
   frmMain& Frame;
   QLabel* verdictLbl = nullptr;
+  QLabel* byHandLbl = nullptr;
   QWidget* rigidityPart = nullptr;
   QLabel* rigidityLbl = nullptr;
   QPushButton* btnFillRigidity = nullptr;

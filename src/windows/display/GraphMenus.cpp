@@ -44,6 +44,9 @@ void frmGraph::BuildMenus() {
       },
       "Numbers the nodes by x and then by y; large trusses are analysed faster so");
   build.Add(
+      tools, "mnuHand", "&Hand Methods...", {}, [this] { Frame.ShowHand(); },
+      "Reactions, joints, sections and the force diagram as one finds them by hand");
+  build.Add(
       tools, "mnuVary", "&Vary...", {}, [this] { Frame.ShowVary(); },
       "Changes one quantity with a slider and plots a result over it");
   build.Add(

@@ -29,6 +29,7 @@ PartMenu::PartMenu(frmMain& frame, QMenu& popUp, MenuBuilder& build) : Frame(fra
   AddSupport(popUp, build, "mnuNodeRollerX", "Roller (free in &x)", 1);
   AddSupport(popUp, build, "mnuNodeRollerY", "Roller (free in &y)", 2);
   OfNode << Add(popUp, build, "mnuNodeLoad", "L&oad...", &PartMenu::ChangeLoad)
+         << Add(popUp, build, "mnuNodeHand", "&Joint by Hand...", &PartMenu::ShowJoint)
          << Add(popUp, build, "mnuNodeDelete", "&Delete", &PartMenu::RemoveNode);
   OfMember << Add(popUp, build, "mnuMemberEA", "&E and A...", &PartMenu::ChangeRigidity)
            << Add(popUp, build, "mnuMemberPS", "P&restress...", &PartMenu::ChangePrestress)
@@ -61,6 +62,10 @@ void PartMenu::Offer(float x, float y) {
 bool PartMenu::HasNode() const { return Node >= 1 && Node <= NodeCount; }
 
 bool PartMenu::HasMember() const { return Member >= 1 && Member <= MemberCount; }
+
+void PartMenu::ShowJoint() {
+  if (HasNode()) Frame.ShowJointByHand(Node);
+}
 
 void PartMenu::ChangeLoad() {
   if (!HasNode()) return;

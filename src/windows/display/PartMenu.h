@@ -21,6 +21,7 @@ class PartMenu {
  private:
   QAction* Add(QMenu& popUp, MenuBuilder& build, const char* name, const QString& text, void (PartMenu::*command)());
   void AddSupport(QMenu& popUp, MenuBuilder& build, const char* name, const QString& text, int code);
+  void ShowJoint();
   void ChangeLoad();
   void RemoveNode();
   void ChangeRigidity();

@@ -1,5 +1,6 @@
 #include "ToolWindows.h"
 
+#include "frmHand.h"
 #include "frmInfluence.h"
 #include "frmMain.h"
 #include "frmVary.h"
@@ -35,7 +36,23 @@ void ToolWindows::ShowVary() {
   BringToFront(*Vary);
 }
 
+frmHand& ToolWindows::MakeHand() {
+  RebuildKeepingResults();
+  if (Hand == nullptr) Hand = std::make_unique<frmHand>(Frame);
+  Hand->Begin();
+  return *Hand;
+}
+
+void ToolWindows::ShowHand() { BringToFront(MakeHand()); }
+
+void ToolWindows::ShowJointByHand(int node) {
+  frmHand& hand = MakeHand();
+  hand.ShowJoint(node);
+  BringToFront(hand);
+}
+
 void ToolWindows::Follow() {
+  if (Hand != nullptr) Hand->Follow();
   if (Influence != nullptr) Influence->Follow();
   if (Vary != nullptr) Vary->Follow();
 }

@@ -4,6 +4,7 @@
 
 namespace strutwright {
 
+class frmHand;
 class frmInfluence;
 class frmMain;
 class frmVary;
@@ -20,12 +21,19 @@ class ToolWindows {
   /// Open a window, or bring it to the front, on the model as it stands in the grids.
   void ShowInfluence();
   void ShowVary();
+  void ShowHand();
+
+  /// Opens the hand methods on the joint of a node.
+  void ShowJointByHand(int node);
 
   /// The truss has been drawn anew.
   void Follow();
 
  private:
+  frmHand& MakeHand();
+
   frmMain& Frame;
+  std::unique_ptr<frmHand> Hand;
   std::unique_ptr<frmInfluence> Influence;
   std::unique_ptr<frmVary> Vary;
 };

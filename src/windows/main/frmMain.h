@@ -166,6 +166,10 @@ class frmMain : public CommandFrame {
   /// Opens the window that varies a quantity, or brings it to the front.
   void ShowVary() { Tools->ShowVary(); }
 
+  /// Open the hand methods, or there the joint of a node.
+  void ShowHand() { Tools->ShowHand(); }
+  void ShowJointByHand(int node) { Tools->ShowJointByHand(node); }
+
   /// Brings the stiffness equations up to the model, at the stage that they show.
   void FollowEquations();
 
