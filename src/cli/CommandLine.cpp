@@ -2,6 +2,7 @@
 
 #include "ClassCommands.h"
 #include "Commands.h"
+#include "Completion.h"
 #include "ModelInput.h"
 #include "Picture.h"
 #include "WorkerProcesses.h"
@@ -34,6 +35,7 @@ struct Request {
   ShowRequest show;
   MakeRequest make;
   std::string input;
+  std::string shell;
   std::string format = "text";
   CommandToRun command;
 };
@@ -289,6 +291,18 @@ void AddInfluence(CLI::App& program, Request& request) {
   });
 }
 
+void AddCompletion(CLI::App& program, Request& request) {
+  CLI::App& command = *program.add_subcommand("completion", "Print a script with which a shell completes this program");
+  command.add_option("SHELL", request.shell, "The shell")->required()->check(CLI::IsMember({"bash", "zsh", "fish"}));
+  command.callback([&request, &program] {
+    const std::string script = CompletionScript(program, request.shell);
+    request.command = [script](std::istream&, std::ostream& out, std::ostream&) {
+      out << script;
+      return ExitOk;
+    };
+  });
+}
+
 /// Fills the request from the arguments; gives the exit status where they ask for nothing more, as --help does.
 std::optional<int> Parse(const std::vector<std::string>& arguments, Request& request, std::ostream& out,
                          std::ostream& err) {
@@ -305,6 +319,7 @@ std::optional<int> Parse(const std::vector<std::string>& arguments, Request& req
   AddMake(program, request);
   AddInfluence(program, request);
   AddClassCommands(program, request.command);
+  AddCompletion(program, request);
   try {
     // The parser takes the arguments last one first.
     program.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));

@@ -1,0 +1,91 @@
+// What shells complete.
+
+#include "CliTest.h"
+
+#include <array>
+#include <cstdio>
+#include <regex>
+#include <set>
+#include <string>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace strutwright {
+namespace {
+
+using testing::HasSubstr;
+
+class CompletionTest : public CliTest {
+ protected:
+  std::string Script(const std::string& shell) {
+    EXPECT_EQ(Run({"completion", shell}), 0) << err;
+    return out;
+  }
+
+  /// What bash offers behind these words.
+  std::string Offered(const std::string& words, int last) {
+    PutFile(folder.Path("script"), Script("bash"));
+    const std::string command = "bash -c 'cd " + folder.Path("") + " && . ./script && COMP_WORDS=(strutwright-cli " +
+                                words + ") COMP_CWORD=" + std::to_string(last) +
+                                " && _strutwright_cli && echo \"${COMPREPLY[@]}\"'";
+    std::FILE* pipe = ::popen(command.c_str(), "r");
+    std::array<char, 4096> line{};
+    const bool has = std::fgets(line.data(), line.size(), pipe) != nullptr;
+    EXPECT_EQ(::pclose(pipe), 0);
+    return has ? std::string(line.data()) : "";
+  }
+
+  /// The long options that --help of a command names.
+  std::set<std::string> OptionsOf(const std::string& command) {
+    Run({command, "--help"});
+    static const std::regex option(R"((?:^|[\s,])--([a-z-]+))");
+    std::set<std::string> options;
+    for (auto each = std::sregex_iterator(out.begin(), out.end(), option); each != std::sregex_iterator(); ++each) {
+      options.insert((*each)[1]);
+    }
+    return options;
+  }
+};
+
+TEST_F(CompletionTest, NamesEveryOptionOfEveryCommand) {
+  Run({"--help"});
+  static const std::regex command(R"(\n  ([a-z]+) )");
+  const std::string help = out;
+  int options = 0;
+  for (auto each = std::sregex_iterator(help.begin(), help.end(), command); each != std::sregex_iterator(); ++each) {
+    const std::string name = (*each)[1];
+    const std::string fish = Script("fish");
+    const std::string zsh = Script("zsh");
+    EXPECT_THAT(fish, HasSubstr(" -a " + name + " -d "));
+    for (const std::string& option : OptionsOf(name)) {
+      ++options;
+      EXPECT_THAT(fish, HasSubstr("__fish_seen_subcommand_from " + name + "'")) << name;
+      EXPECT_THAT(fish, HasSubstr(" -l " + option)) << name;
+      EXPECT_THAT(zsh, HasSubstr("--" + option)) << name;
+      EXPECT_THAT(Offered(name + " --" + option, 2), HasSubstr("--" + option)) << name;
+    }
+  }
+  EXPECT_GT(options, 20);
+}
+
+TEST_F(CompletionTest, OffersCommandsValuesAndFilesInBash) {
+  EXPECT_EQ(Offered("an", 1), "analyse\n");
+  EXPECT_EQ(Offered("show --format d", 3), "dxf\n");
+  EXPECT_EQ(Offered("make --units \"\"", 3), "mm cm m in ft\n");
+  EXPECT_EQ(Offered("analyse sc", 2), "script\n");
+}
+
+TEST_F(CompletionTest, SaysWhatZshAndFishTake) {
+  EXPECT_THAT(Script("zsh"), HasSubstr("':value:(text csv json dxf tikz)'"));
+  EXPECT_THAT(Script("zsh"), HasSubstr("'(-j --jobs)'{-j,--jobs}'["));
+  EXPECT_THAT(Script("fish"), HasSubstr(" -s j -l jobs -x -d '"));
+}
+
+TEST_F(CompletionTest, KnowsThreeShells) {
+  EXPECT_EQ(Run({"completion", "csh"}), 2);
+  EXPECT_THAT(err, HasSubstr("bash"));
+}
+
+} // namespace
+} // namespace strutwright
