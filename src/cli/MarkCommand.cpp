@@ -1,7 +1,9 @@
 #include "ClassCommands.h"
 #include "ClassFault.h"
 #include "CommandLine.h"
+#include "ModelInput.h"
 #include "ModelSession.h"
+#include "Output.h"
 #include "modMarking.h"
 #include "modSafeSave.h"
 
