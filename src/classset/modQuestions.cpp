@@ -199,7 +199,8 @@ bool IsMeasured(const Question& question) {
 std::vector<Question> QuestionsAbout(const std::vector<Ask>& asks) {
   std::vector<Question> questions;
   for (const Ask& ask : asks) AddQuestions(questions, ask);
-  if (questions.empty()) throw ClassFault("There is nothing in the model to ask for: build a truss with supports first");
+  if (questions.empty())
+    throw ClassFault("There is nothing in the model to ask for: build a truss with supports first");
   return questions;
 }
 

@@ -186,7 +186,8 @@ Variation ReadVariation(const std::string& text) {
     throw ClassFault(InQuotes(text) + " is no range: write one such as span:18..30:1");
   }
   Variation variation{text.substr(0, colon), NumberOfRange(text.substr(colon + 1, dots - colon - 1), text),
-                      NumberOfRange(text.substr(dots + 2, last - dots - 2), text), NumberOfRange(text.substr(last + 1), text)};
+                      NumberOfRange(text.substr(dots + 2, last - dots - 2), text),
+                      NumberOfRange(text.substr(last + 1), text)};
   if (variation.step <= 0) throw ClassFault("The step of " + InQuotes(text) + " must be above zero");
   if (variation.to < variation.from) throw ClassFault("The range " + InQuotes(text) + " ends before it begins");
   if ((variation.to - variation.from) / variation.step >= MostValues) {

@@ -28,10 +28,10 @@ Variation ReadVariation(const std::string& text);
 
 /// What a set of variants is made from: a model, or a family of trusses and its numbers.
 struct ClassSource {
-  std::string name;                     ///< as a user calls it
-  StoredModel model;                    ///< where there is no family
+  std::string name;  ///< as a user calls it
+  StoredModel model; ///< where there is no family
   const TrussFamily* family = nullptr;
-  TrussTexts texts;                     ///< of the family
+  TrussTexts texts; ///< of the family
 };
 
 /// Throws ClassFault where a quantity can't be varied, is or is varied twice.

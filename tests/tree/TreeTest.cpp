@@ -145,7 +145,6 @@ const std::map<std::string, std::set<std::string>> AllowedLayers{
     {"files", {"platform", "model", "analysis"}},
     {"exchange", {"platform", "model", "analysis", "files"}},
     {"display", {"platform", "model", "analysis"}},
-    {"worked", {"platform", "model"}},
     {"statics", {"platform", "model", "analysis", "check"}},
     {"editing", {"platform", "model", "analysis", "files"}},
     {"equations", {"platform", "model", "analysis"}},
