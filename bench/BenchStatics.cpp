@@ -1,12 +1,18 @@
-// How long the solution by hand takes: everything, for the trusses of a lesson and for large ones.
+// How long the solution by hand takes: everything, for the trusses of a lesson and for large ones; and how long its
+// figures take to be placed and drawn as the window shows them.
 
 #include "LargeModels.h"
+#include "QtDrawingSurface.h"
 #include "modForceDiagram.h"
+#include "modHandLesson.h"
 #include "modHandSolution.h"
 #include "modSections.h"
+#include "modSketch.h"
 #include "modZeroMembers.h"
 
 #include <string>
+
+#include <QGuiApplication>
 
 #include <benchmark/benchmark.h>
 
@@ -41,6 +47,23 @@ void Section(benchmark::State& state) {
     benchmark::DoNotOptimize(SectionAlong(truss, {x, -1, x, 4}, solution.forces));
 }
 
+/// The last step of a page, which shows most, on a surface as large as the window's.
+void Figures(benchmark::State& state, HandTopic topic) {
+  SetTables(Girder(static_cast<int>(state.range(0))));
+  HandLesson lesson;
+  lesson.Read();
+  const int step = lesson.LastStep(topic) - (topic == HandTopic::Joints ? 1 : 0);
+  QtDrawingSurface surface(590, 570);
+  for ([[maybe_unused]] auto each : state) {
+    surface.Clear();
+    DrawSheet(surface, PlaceSheet(lesson.Tell(topic, step).sheet, surface));
+    benchmark::DoNotOptimize(surface.Image().constBits());
+  }
+}
+
+BENCHMARK_CAPTURE(Figures, Reactions, HandTopic::FirstReactions)->Arg(200)->Arg(5000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Figures, Joints, HandTopic::Joints)->Arg(200)->Arg(5000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Figures, Diagram, HandTopic::ForceDiagram)->Arg(200)->Arg(5000)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Everything, Girder, Girder)->Arg(200)->Arg(1000)->Arg(5000)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Everything, Panel, Panel)->Arg(200)->Arg(1000)->Arg(5000)->Unit(benchmark::kMillisecond);
 BENCHMARK(Section)->Arg(200)->Arg(5000)->Unit(benchmark::kMillisecond);
@@ -48,4 +71,10 @@ BENCHMARK(Section)->Arg(200)->Arg(5000)->Unit(benchmark::kMillisecond);
 } // namespace
 } // namespace strutwright
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QGuiApplication application(argc, argv);
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}

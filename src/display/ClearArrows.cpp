@@ -35,16 +35,6 @@ double StartOf(const ArrowWish& wish, PixelPoint side, const std::vector<const C
   return SupportReach(*support) + ClearSize::ArrowGap;
 }
 
-/// Whether a direction leaves the truss: it lies in the widest angle between the node's members.
-bool LeavesTruss(const ClearTruss& truss, int n, PixelPoint side) {
-  constexpr double MinAngle = 1.75; // a third of a turn is 2.09
-  const auto directions = truss.DirectionsAt(n);
-  if (directions.size() < 2) return true;
-  const FreeAngle widest = FreeAngles({directions.begin(), directions.end()}).front();
-  const double away = std::remainder(std::atan2(side.y, side.x) - widest.middle, 6.283185307179586);
-  return widest.width >= MinAngle && std::fabs(away) < widest.width / 2;
-}
-
 class ArrowPlacer {
  public:
   ArrowPlacer(const ClearTruss& truss, const std::vector<ClearSupport>& supports, OccupiedPlane& plane)
@@ -125,6 +115,15 @@ std::vector<ArrowWish> WishesOf(const ClearTruss& truss) {
 }
 
 } // namespace
+
+bool LeavesTruss(const ClearTruss& truss, int n, PixelPoint side) {
+  constexpr double MinAngle = 1.75; // a third of a turn is 2.09
+  const auto directions = truss.DirectionsAt(n);
+  if (directions.size() < 2) return true;
+  const FreeAngle widest = FreeAngles({directions.begin(), directions.end()}).front();
+  const double away = std::remainder(std::atan2(side.y, side.x) - widest.middle, 6.283185307179586);
+  return widest.width >= MinAngle && std::fabs(away) < widest.width / 2;
+}
 
 TurnedBox BoxOfArrow(const ClearArrow& arrow) { return StripOf(arrow.tail, arrow.tip, 2 * ClearSize::HeadHalfWidth); }
 

@@ -34,6 +34,9 @@ TurnedBox BoxOfArrow(const ClearArrow& arrow);
 /// beside its node.  A support that would stand on another one is left out.  Adds them to what is occupied.
 std::vector<ClearSupport> PlaceSupports(const ClearTruss& truss, OccupiedPlane& plane);
 
+/// Whether a direction leaves the truss: it lies in the widest angle between the node's members.
+bool LeavesTruss(const ClearTruss& truss, int n, PixelPoint side);
+
 /// Finds a place for each load and reaction: outside the truss where there is room, its head at the node, or where only
 /// the other side lies outside, its tail.  One that would stand on a node, a support or another arrow everywhere is
 /// left out.  Adds them to what is occupied. longest: as LongestArrow gives it; scale: pixels a metre.

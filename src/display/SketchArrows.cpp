@@ -23,6 +23,7 @@ constexpr double OverSymbol = 100;
 constexpr double OverBar = 10;
 constexpr double StandsAside = 2;
 constexpr double PullsAway = 1;
+constexpr double StandsInside = 3;
 
 PixelPoint WayOf(const SketchArrow& arrow) { return {arrow.c, -arrow.s}; }
 
@@ -69,7 +70,7 @@ class ArrowStand {
     const PixelPoint way = arrow.outer - joint;
     const PixelPoint out = (1 / std::max(LengthOf(way), 1e-9)) * way;
     const TurnedBox box = BoxOfArrow(arrow).GrownBy(1);
-    double cost = 0;
+    double cost = LeavesTruss(Scene.truss, arrow.node, out) ? 0 : StandsInside;
     Scene.plane.Any(BoundsOf(box), [&](const OccupiedBox& item) {
       if (!IsPassed(item, arrow.node, out) && Overlap(item.box, box)) {
         cost += item.kind == Occupant::Bar ? OverBar : OverSymbol;

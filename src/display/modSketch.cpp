@@ -135,8 +135,8 @@ void DrawSketch(PixelSurface& surface, const PlacedSketch& placed, int lit) {
   DrawLines(surface, placed, lit);
   DrawPoints(surface, placed);
   DrawArrows(surface, placed, lit);
-  DrawTexts(surface, placed);
   DrawStroke(surface, placed);
+  DrawTexts(surface, placed);
   DrawScaleBar(surface, placed);
   if (placed.sketch.title.empty()) return;
   WriteFromLeft(surface, placed.area.left + 8, placed.area.top + 11, placed.sketch.title, ClearPalette::Ink);

@@ -231,7 +231,7 @@ Sketch PolygonFigure(const FreeBody& body, const std::vector<PolygonSide>& polyg
     const int from = addPoint(side.x0, side.y0);
     const int to = addPoint(side.x1, side.y1);
     SketchLine line{from, to, ArrowOf(force, 0, body, 1).tone};
-    line.label = force.name.empty() ? HandNumber(force.value) : force.name;
+    line.label = force.name.empty() ? HandNumber(force.value) + " kN" : force.name;
     line.hasHead = true;
     sketch.lines.push_back(line);
   }

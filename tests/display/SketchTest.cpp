@@ -133,6 +133,14 @@ TEST_F(SketchTest, MovesAnArrowWhereItsSideIsTaken) {
   EXPECT_THAT(Texts(placed), testing::UnorderedElementsAre("member", "load"));
 }
 
+TEST_F(SketchTest, StandsAnArrowOutsideOfTheTruss) {
+  Sketch sketch = Triangular();
+  sketch.arrows = {Arrow(0, -1, 0, "R1x")}; // to the left, at the lower left corner
+  sketch.arrows[0].mayMove = true;
+  const PlacedSketch placed = Placed(sketch);
+  EXPECT_LT(placed.scene.arrows[0].tail.x, placed.scene.truss.joints[1].at.x);
+}
+
 TEST_F(SketchTest, LabelsArrowsInEveryDirectionInsideItsArea) {
   Sketch sketch;
   sketch.points = {{0, 0}};

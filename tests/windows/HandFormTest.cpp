@@ -234,6 +234,18 @@ TEST_F(HandFormTest, SavesThePictureAsItsNameSays) {
   }
 }
 
+TEST_F(HandFormTest, SavesTheWholeSolutionInEachFormat) {
+  Open();
+  for (const std::string ending : {"pdf", "html", "tex"}) {
+    dialog.WillChoose(folder.Path("solution." + ending));
+    Click("btnWorked");
+    EXPECT_TRUE(std::filesystem::exists(folder.Path("solution." + ending))) << ending;
+  }
+  GrJoints.SetText(2, 5, "3");
+  Command("mnuRefresh").trigger();
+  EXPECT_FALSE(Find<QPushButton>("btnWorked").isEnabled()); // indeterminate now
+}
+
 TEST_F(HandFormTest, HasRoomForEveryControlIn960Pixels) {
   Open();
   EXPECT_LE(Window().width(), 960);

@@ -1,13 +1,15 @@
 #include "frmHand.h"
 
 #include "EventGuard.h"
+#include "FileState.h"
 #include "FormParts.h"
 #include "HandStrokes.h"
 #include "PictureArea.h"
 #include "Platform.h"
 #include "frmMain.h"
-#include "modModelStore.h"
+#include "modHandDocument.h"
 #include "modSketchFiles.h"
+#include "modWorkedFiles.h"
 
 #include <algorithm>
 #include <string>
@@ -169,6 +171,9 @@ QLayout* frmHand::BuildButtons() {
   row->addWidget(AddButton("btnPrint", "&Print...", "Prints this step with its figures", [this] {
     PrintSketchPage("Hand methods - " + Frame.ModelName(), toldTxt->toPlainText().toStdString(), Picture->Sheet());
   }));
+  btnWorked = AddButton("btnWorked", "&Worked Solution...", "Saves the whole solution by hand as PDF, HTML or LaTeX",
+                        [this] { SaveWorked(HandDocument(Lesson, Frame.ModelName()), ModelFile()); });
+  row->addWidget(btnWorked);
   row->addStretch();
   row->addWidget(AddButton("btnClose", "Clos&e", "Closes this window (Escape)", [this] { close(); }));
   return row;
@@ -229,6 +234,7 @@ void frmHand::ShowControls() {
   for (QPushButton* each : {btnFirst, btnBack}) each->setEnabled(step > 0);
   for (QPushButton* each : {btnNext, btnLast, btnPlay}) each->setEnabled(step < last);
   computedChk->setEnabled(HandLesson::HasComputed());
+  btnWorked->setEnabled(HasHandDocument(Lesson));
   const QSignalBlocker silent(jointSpin);
   jointSpin->setRange(0, Lesson.Truss().nodeCount);
   jointSpin->setValue(Joint);
@@ -322,9 +328,10 @@ void frmHand::PlayOn() {
   if (Step() == Lesson.LastStep(Topic())) btnPlay->setChecked(false);
 }
 
-void frmHand::SavePicture() {
-  SaveSketchPicture(Picture->Drawn(), Picture->Sheet(), Picture->Lit(), Frame.ModelName());
-}
+/// The model's file, or where it has none its name.
+std::string frmHand::ModelFile() const { return CurrentFileName.empty() ? Frame.ModelName() : CurrentFileName; }
+
+void frmHand::SavePicture() { SaveSketchPicture(Picture->Drawn(), Picture->Sheet(), Picture->Lit(), ModelFile()); }
 
 void frmHand::hideEvent(QHideEvent* event) {
   QDialog::hideEvent(event);

@@ -5,6 +5,7 @@
 #include <array>
 #include <functional>
 #include <optional>
+#include <string>
 
 #include <QDialog>
 
@@ -65,6 +66,7 @@ class frmHand : public QDialog {
   void Play(bool on);
   void PlayOn();
   void SavePicture();
+  std::string ModelFile() const;
 
   frmMain& Frame;
   HandLesson Lesson;
@@ -85,6 +87,7 @@ class frmHand : public QDialog {
   QPushButton* btnNext = nullptr;
   QPushButton* btnLast = nullptr;
   QPushButton* btnPlay = nullptr;
+  QPushButton* btnWorked = nullptr;
   QSpinBox* jointSpin = nullptr;
   QCheckBox* computedChk = nullptr;
   std::array<QLineEdit*, 4> strokeTxt{};
