@@ -62,8 +62,8 @@ void TryPanel::Build() {
   layout->addWidget(txtAnswer, 0, 1);
   layout->addWidget(answer, 0, 2);
   layout->addWidget(hint, 0, 3);
-  layout->addWidget(lblVerdict, 1, 0, 1, 2);
-  layout->addWidget(lblScore, 1, 2);
+  layout->addWidget(lblVerdict, 1, 0);
+  layout->addWidget(lblScore, 1, 1, 1, 2);
   layout->addWidget(copy, 1, 3);
   layout->setColumnStretch(0, 2);
   layout->setColumnStretch(1, 1);
