@@ -1,5 +1,6 @@
 #include "CommandLine.h"
 
+#include "ClassCommands.h"
 #include "Commands.h"
 #include "Completion.h"
 #include "ModelInput.h"
@@ -36,7 +37,7 @@ struct Request {
   std::string input;
   std::string shell;
   std::string format = "text";
-  std::function<int(std::istream&, std::ostream&, std::ostream&)> command;
+  CommandToRun command;
 };
 
 OutputFormat FormatNamed(const std::string& name) {
@@ -317,6 +318,7 @@ std::optional<int> Parse(const std::vector<std::string>& arguments, Request& req
   AddStatics(program, request);
   AddMake(program, request);
   AddInfluence(program, request);
+  AddClassCommands(program, request.command);
   AddCompletion(program, request);
   try {
     // The parser takes the arguments last one first.

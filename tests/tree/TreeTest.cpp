@@ -150,6 +150,9 @@ const std::map<std::string, std::set<std::string>> AllowedLayers{
     {"equations", {"platform", "model", "analysis"}},
     {"workbench", {"platform", "model", "worked", "analysis", "check", "statics", "files", "display", "editing"}},
     {"report", {"platform", "model", "worked", "analysis", "check", "files", "display", "editing"}},
+    {"classset",
+     {"platform", "model", "analysis", "check", "statics", "files", "display", "worked", "exchange", "report",
+      "families"}},
     {"windows",
      {"platform", "qt", "model", "analysis", "check", "statics", "files", "exchange", "display", "editing", "equations",
       "workbench", "report"}},
@@ -160,7 +163,7 @@ const std::map<std::string, std::set<std::string>> AllowedLayers{
       "bracefold"}},
     {"cli",
      {"platform", "native", "qt", "model", "analysis", "check", "files", "exchange", "display", "statics", "editing",
-      "workbench", "report"}},
+      "workbench", "report", "families", "classset"}},
 };
 
 /// The libraries of the house that a folder's CMakeLists.txt links, by either way of saying so.
