@@ -1,6 +1,7 @@
 #include "ClassFixture.h"
 #include "FaultyFileSystem.h"
 #include "NativeFileSystem.h"
+#include "RecordingSurface.h"
 #include "ScratchFolder.h"
 #include "modClassFiles.h"
 #include "modKey.h"
@@ -99,6 +100,20 @@ TEST_F(ClassFilesTest, ShowOnTheSheetWhatIsAskedAndNoResult) {
   EXPECT_THAT(html, HasSubstr("Force of member 5, tension positive"));
   EXPECT_THAT(html, HasSubstr("Stiffness matrix of member 2 in global axes, in kN/mm"));
   EXPECT_THAT(html, Not(HasSubstr(variants[0].questions[0].answer)));
+}
+
+TEST_F(ClassFilesTest, DrawLoadsAndNumbersButNoResult) {
+  const auto variants = MakeVariants(PlanFor(SourceOf(PrattTruss(10)), 1, {"load:35..35:1"}, {"forces"}));
+  PutInTables(variants[0].model);
+  RecordingSurface surface;
+  ProblemPicture().draw(surface);
+  std::set<std::string> texts;
+  for (const PixelLabel& label : surface.pixelTexts) texts.insert(label.text);
+  EXPECT_THAT(texts, testing::Contains("35 kN"));
+  EXPECT_THAT(texts, testing::IsSupersetOf({"1", "10"}));
+  for (const std::string& text : texts) {
+    EXPECT_THAT(text, testing::AnyOf("35 kN", testing::MatchesRegex("[0-9]+"))) << "only loads and numbers";
+  }
 }
 
 TEST_F(ClassFilesTest, ShowInTheKeyHowTheAnswersAreFound) {
