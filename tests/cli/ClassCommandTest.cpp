@@ -131,6 +131,41 @@ TEST_F(ClassCommandTest, MarksTheAnswers) {
                               "2 students: 2 of 2 points\n"));
 }
 
+// The key was made with the first version that had class sets; what a class was given must come again.
+TEST_F(ClassCommandTest, MakesTheKeyOfTheExampleAgain) {
+  const std::string example = std::string(EXAMPLES_DIR) + "/class/";
+  EXPECT_EQ(Class({Bridge(),
+                   "--students",
+                   example + "students.csv",
+                   "--seed",
+                   "7",
+                   "--vary",
+                   "span:18..30:1",
+                   "--vary",
+                   "height:2..5:0.5",
+                   "--vary",
+                   "load:10..40:5",
+                   "--ask",
+                   "forces:7,9",
+                   "--ask",
+                   "reactions",
+                   "--ask",
+                   "displacement:4y",
+                   "--ask",
+                   "zero-members",
+                   "--out",
+                   folder.Path("out"),
+                   "--format",
+                   "csv"}),
+            0)
+      << err;
+  EXPECT_EQ(FileBytes(folder.Path("out/key.csv")), FileBytes(example + "key.csv"));
+  EXPECT_EQ(Run({"mark", example + "key.csv", example + "answers.csv"}), 0);
+  EXPECT_THAT(out, HasSubstr("4 students: 22 of 28 points\n"));
+  EXPECT_THAT(out, HasSubstr("Ben Bell,force 7,0,T and C exchanged\r\n"));
+  EXPECT_THAT(out, HasSubstr("Cleo Cruz,displacement 4y,0,m for mm\r\n"));
+}
+
 TEST_F(ClassCommandTest, ListsAnswersThatCanNotBeRead) {
   PutFile(folder.Path("key.csv"), "student,question,answer,tolerance,unit\nAnn,force 7,12.5,0.13,kN\n");
   PutFile(folder.Path("answers.csv"), "student,question,answer\nAnn,force 7,lots\n");
