@@ -11,7 +11,7 @@
 namespace strutwright {
 
 /// How a question is answered.
-enum class QuestionKind {
+enum class StepQuestionKind {
   Number,
   MemberForce, ///< a number with T or C behind it, or with a sign
   Freedoms     ///< a list of freedoms: "1 x, 1 y", or "none"
@@ -25,9 +25,9 @@ struct BlankCell {
 };
 
 /// One number, or one list, that the last step found.
-struct Question {
+struct StepQuestion {
   std::string text; ///< ends in a question mark
-  QuestionKind kind = QuestionKind::Number;
+  StepQuestionKind kind = StepQuestionKind::Number;
   double right = 0;
   AnswerTolerance tolerance;
   std::vector<Slip> slips;
@@ -54,9 +54,9 @@ struct ExerciseScore {
 /// The exercise of the equations view; nothing of it goes into the model or a file.
 struct ExerciseState {
   bool on = false;
-  std::vector<Question> questions; ///< of the last step
-  std::size_t current = 0;         ///< the first that is not done yet
-  int triesNow = 0;                ///< at the current question
+  std::vector<StepQuestion> questions; ///< of the last step
+  std::size_t current = 0;             ///< the first that is not done yet
+  int triesNow = 0;                    ///< at the current question
   int hintsNow = 0;
   ExerciseScore score;
 };

@@ -3,7 +3,7 @@
 #include "EquationsState.h"
 #include "modModelStore.h"
 #include "modNumberText.h"
-#include "modQuestions.h"
+#include "modStepQuestions.h"
 
 #include <algorithm>
 #include <cctype>
@@ -20,9 +20,9 @@ constexpr std::string_view NoFreedomsText =
     "That is no list of freedoms. Type them such as 1 x, 1 y, 3 y, or none, then press Enter.";
 constexpr std::string_view NoForceText = "That is no force. Type one such as 12.5 C or 12.5 T, then press Enter.";
 
-Question& Current() { return TheExercise.questions.at(TheExercise.current); }
+StepQuestion& Current() { return TheExercise.questions.at(TheExercise.current); }
 
-bool AsksFor(const Question& question, EquationGrid grid, int row, int column) {
+bool AsksFor(const StepQuestion& question, EquationGrid grid, int row, int column) {
   return std::any_of(question.cells.begin(), question.cells.end(), [&](const BlankCell& cell) {
     return cell.grid == grid && cell.row == row && cell.column == column;
   });
@@ -129,7 +129,9 @@ void DropQuestions() {
   TheExercise.hintsNow = 0;
 }
 
-const Question* CurrentQuestion() { return TheExercise.current < TheExercise.questions.size() ? &Current() : nullptr; }
+const StepQuestion* CurrentQuestion() {
+  return TheExercise.current < TheExercise.questions.size() ? &Current() : nullptr;
+}
 
 bool IsBlank(EquationGrid grid, int row, int column) {
   for (std::size_t i = TheExercise.current; i < TheExercise.questions.size(); ++i) {
@@ -140,7 +142,7 @@ bool IsBlank(EquationGrid grid, int row, int column) {
 
 bool IsAnswered(EquationGrid grid, int row, int column) {
   for (std::size_t i = 0; i < TheExercise.current; ++i) {
-    const Question& question = TheExercise.questions[i];
+    const StepQuestion& question = TheExercise.questions[i];
     if (question.wasRight && AsksFor(question, grid, row, column)) return true;
   }
   return false;
@@ -148,9 +150,9 @@ bool IsAnswered(EquationGrid grid, int row, int column) {
 
 AnswerReply AnswerQuestion(const std::string& text) {
   if (CurrentQuestion() == nullptr) return {};
-  const Question& question = Current();
-  if (question.kind == QuestionKind::Freedoms) return JudgeList(text);
-  const bool isForce = question.kind == QuestionKind::MemberForce;
+  const StepQuestion& question = Current();
+  if (question.kind == StepQuestionKind::Freedoms) return JudgeList(text);
+  const bool isForce = question.kind == StepQuestionKind::MemberForce;
   const std::optional<double> answer = isForce ? ForceAnswer(text) : AnswerNumber(text);
   if (!answer) return {false, false, std::string(isForce ? NoForceText : NoNumberText)};
   const AnswerJudgement judgement = JudgeAnswer(*answer, question.right, question.tolerance, question.slips);
@@ -159,7 +161,7 @@ AnswerReply AnswerQuestion(const std::string& text) {
 
 std::string NextHint() {
   if (CurrentQuestion() == nullptr) return "";
-  const Question question = Current();
+  const StepQuestion question = Current();
   if (TheExercise.hintsNow < static_cast<int>(question.hints.size())) {
     ++TheExercise.score.hints;
     const auto stage = static_cast<std::size_t>(TheExercise.hintsNow++);

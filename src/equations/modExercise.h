@@ -19,7 +19,7 @@ void AskAboutLastStep();
 void DropQuestions();
 
 /// The question to answer now; nullptr where there is none.
-const Question* CurrentQuestion();
+const StepQuestion* CurrentQuestion();
 
 /// Whether a cell is blank, because its question has not been answered yet.
 bool IsBlank(EquationGrid grid, int row, int column);

@@ -1,6 +1,6 @@
 #include "EquationsFixture.h"
 #include "modExercise.h"
-#include "modQuestions.h"
+#include "modStepQuestions.h"
 #include "modWorking.h"
 
 #include <algorithm>
@@ -191,17 +191,17 @@ TEST_F(ExerciseTest, NamesInjectedSlipsAndNeverCallsARightAnswerWrong) {
   while (exercises < 500) {
     SetModel(Seeded(random));
     ResetEquations();
-    std::vector<Question> asked;
+    std::vector<StepQuestion> asked;
     const auto take = [&](void (*step)()) {
       step();
-      for (const Question& question : QuestionsOf(TheEquations.page)) {
-        if (question.kind != QuestionKind::Freedoms) asked.push_back(question);
+      for (const StepQuestion& question : QuestionsOf(TheEquations.page)) {
+        if (question.kind != StepQuestionKind::Freedoms) asked.push_back(question);
       }
     };
     for (void (*step)() :
          {StepAddMember, StepAddMember, StepAddMember, StepRestrict, StepSolve, StepMemberForces, StepReactions})
       take(step);
-    for (const Question& question : asked) {
+    for (const StepQuestion& question : asked) {
       ++exercises;
       const auto shown = [](double value) { return std::round(value * 100) / 100; };
       ASSERT_EQ(JudgeAnswer(shown(question.right), question.right, question.tolerance, question.slips).verdict,

@@ -78,7 +78,7 @@ void TryPanel::Switch(bool on) {
 }
 
 void TryPanel::ShowQuestion() {
-  const Question* question = CurrentQuestion();
+  const StepQuestion* question = CurrentQuestion();
   lblQuestion->setText(question != nullptr ? QString::fromStdString(question->text)
                                            : "Press a step: what it changes is asked here, one number after another.");
   txtAnswer->setEnabled(question != nullptr);
@@ -100,7 +100,7 @@ void TryPanel::Answer() {
 }
 
 void TryPanel::Hint() {
-  const Question* before = CurrentQuestion();
+  const StepQuestion* before = CurrentQuestion();
   if (before == nullptr) return;
   lblVerdict->setText(QString::fromStdString(NextHint()));
   if (CurrentQuestion() == before) {

@@ -111,7 +111,7 @@ void frmEquations::BuildTryIt() {
 /// A question has been done: what was blank is shown, and the next one's cell and member.
 void frmEquations::ShowQuestion() {
   ShowNumbers();
-  const Question* question = CurrentQuestion();
+  const StepQuestion* question = CurrentQuestion();
   if (question == nullptr) return;
   if (question->member != 0) Frame.ShowAddedMember(question->member);
   ShownMember = question->member;

@@ -1,4 +1,4 @@
-#include "modQuestions.h"
+#include "modStepQuestions.h"
 
 #include "WorkingParts.h"
 #include "modAnalysis.h"
@@ -83,14 +83,14 @@ std::string SquareOrCross(const ShareTerms& terms) {
   return terms.rowIsX ? "c\u00B2" : "s\u00B2";
 }
 
-Question EntryQuestion(const MemberShare& share, std::size_t p, std::size_t q, double right) {
+StepQuestion EntryQuestion(const MemberShare& share, std::size_t p, std::size_t q, double right) {
   const int row = share.freedoms[p];
   const int column = share.freedoms[q];
   const double before = share.before[4 * (p - 1) + q - 1];
   const ShareTerms terms = TermsOf(share, p, q);
   const std::string m = std::to_string(share.matrixOf);
   const std::string sign = terms.sign > 0 ? " + " : " - ";
-  Question question;
+  StepQuestion question;
   question.text = "K(" + FreedomLabel(row) + ", " + FreedomLabel(column) + ") with member " +
                   std::to_string(share.member) + ", in kN/mm?";
   question.right = right;
@@ -108,8 +108,8 @@ Question EntryQuestion(const MemberShare& share, std::size_t p, std::size_t q, d
 }
 
 /// The entries that the member changed, each pair of equal ones once.
-std::vector<Question> MemberQuestions(const EquationPage& page) {
-  std::vector<Question> questions;
+std::vector<StepQuestion> MemberQuestions(const EquationPage& page) {
+  std::vector<StepQuestion> questions;
   if (page.lastFreedoms[1] == 0 || page.viewStiffness->Shares().empty()) return questions;
   const MemberShare& share = page.viewStiffness->Shares().back();
   if (share.freedoms[1] == share.freedoms[3]) return questions; // its entries meet each other
@@ -125,10 +125,10 @@ std::vector<Question> MemberQuestions(const EquationPage& page) {
 
 // Supports and displacements.
 
-std::vector<Question> RestrictQuestions(const EquationPage& page) {
-  Question question;
+std::vector<StepQuestion> RestrictQuestions(const EquationPage& page) {
+  StepQuestion question;
   question.text = "Which freedoms are restrained?";
-  question.kind = QuestionKind::Freedoms;
+  question.kind = StepQuestionKind::Freedoms;
   std::string list;
   for (int freedom = 1; freedom <= page.viewDofCount; ++freedom) {
     if (page.fixed->at(static_cast<std::size_t>(freedom)) == 0) continue;
@@ -142,12 +142,12 @@ std::vector<Question> RestrictQuestions(const EquationPage& page) {
   return {question};
 }
 
-std::vector<Question> DisplacementQuestions(const EquationPage& page) {
-  std::vector<Question> questions;
+std::vector<StepQuestion> DisplacementQuestions(const EquationPage& page) {
+  std::vector<StepQuestion> questions;
   for (int freedom = 1; freedom <= page.viewDofCount && questions.size() < MaxQuestions; ++freedom) {
     if (page.fixed && page.fixed->at(static_cast<std::size_t>(freedom)) == 1) continue;
     const auto value = [&](int f) { return static_cast<double>(page.displacements->at(static_cast<std::size_t>(f))); };
-    Question question;
+    StepQuestion question;
     question.text = "D(" + FreedomLabel(freedom) + "), in mm?";
     question.right = value(freedom);
     question.tolerance = ShownTolerance();
@@ -171,7 +171,7 @@ std::string ForceWords(float force) {
   return NumberAsShown(std::abs(force)) + " kN" + (isBar ? " " + state : "");
 }
 
-Question ForceQuestion(const EquationPage& page, int m) {
+StepQuestion ForceQuestion(const EquationPage& page, int m) {
   const MemberAxis axis = AxisOf(m);
   const MemberForceTerms terms = ForceTermsOf(m, axis, *page.displacements);
   const double EA = static_cast<double>(MemberTable(m, MemberE)) * MemberTable(m, MemberA);
@@ -180,9 +180,9 @@ Question ForceQuestion(const EquationPage& page, int m) {
   const double f = terms.force;
   const double elongation = static_cast<double>(axis.c) * terms.du + static_cast<double>(axis.s) * terms.dv;
   const double exchanged = static_cast<double>(axis.s) * terms.du + static_cast<double>(axis.c) * terms.dv;
-  Question question;
+  StepQuestion question;
   question.text = "Force of member " + std::to_string(m) + ": how much in kN, T or C?";
-  question.kind = QuestionKind::MemberForce;
+  question.kind = StepQuestionKind::MemberForce;
   question.right = f;
   question.tolerance = ShownTolerance();
   question.slips = {{"T and C exchanged", -f},
@@ -201,13 +201,13 @@ Question ForceQuestion(const EquationPage& page, int m) {
   return question;
 }
 
-std::vector<Question> ForceQuestions(const EquationPage& page) {
-  std::vector<Question> questions;
+std::vector<StepQuestion> ForceQuestions(const EquationPage& page) {
+  std::vector<StepQuestion> questions;
   for (int m = 1; m <= MemberCount && questions.size() < MaxQuestions; ++m) questions.push_back(ForceQuestion(page, m));
   return questions;
 }
 
-std::vector<Question> ReactionQuestions(const EquationPage& page) {
+std::vector<StepQuestion> ReactionQuestions(const EquationPage& page) {
   const auto size = static_cast<std::size_t>(page.viewDofCount) + 1;
   std::vector<float> P(size, 0.0F);
   BuildLoadVector(P);
@@ -215,12 +215,12 @@ std::vector<Question> ReactionQuestions(const EquationPage& page) {
   std::vector<float> R(size, 0.0F);
   std::vector<std::int16_t> held(size, 0);
   RestrainSupports(P, R, held);
-  std::vector<Question> questions;
+  std::vector<StepQuestion> questions;
   for (int freedom = 1; freedom <= page.viewDofCount && questions.size() < MaxQuestions; ++freedom) {
     if (held[static_cast<std::size_t>(freedom)] == 0) continue;
     const auto reaction = [&](int f) { return static_cast<double>(page.reactions->at(static_cast<std::size_t>(f))); };
     const double load = loads[static_cast<std::size_t>(freedom)];
-    Question question;
+    StepQuestion question;
     question.text = "Reaction at " + FreedomLabel(freedom) + ", in kN, right and up positive?";
     question.right = reaction(freedom);
     question.tolerance = ShownTolerance();
@@ -241,7 +241,7 @@ std::vector<Question> ReactionQuestions(const EquationPage& page) {
 
 } // namespace
 
-std::vector<Question> QuestionsOf(const EquationPage& page) {
+std::vector<StepQuestion> QuestionsOf(const EquationPage& page) {
   switch (page.lastStep) {
   case EquationStep::AddMember: return MemberQuestions(page);
   case EquationStep::Restrict: return RestrictQuestions(page);

@@ -12,6 +12,6 @@ inline constexpr std::size_t MaxQuestions = 40;
 
 /// What can be asked about the last step of a page: the cells that it changed, the freedoms that it restrained, forces
 /// and reactions.  The slips of each are computed from the model.  Assembling all of K at once asks nothing.
-std::vector<Question> QuestionsOf(const EquationPage& page);
+std::vector<StepQuestion> QuestionsOf(const EquationPage& page);
 
 } // namespace strutwright
