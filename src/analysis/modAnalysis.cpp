@@ -12,9 +12,6 @@ namespace strutwright {
 
 namespace {
 
-constexpr float RestrainedInY = 1.0F;
-constexpr float RestrainedInX = 2.0F;
-
 void AddTo(float& sum, double addend) { sum = static_cast<float>(static_cast<double>(sum) + addend); }
 
 bool NamesUnknownNode(int m, MemberField field) {
@@ -57,13 +54,6 @@ int SupportedNode(int m, MemberField field) {
   const int node = RoundNodeNumber(number);
   if (node < 1 || node > NodeCount || static_cast<float>(node) != number) return 0;
   return NodeTable(node, NodeSupport) == 0.0F ? 0 : node;
-}
-
-// R += +-(F - PS) (c, s), minus where the member starts.   Checked: reactions balance the loads.
-void AddMemberReaction(int node, int m, double sign) {
-  const double outer = static_cast<double>(MemberTable(m, MemberFieldForce)) - MemberTable(m, MemberPS);
-  AddTo(Reactions[YFreedom(node)], outer * sign * MemberTable(m, MemberFieldSin));
-  AddTo(Reactions[XFreedom(node)], outer * sign * MemberTable(m, MemberFieldCos));
 }
 
 } // namespace
@@ -144,13 +134,29 @@ void ApplySupports(StiffnessMatrix& K, std::vector<float>& P, std::vector<float>
   RestrainEquations(K, fixed);
 }
 
+// R += +-(F - PS) (c, s), minus where the member starts.   Checked: reactions balance the loads.
+std::vector<ReactionShare> ReactionSharesOf(int m, float force, const MemberAxis& axis) {
+  const int i = SupportedNode(m, MemberNodeI);
+  const int j = SupportedNode(m, MemberNodeJ);
+  const double outer = static_cast<double>(force) - MemberTable(m, MemberPS);
+  std::vector<ReactionShare> shares;
+  const auto add = [&](int node, double sign) {
+    shares.push_back({YFreedom(node), sign, axis.s, outer * sign * axis.s});
+    shares.push_back({XFreedom(node), sign, axis.c, outer * sign * axis.c});
+  };
+  if (j != 0) add(j, 1.0);
+  if (i != 0 && i != j) add(i, -1.0); // a member from a node to itself counts as ending there
+  return shares;
+}
+
+void AddReactionShare(const ReactionShare& share, std::vector<float>& R) { AddTo(R.at(share.freedom), share.share); }
+
 void ComputeReactions() {
   // Each reaction gets its members in the order of their numbers.
   for (int m = 1; m <= MemberCount; ++m) {
-    const int i = SupportedNode(m, MemberNodeI);
-    const int j = SupportedNode(m, MemberNodeJ);
-    if (j != 0) AddMemberReaction(j, m, 1.0);
-    if (i != 0 && i != j) AddMemberReaction(i, m, -1.0); // a member from a node to itself counts as ending there
+    for (const ReactionShare& share : ReactionSharesOf(m, MemberTable(m, MemberFieldForce), StoredAxis(m))) {
+      AddReactionShare(share, Reactions);
+    }
   }
 }
 

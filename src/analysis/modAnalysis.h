@@ -3,6 +3,7 @@
 #include "StiffnessMatrix.h"
 #include "modMember.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -14,6 +15,10 @@ namespace strutwright {
 
 /// Most nodes that can be analysed: their freedoms are counted in 16 bits.
 inline constexpr std::int16_t MaxAnalysedNodes = 16383;
+
+/// Support codes that hold one direction; any other but 0 holds both.
+inline constexpr float RestrainedInY = 1.0F;
+inline constexpr float RestrainedInX = 2.0F;
 
 /// How an analysis ended.  All but Done leave forces and reactions as they are; Unstable alone comes after the arrays
 /// were made.
@@ -58,6 +63,21 @@ void ApplySupports(StiffnessMatrix& K, std::vector<float>& P, std::vector<float>
 /// The two halves of ApplySupports: what knows no matrix, and what follows from `fixed` for K.
 void RestrainSupports(std::vector<float>& P, std::vector<float>& R, std::vector<std::int16_t>& fixed);
 void RestrainEquations(StiffnessMatrix& K, const std::vector<std::int16_t>& fixed);
+
+/// What one member adds to one reaction.
+struct ReactionShare {
+  std::size_t freedom = 0; ///< 1..n
+  double sign = 0;         ///< 1 where the member ends, -1 where it starts
+  double along = 0;        ///< its cosine or sine
+  double share = 0;        ///< kN
+};
+
+/// What a member adds to the reactions of the supported nodes at its ends, in the order in which it is added.
+/// force: kN.  Entries of free directions of such nodes are among them.  Source: docs/method.md, 7.
+std::vector<ReactionShare> ReactionSharesOf(int m, float force, const MemberAxis& axis);
+
+/// Adds it to the reactions, (0..n), rounded to a float.
+void AddReactionShare(const ReactionShare& share, std::vector<float>& R);
 
 /// Adds the member forces at supported nodes to Reactions, in kN.  The entries of free directions of such nodes
 /// accumulate too and mean nothing.  Source: docs/method.md, 7.

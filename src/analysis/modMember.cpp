@@ -72,9 +72,12 @@ void FillStiffness(MemberMatrix& k, double E, double A, double length, double c,
 }
 
 /// Displacement of node j less that of node i, each named by its freedom, in mm.
-float EndMovement(std::size_t freedomAtJ, std::size_t freedomAtI) {
-  return static_cast<float>(static_cast<double>(Displacements.at(freedomAtJ)) -
-                            static_cast<double>(Displacements.at(freedomAtI)));
+float EndMovement(const std::vector<float>& D, std::size_t freedomAtJ, std::size_t freedomAtI) {
+  return static_cast<float>(static_cast<double>(D.at(freedomAtJ)) - static_cast<double>(D.at(freedomAtI)));
+}
+
+MemberAxis AxisAlong(const MemberSpan& span, float length) {
+  return {static_cast<float>(length * Thousand), span.Cos(length), span.Sin(length)};
 }
 
 } // namespace
@@ -90,14 +93,22 @@ std::vector<MemberFault> MemberStiffness(MemberMatrix& k, int m) {
   const float length = span.Length();
   std::vector<MemberFault> faults = FaultsOf(m, length);
   if (!faults.empty()) return faults;
-  const float c = span.Cos(length);
-  const float s = span.Sin(length);
-  const auto lengthInMm = static_cast<float>(length * Thousand);
-  MemberTable(m, MemberFieldLength) = lengthInMm;
-  MemberTable(m, MemberFieldCos) = c;
-  MemberTable(m, MemberFieldSin) = s;
-  FillStiffness(k, MemberTable(m, MemberE), MemberTable(m, MemberA), lengthInMm, c, s);
+  const MemberAxis axis = AxisAlong(span, length);
+  MemberTable(m, MemberFieldLength) = axis.length;
+  MemberTable(m, MemberFieldCos) = axis.c;
+  MemberTable(m, MemberFieldSin) = axis.s;
+  FillStiffness(k, MemberTable(m, MemberE), MemberTable(m, MemberA), axis.length, axis.c, axis.s);
   return faults;
+}
+
+MemberAxis AxisOf(int m) {
+  const MemberSpan span = SpanOf(m);
+  const float length = span.Length();
+  return FaultsOf(m, length).empty() ? AxisAlong(span, length) : MemberAxis{};
+}
+
+MemberAxis StoredAxis(int m) {
+  return {MemberTable(m, MemberFieldLength), MemberTable(m, MemberFieldCos), MemberTable(m, MemberFieldSin)};
 }
 
 std::optional<MemberFreedoms> FreedomsOf(int m) {
@@ -120,37 +131,39 @@ bool AddMemberToGlobal(int m, const MemberMatrix& k, StiffnessMatrix& K) {
   return freedoms.has_value();
 }
 
-void ComputeMemberForce(int m) {
+MemberForceTerms ForceTermsOf(int m, const MemberAxis& axis, const std::vector<float>& D) {
   const MemberEnds ends = EndsOf(m);
-  float du = 0.0F;
-  float dv = 0.0F;
+  MemberForceTerms terms;
   if (ends.i > 0 && ends.j > 0) {
-    du = EndMovement(XFreedom(ends.j), XFreedom(ends.i));
-    dv = EndMovement(YFreedom(ends.j), YFreedom(ends.i));
+    terms.du = EndMovement(D, XFreedom(ends.j), XFreedom(ends.i));
+    terms.dv = EndMovement(D, YFreedom(ends.j), YFreedom(ends.i));
   }
   const double E = MemberTable(m, MemberE);
   const double A = MemberTable(m, MemberA);
-  const double length = MemberTable(m, MemberFieldLength);
-  if (E <= 0 || A <= 0 || length <= 0) {
-    MemberTable(m, MemberFieldForce) = 0.0F;
-    return;
-  }
-  const double c = MemberTable(m, MemberFieldCos);
-  const double s = MemberTable(m, MemberFieldSin);
+  const double length = axis.length;
+  if (E <= 0 || A <= 0 || length <= 0) return terms;
+  const double c = axis.c;
+  const double s = axis.s;
   const double PS = MemberTable(m, MemberPS);
   // F = (c du + s dv) EA/L + PS.   Checked: rigid motion gives PS; swapping the ends changes nothing.
-  MemberTable(m, MemberFieldForce) = static_cast<float>((c * du + s * dv) * E * A / length + PS);
+  terms.force = static_cast<float>((c * terms.du + s * terms.dv) * E * A / length + PS);
+  return terms;
+}
+
+void ComputeMemberForce(int m) {
+  MemberTable(m, MemberFieldForce) = ForceTermsOf(m, StoredAxis(m), Displacements).force;
 }
 
 float MemberForce(int m) { return MemberTable(m, MemberFieldForce); }
 
-std::string MemberState(int m) {
-  const float force = MemberForce(m);
+std::string StateOfForce(float force) {
   if (force > ZeroBarLimit) return "T";
   if (force < -ZeroBarLimit) return "C";
   if (-ZeroBarLimit < force && force < ZeroBarLimit) return "Zero Bar";
   return "";
 }
+
+std::string MemberState(int m) { return StateOfForce(MemberForce(m)); }
 
 float MemberStress(int m) {
   const double A = MemberTable(m, MemberA);

@@ -48,6 +48,19 @@ float MemberSin(int m);
 /// Returns what is wrong with the member, in the order E, A, length; nothing when k is its matrix now.
 std::vector<MemberFault> MemberStiffness(MemberMatrix& k, int m);
 
+/// How a member lies, as its equations take it.
+struct MemberAxis {
+  float length = 0; ///< mm; 0 for a member that is ignored
+  float c = 0;
+  float s = 0;
+};
+
+/// The axis that MemberStiffness stores, without storing it.
+MemberAxis AxisOf(int m);
+
+/// The axis that is stored.
+MemberAxis StoredAxis(int m);
+
 /// Nothing for a node number of zero or less.
 std::optional<MemberFreedoms> FreedomsOf(int m);
 
@@ -57,6 +70,17 @@ void AddAtFreedoms(const MemberFreedoms& freedoms, const MemberMatrix& k, Stiffn
 /// Adds k to K at the member's four freedoms.  False, and nothing is added, for a node number of zero or less.
 bool AddMemberToGlobal(int m, const MemberMatrix& k, StiffnessMatrix& K);
 
+/// What a member's force comes from.
+struct MemberForceTerms {
+  float du = 0; ///< displacement of node j less that of node i, mm
+  float dv = 0;
+  float force = 0; ///< kN, tension positive
+};
+
+/// The axial force by displacements D, mm, (0..n).
+/// E, A or the length not above zero give 0.  Source: docs/method.md, 6.
+MemberForceTerms ForceTermsOf(int m, const MemberAxis& axis, const std::vector<float>& D);
+
 /// Computes the member's axial force in kN, tension positive, from Displacements and stores it in its field.
 /// E, A or the stored length not above zero give 0.  Source: docs/method.md, 6.
 void ComputeMemberForce(int m);
@@ -64,8 +88,9 @@ void ComputeMemberForce(int m);
 /// The stored axial force, kN, tension positive.
 float MemberForce(int m);
 
-/// "T" in tension, "C" in compression, "Zero Bar" for less than 0.0001 kN in size; for a force of exactly that size
-/// the text is empty, on purpose.
+/// The state of a force in kN: "T" in tension, "C" in compression, "Zero Bar" for less than 0.0001 kN in size; for a
+/// force of exactly that size the text is empty, on purpose.
+std::string StateOfForce(float force);
 std::string MemberState(int m);
 
 /// Stress in N/mm2, tension positive; 0 where the area is not above zero.

@@ -71,7 +71,7 @@ SolveOutcome SolveEquations(const StiffnessMatrix& K, std::vector<float>& D, con
 
 bool TilesAreFaster(const Envelope& envelope) { return envelope.Updates() > MaxUpdatesOfRows * envelope.Freedoms(); }
 
-void BringPivotUp(RowEquations& equations, int p) {
+int BringPivotUp(RowEquations& equations, int p) {
   int pivotRow = p;
   float best = std::abs(equations.K(p, p));
   for (int r = p + 1; r <= equations.LowestRow(p); ++r) {
@@ -82,6 +82,7 @@ void BringPivotUp(RowEquations& equations, int p) {
     }
   }
   if (pivotRow != p) equations.Exchange(p, pivotRow, p);
+  return pivotRow;
 }
 
 void EliminateColumn(RowEquations& equations, int p) {

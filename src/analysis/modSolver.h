@@ -27,7 +27,8 @@ bool TilesAreFaster(const Envelope& envelope);
 // The steps of elimination row by row.
 
 /// Exchanges row p with the one below that has the largest entry in column p; of equal ones the upper is taken.
-void BringPivotUp(RowEquations& equations, int p);
+/// Returns the row that it was; p where none was exchanged.
+int BringPivotUp(RowEquations& equations, int p);
 
 /// Subtracts multiples of row p from the rows below it, in the columns after p; column p itself is not cleared.
 /// A pivot of exactly zero changes nothing.

@@ -16,6 +16,8 @@
 #include "modPlaces.h"
 #include "modReportFiles.h"
 #include "modRunAnalysis.h"
+#include "modWorkedFiles.h"
+#include "modWorkedTruss.h"
 
 #include <algorithm>
 #include <cmath>
@@ -238,6 +240,20 @@ int Document(ModelSession& session, Result result, const AnalyseRequest& request
   return ExitOk;
 }
 
+/// The same of writing the worked solution, which says itself what keeps a truss from being solved.
+int WriteWorking(ModelSession& session, Result result, const AnalyseRequest& request, const OutputNames::Name& name) {
+  if (request.working.empty() || result == Result::Unreadable) return ExitOk;
+  const std::string file = NameFor(session, "worked solution", name);
+  try {
+    EnsureApplication();
+    WriteWorked(WorkedTruss(ValidText(LastComponent(session.File()))), file);
+  } catch (const FileError& error) {
+    session.Report("Error while saving file " + file + "\n" + error.what());
+    return ExitUsage;
+  }
+  return ExitOk;
+}
+
 } // namespace
 
 std::vector<MadeFiles> NamesOfMadeFiles(const AnalyseRequest& request) {
@@ -247,6 +263,7 @@ std::vector<MadeFiles> NamesOfMadeFiles(const AnalyseRequest& request) {
     MadeFiles files;
     if (!request.picture.file.empty()) files.picture = names.For(request.picture.file, model);
     if (!request.report.empty()) files.report = names.For(request.report, model);
+    if (!request.working.empty()) files.working = names.For(request.working, model);
     made.push_back(files);
   }
   return made;
@@ -260,7 +277,8 @@ int AnalyseModel(const AnalyseRequest& request, const std::string& model, const 
   Print(session, result, check, request, streams.out);
   streams.out.flush();
   return std::max({StatusOf(result), StatusOf(result, check), Depict(session, result, request.picture, made.picture),
-                   Document(session, result, request, made.report)});
+                   Document(session, result, request, made.report),
+                   WriteWorking(session, result, request, made.working)});
 }
 
 } // namespace strutwright

@@ -20,6 +20,7 @@ struct Streams {
 struct MadeFiles {
   OutputNames::Name picture;
   OutputNames::Name report;
+  OutputNames::Name working;
 };
 
 /// Those of each model, in their order.

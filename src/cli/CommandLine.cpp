@@ -1,5 +1,6 @@
 #include "CommandLine.h"
 
+#include "ClassCommands.h"
 #include "Commands.h"
 #include "Completion.h"
 #include "ModelInput.h"
@@ -7,6 +8,7 @@
 #include "WorkerProcesses.h"
 #include "modNumberText.h"
 #include "modReportFiles.h"
+#include "modWorkedFiles.h"
 
 #include <CLI/CLI.hpp>
 
@@ -36,7 +38,7 @@ struct Request {
   std::string input;
   std::string shell;
   std::string format = "text";
-  std::function<int(std::istream&, std::ostream&, std::ostream&)> command;
+  CommandToRun command;
 };
 
 OutputFormat FormatNamed(const std::string& name) {
@@ -138,6 +140,13 @@ void AddAnalyse(CLI::App& program, Request& request) {
         return IsNameOfReport(name) ? "" : "\"" + name + "\" does not end in .pdf or .html";
       })
       ->type_name("FILE");
+  command
+      .add_option("--working", request.analysis.working,
+                  "Also write each model's worked solution, every step with its numbers: .pdf, .html or .tex")
+      ->check([](const std::string& name) {
+        return IsNameOfWorked(name) ? "" : "\"" + name + "\" does not end in .pdf, .html or .tex";
+      })
+      ->type_name("FILE");
   command.add_option("-j,--jobs", request.analysis.processes, "Processes that share the models; 1 unless told")
       ->check(CLI::Range(1, 256))
       ->type_name("NUMBER");
@@ -146,6 +155,10 @@ void AddAnalyse(CLI::App& program, Request& request) {
     if (command.count("--style") > 0 && !draws) throw CLI::RequiresError("--style", "--picture or --report");
     if (AreOneFile(request.analysis.report, request.analysis.picture.file)) {
       throw CLI::ValidationError("--report", "the picture has the same name");
+    }
+    for (const std::string& other : {request.analysis.picture.file, request.analysis.report}) {
+      if (!AreOneFile(request.analysis.working, other)) continue;
+      throw CLI::ValidationError("--working", "the picture or the report has the same name");
     }
     request.command = [&request](std::istream& in, std::ostream& out, std::ostream& err) {
       request.analysis.format = FormatNamed(request.format);
@@ -317,6 +330,7 @@ std::optional<int> Parse(const std::vector<std::string>& arguments, Request& req
   AddStatics(program, request);
   AddMake(program, request);
   AddInfluence(program, request);
+  AddClassCommands(program, request.command);
   AddCompletion(program, request);
   try {
     // The parser takes the arguments last one first.

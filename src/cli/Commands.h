@@ -27,13 +27,14 @@ struct AnalyseRequest {
   std::string report;         ///< where to write the report, .pdf or .html; none is written where it is empty
   int processes = 1;          ///< that share the models
   bool showsProgress = false; ///< whether `err` is a terminal, which gets a line of how many are done
+  std::string working = {};   ///< where to write the worked solution, .pdf, .html or .tex; none where it is empty
 };
 
 /// What judges the answer in the tables.
 using AnswerJudge = std::function<CheckReport(AnalysisOutcome)>;
 
 /// For each file what Open and Run Analysis do in the window; prints the results, in the order of the files, and makes
-/// the picture and the report asked for.
+/// the picture, the report and the worked solution asked for.
 int AnalyseModels(const AnalyseRequest& request, std::istream& in, std::ostream& out, std::ostream& err,
                   const AnswerJudge& judge = CheckAnswer);
 

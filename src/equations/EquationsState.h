@@ -12,7 +12,18 @@
 namespace strutwright {
 
 /// What a press of a button in the equations view did.
-enum class EquationStep { None, ShowForces, AddMember, ClearStiffness, ShowGlobalK, Restrict, Solve, SolveFailed };
+enum class EquationStep {
+  None,
+  ShowForces,
+  AddMember,
+  ClearStiffness,
+  ShowGlobalK,
+  Restrict,
+  Solve,
+  SolveFailed,
+  MemberForces,
+  SupportReactions
+};
 
 /// One number for each freedom: (0..n), entry 0 not used.  Nothing when its column is empty.
 using FreedomValues = std::shared_ptr<const std::vector<float>>;
@@ -27,6 +38,8 @@ struct EquationPage {
   FreedomValues loads;                          ///< as shown, kN
   FreedomFlags fixed;                           ///< restrained since viewStiffness was made; nothing before Restrict
   FreedomValues displacements;                  ///< as shown, mm
+  FreedomValues memberForces;                   ///< (0..members), kN, of those displacements; nothing before that step
+  FreedomValues reactions;                      ///< kN, of those forces; nothing before that step
   MemberMatrix memberStiffness;                 ///< one member's matrix; an ignored member leaves its predecessor's
   int matrixOf = 0;                             ///< whose matrix that is; 0: nobody's, all zero
   EquationStep lastStep = EquationStep::None;

@@ -1,6 +1,7 @@
 #include "modEquationCells.h"
 
 #include "EquationsState.h"
+#include "modExercise.h"
 #include "modNumberText.h"
 
 #include <algorithm>
@@ -60,7 +61,7 @@ int EquationColumnCount(EquationGrid grid) { return grid == EquationGrid::Stiffn
 std::optional<float> EquationValue(EquationGrid grid, int row, int column) {
   Check(grid, row, column);
   const EquationPage& page = TheEquations.page;
-  if (IsHeader(row, column)) return std::nullopt;
+  if (IsHeader(row, column) || IsBlank(grid, row, column)) return std::nullopt;
   if (grid == EquationGrid::Stiffness) {
     return page.viewStiffness ? std::optional(page.viewStiffness->Values()(row, column)) : std::nullopt;
   }
@@ -83,6 +84,8 @@ std::string NumberAsShown(float value) {
 
 CellTint EquationTint(EquationGrid grid, int row, int column) {
   Check(grid, row, column);
+  if (IsBlank(grid, row, column)) return CellTint::None;
+  if (IsAnswered(grid, row, column)) return CellTint::Solved;
   const EquationStep step = TheEquations.page.lastStep;
   if (grid == EquationGrid::Displacement) {
     return step == EquationStep::Solve && !IsHeader(row, column) ? CellTint::Solved : CellTint::None;

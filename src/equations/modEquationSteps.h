@@ -24,6 +24,13 @@ void StepRestrict();
 /// A failure has been reported and leaves the displacements shown before; cancelling changes nothing.
 void StepSolve();
 
+/// "Member Forces": finds the force of every member from the displacements that the view shows.
+/// "Reactions": finds what the supports do to the truss; where the member forces are not known yet, it finds them too.
+/// Before Solve nothing happens.
+void StepMemberForces();
+void StepReactions();
+bool CanFindForces();
+
 /// Undoes the last press, exactly.  Without one nothing happens.
 void StepBack();
 bool CanStepBack();

@@ -1,6 +1,5 @@
 #include "modEquationTexts.h"
 
-#include "EquationsState.h"
 #include "modEquationCells.h"
 #include "modModelStore.h"
 
@@ -39,6 +38,11 @@ constexpr std::string_view NothingToSolve = "There is no freedom, so there is no
 constexpr std::string_view NotSolved =
     "K D = P has no single solution: something can move without any member resisting it.";
 
+constexpr std::string_view ForcesFound =
+    "Each member's force follows from how its ends moved apart: f = EA/L (c du + s dv) + PS.";
+constexpr std::string_view ReactionsFound =
+    "Each reaction balances the loads and the member forces at its support: R = -P + sum of +-(f - PS) (c, s).";
+
 // What comes next.
 constexpr std::string_view ModelFirst =
     "Enter nodes and members; then Add Member 1 or Show Global K begins the matrix.";
@@ -54,7 +58,9 @@ constexpr std::string_view MembersBeforeSolution =
     "Show Global K assembles all members; then restrict and solve again.";
 constexpr std::string_view MendModel =
     "Add the members or supports that are missing, and begin again with Show Global K.";
-constexpr std::string_view BeginAgain = "Show Global K begins again; Run Analysis goes on to forces and reactions.";
+constexpr std::string_view ForcesNext = "Member Forces finds what each member bears; Show Global K begins again.";
+constexpr std::string_view ReactionsNext = "Reactions finds what the supports do to the truss.";
+constexpr std::string_view BeginAgain = "That was the whole method. Show Global K begins again.";
 
 std::string Fill(std::string_view sentence, const std::string& first = {}, const std::string& second = {}) {
   std::string text;
@@ -146,8 +152,7 @@ void AddShares(WrittenSum& sum, const ViewStiffness& stiffness, std::size_t firs
 
 } // namespace
 
-std::string StepDoneText() {
-  const EquationPage& page = TheEquations.page;
+std::string StepDoneText(const EquationPage& page) {
   switch (page.lastStep) {
   case EquationStep::None: break;
   case EquationStep::ShowForces: return std::string(ForcesShown);
@@ -157,6 +162,8 @@ std::string StepDoneText() {
   case EquationStep::Restrict:
     return FixedCount(page) > 0 ? Fill(SupportsApplied, FixedCount(page)) : std::string(NoSupports);
   case EquationStep::Solve: return std::string(EquationsSolved);
+  case EquationStep::MemberForces: return std::string(ForcesFound);
+  case EquationStep::SupportReactions: return std::string(ReactionsFound);
   case EquationStep::SolveFailed: return std::string(page.viewDofCount == 0 ? NothingToSolve : NotSolved);
   }
   return std::string(NothingDone);
@@ -165,7 +172,9 @@ std::string StepDoneText() {
 std::string StepToComeText() {
   const EquationPage& page = TheEquations.page;
   if (NodeCount == 0 || MemberCount == 0) return std::string(ModelFirst);
-  if (page.lastStep == EquationStep::Solve) return std::string(BeginAgain);
+  if (page.lastStep == EquationStep::Solve) return std::string(ForcesNext);
+  if (page.lastStep == EquationStep::MemberForces) return std::string(ReactionsNext);
+  if (page.lastStep == EquationStep::SupportReactions) return std::string(BeginAgain);
   if (page.lastStep == EquationStep::SolveFailed) return FailureToCome(page);
   if (!page.viewStiffness) return std::string(FirstMemberNext);
   if (page.fixed) return std::string(FixedCount(page) > 0 ? SolutionNext : MendModel);

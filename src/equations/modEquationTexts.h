@@ -1,5 +1,7 @@
 #pragma once
 
+#include "EquationsState.h"
+
 #include <string>
 
 namespace strutwright {
@@ -7,7 +9,7 @@ namespace strutwright {
 // The equations view in words.
 
 /// What the last press did, and why, in one sentence.
-std::string StepDoneText();
+std::string StepDoneText(const EquationPage& page = TheEquations.page);
 
 /// What to press next, and what it will do.
 std::string StepToComeText();

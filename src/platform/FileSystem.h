@@ -56,6 +56,9 @@ class FileSystem {
   /// Creates an empty file in the folder of `path`, under a name that no other file has; returns its path.
   virtual std::string CreateBeside(const std::string& path) = 0;
 
+  /// Creates an empty file; throws where something has the name.
+  virtual void Create(const std::string& path) = 0;
+
   /// Writes `bytes` from the start of the existing file, which is not truncated.
   virtual void Write(const std::string& path, const std::string& bytes) = 0;
 
@@ -92,6 +95,9 @@ class FileSystem {
 
   /// Creates a folder and those above it, as far as they do not exist.
   virtual void CreateFolder(const std::string& path) = 0;
+
+  /// Removes a folder with all that it holds; links in it go, what they lead to stays.
+  virtual void RemoveFolder(const std::string& path) = 0;
 };
 
 } // namespace strutwright

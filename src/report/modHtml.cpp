@@ -33,21 +33,6 @@ std::string Cell(const std::string& tag, const HtmlColumn& column, const std::st
   return "<" + tag + (column.isText ? R"( align="left">)" : R"( align="right">)") + Escaped(text) + "</" + tag + ">";
 }
 
-/// Three bytes as four letters; "=" stands for the bytes that are missing at the end.
-std::string Base64(const std::string& bytes) {
-  constexpr std::string_view Letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-  std::string text;
-  text.reserve((bytes.size() + 2) / 3 * 4);
-  for (std::size_t at = 0; at < bytes.size(); at += 3) {
-    const std::size_t count = std::min<std::size_t>(3, bytes.size() - at);
-    std::uint32_t group = 0;
-    for (std::size_t i = 0; i < 3; ++i)
-      group = group << 8U | (i < count ? static_cast<std::uint8_t>(bytes[at + i]) : 0U);
-    for (std::size_t i = 0; i < 4; ++i) text += i <= count ? Letters[group >> (18 - 6 * i) & 63U] : '=';
-  }
-  return text;
-}
-
 using Row = std::vector<std::string>;
 
 /// How wide each column must be, in characters; the texts are ASCII.
@@ -97,6 +82,20 @@ std::string Escaped(std::string text) {
   return EscapedMarkup(text);
 }
 
+std::string Base64(const std::string& bytes) {
+  constexpr std::string_view Letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+  std::string text;
+  text.reserve((bytes.size() + 2) / 3 * 4);
+  for (std::size_t at = 0; at < bytes.size(); at += 3) {
+    const std::size_t count = std::min<std::size_t>(3, bytes.size() - at);
+    std::uint32_t group = 0;
+    for (std::size_t i = 0; i < 3; ++i)
+      group = group << 8U | (i < count ? static_cast<std::uint8_t>(bytes[at + i]) : 0U);
+    for (std::size_t i = 0; i < 4; ++i) text += i <= count ? Letters[group >> (18 - 6 * i) & 63U] : '=';
+  }
+  return text;
+}
+
 std::string HtmlTable(const std::vector<HtmlColumn>& columns, const std::vector<Row>& rows) {
   if (rows.size() > MaxTableRows) return PlainTable(columns, rows);
   std::string html(TableStart);
@@ -137,6 +136,12 @@ std::string HtmlList(const std::vector<std::string>& lines) {
 std::string HtmlPicture(const std::string& png, int width, int height) {
   return "<p><img alt=\"The truss\" width=\"" + std::to_string(width) + "\" height=\"" + std::to_string(height) +
          "\" src=\"data:image/png;base64," + Base64(png) + "\"></p>\n";
+}
+
+std::string HtmlRoom(int lines) {
+  std::string html;
+  for (int line = 0; line < lines; ++line) html += "<p>&nbsp;</p>\n";
+  return html;
 }
 
 std::string HtmlPage(const std::string& title, bool landscape, const std::string& body) {

@@ -31,8 +31,14 @@ std::string HtmlParagraph(const std::string& text);
 /// A list of lines; a line indented by two blanks more than the one before belongs below it.
 std::string HtmlList(const std::vector<std::string>& lines);
 
+/// Bytes as letters: three as four; "=" stands for the bytes that are missing at the end.
+std::string Base64(const std::string& bytes);
+
 /// A PNG picture that lies in the document.
 std::string HtmlPicture(const std::string& png, int width, int height);
+
+/// Blank lines to write on by hand.
+std::string HtmlRoom(int lines);
 
 /// The whole document.  landscape: printed pages lie on their side.  body: HTML.
 std::string HtmlPage(const std::string& title, bool landscape, const std::string& body);

@@ -31,6 +31,7 @@ struct HtmlBlocks {
   std::string operator()(const WorkedPicture& picture) const {
     return HtmlPicture(ThePaper().Picture(picture.width, picture.height, picture.draw), picture.width, picture.height);
   }
+  std::string operator()(const WorkedRoom& room) const { return HtmlRoom(room.lines); }
 };
 
 /// Formulas and tables that are too wide for the page are made smaller.
@@ -83,6 +84,9 @@ struct LatexBlocks {
       tex = tikz.Picture();
     });
     return "\\workedpicture{%\n" + tex + "}\n";
+  }
+  std::string operator()(const WorkedRoom& room) const {
+    return "\\vspace*{" + std::to_string(2 * room.lines) + "\\baselineskip}\n\n";
   }
 };
 

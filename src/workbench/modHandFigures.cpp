@@ -119,12 +119,16 @@ std::string LowerCase(std::string text) {
   return text;
 }
 
-SketchTone ToneOfLine(const DiagramLine& line, const ForceDiagram& diagram) {
+double LargestIn(const ForceDiagram& diagram) {
+  double largest = 0;
+  for (const DiagramLine& line : diagram.lines) largest = std::max(largest, std::abs(line.force));
+  return largest;
+}
+
+SketchTone ToneOfLine(const DiagramLine& line, double largest) {
+  constexpr double None = 1e-10;
   if (line.kind == ForceKind::Load) return SketchTone::Ink;
   if (line.kind == ForceKind::Reaction) return SketchTone::Reaction;
-  double largest = 0;
-  for (const DiagramLine& each : diagram.lines) largest = std::max(largest, std::abs(each.force));
-  constexpr double None = 1e-10;
   return ToneOf(line.force, None * largest);
 }
 
@@ -146,10 +150,8 @@ double LargestOuter(const ForceDiagram& diagram) {
 class DiagramPoints {
  public:
   DiagramPoints(const ForceDiagram& diagram, Sketch& sketch) : Diagram(diagram), Figure(sketch) {
-    double largest = 0;
-    for (const DiagramLine& line : diagram.lines) largest = std::max(largest, std::abs(line.force));
     constexpr double SamePlace = 1e-6;
-    Same = SamePlace * largest;
+    Same = SamePlace * LargestIn(diagram);
   }
 
   int For(int space) {
@@ -256,6 +258,7 @@ Sketch ZeroFigure(const HandTruss& truss, const std::vector<ZeroMember>& zeros, 
 
 Sketch FormFigure(const HandTruss& truss, const ForceDiagram& diagram, std::size_t drawn) {
   Sketch sketch = NodesOf(truss);
+  const double largestOfAll = LargestIn(diagram);
   std::map<int, std::size_t> lineOf;
   for (std::size_t k = 0; k < diagram.lines.size(); ++k) {
     if (diagram.lines[k].kind == ForceKind::Member) lineOf[diagram.lines[k].member] = k;
@@ -264,7 +267,7 @@ Sketch FormFigure(const HandTruss& truss, const ForceDiagram& diagram, std::size
     SketchLine line = LineOfMember(member, SketchTone::Ink);
     if (const auto found = lineOf.find(member.number); found != lineOf.end()) {
       line.key = static_cast<int>(found->second) + 1;
-      if (found->second < drawn) line.tone = ToneOfLine(diagram.lines[found->second], diagram);
+      if (found->second < drawn) line.tone = ToneOfLine(diagram.lines[found->second], largestOfAll);
     }
     sketch.lines.push_back(line);
   }
@@ -275,7 +278,7 @@ Sketch FormFigure(const HandTruss& truss, const ForceDiagram& diagram, std::size
     double x = 0, y = 0;
     VectorOf(line, diagram, x, y);
     if (!(std::hypot(x, y) > 0)) continue;
-    sketch.arrows.push_back(OuterArrow(line.node - 1, x, y, largest, ToneOfLine(line, diagram)));
+    sketch.arrows.push_back(OuterArrow(line.node - 1, x, y, largest, ToneOfLine(line, largestOfAll)));
     sketch.arrows.back().key = static_cast<int>(k) + 1;
   }
   for (const DiagramSpace& space : diagram.spaces) {
@@ -287,11 +290,12 @@ Sketch FormFigure(const HandTruss& truss, const ForceDiagram& diagram, std::size
 Sketch ForceFigure(const ForceDiagram& diagram, std::size_t drawn) {
   Sketch sketch;
   sketch.unit = "kN";
+  const double largestOfAll = LargestIn(diagram);
   DiagramPoints points(diagram, sketch);
   for (std::size_t k = 0; k < std::min(drawn, diagram.lines.size()); ++k) {
     const DiagramLine& line = diagram.lines[k];
     const int from = points.For(line.from);
-    SketchLine drawnLine{from, points.For(line.to), ToneOfLine(line, diagram)};
+    SketchLine drawnLine{from, points.For(line.to), ToneOfLine(line, largestOfAll)};
     drawnLine.key = static_cast<int>(k) + 1;
     drawnLine.hasHead = line.kind != ForceKind::Member;
     if (line.kind == ForceKind::Member) drawnLine.number = std::to_string(line.member);

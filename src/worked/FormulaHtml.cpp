@@ -42,8 +42,9 @@ class HtmlWriter {
     if (number.tone == FormulaTone::Faint) html = "<span style=\"color:" + Ink.faint + "\">" + html + "</span>";
     if (number.tone == FormulaTone::Strong) html = "<b>" + html + "</b>";
     const std::string title = number.digits.empty() ? "" : " title=\"" + EscapedMarkup(number.digits) + "\"";
-    if (!number.link.empty()) {
-      return "<a href=\"" + EscapedMarkup(number.link) + "\"" + title + ">" + html + "</a>";
+    if (Ink.links && !number.link.empty()) {
+      return "<a style=\"text-decoration:none\" href=\"" + EscapedMarkup(number.link) + "\"" + title + ">" + html +
+             "</a>";
     }
     return title.empty() ? html : "<span" + title + ">" + html + "</span>";
   }

@@ -44,7 +44,12 @@ struct WorkedPicture {
   std::function<void(DrawingSurface&)> draw;
 };
 
-using WorkedBlock = std::variant<WorkedHeading, WorkedParagraph, WorkedFormula, WorkedTable, WorkedPicture>;
+/// Blank lines to write on by hand.
+struct WorkedRoom {
+  int lines = 1;
+};
+
+using WorkedBlock = std::variant<WorkedHeading, WorkedParagraph, WorkedFormula, WorkedTable, WorkedPicture, WorkedRoom>;
 
 struct WorkedDocument {
   std::string title;

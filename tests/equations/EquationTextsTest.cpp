@@ -194,7 +194,7 @@ TEST_F(StepTextTest, ExplainsTheSolution) {
   StepSolve();
 
   EXPECT_EQ(StepDoneText(), "K D = P was solved: D holds the displacement of each freedom in mm.");
-  EXPECT_EQ(StepToComeText(), "Show Global K begins again; Run Analysis goes on to forces and reactions.");
+  EXPECT_EQ(StepToComeText(), "Member Forces finds what each member bears; Show Global K begins again.");
 }
 
 TEST_F(StepTextTest, ExplainsAFailureWithoutRestriction) {

@@ -28,6 +28,7 @@ class FaultyFileSystem : public FileSystem {
   }
   void CheckWritable(const std::string& path) override { Step("CheckWritable"), Real.CheckWritable(path); }
   std::string CreateBeside(const std::string& path) override { return Step("CreateBeside"), Real.CreateBeside(path); }
+  void Create(const std::string& path) override { Step("Create"), Real.Create(path); }
   void Write(const std::string& path, const std::string& bytes) override { Step("Write"), Real.Write(path, bytes); }
   void Resize(const std::string& path, std::size_t size) override { Step("Resize"), Real.Resize(path, size); }
   bool HasOtherNames(const std::string& path) override { return Step("HasOtherNames"), Real.HasOtherNames(path); }
@@ -42,6 +43,7 @@ class FaultyFileSystem : public FileSystem {
   std::int64_t ModifiedAt(const std::string& path) override { return Step("ModifiedAt"), Real.ModifiedAt(path); }
   bool TakesFiles(const std::string& path) override { return Step("TakesFiles"), Real.TakesFiles(path); }
   void CreateFolder(const std::string& path) override { Step("CreateFolder"), Real.CreateFolder(path); }
+  void RemoveFolder(const std::string& path) override { Step("RemoveFolder"), Real.RemoveFolder(path); }
 
  private:
   void Step(const std::string& name) {

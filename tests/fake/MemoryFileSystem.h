@@ -24,6 +24,7 @@ class MemoryFileSystem : public FileSystem {
   }
   void CheckWritable(const std::string& path) override { Existing(path); }
   std::string CreateBeside(const std::string& path) override { return files[path + ".tmp"], path + ".tmp"; }
+  void Create(const std::string& path) override { files[path] = ""; }
   void Write(const std::string& path, const std::string& bytes) override {
     std::string& old = Existing(path);
     old.replace(0, std::min(old.size(), bytes.size()), bytes);
@@ -42,6 +43,9 @@ class MemoryFileSystem : public FileSystem {
   std::int64_t ModifiedAt(const std::string& /*path*/) override { return 0; }
   bool TakesFiles(const std::string& /*folder*/) override { return true; }
   void CreateFolder(const std::string& /*path*/) override {}
+  void RemoveFolder(const std::string& path) override {
+    std::erase_if(files, [&path](const auto& file) { return file.first.starts_with(path + "/"); });
+  }
 
  private:
   std::string& Existing(const std::string& path) {

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Compiles a TikZ picture by itself and taken in by a document: tikz_test.py CLI PDFLATEX MODEL FOLDER
 
-Both must come out as one page without a complaint of LaTeX.
+Both must come out as one page without a complaint of LaTeX.  So must the worked solution, on pages of its own.
 """
 
 import pathlib
@@ -16,11 +16,11 @@ SHEET = r"""\documentclass{article}
 """
 
 
-def compiled(latex, folder, name):
+def compiled(latex, folder, name, pages="(1 page,"):
     run = subprocess.run([latex, "-interaction=nonstopmode", "-halt-on-error", name], cwd=folder, capture_output=True,
                          text=True, errors="replace")
-    if run.returncode != 0 or "Output written on" not in run.stdout or "(1 page," not in run.stdout:
-        sys.exit(f"{name} does not compile to one page:\n{run.stdout[-3000:]}")
+    if run.returncode != 0 or "Output written on" not in run.stdout or pages not in run.stdout:
+        sys.exit(f"{name} does not compile:\n{run.stdout[-3000:]}")
     if not (folder / name).with_suffix(".pdf").stat().st_size:
         sys.exit(f"{name} gives an empty file")
 
@@ -34,6 +34,8 @@ def main(cli, latex, model, folder):
         (folder / "sheet.tex").write_text(SHEET)
         for name in ("truss.tex", "sheet.tex"):
             compiled(latex, folder, name)
+    subprocess.run([cli, "analyse", model, "--working", folder / "worked.tex"], check=True, stdout=subprocess.DEVNULL)
+    compiled(latex, folder, "worked.tex", " pages,")
 
 
 if __name__ == "__main__":

@@ -74,6 +74,14 @@ TEST_F(PaperTest, MakesPdfOfA4) {
   EXPECT_EQ(PagesIn(pdf), 1);
 }
 
+TEST_F(PaperTest, DatesPdfAsTheEnvironmentSays) {
+  qputenv("SOURCE_DATE_EPOCH", "1700000000"); // 14 November 2023, 22:13:20
+  const std::string pdf = paper.Pdf({"Title", "<p>Text</p>"});
+  qunsetenv("SOURCE_DATE_EPOCH");
+  EXPECT_NE(pdf.find("/CreationDate (D:20231114221320"), std::string::npos);
+  EXPECT_EQ(paper.Pdf({"Title", "<p>Text</p>"}).find("D:20231114221320"), std::string::npos);
+}
+
 TEST_F(PaperTest, LaysPagesOnTheirSide) {
   EXPECT_THAT(paper.Pdf({"a title", "<p>a line</p>", true}), HasSubstr("/MediaBox [0 0 842.000000 595.000000]"));
 }

@@ -1,5 +1,6 @@
 #include "ReportFixture.h"
 #include "modWorkedFiles.h"
+#include "modWorkedTruss.h"
 
 #include <string>
 
@@ -81,6 +82,21 @@ TEST_F(WorkedFilesTest, DoesNothingWithoutANameAndReportsAFailure) {
   EXPECT_EQ(TakeMessages().size(), 0U);
   SaveWorked(SmallSolution(), "bridge.stw");
   EXPECT_EQ(TakeMessages().size(), 1U);
+}
+
+TEST_F(WorkedFilesTest, IsSavedOfTheModelInTheGrids) {
+  SetModel(Bar());
+  CurrentFileName = "/models/bar.stw";
+  dialog.WillChoose(folder.Path("bar.html"));
+  SaveWorkedTruss("bar.stw");
+  EXPECT_EQ(dialog.shown.at(0).fileName, "/models/bar.pdf");
+  EXPECT_THAT(FileBytes(folder.Path("bar.html")), HasSubstr("<h1>Worked solution: bar.stw</h1>"));
+}
+
+TEST_F(WorkedFilesTest, IsNotMadeWithoutATruss) {
+  SaveWorkedTruss("empty.stw");
+  EXPECT_THAT(TakeMessages(), ElementsAre(Box(MessageIcon::Information,
+                                              "There is no truss to work yet\nEnter nodes and members first.")));
 }
 
 } // namespace

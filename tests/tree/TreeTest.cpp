@@ -147,12 +147,15 @@ const std::map<std::string, std::set<std::string>> AllowedLayers{
     {"display", {"platform", "model", "analysis"}},
     {"statics", {"platform", "model", "analysis", "check"}},
     {"editing", {"platform", "model", "analysis", "files"}},
-    {"equations", {"platform", "model", "analysis"}},
+    {"equations", {"platform", "model", "analysis", "worked"}},
     {"workbench", {"platform", "model", "worked", "analysis", "check", "statics", "files", "display", "editing"}},
-    {"report", {"platform", "model", "worked", "analysis", "check", "files", "display", "editing"}},
+    {"report", {"platform", "model", "worked", "analysis", "check", "files", "display", "editing", "equations"}},
+    {"classset",
+     {"platform", "model", "analysis", "check", "statics", "files", "display", "worked", "exchange", "report",
+      "families"}},
     {"windows",
      {"platform", "qt", "model", "analysis", "check", "statics", "files", "exchange", "display", "editing", "equations",
-      "workbench", "report"}},
+      "workbench", "report", "worked"}},
     {"app", {"platform", "native", "qt", "windows", "app"}},
     {"bracefold/families", {"platform", "model", "analysis", "files"}},
     {"bracefold",
@@ -160,7 +163,7 @@ const std::map<std::string, std::set<std::string>> AllowedLayers{
       "bracefold"}},
     {"cli",
      {"platform", "native", "qt", "model", "analysis", "check", "files", "exchange", "display", "statics", "editing",
-      "workbench", "report"}},
+      "workbench", "report", "worked", "families", "classset"}},
 };
 
 /// The libraries of the house that a folder's CMakeLists.txt links, by either way of saying so.

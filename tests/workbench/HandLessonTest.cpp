@@ -141,6 +141,14 @@ TEST_F(HandLessonTest, OffersTheSectionOfACompoundTruss) {
   EXPECT_THAT(lesson.Tell(HandTopic::Joints, section).sheet, SizeIs(2));
 }
 
+TEST_F(HandLessonTest, GoesThroughAComplexTruss) {
+  Take({{{-4, -3, 0, 0, 3}, {-4, 0}, {0, 4, 5, 0}, {4, 0}, {4, -3, 0, 0, 1}, {0, 0}},
+        {{3, 2}, {3, 4}, {6, 1}, {6, 5}, {5, 2}, {5, 4}, {4, 1}, {2, 1}, {3, 6}}});
+  EXPECT_THAT(Told(HandTopic::Joints, 1), HasSubstr("the truss is complex"));
+  EXPECT_THAT(ToldLast(HandTopic::Joints), HasSubstr("F9 = 2.1429 kN (tension)"));
+  EXPECT_THAT(ToldLast(HandTopic::ForceDiagram), HasSubstr("There is no force diagram: members 5 and 7 cross."));
+}
+
 TEST_F(HandLessonTest, StopsAtAnIndeterminateTruss) {
   Take(CrossedSquare());
   EXPECT_THAT(ToldLast(HandTopic::Joints), StartsWith("Here it stops"));

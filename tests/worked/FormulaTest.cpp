@@ -36,7 +36,7 @@ TEST(FormulaTest, WithoutAFractionStandsAmongWords) {
 }
 
 TEST(FormulaTest, WithAFractionIsATableWithALineInTheInk) {
-  const std::string html = HtmlOf(ForceFormula(), {"#123456", "#777777"});
+  const std::string html = HtmlOf(ForceFormula(), {.lines = "#123456"});
   EXPECT_THAT(html, testing::StartsWith("<table"));
   EXPECT_THAT(html, HasSubstr("border-bottom:1px solid #123456;\"><i>EA</i></td>"));
   EXPECT_THAT(html, testing::EndsWith("</table>"));
@@ -51,7 +51,10 @@ TEST(FormulaTest, NamesTheRowsAndColumnsOfAMatrix) {
 }
 
 TEST(FormulaTest, TellsTheDigitsOfANumberAndWhereItComesFrom) {
-  EXPECT_EQ(HtmlOf(NumberOf("12.35", "12.3456", "node:2")), "<a href=\"node:2\" title=\"12.3456\">12.35</a>");
+  const FormulaInk screen{.links = true};
+  const Formula number = NumberOf("12.35", "12.3456", "node 2");
+  EXPECT_EQ(HtmlOf(number, screen), "<a style=\"text-decoration:none\" href=\"node 2\" title=\"12.3456\">12.35</a>");
+  EXPECT_EQ(HtmlOf(number), "<span title=\"12.3456\">12.35</span>") << "on paper there is no link";
   EXPECT_EQ(HtmlOf(NumberOf("12.35", "12.3456")), "<span title=\"12.3456\">12.35</span>");
   EXPECT_EQ(HtmlOf(NumberOf("12", "12")), "12") << "no more digits than are shown";
   EXPECT_EQ(HtmlOf(InTone(FormulaTone::Strong, NumberOf("12"))), "<b>12</b>");

@@ -150,6 +150,8 @@ std::string NativeFileSystem::CreateBeside(const std::string& path) {
   }
 }
 
+void NativeFileSystem::Create(const std::string& path) { const Descriptor file(path, O_WRONLY | O_CREAT | O_EXCL); }
+
 void NativeFileSystem::Write(const std::string& path, const std::string& bytes) {
   const Descriptor file(path, O_WRONLY);
   std::string_view rest = bytes;
@@ -227,6 +229,12 @@ bool NativeFileSystem::TakesFiles(const std::string& folder) {
 void NativeFileSystem::CreateFolder(const std::string& path) {
   std::error_code error;
   fs::create_directories(path, error);
+  if (error) throw FileError(error);
+}
+
+void NativeFileSystem::RemoveFolder(const std::string& path) {
+  std::error_code error;
+  fs::remove_all(path, error);
   if (error) throw FileError(error);
 }
 

@@ -13,6 +13,7 @@ class NativeFileSystem : public FileSystem {
   std::string Read(const std::string& path, std::size_t offset, std::size_t limit) override;
   void CheckWritable(const std::string& path) override;
   std::string CreateBeside(const std::string& path) override;
+  void Create(const std::string& path) override;
   void Write(const std::string& path, const std::string& bytes) override;
   void Resize(const std::string& path, std::size_t size) override;
   bool HasOtherNames(const std::string& path) override;
@@ -25,6 +26,7 @@ class NativeFileSystem : public FileSystem {
   std::int64_t ModifiedAt(const std::string& path) override;
   bool TakesFiles(const std::string& folder) override;
   void CreateFolder(const std::string& path) override;
+  void RemoveFolder(const std::string& path) override;
 };
 
 } // namespace strutwright

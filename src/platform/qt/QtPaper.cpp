@@ -5,7 +5,10 @@
 #include "PictureFile.h"
 #include "QtDrawingSurface.h"
 
+#include <string_view>
+
 #include <QBuffer>
+#include <QDateTime>
 #include <QPdfWriter>
 
 namespace strutwright {
@@ -14,7 +17,24 @@ namespace {
 
 constexpr double PixelsInPrint = 3;    // for a logical one
 constexpr int DotsPerMeter = 3 * 3780; // of a picture, so that its bytes are the same on every screen
+constexpr std::size_t DateDigits = 14; // year to second
 constexpr int Resolution = 600;        // of a page, dots an inch
+
+/// Puts the date that SOURCE_DATE_EPOCH names, in seconds since 1970, in the place of today's, so that the same
+/// document has the same bytes on another day.  Without it the date stays.
+void TakeSourceDate(std::string& pdf) {
+  constexpr std::string_view key = "/CreationDate (D:";
+  bool isNumber = false;
+  const qint64 seconds = qEnvironmentVariable("SOURCE_DATE_EPOCH").toLongLong(&isNumber);
+  const std::size_t at = pdf.find(key);
+  const std::size_t end = pdf.find(')', at);
+  if (!isNumber || at == std::string::npos || end == std::string::npos) return;
+  const QString date = QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC).toString(QStringLiteral("yyyyMMddHHmmss"));
+  // Places in the file are counted from its beginning: the date keeps its length.
+  const std::size_t length = end - at - key.size();
+  const std::string text = date.toStdString() + (length == DateDigits + 1 ? "Z" : "+00'00'");
+  if (text.size() == length) pdf.replace(at + key.size(), length, text);
+}
 
 } // namespace
 
@@ -36,7 +56,9 @@ std::string QtPaper::Pdf(const PaperDocument& document) {
   writer.setTitle(QString::fromStdString(document.title));
   writer.setCreator(QStringLiteral("Strutwright"));
   PaintPages(document, writer);
-  return file.data().toStdString();
+  std::string pdf = file.data().toStdString();
+  TakeSourceDate(pdf);
+  return pdf;
 }
 
 } // namespace strutwright

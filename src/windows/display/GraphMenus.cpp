@@ -6,6 +6,7 @@
 #include "modFileCommands.h"
 #include "modKeepResults.h"
 #include "modRenumbering.h"
+#include "modWorkedTruss.h"
 
 // The menus of the truss display, and its pop-up menu.
 
@@ -34,6 +35,9 @@ void frmGraph::BuildMenus() {
   build.Add(
       tools, "mnuGenerator", "&Bracefold", {}, [this] { mnuGenerator_Click(); },
       "Starts the companion program that generates trusses");
+  build.Add(
+      tools, "mnuWorked", "&Worked Solution...", {}, [this] { SaveWorkedTruss(Frame.ModelName()); },
+      "Saves every step of the stiffness method with the numbers of the truss, as PDF, HTML or LaTeX");
   build.Add(
       tools, "mnuRenumber", "&Renumber Nodes Along the Span", {},
       [this] {

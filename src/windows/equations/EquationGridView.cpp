@@ -3,12 +3,16 @@
 #include "EventGuard.h"
 #include "GridMetrics.h"
 
+#include <algorithm>
+
 #include <QHeaderView>
 #include <QLabel>
 
 namespace strutwright {
 
 namespace {
+
+constexpr int MostFittedColumns = 64; // of more, the widest text would have to be looked for among thousands
 
 constexpr int NumberPadding = 2 * ColumnPadding; // a number needs more room around it than a heading
 
@@ -27,12 +31,12 @@ EquationGridView::EquationGridView(EquationGrid grid, const QString& name, QWidg
   LayOut();
 }
 
-/// Every column is as wide as a large number needs, so that no column has to be looked through for its widest text.
+/// A column is at first as wide as a large number needs.
 void EquationGridView::LayOut() {
   Corner = new QLabel(this);
   Corner->setAlignment(Qt::AlignCenter);
   Corner->setAttribute(Qt::WA_TransparentForMouseEvents);
-  horizontalHeader()->setMinimumSectionSize(fontMetrics().horizontalAdvance("-0000.00") + NumberPadding);
+  horizontalHeader()->setMinimumSectionSize(fontMetrics().horizontalAdvance("00 x") + NumberPadding);
   horizontalHeader()->setDefaultSectionSize(fontMetrics().horizontalAdvance("-00000.00") + NumberPadding);
   horizontalHeader()->setFixedHeight(HeaderLines * fontMetrics().height() + RowPadding);
   horizontalHeader()->setHighlightSections(false);
@@ -45,10 +49,30 @@ void EquationGridView::LayOut() {
 
 /// A vector is always seen in its full width; its rows move with those of the matrix.
 void EquationGridView::LayOutVector() {
+  horizontalHeader()->setMinimumSectionSize(fontMetrics().horizontalAdvance("-0000.00") + NumberPadding);
   horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   const int labels = fontMetrics().horizontalAdvance("0000 x") + NumberPadding;
   setMinimumWidth(labels + horizontalHeader()->minimumSectionSize() + 2 * frameWidth());
+}
+
+void EquationGridView::Refresh() {
+  Model.Refresh();
+  if (Kind() == EquationGrid::Stiffness) FitColumns();
+}
+
+/// Makes each column of K as wide as its widest number.  Of a large truss, every column is as wide as a large number
+/// needs, so that no column has to be looked through.
+void EquationGridView::FitColumns() {
+  const int columns = Model.columnCount();
+  if (columns > MostFittedColumns) return;
+  for (int column = 0; column < columns; ++column) {
+    int width = fontMetrics().horizontalAdvance(Model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());
+    for (int row = 0; row < Model.rowCount(); ++row) {
+      width = std::max(width, fontMetrics().horizontalAdvance(Model.index(row, column).data().toString()));
+    }
+    horizontalHeader()->resizeSection(column, width + NumberPadding);
+  }
 }
 
 GridBlock EquationGridView::SelectedBlock() const {

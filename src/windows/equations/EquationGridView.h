@@ -19,7 +19,7 @@ class EquationGridView : public QTableView {
   EquationGrid Kind() const { return Model.Kind(); }
 
   /// Shows what the grid holds now; current cell and selection stay where the size is the same.
-  void Refresh() { Model.Refresh(); }
+  void Refresh();
 
   /// The selected cells, in the grid's own numbers; nothing is selected when the block has no row.
   GridBlock SelectedBlock() const;
@@ -35,6 +35,7 @@ class EquationGridView : public QTableView {
  private:
   void LayOut();
   void LayOutVector();
+  void FitColumns();
 
   EquationModel Model;
   QLabel* Corner = nullptr; ///< shows the text of cell (0, 0)

@@ -1,5 +1,7 @@
 #include "EquationModel.h"
 
+#include "modExercise.h"
+
 #include <QBrush>
 #include <QWidget>
 
@@ -12,7 +14,16 @@ constexpr QColor AddedColour(255, 140, 0);
 constexpr QColor ClearedColour(0, 120, 215);
 constexpr QColor SolvedColour(0, 160, 60);
 
-int Mix(int base, int colour) { return qRound(base + TintStrength * (colour - base)); }
+int Mix(int base, int colour, double share = TintStrength) { return qRound(base + share * (colour - base)); }
+
+/// Of a zero: it steps back behind the other numbers, and stays legible.
+QColor ZeroColour(const QPalette& theme) {
+  constexpr double strength = 0.55;
+  const QColor base = theme.color(QPalette::Base);
+  const QColor text = theme.color(QPalette::Text);
+  return {Mix(base.red(), text.red(), strength), Mix(base.green(), text.green(), strength),
+          Mix(base.blue(), text.blue(), strength)};
+}
 
 } // namespace
 
@@ -45,6 +56,8 @@ void EquationModel::Refresh() {
   }
 }
 
+bool EquationModel::IsZero(int row, int column) const { return EquationValue(TheGrid, row, column) == 0.0F; }
+
 int EquationModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : Rows; }
 
 int EquationModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : Columns; }
@@ -62,7 +75,9 @@ QVariant EquationModel::Value(int row, int column, int role) const {
   if (row >= EquationRowCount() || column >= EquationColumnCount(TheGrid)) return {};
   if (role == Qt::TextAlignmentRole) return QVariant::fromValue(int{Qt::AlignCenter} | int{Qt::TextWordWrap});
   if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
-    return QString::fromStdString(EquationCell(TheGrid, row, column));
+    return QString::fromStdString(EquationCell(TheGrid, row, column)) +
+           (row > 0 && column > 0 && IsAnswered(TheGrid, row, column) ? QString(" \u2713") : QString());
+  if (role == Qt::ForegroundRole) return IsZero(row, column) ? QBrush(ZeroColour(View.palette())) : QVariant();
   if (role != Qt::BackgroundRole) return {};
   const CellTint tint = EquationTint(TheGrid, row, column);
   return tint == CellTint::None ? QVariant() : QBrush(TintColour(tint, View.palette()));

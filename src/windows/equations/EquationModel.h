@@ -29,6 +29,7 @@ class EquationModel : public QAbstractTableModel {
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
+  bool IsZero(int row, int column) const;
   QVariant Value(int row, int column, int role) const;
 
   EquationGrid TheGrid;

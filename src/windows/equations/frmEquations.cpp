@@ -6,14 +6,22 @@
 #include "EventGuard.h"
 #include "Menus.h"
 #include "Platform.h"
+#include "TryPanel.h"
+#include "WorkingPane.h"
+#include "WorkingSplit.h"
 #include "frmMain.h"
 #include "modEquationCopy.h"
 #include "modEquationSteps.h"
 #include "modEquationTexts.h"
+#include "modExercise.h"
 #include "modLive.h"
+#include "modWorking.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <optional>
 
+#include <QCheckBox>
 #include <QCloseEvent>
 #include <QGridLayout>
 #include <QLabel>
@@ -27,8 +35,9 @@ namespace strutwright {
 namespace {
 
 constexpr int Spacing = 6; // pixels
-constexpr int ButtonsInARow = 3;
+constexpr int ButtonsInARow = 4;
 constexpr int WordLines = 2;
+constexpr int WideWindow = 860; // pixels
 constexpr int OriginLines = 2;
 
 } // namespace
@@ -37,15 +46,15 @@ frmEquations::frmEquations(frmMain& frame) : Frame(frame) {
   setObjectName("frmEquations");
   setWindowTitle("Stiffness Equations");
   TheEquations = EquationsState{};
+  SwitchExercise(false);
   auto* whole = new QVBoxLayout(this);
   whole->setContentsMargins(Spacing, Spacing, Spacing, Spacing);
   whole->setSpacing(Spacing);
   whole->addLayout(BuildButtons());
-  lblStepDone = AddLine("lblStepDone", "What the last step did", WordLines);
-  lblStepToCome = AddLine("lblStepToCome", "What comes next", WordLines);
-  whole->addWidget(lblStepDone);
-  whole->addWidget(lblStepToCome);
-  whole->addWidget(BuildGrids(), 1);
+  BuildTryIt();
+  whole->addLayout(BuildWords());
+  whole->addWidget(Try);
+  whole->addWidget(BuildWorking(BuildGrids()), 1);
   lblOrigin = AddLine("lblOrigin", "Where the selected cell of K comes from", OriginLines);
   whole->addWidget(lblOrigin);
   BuildMenus();
@@ -56,6 +65,10 @@ QLayout* frmEquations::BuildButtons() {
   btnShowForces = AddStep("btnShowForces", "Show Force", "Shows the load vector", StepShowForces);
   btnAddMember = AddStep("btnAddMember", "Add Member 1", "Adds the next member to the stiffness matrix", StepAddMember);
   btnStepBack = AddStep("btnStepBack", "Step Back", "Undoes the last press", StepBack);
+  btnMemberForces = AddStep("btnMemberForces", "Member Forces",
+                            "Finds the force of every member from the displacements; after Solve", StepMemberForces);
+  btnReactions =
+      AddStep("btnReactions", "Reactions", "Finds what the supports do to the truss; after Solve", StepReactions);
   auto* buttons = new QGridLayout;
   buttons->setSpacing(Spacing);
   int place = 0;
@@ -63,11 +76,62 @@ QLayout* frmEquations::BuildButtons() {
        {btnShowForces, btnAddMember,
         AddStep("btnShowGlobalK", "Show Global K", "Assembles the whole stiffness matrix", StepShowGlobalK),
         AddStep("btnRestrict", "Restrict DOFs", "Applies the supports to the stiffness matrix", StepRestrict),
-        AddStep("btnSolve", "Solve", "Solves the equations for the displacements", StepSolve), btnStepBack}) {
+        AddStep("btnSolve", "Solve", "Solves the equations for the displacements", StepSolve), btnMemberForces,
+        btnReactions, btnStepBack}) {
     buttons->addWidget(each, place / ButtonsInARow, place % ButtonsInARow);
     ++place;
   }
   return buttons;
+}
+
+/// The two lines above the grids, with the switch beside them.
+QLayout* frmEquations::BuildWords() {
+  lblStepDone = AddLine("lblStepDone", "What the last step did", WordLines);
+  lblStepToCome = AddLine("lblStepToCome", "What comes next", WordLines);
+  auto* words = new QGridLayout;
+  words->setSpacing(Spacing);
+  words->addWidget(lblStepDone, 0, 0);
+  words->addWidget(chkTryIt, 0, 1, Qt::AlignTop);
+  words->addWidget(lblStepToCome, 1, 0, 1, 2);
+  words->setColumnStretch(0, 1);
+  return words;
+}
+
+void frmEquations::BuildTryIt() {
+  chkTryIt = new QCheckBox("&Try It", this);
+  chkTryIt->setObjectName("chkTryIt");
+  chkTryIt->setToolTip("Leaves what a step changes blank and asks for it, one number after another");
+  Try = new TryPanel(this, [this] { ShowQuestion(); });
+  OnSignal(chkTryIt, &QCheckBox::toggled, this, [this](bool on) {
+    Try->Switch(on);
+    ShowNumbers();
+  });
+}
+
+/// A question has been done: what was blank is shown, and the next one's cell and member.
+void frmEquations::ShowQuestion() {
+  ShowNumbers();
+  const StepQuestion* question = CurrentQuestion();
+  if (question == nullptr) return;
+  if (question->member != 0) Frame.ShowAddedMember(question->member);
+  ShownMember = question->member;
+  if (!question->cells.empty() && question->cells.front().grid == EquationGrid::Stiffness) {
+    grK->scrollTo(grK->model()->index(question->cells.front().row - 1, question->cells.front().column - 1));
+  }
+}
+
+/// In a wide window a sentence needs one line only, and K gets the room.
+void frmEquations::GiveWordsRoom() {
+  const int lines = width() >= WideWindow ? 1 : WordLines;
+  for (QLabel* each : {lblStepDone, lblStepToCome}) {
+    each->setMinimumHeight(lines * each->fontMetrics().lineSpacing());
+    each->setMaximumHeight(lines == 1 ? each->minimumHeight() : QWIDGETSIZE_MAX);
+  }
+}
+
+void frmEquations::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  GiveWordsRoom();
 }
 
 QPushButton* frmEquations::AddStep(const QString& name, const QString& caption, const QString& toolTip,
@@ -108,6 +172,13 @@ QWidget* frmEquations::BuildGrids() {
   return grids;
 }
 
+QWidget* frmEquations::BuildWorking(QWidget* grids) {
+  txtWorking = new WorkingPane(this);
+  txtWorking->SetFollower([this](const std::string& link) { FollowLink(link); });
+  splWorking = new WorkingSplit(grids, txtWorking, this);
+  return splWorking;
+}
+
 EquationGridView* frmEquations::AddGrid(EquationGrid grid, const QString& name, const QString& description) {
   auto* view = new EquationGridView(grid, name, this);
   view->setAccessibleName(description);
@@ -136,6 +207,12 @@ void frmEquations::BuildMenus() {
   BuildEditMenu(build);
   QMenu& view = *build.AddMenu("mnuView", "&View");
   build.Add(view, "mnuTrussDisplay", "&Truss Display", {}, [this] { Frame.ActivateDisplay(); });
+  QAction& working = *build.Add(
+      view, "mnuWorking", "&Working", {}, [this] { ShowWorking(); },
+      "Shows how the numbers of the last step come about");
+  working.setCheckable(true);
+  working.setChecked(TheWorkingPlace.shown);
+  OnSignal(&working, &QAction::toggled, this, [this](bool on) { splWorking->ShowPane(on); });
   QMenu& analysis = *build.AddMenu("mnuAnalysis", "&Analysis");
   build.AddAnalyse(analysis);
   build.AddCheck(analysis);
@@ -169,9 +246,15 @@ void frmEquations::BuildEditMenu(MenuBuilder& build) {
 void frmEquations::Press(void (*step)()) {
   Frame.Run([this, step] {
     const BusyPointer busy;
+    const std::size_t before = TheEquations.past.size();
     step();
     if (IsLive()) FollowModel(); // a step back leads to the numbers of the model as it was
+    if (TheEquations.past.size() > before) AskAboutLastStep();
     ShowPage();
+    if (chkTryIt->isChecked()) {
+      Try->ShowQuestion();
+      ShowQuestion();
+    }
   });
 }
 
@@ -179,6 +262,9 @@ void frmEquations::ShowNumbers() {
   for (EquationGridView* each : {grForce, grK, grDisp}) each->Refresh();
   btnAddMember->setText(QString::fromStdString(TheEquations.page.addMemberCaption));
   btnStepBack->setEnabled(CanStepBack());
+  btnMemberForces->setEnabled(CanFindForces());
+  btnReactions->setEnabled(CanFindForces());
+  ShowWorking();
   lblStepDone->setText(QString::fromStdString(StepDoneText()));
   ShowStepToCome();
   ShowOrigin();
@@ -211,6 +297,24 @@ void frmEquations::ShowOrigin() {
   if (lblOrigin == nullptr) return;
   const QModelIndex cell = grK->currentIndex();
   lblOrigin->setText(cell.isValid() ? QString::fromStdString(CellOrigin(cell.row() + 1, cell.column() + 1)) : "");
+}
+
+void frmEquations::ShowWorking() { txtWorking->ShowStep(); }
+
+/// Shows where a number of the working comes from: in the data grids and the drawing, or in the view's own grids.
+void frmEquations::FollowLink(const std::string& link) {
+  const std::optional<NumberSource> source = SourceOfLink(link);
+  if (!source) return;
+  const auto choose = [](EquationGridView* grid, int row, int column) {
+    grid->setCurrentIndex(grid->model()->index(row - 1, column - 1));
+  };
+  switch (source->kind) {
+  case NumberSource::Kind::Node: return Frame.ShowParts({source->first}, {});
+  case NumberSource::Kind::Member: return Frame.ShowParts({}, {source->first});
+  case NumberSource::Kind::Stiffness: return choose(grK, source->first, source->second);
+  case NumberSource::Kind::Load: return choose(grForce, source->first, 1);
+  case NumberSource::Kind::Displacement: return choose(grDisp, source->first, 1);
+  }
 }
 
 void frmEquations::Copy(CopyCommand copy) {

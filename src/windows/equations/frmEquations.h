@@ -3,10 +3,13 @@
 #include "Grid.h"
 #include "modEquationCells.h"
 
+#include <string>
+
 #include <QList>
 #include <QMenu>
 #include <QWidget>
 
+class QCheckBox;
 class QGridLayout;
 class QLabel;
 class QPushButton;
@@ -14,6 +17,9 @@ class QPushButton;
 namespace strutwright {
 
 class EquationGridView;
+class TryPanel;
+class WorkingPane;
+class WorkingSplit;
 class frmMain;
 class MenuBuilder;
 
@@ -37,6 +43,7 @@ class frmEquations : public QWidget {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   bool focusNextPrevChild(bool next) override;
 
  private:
@@ -44,6 +51,10 @@ class frmEquations : public QWidget {
 
   QLayout* BuildButtons();
   QWidget* BuildGrids();
+  QLayout* BuildWords();
+  void GiveWordsRoom();
+  void BuildTryIt();
+  QWidget* BuildWorking(QWidget* grids);
   QLabel* AddLine(const QString& name, const QString& description, int lines);
   EquationGridView* AddGrid(EquationGrid grid, const QString& name, const QString& description);
   void ScrollTogether();
@@ -56,6 +67,9 @@ class frmEquations : public QWidget {
   void ShowNumbers();
   void ShowAddedCells();
   void ShowOrigin();
+  void ShowWorking();
+  void ShowQuestion();
+  void FollowLink(const std::string& link);
   void Copy(CopyCommand copy);
   void CopyOrigin();
 
@@ -63,10 +77,16 @@ class frmEquations : public QWidget {
   QPushButton* btnShowForces = nullptr;
   QPushButton* btnAddMember = nullptr;
   QPushButton* btnStepBack = nullptr;
+  QPushButton* btnMemberForces = nullptr;
+  QPushButton* btnReactions = nullptr;
   EquationGridView* grForce = nullptr;
   EquationGridView* grK = nullptr;
   EquationGridView* grDisp = nullptr;
   EquationGridView* ActiveGrid = nullptr; ///< the one that the grid commands are about
+  QCheckBox* chkTryIt = nullptr;
+  TryPanel* Try = nullptr;
+  WorkingPane* txtWorking = nullptr;
+  WorkingSplit* splWorking = nullptr;
   QLabel* lblStepDone = nullptr;
   QLabel* lblStepToCome = nullptr;
   QLabel* lblOrigin = nullptr;

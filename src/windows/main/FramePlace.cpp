@@ -6,6 +6,7 @@
 #include "MainCentre.h"
 #include "Platform.h"
 #include "WorkbenchState.h"
+#include "WorkingPane.h"
 
 #include <QMainWindow>
 #include <QSettings>
@@ -24,6 +25,8 @@ bool TakeFramePlace(QMainWindow& frame, MainCentre& centre) {
   centre.TakeShares(place.value("board").toByteArray());
   TheDisplay.WidthByForce = place.value("widthByForce", TheDisplay.WidthByForce).toBool();
   TheDisplay.ShowLegend = place.value("legend", TheDisplay.ShowLegend).toBool();
+  TheWorkingPlace = {place.value("working", true).toBool(), place.value("workingBeside").toByteArray(),
+                     place.value("workingUnder").toByteArray()};
   centre.Board().clearChk->setChecked(place.value("clear").toBool());
   TheEditing.rigidityFromBoard = place.value("rigidityFromBoard").toBool();
   return place.value("live").toBool();
@@ -38,6 +41,9 @@ void KeepFramePlace(const QMainWindow& frame, MainCentre& centre) {
   place.setValue("widthByForce", TheDisplay.WidthByForce);
   place.setValue("legend", TheDisplay.ShowLegend);
   place.setValue("live", TheLive.on);
+  place.setValue("working", TheWorkingPlace.shown);
+  place.setValue("workingBeside", TheWorkingPlace.beside);
+  place.setValue("workingUnder", TheWorkingPlace.under);
   place.setValue("rigidityFromBoard", TheEditing.rigidityFromBoard);
 }
 

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace strutwright {
+
+/// The text between quotation marks.
+std::string InQuotes(std::string_view text);
+
+/// "1 student", "7 students".
+std::string CountOf(std::size_t count, const std::string& one);
+
+/// The value of a plain number text in double precision; nothing for another text.
+std::optional<double> PlainNumber(std::string_view text);
+
+/// A whole number of digits alone; nothing for another text or one too large.
+std::optional<int> WholeNumber(std::string_view text);
+
+/// The text with ASCII letters in small.
+std::string InSmallLetters(std::string_view text);
+
+} // namespace strutwright

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "WorkedDocument.h"
+#include "modClassSet.h"
+
+#include <string>
+#include <vector>
+
+namespace strutwright {
+
+// What is printed of a variant.  Its model must be in the tables.
+
+/// The drawing of the model in the tables with its loads and supports, without results.
+WorkedPicture ProblemPicture();
+
+/// The tables of nodes and members: what the drawing does not show.
+std::vector<WorkedTable> DataTables();
+
+/// "Class set of bridge.stw, seed 7".
+std::string SetName(const ClassPlan& plan);
+
+/// A student's sheet: drawing, data, questions with units and signs, and room to write.
+WorkedDocument SheetOf(const ClassPlan& plan, const ClassVariant& variant);
+
+} // namespace strutwright

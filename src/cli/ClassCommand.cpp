@@ -1,0 +1,83 @@
+#include "ClassCommands.h"
+#include "ClassFault.h"
+#include "ClassTexts.h"
+#include "CommandLine.h"
+#include "ModelInput.h"
+#include "ModelSession.h"
+#include "Output.h"
+#include "Picture.h"
+#include "modClassFiles.h"
+#include "modModelStore.h"
+#include "modPlaces.h"
+#include "modStudents.h"
+
+#include <ostream>
+#include <set>
+
+namespace strutwright {
+
+namespace {
+
+/// What stands before a message where there is no model.
+constexpr const char* ClassName = "class";
+
+ClassSource FamilySource(const ClassRequest& request) {
+  const TrussFamily* family = FamilyNamed(request.family);
+  if (family == nullptr) throw ClassFault("--family must be one of " + FamilyNames());
+  ClassSource source{std::string(family->title), {}, family, StandardTexts(*family)};
+  for (const FieldDescription& each : TrussFields) {
+    const auto given = request.familyTexts.find(std::string(each.option));
+    if (given != request.familyTexts.end()) source.texts[each.field] = given->second;
+  }
+  const auto support = request.familyTexts.find("support");
+  if (support != request.familyTexts.end()) source.texts.support = support->second;
+  return source;
+}
+
+/// The model that is open.
+ClassSource OpenSource(const std::string& file) {
+  return {ValidText(LastComponent(file)), {GridCapacity, NodeCount, MemberCount, NodeTable, MemberTable}, nullptr, {}};
+}
+
+std::vector<std::string> StudentsOf(const std::string& text, std::istream& in) {
+  if (const auto count = WholeNumber(text)) return NumberedStudents(*count);
+  try {
+    return ReadStudents(ReadInput(text, in));
+  } catch (const FileError& error) {
+    throw ClassFault("The list " + InQuotes(text) + " can't be read: " + error.what());
+  }
+}
+
+ClassPlan PlanOf(const ClassRequest& request, std::istream& in) {
+  ClassPlan plan;
+  plan.source = request.family.empty() ? OpenSource(request.model) : FamilySource(request);
+  for (const std::string& text : request.vary) plan.variations.push_back(ReadVariation(text));
+  for (const std::string& text : request.ask) plan.asks.push_back(ReadAsk(text));
+  plan.students = StudentsOf(request.students, in);
+  plan.seed = request.seed;
+  plan.percent = request.percent;
+  return plan;
+}
+
+} // namespace
+
+int MakeClass(const ClassRequest& request, std::istream& in, std::ostream& out, std::ostream& err) {
+  ModelSession session(request.family.empty() ? request.model : ClassName, err);
+  if (request.family.empty() && !session.Open(in)) return ExitUsage;
+  try {
+    const std::set<ClassFormat> formats = ReadClassFormats(request.formats);
+    const ClassPlan plan = PlanOf(request, in);
+    EnsureApplication();
+    MakeClassSet(plan, formats, request.folder);
+    out << ValidText(request.folder) << ": " << CountOf(plan.students.size(), "student") << ", seed " << plan.seed
+        << '\n';
+    return ExitOk;
+  } catch (const ClassFault& fault) {
+    session.Report(fault.what());
+  } catch (const FileError& error) {
+    session.Report("The folder " + InQuotes(request.folder) + " could not be written: " + error.what());
+  }
+  return ExitUsage;
+}
+
+} // namespace strutwright

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "Exercise.h"
+
+#include <string>
+
+namespace strutwright {
+
+// "Try It" in the equations view: after a step the cells that it changed stay blank, and are asked for one after the
+// other.  What is said to an answer begins with a word, so that right and wrong never rest on a colour.
+
+/// Switches Try It on, with a new score, or off; what is blank is shown then.
+void SwitchExercise(bool on);
+
+/// Asks about the step that was pressed last; nothing is asked while Try It is off.
+void AskAboutLastStep();
+
+/// Drops the questions that are left, and shows what they ask for.
+void DropQuestions();
+
+/// The question to answer now; nullptr where there is none.
+const StepQuestion* CurrentQuestion();
+
+/// Whether a cell is blank, because its question has not been answered yet.
+bool IsBlank(EquationGrid grid, int row, int column);
+
+/// Whether a cell was asked for in the last step, and answered.
+bool IsAnswered(EquationGrid grid, int row, int column);
+
+struct AnswerReply {
+  bool isJudged = false; ///< a text that can't be read is not wrong, but asked again
+  bool isRight = false;  ///< the next question has its turn
+  std::string text;      ///< what is said
+};
+
+/// Judges the answer to the current question.
+AnswerReply AnswerQuestion(const std::string& text);
+
+/// The next hint for the current question; after the third the answer, and the next question has its turn.
+std::string NextHint();
+
+/// "Right 5 of 7, 4 at the first try; 9 tries, 2 hints; 1:05".
+std::string ScoreText(int seconds);
+
+/// The score and how each question went, line after line, to copy.
+std::string ScoreReport(int seconds);
+
+} // namespace strutwright

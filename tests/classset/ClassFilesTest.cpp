@@ -1,0 +1,141 @@
+#include "ClassFixture.h"
+#include "FaultyFileSystem.h"
+#include "NativeFileSystem.h"
+#include "RecordingSurface.h"
+#include "ScratchFolder.h"
+#include "modClassFiles.h"
+#include "modKey.h"
+#include "modModelFile.h"
+#include "modSheet.h"
+#include "modTeacherKey.h"
+#include "modWorkedFiles.h"
+
+#include <filesystem>
+#include <set>
+
+namespace strutwright {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+using testing::UnorderedElementsAre;
+
+class ClassFilesTest : public ClassTest {
+ protected:
+  ClassFilesTest() { ThePlatform().files = &disk; }
+
+  static std::set<std::string> FilesIn(const std::string& place) {
+    std::set<std::string> files;
+    for (const auto& each : std::filesystem::recursive_directory_iterator(place)) {
+      if (each.is_regular_file()) files.insert(std::filesystem::relative(each.path(), place).string());
+    }
+    return files;
+  }
+
+  NativeFileSystem disk;
+  ScratchFolder folder;
+};
+
+TEST_F(ClassFilesTest, HoldAFolderForEachStudent) {
+  MakeClassSet(PrattPlan(2), ReadClassFormats("pdf,html,moodle,tex,stw,csv"), folder.Path("class"));
+  EXPECT_THAT(FilesIn(folder.Path("class")),
+              UnorderedElementsAre("key.csv", "key.pdf", "key.html", "key.tex", "moodle.xml", "s1/model.stw",
+                                   "s1/sheet.pdf", "s1/sheet.html", "s1/sheet.tex", "s2/model.stw", "s2/sheet.pdf",
+                                   "s2/sheet.html", "s2/sheet.tex"));
+  EXPECT_EQ(folder.EntryCount(), 1);
+}
+
+TEST_F(ClassFilesTest, HoldOnlyTheFormatsAskedFor) {
+  MakeClassSet(PrattPlan(1), ReadClassFormats("csv,stw"), folder.Path("class"));
+  EXPECT_THAT(FilesIn(folder.Path("class")), UnorderedElementsAre("key.csv", "s1/model.stw"));
+  EXPECT_EQ(FaultOfDoing([] { ReadClassFormats("pdf,doc"); }),
+            "\"doc\" is no format: choose some of pdf,html,moodle,tex,stw,csv");
+}
+
+TEST_F(ClassFilesTest, HoldTheModelsOfTheKey) {
+  const ClassPlan plan = PrattPlan(3);
+  MakeClassSet(plan, ReadClassFormats("csv,stw"), folder.Path("class"));
+  const auto variants = MakeVariants(plan);
+  EXPECT_EQ(FileBytes(folder.Path("class/key.csv")), KeyCsv(variants));
+  const StoredModel model = LoadModelFile(folder.Path("class/s2/model.stw"));
+  EXPECT_EQ(model.nodes, variants[1].model.nodes);
+  EXPECT_EQ(model.members, variants[1].model.members);
+}
+
+TEST_F(ClassFilesTest, RefuseAFolderThatExists) {
+  disk.CreateFolder(folder.Path("class"));
+  EXPECT_EQ(FaultOfDoing([&] { MakeClassSet(PrattPlan(1), {ClassFormat::Csv}, folder.Path("class/")); }),
+            "The folder \"" + folder.Path("class") + "\" exists already: choose a new one, so that nothing is lost");
+  EXPECT_EQ(FaultOfDoing([] { MakeClassSet(PrattPlan(1), {ClassFormat::Csv}, ""); }),
+            "The folder has no name: choose one that does not exist yet");
+}
+
+TEST_F(ClassFilesTest, LeaveNothingOfASetThatFails) {
+  EXPECT_NE(FaultOfDoing([&] {
+              MakeClassSet(PlanFor(SourceOf(PrattTruss(10)), 5, {"load:10..12:1"}, {"reactions"}),
+                           {ClassFormat::Csv, ClassFormat::Stw}, folder.Path("class"));
+            }),
+            "");
+  EXPECT_EQ(folder.EntryCount(), 0);
+}
+
+TEST_F(ClassFilesTest, LeaveNothingWhenTheDiskIsFull) {
+  FaultyFileSystem full(disk);
+  int writes = 0;
+  full.before = [&writes](const std::string& step, int /*number*/) {
+    if (step == "Write" && ++writes == 4) throw FileError("No space left on device");
+  };
+  ThePlatform().files = &full;
+  EXPECT_THROW(MakeClassSet(PrattPlan(3), {ClassFormat::Csv, ClassFormat::Stw}, folder.Path("class")), FileError);
+  EXPECT_EQ(folder.EntryCount(), 0);
+}
+
+TEST_F(ClassFilesTest, ShowOnTheSheetWhatIsAskedAndNoResult) {
+  const ClassPlan plan = PrattPlan(1);
+  const auto variants = MakeVariants(plan);
+  PutInTables(variants[0].model);
+  const std::string html = WorkedPage(SheetOf(plan, variants[0])).html;
+  EXPECT_THAT(html, HasSubstr("Truss problem of s1"));
+  EXPECT_THAT(html, HasSubstr("Class set of bridge.stw, seed 7"));
+  EXPECT_THAT(html, HasSubstr("Force of member 5, tension positive"));
+  EXPECT_THAT(html, HasSubstr("Stiffness matrix of member 2 in global axes, in kN/mm"));
+  EXPECT_THAT(html, Not(HasSubstr(variants[0].questions[0].answer)));
+}
+
+TEST_F(ClassFilesTest, DrawLoadsAndNumbersButNoResult) {
+  const auto variants = MakeVariants(PlanFor(SourceOf(PrattTruss(10)), 1, {"load:35..35:1"}, {"forces"}));
+  PutInTables(variants[0].model);
+  RecordingSurface surface;
+  ProblemPicture().draw(surface);
+  std::set<std::string> texts;
+  for (const PixelLabel& label : surface.pixelTexts) texts.insert(label.text);
+  EXPECT_THAT(texts, testing::Contains("35 kN"));
+  EXPECT_THAT(texts, testing::IsSupersetOf({"1", "10"}));
+  for (const std::string& text : texts) {
+    EXPECT_THAT(text, testing::AnyOf("35 kN", testing::MatchesRegex("[0-9]+"))) << "only loads and numbers";
+  }
+}
+
+TEST_F(ClassFilesTest, ShowInTheKeyHowTheAnswersAreFound) {
+  const ClassPlan plan = PrattPlan(2);
+  const auto variants = MakeVariants(plan);
+  const KeptModel kept;
+  const std::string html = WorkedPage(TeacherKey(plan, variants)).html;
+  EXPECT_THAT(html, HasSubstr("Varied: " + variants[1].varied));
+  EXPECT_THAT(html, HasSubstr("Reactions, from the whole truss:"));
+  EXPECT_THAT(html, HasSubstr("Sum of x"));
+  EXPECT_THAT(html, HasSubstr("Displacements, from K D = P with the supports imposed:"));
+  for (const KeyedQuestion& each : variants[0].questions) EXPECT_THAT(html, HasSubstr(each.answer));
+}
+
+TEST_F(ClassFilesTest, KeepHostileNamesTexts) {
+  ClassPlan plan = PrattPlan(1);
+  plan.students = {"<b> & 100% $x_1$ {y} ]]>"};
+  const auto variants = MakeVariants(plan);
+  PutInTables(variants[0].model);
+  EXPECT_THAT(WorkedPage(SheetOf(plan, variants[0])).html, HasSubstr("&lt;b&gt; &amp; 100% $x_1$ {y} ]]&gt;"));
+  EXPECT_THAT(WorkedLatex(SheetOf(plan, variants[0])), HasSubstr("$<$b$>$ \\& 100\\% \\$x\\_1\\$ \\{y\\} ]]$>$"));
+}
+
+} // namespace
+} // namespace strutwright
