@@ -9,7 +9,7 @@
 namespace strutwright {
 
 /// A text of a sketch where it found room.
-struct PlacedText {
+struct PlacedSketchText {
   PixelPoint centre;
   std::string text;
   SketchTone tone{};
@@ -22,7 +22,7 @@ struct PlacedSketch {
   PixelPoint origin; ///< where the sketch has its origin
   double scale = 1;  ///< pixels a unit
   ClearScene scene;  ///< joints: the points, counted from 1; bars: the lines; arrows and their labels
-  std::vector<PlacedText> texts;
+  std::vector<PlacedSketchText> texts;
 
   PixelPoint At(double x, double y) const { return {origin.x + scale * x, origin.y - scale * y}; }
 };

@@ -82,7 +82,7 @@ void DrawTexts(PixelSurface& surface, const PlacedSketch& placed) {
     }
     surface.PixelText(text);
   }
-  for (const PlacedText& text : placed.texts) {
+  for (const PlacedSketchText& text : placed.texts) {
     surface.PixelText({text.centre, {1, 0}, text.text, ToneColour(text.tone), ClearSize::LargestText});
   }
 }
