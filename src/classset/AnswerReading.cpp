@@ -2,6 +2,7 @@
 
 #include "ClassTexts.h"
 #include "modNumberText.h"
+#include "modTables.h"
 
 #include <algorithm>
 #include <array>

@@ -5,6 +5,7 @@
 #include "CsvText.h"
 #include "ImportError.h"
 #include "modNumberText.h"
+#include "modTables.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -42,6 +43,11 @@ std::vector<std::size_t> PlacesOf(const std::vector<std::string_view>& columns, 
   return places;
 }
 
+/// Spreadsheets end lines with the separators of columns that are empty.
+void DropBlankEnd(TableLine& line) {
+  while (!line.fields.empty() && TrimBlanks(line.fields.back()).empty()) line.fields.pop_back();
+}
+
 /// The fields beyond the last heading, joined to its own.
 void JoinBeyond(TableLine& line, std::size_t count) {
   while (line.fields.size() > count) {
@@ -63,12 +69,17 @@ std::vector<ClassRow> ReadClassTable(const std::string& text, const std::vector<
     while (!reader.AtEnd()) {
       TableLine line = reader.Next();
       if (HasNoText(line)) continue;
+      DropBlankEnd(line);
       if (places.empty()) {
         places = PlacesOf(columns, line, what);
         width = line.fields.size();
         continue;
       }
       if (places.back() + 1 == width) JoinBeyond(line, width);
+      if (line.fields.size() > width) {
+        throw ClassFault("Line " + std::to_string(line.line) + " of " + InSmallLetters(what) +
+                         " has more fields than headings: put a number with a comma in quotation marks");
+      }
       line.fields.resize(std::max(line.fields.size(), width));
       ClassRow row{line.line, {}};
       for (const std::size_t place : places) row.values.push_back(Trimmed(line.fields[place]));

@@ -31,12 +31,4 @@ std::optional<int> WholeNumber(std::string_view text) {
   return number;
 }
 
-std::string InSmallLetters(std::string_view text) {
-  std::string small(text);
-  for (char& c : small) {
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  }
-  return small;
-}
-
 } // namespace strutwright

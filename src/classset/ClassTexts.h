@@ -19,7 +19,4 @@ std::optional<double> PlainNumber(std::string_view text);
 /// A whole number of digits alone; nothing for another text or one too large.
 std::optional<int> WholeNumber(std::string_view text);
 
-/// The text with ASCII letters in small.
-std::string InSmallLetters(std::string_view text);
-
 } // namespace strutwright

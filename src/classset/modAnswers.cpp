@@ -12,7 +12,7 @@ namespace strutwright {
 
 namespace {
 
-constexpr int DigitsOfAnswer = 5;
+constexpr int MostDigits = 5;            // of an answer, where so many are sure
 constexpr double NoValue = 1e-5;         // of the largest value of the kind: rounding
 constexpr double FloorOfTolerance = 0.1; // of what the largest value may be off
 constexpr double LeastTolerance = 0.001; // where all values of the kind are zero
@@ -79,13 +79,20 @@ double RoundedUp(double tolerance) {
   return std::ceil(tolerance / unit - 1e-9) * unit;
 }
 
-KeyedQuestion MeasuredAnswer(const Question& question, double percent) {
+/// What the last of so many digits counts.
+double LastDigit(double value, int digits) {
+  return value == 0 ? 0 : std::pow(10.0, std::floor(std::log10(std::fabs(value))) - digits + 1);
+}
+
+/// digits: that are sure.
+KeyedQuestion MeasuredAnswer(const Question& question, int digits, double percent) {
   const double scale = ScaleOfKind(question);
   const double exact = ValueIn(question);
   const double value = std::fabs(exact) <= NoValue * scale ? 0 : exact;
   const double part = percent / 100;
-  const double tolerance = std::max(part * std::fabs(value), part * FloorOfTolerance * scale);
-  KeyedQuestion keyed{question, PreciseText(value, DigitsOfAnswer), value, LeastTolerance};
+  const double tolerance =
+      std::max({part * std::fabs(value), part * FloorOfTolerance * scale, LastDigit(value, digits)});
+  KeyedQuestion keyed{question, PreciseText(value, digits), value, LeastTolerance};
   if (tolerance > 0) keyed.tolerance = RoundedUp(tolerance);
   return keyed;
 }
@@ -98,7 +105,10 @@ KeyedQuestion ZeroMembersAnswer(const Question& question, const CheckReport& che
 
 KeyedQuestion AnswerOf(const Question& question, const CheckReport& check, double percent) {
   if (question.kind == AskKind::ZeroMembers) return ZeroMembersAnswer(question, check);
-  if (question.kind != AskKind::Determinacy) return MeasuredAnswer(question, percent);
+  if (question.kind != AskKind::Determinacy) {
+    const int sure = check.accuracy ? check.accuracy->digits : MostDigits;
+    return MeasuredAnswer(question, std::clamp(sure, 1, MostDigits), percent);
+  }
   const int degree = check.stability.indeterminacy;
   return {question, std::to_string(degree), static_cast<double>(degree), 0};
 }

@@ -7,6 +7,7 @@
 #include "modAnalysis.h"
 #include "modCheckAnswer.h"
 #include "modModelStore.h"
+#include "modTables.h"
 
 #include <algorithm>
 #include <deque>

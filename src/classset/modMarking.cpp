@@ -6,6 +6,7 @@
 #include "ClassTexts.h"
 #include "CsvText.h"
 #include "modSlips.h"
+#include "modTables.h"
 
 #include <algorithm>
 #include <cmath>

@@ -5,6 +5,7 @@
 #include "CsvText.h"
 #include "ImportError.h"
 #include "modNumberText.h"
+#include "modTables.h"
 
 #include <algorithm>
 #include <array>
@@ -16,8 +17,11 @@ namespace strutwright {
 namespace {
 
 constexpr std::size_t LongestName = 200; // bytes, of the 255 that folders' names may have
-constexpr std::array<std::string_view, 12> Headings{"student",   "students",   "name",    "names", "id",       "number",
-                                                    "full name", "first name", "surname", "user",  "username", "login"};
+constexpr std::array<std::string_view, 19> Headings{"student",   "students", "name",          "names",
+                                                    "id",        "number",   "full name",     "first name",
+                                                    "last name", "surname",  "student name",  "student id",
+                                                    "id number", "email",    "email address", "matriculation number",
+                                                    "user",      "username", "login"};
 
 /// The files that lie beside the students' folders.
 constexpr std::array<std::string_view, 5> FilesOfTheSet{"key.csv", "key.pdf", "key.html", "key.tex", "moodle.xml"};
@@ -32,6 +36,11 @@ bool IsUtf8(std::string_view text) {
     for (std::size_t i = 1; i < length; ++i) {
       if ((static_cast<unsigned char>(text[at + i]) & 0xC0U) != 0x80U) return false;
     }
+    const auto second = length > 2 ? static_cast<unsigned char>(text[at + 1]) : 0U;
+    const bool isTooLong = (first == 0xE0 && second < 0xA0) || (first == 0xF0 && second < 0x90);
+    const bool isNoSign = (first == 0xED && second >= 0xA0) || (first == 0xF4 && second >= 0x90);
+    const std::string_view sign = text.substr(at, length);
+    if (isTooLong || isNoSign || sign == "\xEF\xBF\xBE" || sign == "\xEF\xBF\xBF") return false;
     at += length;
   }
   return true;

@@ -85,6 +85,10 @@ void ScaleTo(const Fields& at, double value, double step) {
     for (const int field : at.fields) {
       float& old = at.table(row, field);
       if (old == 0) continue;
+      if (value == 0) {
+        old = 0;
+        continue;
+      }
       const double share = std::fabs(old) / largest;
       const double steps = std::max(1.0, std::round(share * std::fabs(value) / step));
       const double size = share == 1 ? std::fabs(value) : steps * step;
@@ -182,12 +186,12 @@ Variation ReadVariation(const std::string& text) {
   const std::size_t colon = text.find(':');
   const std::size_t dots = text.find("..");
   const std::size_t last = text.rfind(':');
-  if (colon == std::string::npos || dots == std::string::npos || dots < colon || last < dots) {
+  if (colon == std::string::npos || dots == std::string::npos || dots < colon) {
     throw ClassFault(InQuotes(text) + " is no range: write one such as span:18..30:1");
   }
   Variation variation{text.substr(0, colon), NumberOfRange(text.substr(colon + 1, dots - colon - 1), text),
-                      NumberOfRange(text.substr(dots + 2, last - dots - 2), text),
-                      NumberOfRange(text.substr(last + 1), text)};
+                      NumberOfRange(text.substr(dots + 2, last < dots ? text.npos : last - dots - 2), text),
+                      last < dots ? 1 : NumberOfRange(text.substr(last + 1), text)};
   if (variation.step <= 0) throw ClassFault("The step of " + InQuotes(text) + " must be above zero");
   if (variation.to < variation.from) throw ClassFault("The range " + InQuotes(text) + " ends before it begins");
   if ((variation.to - variation.from) / variation.step >= MostValues) {

@@ -1,10 +1,15 @@
 #include "ClassCommands.h"
+#include "ClassTexts.h"
 #include "modClassFiles.h"
 #include "modTrussFamilies.h"
 
 #include <CLI/CLI.hpp>
 
+#include <charconv>
+#include <cstdint>
 #include <memory>
+#include <string>
+#include <system_error>
 
 namespace strutwright {
 
@@ -13,6 +18,20 @@ namespace {
 void AddTexts(CLI::App& command, const char* name, std::vector<std::string>& texts, const char* help,
               const char* kind) {
   command.add_option(name, texts, help)->type_name(kind)->allow_extra_args(false);
+}
+
+/// Empty where a text is a percentage that a tolerance may have.
+std::string CheckedPercent(const std::string& text) {
+  const auto percent = PlainNumber(text);
+  return percent && *percent >= 0.001 && *percent <= 50 ? "" : "must be a number from 0.001 to 50";
+}
+
+std::uint64_t SeedOf(const std::string& text) {
+  std::uint64_t seed = 0;
+  const auto end = std::from_chars(text.data(), text.data() + text.size(), seed);
+  const bool isWhole = end.ec == std::errc() && end.ptr == text.data() + text.size();
+  if (!isWhole) throw CLI::ValidationError("--seed", "must be a whole number from 0 to 18446744073709551615");
+  return seed;
 }
 
 /// The numbers of a family, as Bracefold takes them.
@@ -47,9 +66,12 @@ void AddClassOptions(CLI::App& command, ClassRequest& request) {
                   "How many, or a list with a name in the first column of each line (.csv)")
       ->required()
       ->type_name("LIST.csv|N");
-  command.add_option("--seed", request.seed, "The same seed gives the same problems on every machine")
+  command
+      .add_option_function<std::string>(
+          "--seed", [&request](const std::string& text) { request.seed = SeedOf(text); },
+          "The same seed gives the same problems on every machine")
       ->type_name("NUMBER")
-      ->capture_default_str();
+      ->default_str(std::to_string(request.seed));
   AddTexts(command, "--vary", request.vary,
            "What differs, with its least and largest value and the step: span:18..30:1, height, load, area, e; of a "
            "family also bays and its other numbers",
@@ -63,7 +85,7 @@ void AddClassOptions(CLI::App& command, ClassRequest& request) {
       ->type_name("NAMES")
       ->capture_default_str();
   command.add_option("--tolerance", request.percent, "Percent of the right value that an answer may be off")
-      ->check(CLI::Range(0.001, 50.0))
+      ->check(CheckedPercent)
       ->type_name("PERCENT")
       ->capture_default_str();
 }

@@ -139,7 +139,7 @@ std::string BashScript(const std::vector<CommandWords>& commands) {
          "  esac\n"
          "  case \"$current\" in\n"
          "    -*) COMPREPLY=($(compgen -W \"$words\" -- \"$current\")) ;;\n"
-         "    *) COMPREPLY=($(compgen -f -- \"$current\")) ;;\n"
+         "    *) mapfile -t COMPREPLY < <(compgen -f -- \"$current\") ;;\n"
          "  esac\n}\ncomplete -o filenames -F _strutwright_cli " +
          ProgramName + "\n";
 }

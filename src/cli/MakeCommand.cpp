@@ -31,6 +31,15 @@ void TakeLayerTable(MakeRequest& request, std::istream& in) {
     request.drawing.layers = ReadLayerTable(ReadInput(request.layers, in));
   } catch (const ImportError& error) {
     throw FileError(request.layers + ": " + error.Sentence());
+  } catch (const FileError& error) {
+    throw FileError(request.layers + ": " + error.what());
+  }
+}
+
+/// A drawing or a table is not to be lost to the model that is made of it.
+void CheckOutput(const MakeRequest& request) {
+  if (IsSameFile(request.output, request.input) || IsSameFile(request.output, request.layers)) {
+    throw FileError("The model would take the place of what it is made from: choose another name for it");
   }
 }
 
@@ -44,6 +53,7 @@ bool TakeInput(MakeRequest request, std::istream& in, std::ostream& err) {
       TakeModel(ReadModel(ModelBytes(bytes, request.input)));
       return true;
     }
+    CheckOutput(request);
     ImportedModel imported = ImportText(bytes, request.input, request.drawing);
     TakeModel(std::move(imported.model));
     for (const std::string& remark : imported.remarks) session.Report(remark);

@@ -7,7 +7,6 @@
 #include "modMarking.h"
 #include "modSafeSave.h"
 
-#include <filesystem>
 #include <ostream>
 
 namespace strutwright {
@@ -22,13 +21,7 @@ std::string ReadTableFile(const std::string& name, std::istream& in) {
   }
 }
 
-bool IsSameFile(const std::string& one, const std::string& other) {
-  std::error_code error;
-  return std::filesystem::equivalent(one, other, error);
-}
-
-void PrintMarking(const std::vector<Mark>& marks, std::ostream& out, std::ostream& err) {
-  for (const std::string& line : UnreadableAnswers(marks)) err << "mark: " << ValidText(line) << '\n';
+void PrintSummary(const std::vector<Mark>& marks, std::ostream& out) {
   out << SummaryOfClass(marks) << "\n\n";
   PrintTable(SummaryOfQuestions(marks), out);
 }
@@ -45,11 +38,12 @@ int MarkClass(const MarkRequest& request, std::istream& in, std::ostream& out, s
     const std::vector<HandedIn> answers = ReadAnswers(ReadTableFile(request.answers, in));
     const std::vector<Mark> marks = MarkAnswers(key, answers, {request.forgiveSign});
     if (request.marks.empty()) {
-      out << MarksCsv(marks) << '\n';
+      out << MarksCsv(marks);
     } else {
       SaveWholeFile(request.marks, MarksCsv(marks));
     }
-    PrintMarking(marks, out, err);
+    for (const std::string& line : UnreadableAnswers(marks)) err << "mark: " << ValidText(line) << '\n';
+    PrintSummary(marks, request.marks.empty() ? err : out); // the marks stand alone where another program reads them
     return ExitOk;
   } catch (const ClassFault& fault) {
     session.Report(fault.what());

@@ -6,6 +6,7 @@
 #include "modModelFile.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <istream>
 #include <utility>
 
@@ -62,6 +63,11 @@ std::string ReadInput(const std::string& name, std::istream& in) {
   std::string bytes = name == StandardStream ? ReadStream(in) : disk.Read(name, 0, MaxInputBytes + 1);
   if (bytes.size() > MaxInputBytes) throw FileError("The file is larger than any model");
   return bytes;
+}
+
+bool IsSameFile(const std::string& one, const std::string& other) {
+  std::error_code error;
+  return std::filesystem::equivalent(one, other, error);
 }
 
 bool IsText(const std::string& bytes) { return std::none_of(bytes.begin(), bytes.end(), IsControl); }

@@ -18,6 +18,9 @@ inline constexpr std::size_t MaxInputBytes = std::size_t{64} << 20;
 /// The bytes of a file, or of `in` where the name is "-".  Throws FileError, also where there are too many.
 std::string ReadInput(const std::string& name, std::istream& in);
 
+/// Whether two names are of one file that exists.
+bool IsSameFile(const std::string& one, const std::string& other);
+
 /// Whether the bytes are a text, which a model never is: its tables begin with zeros.
 bool IsText(const std::string& bytes);
 

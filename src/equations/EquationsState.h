@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MemberMatrix.h"
+#include "ModelAsEntered.h"
 #include "ViewStiffness.h"
 
 #include <array>
@@ -42,6 +43,7 @@ struct EquationPage {
   FreedomValues reactions;                      ///< kN, of those forces; nothing before that step
   MemberMatrix memberStiffness;                 ///< one member's matrix; an ignored member leaves its predecessor's
   int matrixOf = 0;                             ///< whose matrix that is; 0: nobody's, all zero
+  std::shared_ptr<const ModelAsEntered> madeOf; ///< the model of the last step; nothing before the first
   EquationStep lastStep = EquationStep::None;
   int lastMember = 0;            ///< the member that the last step added; 0 when it was no such step
   MemberFreedoms lastFreedoms{}; ///< where it was added, indices 1..4; zeros where it was not

@@ -41,8 +41,16 @@ std::optional<EquationPage> NextPage() {
   return page;
 }
 
+/// Notes what model the page shows; a step after the other of one model shares the note.
+void TakeModelOf(EquationPage& page) {
+  if (page.madeOf == nullptr || !page.madeOf->IsCurrent()) {
+    page.madeOf = std::make_shared<const ModelAsEntered>(ModelAsEntered::Now());
+  }
+}
+
 void Turn(EquationPage page, EquationStep step) {
   page.lastStep = step;
+  TakeModelOf(page);
   if (step != EquationStep::AddMember) {
     page.lastMember = 0;
     page.lastFreedoms = {};
@@ -73,10 +81,14 @@ FreedomValues SolvePage(const EquationPage& page) {
   return nullptr;
 }
 
-/// A step from the displacements on; without them nothing happens.
+/// A step from the displacements on.
 void StepOn(void (*find)(EquationPage&), EquationStep step) {
   std::optional<EquationPage> page = NextPage();
-  if (!page || !page->displacements) return;
+  if (!page) return;
+  if (!page->displacements) {
+    ShowMessage(MessageIcon::Critical, "The model has changed since its equations were solved: press Solve first.");
+    return;
+  }
   find(*page);
   Turn(*std::move(page), step);
 }
@@ -86,6 +98,7 @@ void StepOn(void (*find)(EquationPage&), EquationStep step) {
 void FollowModel() {
   DropQuestions(); // they were about the model as it was
   BringUpToModel(TheEquations.page);
+  TakeModelOf(TheEquations.page);
 }
 
 void StepShowForces() {
@@ -133,7 +146,9 @@ void StepSolve() {
   }
 }
 
-bool CanFindForces() { return TheEquations.page.displacements != nullptr; }
+bool CanFindForces() {
+  return TheEquations.page.displacements != nullptr && TheEquations.page.lastStep != EquationStep::SolveFailed;
+}
 
 void StepMemberForces() { StepOn(FindMemberForces, EquationStep::MemberForces); }
 

@@ -61,8 +61,9 @@ std::optional<std::vector<int>> FreedomsAnswer(std::string text) {
   std::istringstream words(text);
   std::vector<int> freedoms;
   int node = 0;
-  char direction = ' ';
-  while (words >> node >> direction) {
+  while (words >> node) {
+    char direction = ' ';
+    words >> direction;
     if (node < 1 || node > NodeCount || (direction != 'x' && direction != 'y')) return std::nullopt;
     freedoms.push_back(2 * node - (direction == 'x' ? 1 : 0));
   }
@@ -133,7 +134,13 @@ const StepQuestion* CurrentQuestion() {
   return TheExercise.current < TheExercise.questions.size() ? &Current() : nullptr;
 }
 
+bool IsAskedForSupports() {
+  const StepQuestion* question = CurrentQuestion();
+  return question != nullptr && question->kind == StepQuestionKind::Freedoms;
+}
+
 bool IsBlank(EquationGrid grid, int row, int column) {
+  if (grid == EquationGrid::Stiffness && IsAskedForSupports()) return true; // its cleared rows give them away
   for (std::size_t i = TheExercise.current; i < TheExercise.questions.size(); ++i) {
     if (AsksFor(TheExercise.questions[i], grid, row, column)) return true;
   }

@@ -21,6 +21,9 @@ void DropQuestions();
 /// The question to answer now; nullptr where there is none.
 const StepQuestion* CurrentQuestion();
 
+/// Whether the supports are asked for, which the last step has applied already.
+bool IsAskedForSupports();
+
 /// Whether a cell is blank, because its question has not been answered yet.
 bool IsBlank(EquationGrid grid, int row, int column);
 

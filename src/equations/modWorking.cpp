@@ -159,7 +159,8 @@ WorkedDocument StepWorking(const EquationPage& page, WorkingExtent extent) {
     return document;
   }
   // What is shown may belong to a model that has been changed since.
-  if (page.viewDofCount != 2 * NodeCount || FindUnknownNode()) {
+  const bool hasChanged = extent == WorkingExtent::Pane && (page.madeOf == nullptr || !page.madeOf->IsCurrent());
+  if (hasChanged || page.viewDofCount != 2 * NodeCount || FindUnknownNode()) {
     writer.Say("The model has changed since this step was taken: press a step again to see its working.");
     return document;
   }

@@ -77,13 +77,14 @@ class DrawingBuilder {
     const DxfPair* flags = FindGroup(polyline.groups, 70);
     const DxfPair* paper = FindGroup(polyline.groups, 67);
     Flags = flags == nullptr ? 0 : DxfWhole(*flags);
+    Side = SideOf(polyline.groups);
     OnPaper = paper != nullptr && DxfWhole(*paper) == 1;
     Corners.clear();
   }
 
   void AddCorner(const DxfGroups& groups) {
     if (Corners.size() > MostLines) throw ImportError(groups.empty() ? 0 : groups.front().line, TooManyLines());
-    Corners.push_back({{NumberOf(groups, 10), NumberOf(groups, 20)}, NumberOf(groups, 42)});
+    Corners.push_back({{Side * NumberOf(groups, 10), NumberOf(groups, 20)}, NumberOf(groups, 42)});
     if (NumberOf(groups, 30) != 0) ++drawing.linesOutOfPlane;
   }
 
@@ -131,9 +132,11 @@ class DrawingBuilder {
             MemberNoteOf(groups));
   }
 
-  /// A polyline whose plane is seen from behind has its x the other way round.
+  /// What is drawn in a plane that is seen from behind has its x the other way round.
+  static double SideOf(const DxfGroups& groups) { return NumberOf(groups, 230, 1) < 0 ? -1 : 1; }
+
   void AddPolyline(const DxfGroups& groups) {
-    const double side = NumberOf(groups, 230, 1) < 0 ? -1 : 1;
+    const double side = SideOf(groups);
     Corners.clear();
     for (const DxfPair& pair : groups) {
       if (pair.code == 10) Corners.push_back({{side * DxfNumber(pair), 0}});
@@ -161,7 +164,9 @@ class DrawingBuilder {
 
   void AddPoint(const Entity& entity) {
     if (drawing.points.size() == MostLines) throw ImportError(0, "the drawing has more than 100000 points and blocks");
-    drawing.points.push_back({{NumberOf(entity.groups, 10), NumberOf(entity.groups, 20)},
+    // A block lies in a plane of its own, a point in space.
+    const double side = entity.kind == "INSERT" ? SideOf(entity.groups) : 1;
+    drawing.points.push_back({{side * NumberOf(entity.groups, 10), NumberOf(entity.groups, 20)},
                               LayerIndex(),
                               NodeNoteOf(entity.groups),
                               entity.kind == "INSERT"});
@@ -170,6 +175,7 @@ class DrawingBuilder {
   std::map<std::string, std::size_t> LayerIndices;
   std::string Layer;
   int Flags = 0;
+  double Side = 1; ///< of the polyline whose corners come
   bool OnPaper = false;
   std::vector<Corner> Corners;
 };

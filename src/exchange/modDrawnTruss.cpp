@@ -201,7 +201,8 @@ class TrussMaker {
     return text;
   }
 
-  [[noreturn]] void ThrowNoLine() const {
+  [[noreturn]] void ThrowNoLine() {
+    for (const DrawnPoint& point : Drawing.points) ++(point.isBlock ? OtherBlocks : OtherPoints);
     const std::string others = LeftOutText();
     throw ImportError(0, "the drawing has no line" + (others.empty() ? "" : " to make a member of, only " + others));
   }

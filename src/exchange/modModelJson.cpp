@@ -173,7 +173,7 @@ class ModelTaker : public nlohmann::json_sax<nlohmann::json> {
   }
 
   void TakeOfModel(const std::string& text) {
-    if (Key == "version" && text != std::to_string(JsonVersion)) {
+    if (Key == "version" && NumericValue(text) != static_cast<float>(JsonVersion)) {
       throw ImportError(0, "this is version " + text + " of the form; this program reads version " +
                                std::to_string(JsonVersion));
     }

@@ -201,7 +201,9 @@ float LayerValue(const TableLine& line, const ColumnPlace& place) {
   const std::string text = place.index < line.fields.size() ? line.fields[place.index] : "";
   const auto value = CellNumber(text);
   if (!value) throw ImportError(line.line, Quoted(text) + " is not a number");
-  return static_cast<float>(static_cast<double>(*value) * place.factor);
+  const auto number = static_cast<float>(static_cast<double>(*value) * place.factor);
+  if (!std::isfinite(number)) throw ImportError(line.line, Quoted(text) + " is too large");
+  return number;
 }
 
 } // namespace

@@ -2,7 +2,6 @@
 
 #include "EquilibriumMatrix.h"
 #include "HandTexts.h"
-#include "modRigidParts.h"
 #include "modSections.h"
 
 #include <algorithm>
@@ -35,6 +34,8 @@ class SectionChoice {
 
   /// The part itself, and without each of the nodes at which unknown members go on to others.
   void TryPart(const std::vector<int>& part) {
+    const auto isKnown = [this](int node) { return Order.UnknownsAt(node).empty(); };
+    if (std::all_of(part.begin(), part.end(), isKnown)) return;
     Try(part);
     std::size_t tried = 0;
     for (const int node : part) {
@@ -167,10 +168,10 @@ std::string NameOf(const UnknownForce& force, const HandTruss& truss) {
 
 } // namespace
 
-std::optional<HandStep> SectionThatGoesOn(const HandTruss& truss, const JointOrder& order,
-                                          const HandSolution& solution) {
+std::optional<HandStep> SectionThatGoesOn(const HandTruss& truss, const JointOrder& order, const HandSolution& solution,
+                                          const std::vector<std::vector<int>>& parts) {
   SectionChoice choice(truss, order, solution);
-  for (const std::vector<int>& part : SimpleParts(truss)) choice.TryPart(part);
+  for (const std::vector<int>& part : parts) choice.TryPart(part);
   if (!choice.Best) choice.TryJoints();
   if (!choice.Best) return std::nullopt;
   return StepOf(std::move(*choice.Best), solution);

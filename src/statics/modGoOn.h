@@ -5,6 +5,7 @@
 #include "modJointOrder.h"
 
 #include <optional>
+#include <vector>
 
 namespace strutwright {
 
@@ -12,9 +13,9 @@ namespace strutwright {
 
 /// The section that goes on: around a simple part of a compound truss, with or without the hinge that it shares, or
 /// around one joint of whose unknown forces all but one lie on a line.  Of those that find a force, the one with the
-/// fewest unknown forces.
-std::optional<HandStep> SectionThatGoesOn(const HandTruss& truss, const JointOrder& order,
-                                          const HandSolution& solution);
+/// fewest unknown forces.  parts: the SimpleParts of the truss.
+std::optional<HandStep> SectionThatGoesOn(const HandTruss& truss, const JointOrder& order, const HandSolution& solution,
+                                          const std::vector<std::vector<int>>& parts);
 
 /// The equations of all joints left, solved together.  The truss must be determinate.
 HandStep SolveTogether(const HandTruss& truss, const JointOrder& order, const HandSolution& solution);

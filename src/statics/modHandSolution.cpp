@@ -3,10 +3,13 @@
 #include "HandTexts.h"
 #include "modGoOn.h"
 #include "modJointOrder.h"
+#include "modRigidParts.h"
 
 #include <cmath>
 #include <cstddef>
 #include <optional>
+#include <utility>
+#include <vector>
 
 namespace strutwright {
 
@@ -34,7 +37,8 @@ class HandSolver {
       Solution.stop = "No joint left has at most two unknown forces: " + Solution.determinacy.sentence;
       return false;
     }
-    if (std::optional<HandStep> section = SectionThatGoesOn(Truss, Order, Solution)) {
+    if (!Parts) Parts = SimpleParts(Truss);
+    if (std::optional<HandStep> section = SectionThatGoesOn(Truss, Order, Solution, *Parts)) {
       TakeSection(std::move(*section));
       return true;
     }
@@ -133,6 +137,7 @@ class HandSolver {
   const HandTruss& Truss;
   HandSolution& Solution;
   JointOrder Order;
+  std::optional<std::vector<std::vector<int>>> Parts; ///< where joints alone do not go on
 };
 
 } // namespace

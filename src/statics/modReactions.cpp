@@ -175,9 +175,12 @@ bool FindMore(const HandTruss& truss, ReactionsFirst& result, std::vector<double
   return true;
 }
 
-std::string WhyNotFirst(int count) {
+std::string WhyNotFirst(const HandTruss& truss) {
+  const int count = truss.RestraintCount();
+  const bool comeLater = static_cast<int>(truss.members.size()) + count <= 2 * truss.nodeCount;
   return "The whole truss has three equations for " + std::to_string(count) +
-         " reactions, and no hinge gives enough of them more; the reactions come with the joints";
+         " reactions, and no hinge gives enough of them more" +
+         (comeLater ? "; the reactions come with the joints" : "");
 }
 
 } // namespace
@@ -195,7 +198,7 @@ ReactionsFirst FindReactionsFirst(const HandTruss& truss, HandForces& forces) {
     result.equations.clear();
     result.solution.clear();
     result.hinges.clear();
-    result.whyNot = WhyNotFirst(count);
+    result.whyNot = WhyNotFirst(truss);
     return result;
   }
   for (std::size_t k = 0; k < values.size(); ++k) {

@@ -14,6 +14,7 @@ namespace strutwright {
 namespace {
 
 constexpr int DigitsOfTables = 7;
+constexpr int MostMembers = 500; // a compound truss of more would hold the check's window up
 
 /// Largest value and largest difference of what was compared.
 struct Comparison {
@@ -55,7 +56,7 @@ std::string AgreementSentence(const HandTruss& truss, const HandSolution& soluti
 }
 
 std::string HandAgreementText() {
-  if (AnalysisDone != FlagTrue || !TheCheck.report.withoutRigidity.empty()) return "";
+  if (MemberCount > MostMembers || AnalysisDone != FlagTrue || !TheCheck.report.withoutRigidity.empty()) return "";
   const HandTruss truss = ReadHandTruss();
   if (IsLeftOut(truss)) return "";
   const HandSolution solution = SolveByHand(truss);

@@ -17,7 +17,7 @@ constexpr std::size_t MostNamed = 2; // slips
 constexpr std::string_view RightText = "Right.";
 constexpr std::string_view SlipText = "Likely slip: ";
 constexpr std::string_view NearText = "Close, but off by more than 1 %: keep more digits on the way.";
-constexpr std::string_view WrongText = "Not right, and no common slip gives this number. Work it out again.";
+constexpr std::string_view WrongText = "No common slip gives this number. Work it out again.";
 
 bool IsWithin(double answer, double value, const AnswerTolerance& tolerance) {
   // Numbers that differ by exactly the tolerance in decimals need not do so in binary.

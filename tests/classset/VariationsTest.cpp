@@ -38,8 +38,14 @@ TEST_F(VariationsTest, TakesTheLastValueInSpiteOfRounding) {
   EXPECT_EQ(ReadVariation("load:5..5:1").Count(), 1U);
 }
 
+TEST_F(VariationsTest, ARangeWithoutAStepHasWholeOnes) {
+  const Variation bays = ReadVariation("bays:6..9");
+  EXPECT_EQ(bays.Count(), 4U);
+  EXPECT_EQ(bays.ValueAt(3), 9);
+}
+
 TEST_F(VariationsTest, SaysWhatIsNoRange) {
-  for (const char* text : {"span", "span:18", "span:18..30", "18..30:1", "span:a..30:1", "span:18..30:", ""}) {
+  for (const char* text : {"span", "span:18", "18..30:1", "span:a..30:1", "span:18..30:", ""}) {
     EXPECT_EQ(FaultOfDoing([text] { ReadVariation(text); }),
               "\"" + std::string(text) + "\" is no range: write one such as span:18..30:1");
   }

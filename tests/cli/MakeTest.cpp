@@ -229,6 +229,14 @@ TEST_F(MakeTest, ReplacesNothingByABadInput) {
   EXPECT_EQ(FileBytes(output), "an older model");
 }
 
+TEST_F(MakeTest, DoesNotReplaceWhatTheModelIsMadeFrom) {
+  const std::string table = folder.Path("truss.csv");
+  PutFile(table, Nodes + Members);
+  EXPECT_EQ(Run({"make", table, table}), 2);
+  EXPECT_EQ(err, table + ": The model would take the place of what it is made from: choose another name for it\n");
+  EXPECT_EQ(FileBytes(table), Nodes + Members);
+}
+
 TEST_F(MakeTest, ReportsWhyTheInputCannotBeRead) {
   const std::string missing = folder.Path("missing.csv");
   EXPECT_EQ(Run({"make", missing, output}), 2);

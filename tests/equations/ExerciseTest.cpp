@@ -98,6 +98,23 @@ TEST_F(ExerciseTest, AsksAgainForATextThatIsNoNumber) {
   EXPECT_EQ(TheExercise.score.tries, 0);
 }
 
+TEST_F(ExerciseTest, AsksAgainForAFreedomWithoutItsDirection) {
+  SetModel(FourNodesThreeBars());
+  StepShowGlobalK();
+  Press(StepRestrict);
+  EXPECT_FALSE(AnswerQuestion("1 x, 2").isJudged);
+  EXPECT_EQ(TheExercise.score.tries, 0);
+}
+
+TEST_F(ExerciseTest, HidesKWhileItsSupportsAreAskedFor) {
+  SetModel(FourNodesThreeBars());
+  StepShowGlobalK();
+  Press(StepRestrict);
+  EXPECT_TRUE(IsBlank(EquationGrid::Stiffness, 1, 1));
+  for (int hint = 0; hint < 4; ++hint) NextHint();
+  EXPECT_FALSE(IsBlank(EquationGrid::Stiffness, 1, 1));
+}
+
 TEST_F(ExerciseTest, GivesThreeHintsAndThenTheAnswer) {
   SetModel(FourNodesThreeBars());
   Press(StepAddMember);

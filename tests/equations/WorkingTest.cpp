@@ -122,6 +122,25 @@ TEST_F(WorkingTest, SaysWhyThereIsNothingToShow) {
   EXPECT_THAT(Pane(), HasSubstr("The model has changed since this step was taken"));
 }
 
+TEST_F(WorkingTest, ShowsNoNumbersOfAMemberWhoseAreaHasChangedSince) {
+  SetModel(FourNodesThreeBars());
+  PressAddMember(1);
+  GrMembers.SetText(1, MemberA, "700");
+  RebuildModelFromGrids();
+  EXPECT_THAT(Pane(), HasSubstr("The model has changed since this step was taken"));
+}
+
+TEST_F(WorkingTest, FindsNoForcesFromTheDisplacementsOfAnotherModel) {
+  SetModel(FourNodesThreeBars());
+  GoThrough();
+  SetModel(TriangleWithIgnoredMembers());
+  StepMemberForces();
+  const std::vector<Message> shown = TakeMessages();
+  ASSERT_EQ(shown.size(), 1U);
+  EXPECT_EQ(shown[0].text, "The model has changed since its equations were solved: press Solve first.");
+  EXPECT_THAT(Pane(), HasSubstr("The model has changed since this step was taken"));
+}
+
 TEST_F(WorkingTest, ShowsWhatAnIgnoredMemberDoes) {
   SetModel(TriangleWithIgnoredMembers());
   PressAddMember(2);

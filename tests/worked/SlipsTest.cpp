@@ -52,7 +52,7 @@ TEST(SlipsTest, NeverCallsARightAnswerASlip) {
 
 TEST(SlipsTest, SaysWhatElseIsWrong) {
   EXPECT_EQ(Judged(103, 100).sentence, "Close, but off by more than 1 %: keep more digits on the way.");
-  EXPECT_EQ(Judged(105.1, 100).sentence, "Not right, and no common slip gives this number. Work it out again.");
+  EXPECT_EQ(Judged(105.1, 100).sentence, "No common slip gives this number. Work it out again.");
 }
 
 TEST(SlipsTest, FindsEverySeededSlipRoundedToThreeDigits) {

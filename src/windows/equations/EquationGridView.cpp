@@ -65,7 +65,12 @@ void EquationGridView::Refresh() {
 /// needs, so that no column has to be looked through.
 void EquationGridView::FitColumns() {
   const int columns = Model.columnCount();
-  if (columns > MostFittedColumns) return;
+  if (columns > MostFittedColumns) {
+    for (int column = 0; column < MostFittedColumns; ++column) { // which a smaller truss may have narrowed
+      horizontalHeader()->resizeSection(column, horizontalHeader()->defaultSectionSize());
+    }
+    return;
+  }
   for (int column = 0; column < columns; ++column) {
     int width = fontMetrics().horizontalAdvance(Model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());
     for (int row = 0; row < Model.rowCount(); ++row) {

@@ -77,6 +77,11 @@ void TryPanel::Switch(bool on) {
   ShowQuestion();
 }
 
+void TryPanel::BeginQuestions() {
+  lblVerdict->clear();
+  ShowQuestion();
+}
+
 void TryPanel::ShowQuestion() {
   const StepQuestion* question = CurrentQuestion();
   lblQuestion->setText(question != nullptr ? QString::fromStdString(question->text)

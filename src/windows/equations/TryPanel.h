@@ -19,6 +19,9 @@ class TryPanel : public QWidget {
   /// Switches Try It on, with a new score and clock, or off.
   void Switch(bool on);
 
+  /// Shows the first of new questions, or that there are none, without what was said to the last one.
+  void BeginQuestions();
+
   /// Shows the question to answer now, or that there is none.  The keyboard goes to its answer.
   void ShowQuestion();
 

@@ -65,10 +65,6 @@ QLayout* frmEquations::BuildButtons() {
   btnShowForces = AddStep("btnShowForces", "Show Force", "Shows the load vector", StepShowForces);
   btnAddMember = AddStep("btnAddMember", "Add Member 1", "Adds the next member to the stiffness matrix", StepAddMember);
   btnStepBack = AddStep("btnStepBack", "Step Back", "Undoes the last press", StepBack);
-  btnMemberForces = AddStep("btnMemberForces", "Member Forces",
-                            "Finds the force of every member from the displacements; after Solve", StepMemberForces);
-  btnReactions =
-      AddStep("btnReactions", "Reactions", "Finds what the supports do to the truss; after Solve", StepReactions);
   auto* buttons = new QGridLayout;
   buttons->setSpacing(Spacing);
   int place = 0;
@@ -76,8 +72,13 @@ QLayout* frmEquations::BuildButtons() {
        {btnShowForces, btnAddMember,
         AddStep("btnShowGlobalK", "Show Global K", "Assembles the whole stiffness matrix", StepShowGlobalK),
         AddStep("btnRestrict", "Restrict DOFs", "Applies the supports to the stiffness matrix", StepRestrict),
-        AddStep("btnSolve", "Solve", "Solves the equations for the displacements", StepSolve), btnMemberForces,
-        btnReactions, btnStepBack}) {
+        AddStep("btnSolve", "Solve", "Solves the equations for the displacements", StepSolve),
+        btnMemberForces =
+            AddStep("btnMemberForces", "Member Forces",
+                    "Finds the force of every member from the displacements; after Solve", StepMemberForces),
+        btnReactions =
+            AddStep("btnReactions", "Reactions", "Finds what the supports do to the truss; after Solve", StepReactions),
+        btnStepBack}) {
     buttons->addWidget(each, place / ButtonsInARow, place % ButtonsInARow);
     ++place;
   }
@@ -104,7 +105,7 @@ void frmEquations::BuildTryIt() {
   Try = new TryPanel(this, [this] { ShowQuestion(); });
   OnSignal(chkTryIt, &QCheckBox::toggled, this, [this](bool on) {
     Try->Switch(on);
-    ShowNumbers();
+    ShowQuestion();
   });
 }
 
@@ -112,12 +113,17 @@ void frmEquations::BuildTryIt() {
 void frmEquations::ShowQuestion() {
   ShowNumbers();
   const StepQuestion* question = CurrentQuestion();
+  const bool hasMember = question != nullptr && question->member != 0;
+  ShowMember(hasMember ? question->member : TheEquations.page.shownMember);
   if (question == nullptr) return;
-  if (question->member != 0) Frame.ShowAddedMember(question->member);
-  ShownMember = question->member;
   if (!question->cells.empty() && question->cells.front().grid == EquationGrid::Stiffness) {
     grK->scrollTo(grK->model()->index(question->cells.front().row - 1, question->cells.front().column - 1));
   }
+}
+
+void frmEquations::ShowMember(int member) {
+  if (member != ShownMember) Frame.ShowAddedMember(member);
+  ShownMember = member;
 }
 
 /// In a wide window a sentence needs one line only, and K gets the room.
@@ -212,7 +218,10 @@ void frmEquations::BuildMenus() {
       "Shows how the numbers of the last step come about");
   working.setCheckable(true);
   working.setChecked(TheWorkingPlace.shown);
-  OnSignal(&working, &QAction::toggled, this, [this](bool on) { splWorking->ShowPane(on); });
+  OnSignal(&working, &QAction::toggled, this, [this](bool on) {
+    splWorking->ShowPane(on);
+    if (on) OfferRoomForWorking();
+  });
   QMenu& analysis = *build.AddMenu("mnuAnalysis", "&Analysis");
   build.AddAnalyse(analysis);
   build.AddCheck(analysis);
@@ -251,8 +260,9 @@ void frmEquations::Press(void (*step)()) {
     if (IsLive()) FollowModel(); // a step back leads to the numbers of the model as it was
     if (TheEquations.past.size() > before) AskAboutLastStep();
     ShowPage();
+    if (step == StepMemberForces || step == StepReactions) OfferRoomForWorking();
     if (chkTryIt->isChecked()) {
-      Try->ShowQuestion();
+      Try->BeginQuestions();
       ShowQuestion();
     }
   });
@@ -265,7 +275,7 @@ void frmEquations::ShowNumbers() {
   btnMemberForces->setEnabled(CanFindForces());
   btnReactions->setEnabled(CanFindForces());
   ShowWorking();
-  lblStepDone->setText(QString::fromStdString(StepDoneText()));
+  lblStepDone->setText(QString::fromStdString(IsAskedForSupports() ? "The supports were applied." : StepDoneText()));
   ShowStepToCome();
   ShowOrigin();
 }
@@ -273,14 +283,21 @@ void frmEquations::ShowNumbers() {
 void frmEquations::Follow() {
   FollowModel();
   ShowNumbers();
+  Try->BeginQuestions();
 }
 
 void frmEquations::ShowPage() {
   ShowNumbers();
   const EquationPage& page = TheEquations.page;
   ShowAddedCells();
-  if (page.shownMember != ShownMember) Frame.ShowAddedMember(page.shownMember);
-  ShownMember = page.shownMember;
+  ShowMember(page.shownMember);
+}
+
+/// What these steps find stands in the pane alone.
+void frmEquations::OfferRoomForWorking() {
+  if (TheWorkingPlace.shown && !txtWorking->isVisible()) {
+    Frame.ShowHint("Enlarge the window of the stiffness equations to see the working");
+  }
 }
 
 /// Scrolls to what the member that was just added has changed, to its first node where not all of it fits.
@@ -330,6 +347,7 @@ void frmEquations::Reset() {
   ResetEquations();
   ShownMember = 0; // the new model is drawn without it
   ShowPage();
+  Try->BeginQuestions();
 }
 
 void frmEquations::closeEvent(QCloseEvent* event) {

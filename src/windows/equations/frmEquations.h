@@ -66,6 +66,8 @@ class frmEquations : public QWidget {
   void ShowPage();
   void ShowNumbers();
   void ShowAddedCells();
+  void ShowMember(int member);
+  void OfferRoomForWorking();
   void ShowOrigin();
   void ShowWorking();
   void ShowQuestion();
