@@ -206,10 +206,11 @@ class VariantMaker {
 /// What the model itself lacks is said of the model, not of its variants.
 void CheckSource(const ClassPlan& plan) {
   if (plan.students.empty()) throw ClassFault("There is no student to make a problem for");
+  const bool ofFamily = plan.source.family != nullptr;
+  if (!ofFamily && plan.source.model.nodeCount == 0) throw ClassFault("The model has no nodes: build a truss first");
   CheckVariations(plan.source, plan.variations);
-  if (plan.source.family != nullptr) return;
+  if (ofFamily) return;
   PutInTables(plan.source.model);
-  if (NodeCount == 0) throw ClassFault("The model has no nodes: build a truss first");
   const CheckReport check = CheckAnswer(AnalysisOutcome::None);
   if (!check.stability.Stable()) {
     throw ClassFault(check.verdict +

@@ -121,11 +121,12 @@ void Stretch(FieldTable& nodes, int field, double value) {
 Fields LoadsOf(StoredModel& model) { return {model.nodes, {NodeForceX, NodeForceY}}; }
 Fields PropertyOf(StoredModel& model, int field) { return {model.members, {field}}; }
 
-bool HasQuantity(StoredModel& model, std::string_view name) {
-  if (name == "span") return ReachOf(model.nodes, NodeX).length > 0;
-  if (name == "height") return ReachOf(model.nodes, NodeY).length > 0;
-  if (name == "load") return LargestOf(LoadsOf(model)) > 0;
-  return LargestOf(PropertyOf(model, name == "area" ? MemberA : MemberE)) > 0;
+/// 0 where the model has none.
+double SizeOf(StoredModel model, std::string_view name) {
+  if (name == "span") return ReachOf(model.nodes, NodeX).length;
+  if (name == "height") return ReachOf(model.nodes, NodeY).length;
+  if (name == "load") return LargestOf(LoadsOf(model));
+  return LargestOf(PropertyOf(model, name == "area" ? MemberA : MemberE));
 }
 
 void PutQuantity(StoredModel& model, const Variation& variation, double value) {
@@ -151,14 +152,18 @@ void CheckOne(const ClassSource& source, const Variation& variation) {
     throw ClassFault("The range of the " + variation.name + " must begin above zero");
   }
   if (ofFamily) return;
-  StoredModel model = source.model;
-  if (!HasQuantity(model, variation.name)) throw ClassFault(std::string(quantity->missing));
+  if (SizeOf(source.model, variation.name) <= 0) throw ClassFault(std::string(quantity->missing));
 }
 
 std::string_view UnitOfVaried(const std::string& name) {
   if (const ModelQuantity* quantity = ModelQuantityNamed(name)) return quantity->unit;
   const FieldDescription* field = FamilyQuantityNamed(name);
   return field == nullptr ? "" : field->unit;
+}
+
+std::string TextWithUnit(const std::string& name, double value) {
+  const std::string_view unit = UnitOfVaried(name);
+  return PreciseText(value, DigitsOfValue) + (unit.empty() ? "" : " ") + std::string(unit);
 }
 
 StoredModel WithoutResults(const StoredModel& stored) {
@@ -228,11 +233,14 @@ VariedModel MakeVariedModel(const ClassSource& source, const std::vector<Variati
 std::string VariedText(const std::vector<Variation>& variations, const std::vector<double>& values) {
   std::string text;
   for (std::size_t v = 0; v < variations.size(); ++v) {
-    const std::string_view unit = UnitOfVaried(variations[v].name);
-    text += (text.empty() ? "" : ", ") + variations[v].name + " " + PreciseText(values[v], DigitsOfValue) +
-            (unit.empty() ? "" : " ") + std::string(unit);
+    text += (text.empty() ? "" : ", ") + variations[v].name + " " + TextWithUnit(variations[v].name, values[v]);
   }
   return text;
+}
+
+std::string SizeText(const StoredModel& model, const std::string& name) {
+  const double size = SizeOf(model, name);
+  return size > 0 ? TextWithUnit(name, size) : "";
 }
 
 } // namespace strutwright

@@ -50,4 +50,8 @@ VariedModel MakeVariedModel(const ClassSource& source, const std::vector<Variati
 /// "Span 24 m, load 15 kN"; empty where nothing is varied.
 std::string VariedText(const std::vector<Variation>& variations, const std::vector<double>& values);
 
+/// How large a quantity of a model is, such as "24 m"; empty where the model has none.
+/// name: "span", "height", "load", "area" or "e".
+std::string SizeText(const StoredModel& model, const std::string& name);
+
 } // namespace strutwright

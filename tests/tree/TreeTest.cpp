@@ -156,7 +156,7 @@ const std::map<std::string, std::set<std::string>> AllowedLayers{
       "families"}},
     {"windows",
      {"platform", "qt", "model", "analysis", "check", "statics", "files", "exchange", "display", "editing", "equations",
-      "workbench", "report", "worked"}},
+      "workbench", "report", "worked", "classset"}},
     {"app", {"platform", "native", "qt", "windows", "app"}},
     {"bracefold/families", {"platform", "model", "analysis", "files"}},
     {"bracefold",

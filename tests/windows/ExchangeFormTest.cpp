@@ -159,8 +159,7 @@ TEST_F(ImportFormTest, FollowsTheChoicesForADrawing) {
   Import(File("cross.dxf", Cross), [](QDialog& preview) {
     EXPECT_THAT(ContentsIn(preview), StartsWith("4 nodes, 2 members"));
     EXPECT_THAT(RemarksIn(preview), HasSubstr("get E = 200"));
-    QTest::keyClick(&preview, Qt::Key_S, Qt::AltModifier);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return preview.findChild<QCheckBox*>("splitChk")->isChecked(); }));
+    QTest::keyClick(preview.findChild<QCheckBox*>("splitChk"), Qt::Key_Space);
     EXPECT_THAT(ContentsIn(preview), StartsWith("5 nodes, 4 members"));
     QTest::keyClick(preview.findChild<QComboBox*>("unitCmb"), Qt::Key_C);
     ClickImport(preview);
@@ -186,7 +185,7 @@ TEST_F(ImportFormTest, JoinsEndsWithinTheTolerance) {
       EXPECT_TRUE(preview.isVisible()) << wrong;
     }
     enter("1000000");
-    EXPECT_THAT(ContentsIn(preview), HasSubstr("the drawing has no line"));
+    EXPECT_THAT(ContentsIn(preview), StartsWith("1 node, 0 members"));
     enter("0.001");
     EXPECT_TRUE(button->isEnabled());
   });

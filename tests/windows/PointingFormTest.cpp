@@ -5,6 +5,7 @@
 #include "AnalysisState.h"
 #include "DataGridView.h"
 #include "DisplayState.h"
+#include "EditingState.h"
 #include "ModelBuilder.h"
 #include "modModelStore.h"
 

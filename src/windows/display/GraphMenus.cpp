@@ -54,6 +54,9 @@ void frmGraph::BuildMenus() {
       tools, "mnuVary", "&Vary...", {}, [this] { Frame.ShowVary(); },
       "Changes one quantity with a slider and plots a result over it");
   build.Add(
+      tools, "mnuClassSet", "&Class Set...", {}, [this] { Frame.ShowClassSet(); },
+      "Makes a problem of one's own for every student, with the key");
+  build.Add(
       tools, "mnuOptions", "&Options...", {}, [this] { Frame.ShowOptions(); },
       "The drawing grid, snapping, the size of the grids and the list of recent files");
   build.AddHelpMenu();

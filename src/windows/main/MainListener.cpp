@@ -57,11 +57,13 @@ void MainStatus::ShowHint(const std::string& text) { Bar.ShowHint(QString::fromS
 
 bool MainStatus::ShowProgress(const std::string& text, double fraction) {
   Working = true;
+  if (Elsewhere != nullptr) return Elsewhere->ShowProgress(text, fraction);
   return Bar.ShowProgress(QString::fromStdString(text), fraction);
 }
 
 void MainStatus::EndProgress() {
   Working = false;
+  if (Elsewhere != nullptr) return Elsewhere->EndProgress();
   Bar.EndProgress();
 }
 

@@ -51,8 +51,12 @@ class MainStatus : public Hints, public Progress {
 
   bool IsWorking() const { return Working; }
 
+  /// Shows the progress of long work in another place from now on; in the status bar again for nullptr.
+  void ShowProgressIn(Progress* place) { Elsewhere = place; }
+
  private:
   MainStatusBar& Bar;
+  Progress* Elsewhere = nullptr;
   bool Working = false;
 };
 

@@ -1,5 +1,6 @@
 #include "ToolWindows.h"
 
+#include "frmClassSet.h"
 #include "frmHand.h"
 #include "frmInfluence.h"
 #include "frmMain.h"
@@ -45,6 +46,13 @@ frmHand& ToolWindows::MakeHand() {
 
 void ToolWindows::ShowHand() { BringToFront(MakeHand()); }
 
+void ToolWindows::ShowClassSet() {
+  RebuildKeepingResults();
+  if (ClassSet == nullptr) ClassSet = std::make_unique<frmClassSet>(Frame);
+  ClassSet->Begin();
+  BringToFront(*ClassSet);
+}
+
 void ToolWindows::ShowJointByHand(int node) {
   frmHand& hand = MakeHand();
   hand.ShowJoint(node);
@@ -52,6 +60,7 @@ void ToolWindows::ShowJointByHand(int node) {
 }
 
 void ToolWindows::Follow() {
+  if (ClassSet != nullptr) ClassSet->Follow();
   if (Hand != nullptr) Hand->Follow();
   if (Influence != nullptr) Influence->Follow();
   if (Vary != nullptr) Vary->Follow();

@@ -4,6 +4,7 @@
 
 namespace strutwright {
 
+class frmClassSet;
 class frmHand;
 class frmInfluence;
 class frmMain;
@@ -22,6 +23,7 @@ class ToolWindows {
   void ShowInfluence();
   void ShowVary();
   void ShowHand();
+  void ShowClassSet();
 
   /// Opens the hand methods on the joint of a node.
   void ShowJointByHand(int node);
@@ -33,6 +35,7 @@ class ToolWindows {
   frmHand& MakeHand();
 
   frmMain& Frame;
+  std::unique_ptr<frmClassSet> ClassSet;
   std::unique_ptr<frmHand> Hand;
   std::unique_ptr<frmInfluence> Influence;
   std::unique_ptr<frmVary> Vary;

@@ -166,6 +166,9 @@ class frmMain : public CommandFrame {
   /// Opens the window that varies a quantity, or brings it to the front.
   void ShowVary() { Tools->ShowVary(); }
 
+  /// Opens the window that makes a class set, or brings it to the front.
+  void ShowClassSet() { Tools->ShowClassSet(); }
+
   /// Open the hand methods, or there the joint of a node.
   void ShowHand() { Tools->ShowHand(); }
   void ShowJointByHand(int node) { Tools->ShowJointByHand(node); }

@@ -1,0 +1,82 @@
+#include "modClassEntry.h"
+
+#include "ClassFault.h"
+#include "ClassTexts.h"
+#include "modModelStore.h"
+#include "modNumberText.h"
+#include "modPlaces.h"
+#include "modSheet.h"
+#include "modStudents.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+namespace strutwright {
+
+namespace {
+
+std::vector<std::string> StudentsEntered(const std::string& text) {
+  std::string oneLine = text;
+  std::replace(oneLine.begin(), oneLine.end(), '\n', ' ');
+  if (const auto count = WholeNumber(TrimBlanks(oneLine))) return NumberedStudents(*count);
+  return ReadStudents(text);
+}
+
+std::optional<Variation> RangeEntered(const RangeTexts& range) {
+  const std::array<std::string, 3> texts{std::string(TrimBlanks(range.from)), std::string(TrimBlanks(range.to)),
+                                         std::string(TrimBlanks(range.step))};
+  const auto blanks = std::count(texts.begin(), texts.end(), "");
+  if (blanks == 3) return std::nullopt;
+  if (blanks > 0) {
+    throw ClassFault("The range of the " + range.name +
+                     " is not whole: write where it begins, where it ends and a step");
+  }
+  for (const std::string& text : texts) {
+    if (PlainNumber(text)) continue;
+    throw ClassFault("The range of the " + range.name + " holds " + InQuotes(text) +
+                     ", which is no number: write one such as 12.5");
+  }
+  return ReadVariation(range.name + ":" + texts[0] + ".." + texts[1] + ":" + texts[2]);
+}
+
+Ask AskEntered(const AskTexts& ask) {
+  const std::string numbers(TrimBlanks(ask.numbers));
+  return ReadAsk(numbers.empty() ? ask.name : ask.name + ":" + numbers);
+}
+
+} // namespace
+
+ClassPlan PlanOfEntry(const ClassEntry& entry, const std::string& model) {
+  ClassPlan plan;
+  plan.source = {LastComponent(model), {GridCapacity, NodeCount, MemberCount, NodeTable, MemberTable}, nullptr, {}};
+  plan.students = StudentsEntered(entry.students);
+  for (const RangeTexts& range : entry.ranges) {
+    if (const auto variation = RangeEntered(range)) plan.variations.push_back(*variation);
+  }
+  for (const AskTexts& ask : entry.asks) plan.asks.push_back(AskEntered(ask));
+  plan.seed = entry.seed;
+  plan.percent = entry.percent;
+  if (plan.asks.empty()) throw ClassFault("Nothing is asked: choose a question");
+  if (plan.variations.empty() && plan.students.size() > 1) {
+    throw ClassFault("Nothing differs from student to student: give a range to some quantity");
+  }
+  return plan;
+}
+
+std::vector<ClassVariant> FirstVariants(ClassPlan plan, std::size_t most) {
+  plan.students.resize(std::min(plan.students.size(), most));
+  return MakeVariants(plan);
+}
+
+std::string PresentSize(const std::string& quantity) {
+  return SizeText({GridCapacity, NodeCount, MemberCount, NodeTable, MemberTable}, quantity);
+}
+
+void DrawVariant(const ClassVariant& variant, DrawingSurface& surface) {
+  const KeptModel kept;
+  PutInTables(variant.model);
+  ProblemPicture().draw(surface);
+}
+
+} // namespace strutwright

@@ -1,0 +1,155 @@
+#include "frmClassSet.h"
+
+#include "ClassFault.h"
+#include "ClassTexts.h"
+#include "FileDialog.h"
+#include "LongWork.h"
+#include "MainListener.h"
+#include "Platform.h"
+#include "ProgressRow.h"
+#include "QtDrawingSurface.h"
+#include "frmMain.h"
+#include "modClassFiles.h"
+#include "modKeepResults.h"
+
+#include <cstddef>
+#include <cstdint>
+
+#include <QCheckBox>
+#include <QDoubleSpinBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPixmap>
+#include <QPlainTextEdit>
+#include <QSpinBox>
+
+// What the window does; how it is built stands in ClassSetParts.cpp.
+
+namespace strutwright {
+
+namespace {
+
+/// Progress shows in the window while this lives.
+class ProgressHere {
+ public:
+  ProgressHere(MainStatus& status, Progress& place) : Status(status) { Status.ShowProgressIn(&place); }
+  ~ProgressHere() { Status.ShowProgressIn(nullptr); }
+  ProgressHere(const ProgressHere&) = delete;
+  ProgressHere& operator=(const ProgressHere&) = delete;
+
+ private:
+  MainStatus& Status;
+};
+
+} // namespace
+
+void frmClassSet::Begin() {
+  DropPreview();
+  ShowSizes();
+}
+
+void frmClassSet::Follow() {
+  if (isVisible() && !ShownFor.IsCurrent()) Begin();
+}
+
+void frmClassSet::ShowSizes() {
+  ShownFor = ModelAsEntered::Now();
+  for (const RangeFields& range : Ranges) {
+    const std::string size = PresentSize(range.name);
+    range.now->setText(size.empty() ? "none" : QString::fromStdString("now " + size));
+  }
+}
+
+void frmClassSet::DropPreview() {
+  for (const VariantView& view : Views) {
+    view.picture->setPixmap({});
+    view.caption->clear();
+  }
+  classLbl->clear();
+}
+
+void frmClassSet::Say(const std::string& sentence) { classLbl->setText(QString::fromStdString(sentence)); }
+
+ClassPlan frmClassSet::Plan() const {
+  ClassEntry entry;
+  entry.students = studentsTxt->toPlainText().toStdString();
+  entry.seed = static_cast<std::uint64_t>(seedSpin->value());
+  entry.percent = toleranceSpin->value();
+  for (const RangeFields& range : Ranges) {
+    entry.ranges.push_back({range.name, range.from->text().toStdString(), range.to->text().toStdString(),
+                            range.step->text().toStdString()});
+  }
+  for (const AskFields& ask : Asks) {
+    if (!ask.chosen->isChecked()) continue;
+    entry.asks.push_back({ask.name, ask.numbers == nullptr ? "" : ask.numbers->text().toStdString()});
+  }
+  return PlanOfEntry(entry, Frame.ModelName());
+}
+
+std::string frmClassSet::Formats() const {
+  std::string names;
+  for (const FormatBox& each : FormatBoxes) {
+    if (each.chosen->isChecked()) names += (names.empty() ? "" : ",") + each.name;
+  }
+  if (names.empty()) throw ClassFault("No file would be made: choose some kind of them");
+  return names;
+}
+
+/// What can't be done is said in the window.
+void frmClassSet::Try(const std::function<void()>& command) {
+  RebuildKeepingResults();
+  DropPreview();
+  ShowSizes();
+  const ProgressHere here(Frame.Status(), *Work);
+  try {
+    command();
+  } catch (const ClassFault& fault) {
+    Say(std::string(fault.what()) + ".");
+  } catch (const FileError& error) {
+    Say("The folder " + InQuotes(folderTxt->text().toStdString()) + " could not be written: " + error.what() + ".");
+  } catch (const WorkCancelled&) {
+    Say("Cancelled: nothing was made.");
+  }
+}
+
+void frmClassSet::Preview() {
+  Try([this] {
+    const ClassPlan plan = Plan();
+    const std::vector<ClassVariant> variants = FirstVariants(plan, Views.size());
+    for (std::size_t v = 0; v < variants.size(); ++v) ShowVariant(Views[v], variants[v]);
+    Say("The first " + std::to_string(variants.size()) + " of " + CountOf(plan.students.size(), "student") + ".");
+  });
+}
+
+void frmClassSet::ShowVariant(const VariantView& view, const ClassVariant& variant) {
+  QtDrawingSurface surface(view.picture->width(), view.picture->height(), devicePixelRatioF());
+  DrawVariant(variant, surface);
+  view.picture->setPixmap(QPixmap::fromImage(surface.Image()));
+  const std::string varied = variant.varied.empty() ? "" : ": " + variant.varied;
+  view.caption->setText(QString::fromStdString(variant.student + varied));
+}
+
+/// False where the user cancels.
+bool frmClassSet::ChooseFolder() {
+  FileQuestion question;
+  question.title = "New Folder for the Class Set";
+  question.filter = "All files|*.*";
+  question.fileName = folderTxt->text().toStdString();
+  const auto chosen = TheFileDialog().Ask(FileDialogKind::Save, question);
+  if (chosen && !chosen->empty()) folderTxt->setText(QString::fromStdString(*chosen));
+  return chosen && !chosen->empty();
+}
+
+void frmClassSet::Make() {
+  if (folderTxt->text().isEmpty() && !ChooseFolder()) return;
+  Try([this] {
+    const ClassPlan plan = Plan();
+    const std::string folder = folderTxt->text().toStdString();
+    MakeClassSet(plan, ReadClassFormats(Formats()), folder);
+    Say("Made " + folder + ": " + CountOf(plan.students.size(), "student") + ", seed " + std::to_string(plan.seed) +
+        ".");
+    TheShell().Open(folder);
+  });
+}
+
+} // namespace strutwright
