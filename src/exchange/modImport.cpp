@@ -43,6 +43,11 @@ TextKind KindByName(const std::string& name) {
   return small.ends_with(".json") ? TextKind::Json : TextKind::Table;
 }
 
+TextKind KindOf(const std::string& text, const std::string& name) {
+  const TextKind kind = KindOf(text);
+  return kind == TextKind::Unknown ? KindByName(name) : kind;
+}
+
 ModelRows RowsOf(TextKind kind, const std::string& text, const DrawingOptions& options,
                  std::vector<std::string>& remarks) {
   if (kind == TextKind::Dxf) return RowsFromDrawing(ReadDxf(text), options, remarks);
@@ -53,11 +58,11 @@ ModelRows RowsOf(TextKind kind, const std::string& text, const DrawingOptions& o
 
 bool CanBeImported(const std::string& text) { return KindOf(text) != TextKind::Unknown; }
 
+bool IsDrawing(const std::string& text, const std::string& name) { return KindOf(text, name) == TextKind::Dxf; }
+
 ImportedModel ImportText(const std::string& text, const std::string& name, const DrawingOptions& options) {
-  const TextKind kind = KindOf(text);
   ImportedModel imported;
-  imported.model =
-      ModelOf(RowsOf(kind == TextKind::Unknown ? KindByName(name) : kind, text, options, imported.remarks));
+  imported.model = ModelOf(RowsOf(KindOf(text, name), text, options, imported.remarks));
   return imported;
 }
 

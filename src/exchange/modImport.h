@@ -17,6 +17,9 @@ struct ImportedModel {
 /// Whether a text can be a table, JSON or DXF, by how it begins.
 bool CanBeImported(const std::string& text);
 
+/// Whether ImportText takes a text for a drawing, so that its options matter.
+bool IsDrawing(const std::string& text, const std::string& name);
+
 /// Reads a table, JSON or DXF.  The text shows which it is; the end of `name` does where it shows nothing.
 /// Throws ImportError, and nothing has changed then.
 ImportedModel ImportText(const std::string& text, const std::string& name, const DrawingOptions& options);

@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
@@ -124,6 +125,25 @@ TEST_F(QtFileDialogTest, AddsTheDefaultExtensionOnSavingOnly) {
   PutFile(folder.Path("roof"), "");
   EXPECT_TRUE(Opens("roof"));
   EXPECT_EQ(dialog.fileName, folder.Path("roof"));
+}
+
+TEST_F(QtFileDialogTest, AddsTheEndingOfTheKindThatIsChosen) {
+  const auto save = [this] {
+    WhenShown<QFileDialog>([path = InFolder("papers/roof")](QFileDialog& box) {
+      QTest::keyClick(box.findChild<QComboBox*>("fileTypeCombo"), Qt::Key_Down);
+      Enter(box, path);
+    });
+    EXPECT_TRUE(dialog.ShowSave());
+    return dialog.fileName;
+  };
+  dialog.filter = "Drawings|*.dxf|Tables|*.csv";
+  dialog.defaultExtension = "dxf";
+  EXPECT_EQ(save(), folder.Path("papers/roof.csv"));
+  dialog.defaultExtension = "feb"; // no kind of the filter
+  EXPECT_EQ(save(), folder.Path("papers/roof.feb"));
+  dialog.defaultExtension = "dxf";
+  dialog.filter = "Drawings|*.dxf|All files|*.*";
+  EXPECT_EQ(save(), folder.Path("papers/roof.dxf"));
 }
 
 TEST_F(QtFileDialogTest, KeepsItsFileNameWhenCancelled) {

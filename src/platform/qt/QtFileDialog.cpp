@@ -4,9 +4,27 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QStandardPaths>
 
 namespace strutwright {
+
+namespace {
+
+/// The ending that a filter stands for, "Name (*.ending)"; empty where it stands for any.
+QString EndingOf(const QString& filter) {
+  static const QRegularExpression ending(R"(\(\*\.(\w+)\)$)");
+  return ending.match(filter).captured(1);
+}
+
+/// A name without an ending gets that of the kind that the user chooses; where it has one, Qt changes it.
+void FollowFilter(QFileDialog& dialog) {
+  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& chosen) {
+    if (const QString ending = EndingOf(chosen); !ending.isEmpty()) dialog.setDefaultSuffix(ending);
+  });
+}
+
+} // namespace
 
 QStringList QtFileDialog::NameFilters(const QString& filter) {
   QStringList filters;
@@ -38,6 +56,8 @@ std::optional<std::string> QtFileDialog::Ask(FileDialogKind kind, const FileQues
   if (save) dialog.setDefaultSuffix(QString::fromStdString(question.defaultExtension));
   const QFileInfo last(QString::fromStdString(question.fileName));
   if (!question.fileName.empty() && last.dir().exists()) dialog.selectFile(last.filePath());
+  // A default extension that is no kind of the filter is added to every name that has none.
+  if (save && EndingOf(dialog.nameFilters().value(0)) == dialog.defaultSuffix()) FollowFilter(dialog);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   const QString chosen = QDir::toNativeSeparators(dialog.selectedFiles().first());
   LastFolder = QFileInfo(chosen).absolutePath();

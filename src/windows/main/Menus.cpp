@@ -1,6 +1,7 @@
 #include "Menus.h"
 
 #include "EventGuard.h"
+#include "ExchangeCommands.h"
 #include "RecentFilesMenu.h"
 #include "frmAbout.h"
 #include "frmMain.h"
@@ -61,6 +62,12 @@ void MenuBuilder::AddFileMenu() {
   Add(file, "mnuOpen", "&Open...", QKeySequence::Open, [&frame = Frame] { frame.Edit("Open", OpenFromMenu); });
   AddExamples(file);
   AddRestore(file);
+  Add(
+      file, "mnuImport", "&Import...", {}, [&frame = Frame] { ImportChosen(frame); },
+      "Brings in a drawing (DXF), tables (csv, tabs) or JSON from another program");
+  Add(
+      file, "mnuExport", "Ex&port...", {}, [&frame = Frame] { ExportFrom(frame); },
+      "Writes the truss for another program: DXF, csv, JSON or TikZ");
   Add(file, "mnuSave", "&Save", QKeySequence::Save, SaveFromMenu);
   Add(file, "mnuSaveAs", "Save &As...", Keys(QKeySequence::SaveAs, Qt::CTRL | Qt::SHIFT | Qt::Key_S), SaveAsFromMenu);
   // Neither separator of the list shows at all times; of two that follow each other the menu shows one.

@@ -6,6 +6,7 @@
 #include "DisplayState.h"
 #include "EditingState.h"
 #include "EventGuard.h"
+#include "ExchangeCommands.h"
 #include "FramePlace.h"
 #include "MainCentre.h"
 #include "MainStatusBar.h"
@@ -86,6 +87,7 @@ frmMain::frmMain() {
   Live = std::make_unique<LivePresenter>(*this, *Board, *Check, *stsBar);
   Listener = std::make_unique<MainListener>(*this);
   ConnectKeys();
+  ImportDroppedFiles(*this);
   OnSignal(&History.Steps(), &QUndoStack::indexChanged, this, [this] { ShowEntryNote(); });
   resize(StartSize.boundedTo(screen()->availableSize() - WindowFrame));
 }
