@@ -18,6 +18,9 @@ namespace strutwright {
 
 namespace {
 
+constexpr const char* ChangedSinceSolution =
+    "The model has changed since its equations were solved: press Solve first.";
+
 /// Whether there are equations to show; reports what stands against it.
 bool CheckModel() {
   if (NodeCount > MaxAnalysedNodes) {
@@ -81,12 +84,12 @@ FreedomValues SolvePage(const EquationPage& page) {
   return nullptr;
 }
 
-/// A step from the displacements on.
+/// A step from the displacements on; without any nothing happens.
 void StepOn(void (*find)(EquationPage&), EquationStep step) {
   std::optional<EquationPage> page = NextPage();
   if (!page) return;
   if (!page->displacements) {
-    ShowMessage(MessageIcon::Critical, "The model has changed since its equations were solved: press Solve first.");
+    if (CanFindForces()) ShowMessage(MessageIcon::Critical, ChangedSinceSolution);
     return;
   }
   find(*page);
