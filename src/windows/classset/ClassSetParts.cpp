@@ -5,6 +5,7 @@
 #include "frmMain.h"
 
 #include <array>
+#include <cstddef>
 #include <limits>
 
 #include <QCheckBox>
@@ -98,7 +99,8 @@ QGroupBox* frmClassSet::BuildRanges() {
   auto* box = new QGroupBox("What differs from student to student");
   auto* grid = new QGridLayout(box);
   const std::array<const char*, 3> headings{"From", "To", "Step"};
-  for (int column = 0; column < 3; ++column) grid->addWidget(Caption(headings[column]), 0, column + 2);
+  for (int column = 0; column < 3; ++column)
+    grid->addWidget(Caption(headings.at(static_cast<std::size_t>(column))), 0, column + 2);
   AddRange(*grid, "span", "Spa&n");
   AddRange(*grid, "height", "Hei&ght");
   AddRange(*grid, "load", "L&oad");
