@@ -22,6 +22,8 @@ constexpr double BoxedRoom = 2.5;               // pixels around a number
 constexpr double HalfText = ClearSize::LargestText / 2.0;
 constexpr std::array<double, 7> TextRings{12, 20, 30, 42, 56, 72, 90};
 
+bool HasNames(const Sketch& sketch) { return sketch.lines.size() <= MostLinesForLabels; }
+
 /// The text's middle first, or a first step outwards, then farther out, or around it.
 std::vector<PixelPoint> PlacesOf(const SketchText& text) {
   std::vector<PixelPoint> places;
@@ -115,7 +117,7 @@ void MakeLabels(PlacedSketch& placed, const PixelSurface& surface) {
     if (!IsAslant(sketch.arrows[k]))
       add(LabelKind::Arrow, k, sketch.arrows[k].label, ToneColour(sketch.arrows[k].tone));
   }
-  const bool names = sketch.lines.size() <= MostLinesForLabels;
+  const bool names = HasNames(sketch);
   for (std::size_t k = 0; names && k < sketch.lines.size(); ++k) {
     add(LabelKind::Force, k, sketch.lines[k].label, ToneColour(sketch.lines[k].tone));
   }
@@ -131,7 +133,7 @@ void MakeLabels(PlacedSketch& placed, const PixelSurface& surface) {
 
 void LabelSketch(PlacedSketch& placed, const PixelSurface& surface) {
   PlaceAslantLabels(placed, surface);
-  PlaceTexts(placed, surface);
+  if (HasNames(placed.sketch)) PlaceTexts(placed, surface);
   MakeLabels(placed, surface);
   PlaceLabels(placed.scene, nullptr, std::numeric_limits<int>::max());
 }
