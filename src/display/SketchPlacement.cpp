@@ -135,7 +135,7 @@ void AddJointsAndBars(PlacedSketch& placed) {
   SortDirections(truss);
 }
 
-/// Nothing may stand beyond the area.
+/// No label may stand beyond the area.
 void AddWalls(const Bounds& area, OccupiedPlane& plane) {
   constexpr double Thick = 300; // pixels
   const PixelPoint middle{(area.left + area.right) / 2, (area.top + area.bottom) / 2};
@@ -143,16 +143,15 @@ void AddWalls(const Bounds& area, OccupiedPlane& plane) {
   const double halfDown = area.Height() / 2 + Thick;
   for (const double side : {-1.0, 1.0}) {
     const PixelPoint beside{middle.x + side * (area.Width() + Thick) / 2, middle.y};
-    plane.Add({{beside, {1, 0}, Thick / 2, halfDown}, Occupant::Support, 0});
+    plane.Add({{beside, {1, 0}, Thick / 2, halfDown}, Occupant::Support, PlacedSketch::Beyond});
     const PixelPoint above{middle.x, middle.y + side * (area.Height() + Thick) / 2};
-    plane.Add({{above, {1, 0}, halfAcross, Thick / 2}, Occupant::Support, 0});
+    plane.Add({{above, {1, 0}, halfAcross, Thick / 2}, Occupant::Support, PlacedSketch::Beyond});
   }
 }
 
 void Occupy(PlacedSketch& placed, const PixelSurface& surface) {
   ClearScene& scene = placed.scene;
   scene.plane = OccupiedPlane(placed.area, 4 * scene.truss.bars.size() + 2 * scene.truss.joints.size());
-  AddWalls(placed.area, scene.plane);
   for (std::size_t b = 0; b < scene.truss.bars.size(); ++b) {
     const ClearBar& bar = scene.truss.bars[b];
     scene.plane.Add({StripOf(bar.from, bar.to, bar.width), Occupant::Bar, static_cast<int>(b)});
@@ -194,6 +193,7 @@ PlacedSketch PlaceSketch(const Sketch& sketch, const Bounds& area, const PixelSu
     AddJointsAndBars(placed);
     Occupy(placed, surface);
   }
+  AddWalls(placed.area, placed.scene.plane);
   LabelSketch(placed, surface);
   return placed;
 }

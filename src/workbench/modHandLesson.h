@@ -27,6 +27,8 @@ class HandLesson {
   const HandTruss& Truss() const { return TheTruss; }
   const HandSolution& Solution() const { return TheSolution; }
   const std::vector<ZeroMember>& Zeros() const { return TheZeros; }
+  /// Members without force that no joint shows, only the numbers.
+  const std::vector<int>& ZerosByNumbers() const { return ZeroOnlyByNumbers; }
   const ForceDiagram& Diagram() const { return TheDiagram; }
 
   /// What equilibrium can do with this truss, and what is left out of it or changes nothing.

@@ -162,9 +162,9 @@ std::vector<std::string> Faults(const Sketch& sketch, const Bounds& area, Record
 
 TEST_F(HandFiguresTest, ShowsEveryForceOfAJointWithItsValueInsideTheSheet) {
   std::mt19937 random(20);
-  for (const KnownFamily family : {KnownFamily::Pratt, KnownFamily::Howe, KnownFamily::Warren, KnownFamily::FanRoof,
-                                   KnownFamily::KTruss, KnownFamily::Cantilever, KnownFamily::RandomSimple,
-                                   KnownFamily::ThreeHingedArch}) {
+  for (const KnownFamily family :
+       {KnownFamily::Pratt, KnownFamily::Howe, KnownFamily::Warren, KnownFamily::FanRoof, KnownFamily::KTruss,
+        KnownFamily::Cantilever, KnownFamily::RandomSimple, KnownFamily::ThreeHingedArch}) {
     SetModel(MakeTruss(family, 14, random).model);
     truss = ReadHandTruss();
     solution = SolveByHand(truss);
