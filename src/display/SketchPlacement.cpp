@@ -135,7 +135,7 @@ void AddJointsAndBars(PlacedSketch& placed) {
   SortDirections(truss);
 }
 
-/// No label may stand beyond the area.
+/// No label may stand beyond what is left of the area by title and scale.
 void AddWalls(const Bounds& area, OccupiedPlane& plane) {
   constexpr double Thick = 300; // pixels
   const PixelPoint middle{(area.left + area.right) / 2, (area.top + area.bottom) / 2};
@@ -193,7 +193,7 @@ PlacedSketch PlaceSketch(const Sketch& sketch, const Bounds& area, const PixelSu
     AddJointsAndBars(placed);
     Occupy(placed, surface);
   }
-  AddWalls(placed.area, placed.scene.plane);
+  AddWalls(inside, placed.scene.plane);
   LabelSketch(placed, surface);
   return placed;
 }
