@@ -47,8 +47,8 @@ class HandLesson {
   /// computed: with the forces of the analysis, which must have results.
   HandTelling TellJoint(int node, bool computed) const;
 
-  /// A step of the page of joints with the forces of the analysis, which must have results: its joint, or where it takes
-  /// none all forces of the truss beside those by hand.
+  /// A step of the page of joints with the forces of the analysis, which must have results: its joint, or where it
+  /// takes none all forces of the truss beside those by hand.
   HandTelling TellComputed(int step) const;
 
   /// The section along a stroke.  nearness: how close a node counts as hit, in m.
