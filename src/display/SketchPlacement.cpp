@@ -193,7 +193,7 @@ PlacedSketch PlaceSketch(const Sketch& sketch, const Bounds& area, const PixelSu
     AddJointsAndBars(placed);
     Occupy(placed, surface);
   }
-  AddWalls(inside, placed.scene.plane);
+  AddWalls(inside.GrownBy(-2), placed.scene.plane);
   LabelSketch(placed, surface);
   return placed;
 }
