@@ -16,7 +16,7 @@ constexpr std::size_t MotionsTold = 3;
 /// Puts the open model back when it goes.
 class ModelAside {
  public:
-  ModelAside() : Kept(std::exchange(TheModel, ModelState{})) {}
+  ModelAside() : Kept(TheModel) {}
   ~ModelAside() { TheModel = std::move(Kept); }
   ModelAside(const ModelAside&) = delete;
   ModelAside& operator=(const ModelAside&) = delete;

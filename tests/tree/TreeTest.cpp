@@ -163,9 +163,10 @@ const std::map<std::string, std::set<std::string>> AllowedLayers{
     {"bracefold",
      {"platform", "native", "qt", "model", "analysis", "files", "display", "workbench", "windows", "families",
       "bracefold"}},
+    {"cli/plain", {"platform", "native", "model", "analysis", "files", "exchange", "display", "editing"}},
     {"cli",
      {"platform", "native", "qt", "model", "analysis", "check", "files", "exchange", "display", "statics", "editing",
-      "workbench", "report", "worked", "families", "classset"}},
+      "workbench", "report", "worked", "families", "classset", "plain"}},
 };
 
 /// The libraries of the house that a folder's CMakeLists.txt links, by either way of saying so.

@@ -43,7 +43,8 @@ TEST_F(ModelCheckTest, TellsThreeMotionsAtMost) {
     const auto x = static_cast<float>(10 * k);
     bars.nodes.push_back({x, 0, 0, 0, 3});
     bars.nodes.push_back({x + 1, 0, 0, 0, 0});
-    bars.members.push_back({2 * k + 1, 2 * k + 2});
+    const auto first = static_cast<float>(2 * k + 1);
+    bars.members.push_back({first, first + 1});
   }
   const std::vector<std::string> findings = FindingsOf(Stored(bars));
   EXPECT_THAT(findings[0], HasSubstr("5 independent ways"));
