@@ -14,6 +14,8 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QTextFrame>
+#include <QTextTable>
 
 namespace strutwright {
 
@@ -37,12 +39,28 @@ void PaintBody(QPainter& painter, const QTextDocument& text, const QRectF& page)
 
 int PageOf(double y, double pageHeight) { return static_cast<int>(y / pageHeight); }
 
+/// A table without headings holds a formula: its lines belong together, unlike the rows of other tables.
+QTextTable* FormulaAt(const QTextFrame::iterator& part) {
+  auto* table = qobject_cast<QTextTable*>(part.currentFrame());
+  return table != nullptr && table->format().headerRowCount() == 0 ? table : nullptr;
+}
+
+/// Whether a formula that a page could hold stands on two.
+bool IsCut(QTextTable& formula, const QAbstractTextDocumentLayout& layout, double pageHeight) {
+  const QRectF place = layout.frameBoundingRect(&formula);
+  return place.height() <= pageHeight && PageOf(place.top(), pageHeight) != PageOf(place.bottom(), pageHeight);
+}
+
 /// Whether a heading stands at the foot of a page without what it heads.
-bool IsLeftBehind(const QTextBlock& heading, const QAbstractTextDocumentLayout& layout, double pageHeight) {
+bool IsLeftBehind(const QTextFrame::iterator& part, const QAbstractTextDocumentLayout& layout, double pageHeight) {
+  const QTextBlock heading = part.currentBlock();
   const QRectF place = layout.blockBoundingRect(heading);
   const double room = RoomBelowHeading * place.height();
   const int page = PageOf(place.top(), pageHeight);
   if (PageOf(place.bottom() + room, pageHeight) > page) return true;
+  QTextFrame::iterator next = part;
+  QTextTable* formula = (++next).atEnd() ? nullptr : FormulaAt(next);
+  if (formula != nullptr && IsCut(*formula, layout, pageHeight)) return true;
   QTextBlock below = heading.next();
   while (below.isValid() && below.blockFormat().headingLevel() > 0) below = below.next();
   // The paragraph below a picture explains it.
@@ -52,15 +70,35 @@ bool IsLeftBehind(const QTextBlock& heading, const QAbstractTextDocumentLayout& 
   return false;
 }
 
-/// Begins a page with each such heading.  From the first on, because each moves those that follow.
-void KeepHeadingsTogether(QTextDocument& text) {
+void BeginPageWith(const QTextBlock& block) {
+  QTextBlockFormat format = block.blockFormat();
+  format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+  QTextCursor(block).setBlockFormat(format);
+}
+
+/// A sentence that leads to the formula goes with it.
+void BeginPageWith(QTextTable& formula, const QTextBlock& before) {
+  if (before.isValid() && before.text().endsWith(':')) return BeginPageWith(before);
+  QTextTableFormat format = formula.format();
+  format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+  formula.setFormat(format);
+}
+
+/// Begins a page with each heading that would be left behind, and with each formula that would be cut.  From the first
+/// on, because each moves those that follow.
+void KeepTogether(QTextDocument& text) {
   const double pageHeight = text.pageSize().height();
-  for (QTextBlock block = text.begin(); block.isValid(); block = block.next()) {
-    if (block.blockFormat().headingLevel() == 0 || !IsLeftBehind(block, *text.documentLayout(), pageHeight)) continue;
-    QTextBlockFormat format = block.blockFormat();
-    format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
-    QTextCursor(block).setBlockFormat(format);
-    text.markContentsDirty(0, text.characterCount()); // or what follows is not laid out anew
+  const QAbstractTextDocumentLayout& layout = *text.documentLayout();
+  QTextBlock before; // the paragraph just above, if there is one
+  for (QTextFrame::iterator part = text.rootFrame()->begin(); !part.atEnd(); ++part) {
+    QTextTable* formula = FormulaAt(part);
+    const bool isHeading = part.currentBlock().isValid() && part.currentBlock().blockFormat().headingLevel() > 0;
+    const bool moves = (formula != nullptr && IsCut(*formula, layout, pageHeight)) ||
+                       (isHeading && IsLeftBehind(part, layout, pageHeight));
+    if (moves && isHeading) BeginPageWith(part.currentBlock());
+    if (moves && !isHeading) BeginPageWith(*formula, before);
+    if (moves) text.markContentsDirty(0, text.characterCount()); // or what follows is not laid out anew
+    before = part.currentBlock();
   }
 }
 
@@ -95,7 +133,7 @@ void LayOut(QTextDocument& text, const PaperDocument& document, QPagedPaintDevic
   text.setDocumentMargin(0);
   text.setHtml(QString::fromStdString(document.html));
   text.setPageSize(QSizeF(device.width(), device.height() - FootHeight(device)));
-  KeepHeadingsTogether(text);
+  KeepTogether(text);
 }
 
 int PaintPages(const PaperDocument& document, QPagedPaintDevice& device, PageRange range) {

@@ -26,11 +26,17 @@ class EquationModel : public QAbstractTableModel {
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
+  Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+  /// Keeps what was typed into a blank cell; judging it is another thing.
+  bool setData(const QModelIndex& index, const QVariant& value, int role) override;
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
   bool IsZero(int row, int column) const;
   QVariant Value(int row, int column, int role) const;
+  QVariant BlankValue(int row, int column, int role) const;
+  QString Text(int row, int column) const;
 
   EquationGrid TheGrid;
   const QWidget& View;
