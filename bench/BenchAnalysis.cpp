@@ -6,8 +6,8 @@
 #include "GeneralSolvers.h"
 #include "HeapUse.h"
 #include "LargeModels.h"
-#include "MessageBoxes.h"
 #include "Platform.h"
+#include "SilentBoxes.h"
 #include "modAnalysis.h"
 #include "modColumns.h"
 #include "modModelStore.h"
@@ -28,13 +28,6 @@
 namespace strutwright {
 namespace {
 
-/// Shows nothing: a benchmark's models are sound.
-class SilentDesktop : public MessageBoxes {
- public:
-  void Show(const Message& message) override { throw std::runtime_error(message.text); }
-  bool Ask(const Message& question) override { throw std::runtime_error(question.text); }
-};
-
 constexpr std::uint32_t Seed = 1;
 constexpr double Megabyte = 1e6;
 constexpr std::size_t Repetitions = 5;
@@ -52,8 +45,8 @@ ModelData ModelOf(int numbering, int nodes) {
 }
 
 void Prepare(const benchmark::State& state) {
-  static SilentDesktop desktop;
-  ThePlatform() = {.messages = &desktop};
+  static SilentBoxes boxes;
+  ThePlatform() = {.messages = &boxes};
   SetTables(ModelOf(static_cast<int>(state.range(0)), static_cast<int>(state.range(1))));
   DofCount = static_cast<std::int16_t>(2 * NodeCount);
 }

@@ -2,10 +2,10 @@
 
 #include "AnalysisState.h"
 #include "LongWork.h"
-#include "MessageBoxes.h"
 #include "ModelBuilder.h"
 #include "NativeFileSystem.h"
 #include "Platform.h"
+#include "SilentBoxes.h"
 #include "modAnalysis.h"
 #include "modModelFile.h"
 #include "modModelStore.h"
@@ -14,7 +14,6 @@
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
-#include <stdexcept>
 #include <string>
 
 #include <unistd.h>
@@ -24,18 +23,11 @@
 namespace strutwright {
 namespace {
 
-/// Shows nothing: a benchmark's models are sound.
-class SilentDesktop : public MessageBoxes {
- public:
-  void Show(const Message& message) override { throw std::runtime_error(message.text); }
-  bool Ask(const Message& question) override { throw std::runtime_error(question.text); }
-};
-
 /// Sets the process up with a Pratt truss of so many nodes, in the tables and in the grids.
 void Prepare(const benchmark::State& state) {
-  static SilentDesktop desktop;
+  static SilentBoxes boxes;
   static NativeFileSystem disk;
-  ThePlatform() = {.messages = &desktop, .files = &disk};
+  ThePlatform() = {.messages = &boxes, .files = &disk};
   SetModel(PrattTruss(static_cast<int>(state.range(0))));
   DofCount = static_cast<std::int16_t>(2 * NodeCount);
 }

@@ -1,14 +1,12 @@
 // How long the equations view takes for a truss of 5000 nodes: a press, and what a repaint asks of it.
 
 #include "EquationsState.h"
-#include "MessageBoxes.h"
 #include "ModelBuilder.h"
 #include "Platform.h"
+#include "SilentBoxes.h"
 #include "modEquationCells.h"
 #include "modEquationSteps.h"
 #include "modEquationTexts.h"
-
-#include <stdexcept>
 
 #include <benchmark/benchmark.h>
 
@@ -17,16 +15,9 @@ namespace {
 
 constexpr int Nodes = 5000;
 
-/// Shows nothing: a benchmark's models are sound.
-class SilentDesktop : public MessageBoxes {
- public:
-  void Show(const Message& message) override { throw std::runtime_error(message.text); }
-  bool Ask(const Message& question) override { throw std::runtime_error(question.text); }
-};
-
 void Prepare() {
-  static SilentDesktop desktop;
-  ThePlatform() = {.messages = &desktop};
+  static SilentBoxes boxes;
+  ThePlatform() = {.messages = &boxes};
   TheEquations = EquationsState{};
   SetModel(PrattTruss(Nodes));
 }

@@ -3,19 +3,16 @@
 
 #include "AnalysisState.h"
 #include "DisplayState.h"
-#include "MessageBoxes.h"
 #include "ModelBuilder.h"
 #include "Platform.h"
 #include "QtDrawingSurface.h"
+#include "WindowBench.h"
 #include "modModelStore.h"
 #include "modRedraw.h"
 #include "modViewTransform.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <stdexcept>
-
-#include <QGuiApplication>
 
 #include <benchmark/benchmark.h>
 
@@ -24,13 +21,6 @@ namespace {
 
 constexpr int Columns = 100;
 constexpr int Rows = 50;
-
-/// Shows no box: what is drawn here is sound.
-class Desktop : public MessageBoxes {
- public:
-  void Show(const Message& message) override { throw std::runtime_error(message.text); }
-  bool Ask(const Message& question) override { throw std::runtime_error(question.text); }
-};
 
 /// 5000 nodes on a lattice a metre wide, each with a load, and 10000 members between neighbours; supports below.
 ModelData Lattice() {
@@ -67,8 +57,8 @@ void MakeUpResults() {
 class Screen {
  public:
   Screen() {
-    static Desktop desktop;
-    ThePlatform() = {.messages = &desktop};
+    static SilentBoxes boxes;
+    ThePlatform() = {.messages = &boxes};
     SetTables(Lattice());
     MakeUpResults();
     DisplaySurface = &surface;
@@ -114,8 +104,5 @@ BENCHMARK(Pan)->Arg(1)->Arg(2)->Arg(4)->Arg(16)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QGuiApplication application(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  return 0;
+  return strutwright::RunBenchmarks(argc, argv);
 }

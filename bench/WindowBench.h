@@ -1,9 +1,8 @@
 #pragma once
 
-#include "MessageBoxes.h"
+#include "SilentBoxes.h"
 
 #include <fstream>
-#include <stdexcept>
 
 #include <QApplication>
 
@@ -12,13 +11,6 @@
 #include <benchmark/benchmark.h>
 
 namespace strutwright {
-
-/// Shows nothing: a benchmark's models are sound.
-class SilentBoxes : public MessageBoxes {
- public:
-  void Show(const Message& message) override { throw std::runtime_error(message.text); }
-  bool Ask(const Message& question) override { throw std::runtime_error(question.text); }
-};
 
 /// What of this process is in memory, in MB.
 inline double ResidentMegabytes() {

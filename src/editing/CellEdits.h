@@ -22,7 +22,7 @@ class CellEdits {
   /// Writes after PutBack what was put last.
   void PutAgain();
 
-  /// Whether a cell has another text now than at first.
+  /// Whether what was put last into any cell is another text than stood there at first.
   bool ChangeAny() const;
 
  private:

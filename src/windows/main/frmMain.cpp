@@ -348,14 +348,13 @@ void frmMain::RestorePlace() {
   if (TakeFramePlace(*this, *Centre)) Live->Switch(true);
 }
 
-/// A place that can't be kept is no reason to hold the user up.
 void frmMain::closeEvent(QCloseEvent* event) {
   Guard([this] { CommitPendingEdit(); });
   Recovery.KeepNow();
   try {
     KeepFramePlace(*this, *Centre);
   } catch (const FileError&) {
-    // The next start uses the place before.
+    // No reason to hold the user up: the next start uses the place before.
   }
   Ending = true;
   Board->StopClock();
