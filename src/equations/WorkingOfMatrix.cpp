@@ -86,20 +86,16 @@ Cells CellsOf(const MemberShare& share) {
   return FourByFour([&](int row, int column) { return ShownNumber(share.k(row, column), MemberLink(share.matrixOf)); });
 }
 
-/// Its own matrix: in letters, and on paper, which has the room, in numbers too.
-void WriteMatrix(const MemberShare& share, WorkingWriter& writer) {
-  const int m = share.member;
-  if (!writer.IsForDocument()) return writer.Write(SideBySide({GeometryOf(m), LettersOfMatrix(m)}));
-  writer.Write(GeometryOf(m));
+/// The member's own matrix, in letters and in numbers.
+Formula MatrixOfMember(const MemberShare& share) {
   const std::vector<int> freedoms(share.freedoms.begin() + 1, share.freedoms.end());
-  writer.Write(RowOf({LettersOfMatrix(m), SignOf("="), MatrixAt(freedoms, CellsOf(share)), Unit("kN/mm")}));
+  return RowOf({LettersOfMatrix(share.member), SignOf("="), MatrixAt(freedoms, CellsOf(share)), Unit("kN/mm")});
 }
 
 /// K so far at the freedoms of the member, its matrix, and K with it.
 void WriteSum(const MemberShare& share, const StiffnessMatrix& K, WorkingWriter& writer) {
   const std::vector<int> freedoms(share.freedoms.begin() + 1, share.freedoms.end());
   const auto at = [&](int place) { return freedoms[static_cast<std::size_t>(place - 1)]; };
-  const std::string m = std::to_string(share.member);
   const Cells ofMember = CellsOf(share);
   const auto before = FourByFour([&](int row, int column) {
     return ShownNumber(share.before[static_cast<std::size_t>(4 * (row - 1) + column - 1)],
@@ -108,8 +104,7 @@ void WriteSum(const MemberShare& share, const StiffnessMatrix& K, WorkingWriter&
   const auto after = FourByFour([&](int row, int column) {
     return InTone(FormulaTone::Strong, ShownNumber(K(at(row), at(column)), EntryLink(at(row), at(column))));
   });
-  writer.Say("Each of the 16 numbers of member " + m +
-             " goes where the row and the column of its freedoms cross in K, kN/mm: sum so far + share = new sum.");
+  writer.Say("Each number goes where its row and column cross in K: sum so far + share = new sum, in kN/mm.");
   writer.Write(RowOf({MatrixAt(freedoms, before), SignOf("+"), MatrixOf(ofMember), SignOf("="), MatrixOf(after)}));
 }
 
@@ -159,7 +154,10 @@ void WriteMemberHeading(const EquationPage& page, WorkingWriter& writer) {
 void WriteMember(const EquationPage& page, WorkingWriter& writer) {
   if (page.lastFreedoms[1] == 0 || page.viewStiffness->Shares().empty()) return;
   const MemberShare& share = page.viewStiffness->Shares().back();
-  if (page.matrixOf == page.lastMember) WriteMatrix(share, writer);
+  if (page.matrixOf == page.lastMember) {
+    writer.Write(GeometryOf(page.lastMember));
+    writer.Write(MatrixOfMember(share));
+  }
   WriteSum(share, page.viewStiffness->Values(), writer);
 }
 

@@ -67,8 +67,9 @@ TEST_F(WorkingTest, ShowsThePublishedMatricesOfFourNodesAndThreeBars) {
   PressAddMember(1);
   EXPECT_THAT(Pane(), HasSubstr("L = \u221A((1.6 \u2212 0)^2 + (0 \u2212 0)^2) = 1.6 m; "));
   EXPECT_THAT(Pane(), HasSubstr("(EA) / (L) = (200 \u00B7 600) / (1600) = 75 kN/mm; "));
-  EXPECT_THAT(Pane(), HasSubstr(" + [75 0 -75 0; 0 0 0 0; -75 0 75 0; 0 0 0 0] = "));
+  EXPECT_THAT(Pane(), HasSubstr("= [75 0 -75 0; 0 0 0 0; -75 0 75 0; 0 0 0 0] kN/mm"));
   PressAddMember(2);
+  EXPECT_THAT(Pane(), HasSubstr("= [64 -48 -64 48; -48 36 48 -36; -64 48 64 -48; 48 -36 -48 36] kN/mm"));
   EXPECT_THAT(Pane(),
               HasSubstr("[0 0 0 0; 0 0 0 0; 0 0 75 0; 0 0 0 50] + [64 -48 -64 48; -48 36 48 -36; -64 48 64 -48; "
                         "48 -36 -48 36] = [64 -48 -64 48; -48 36 48 -36; -64 48 139 -48; 48 -36 -48 86]"));
@@ -101,6 +102,7 @@ TEST_F(WorkingTest, ShowsThePublishedNumbersOfThreeBarsAtACorner) {
                             "-176.78 -176.78 176.78 176.78; -176.78 -176.78 176.78 176.78]";
   EXPECT_THAT(document, HasSubstr("= " + share + " kN/mm"));
   PressAddMember(2);
+  EXPECT_THAT(Pane(), HasSubstr("= " + share + " kN/mm"));
   EXPECT_THAT(Pane(), HasSubstr(" + " + share + " = [176.78 176.78 -176.78 -176.78; 176.78 676.78 "));
   StepShowGlobalK();
   StepRestrict();
@@ -251,7 +253,7 @@ TEST_F(WorkingTest, FindsNoForcesBeforeTheDisplacements) {
 TEST_F(WorkingTest, AgreesWithTheTablesInPaneAndDocument) {
   std::mt19937 random(20261122);
   for (int round = 0; round < 100; ++round) {
-    ModelData model = PrattTruss(4 + 2 * static_cast<int>(random() % 3));
+    ModelData model = PrattTruss(4 + 2 * static_cast<int>(random() % 2));
     for (NodeData& node : model.nodes) {
       node.x += static_cast<float>(random() % 100) / 400.0F;
       node.forceX = static_cast<float>(random() % 50);

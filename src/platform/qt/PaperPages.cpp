@@ -24,6 +24,7 @@ namespace {
 constexpr double FootSize = 8; // points
 constexpr double FootLines = 2.5;
 constexpr double RoomBelowHeading = 4; // that a page must have, in heights of the heading
+constexpr int PartsHeaded = 3;         // parts below a heading among which a formula belongs to it
 
 /// The text black on white, whatever the desktop's colours are.
 void PaintBody(QPainter& painter, const QTextDocument& text, const QRectF& page) {
@@ -51,6 +52,11 @@ bool IsCut(QTextTable& formula, const QAbstractTextDocumentLayout& layout, doubl
   return place.height() <= pageHeight && PageOf(place.top(), pageHeight) != PageOf(place.bottom(), pageHeight);
 }
 
+bool IsHeading(const QTextBlock& block) { return block.isValid() && block.blockFormat().headingLevel() > 0; }
+
+/// Whether it is a sentence that leads to what is below.
+bool LeadsOn(const QTextBlock& block) { return block.isValid() && block.text().endsWith(':'); }
+
 /// Whether a heading stands at the foot of a page without what it heads.
 bool IsLeftBehind(const QTextFrame::iterator& part, const QAbstractTextDocumentLayout& layout, double pageHeight) {
   const QTextBlock heading = part.currentBlock();
@@ -59,10 +65,13 @@ bool IsLeftBehind(const QTextFrame::iterator& part, const QAbstractTextDocumentL
   const int page = PageOf(place.top(), pageHeight);
   if (PageOf(place.bottom() + room, pageHeight) > page) return true;
   QTextFrame::iterator next = part;
-  QTextTable* formula = (++next).atEnd() ? nullptr : FormulaAt(next);
-  if (formula != nullptr && IsCut(*formula, layout, pageHeight)) return true;
+  for (int parts = 0; parts < PartsHeaded && !(++next).atEnd(); ++parts) {
+    if (parts == 0 && IsHeading(next.currentBlock()) && IsLeftBehind(next, layout, pageHeight)) return true;
+    QTextTable* formula = FormulaAt(next);
+    if (formula != nullptr) return PageOf(layout.frameBoundingRect(formula).bottom(), pageHeight) > page;
+  }
   QTextBlock below = heading.next();
-  while (below.isValid() && below.blockFormat().headingLevel() > 0) below = below.next();
+  while (IsHeading(below)) below = below.next();
   // The paragraph below a picture explains it.
   for (int block = 0; block < 2 && below.isValid(); ++block, below = below.next()) {
     if (PageOf(layout.blockBoundingRect(below).bottom(), pageHeight) > page) return true;
@@ -76,9 +85,9 @@ void BeginPageWith(const QTextBlock& block) {
   QTextCursor(block).setBlockFormat(format);
 }
 
-/// A sentence that leads to the formula goes with it.
+/// The sentence that leads to the formula goes with it.
 void BeginPageWith(QTextTable& formula, const QTextBlock& before) {
-  if (before.isValid() && before.text().endsWith(':')) return BeginPageWith(before);
+  if (LeadsOn(before)) return BeginPageWith(before);
   QTextTableFormat format = formula.format();
   format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
   formula.setFormat(format);
@@ -92,7 +101,7 @@ void KeepTogether(QTextDocument& text) {
   QTextBlock before; // the paragraph just above, if there is one
   for (QTextFrame::iterator part = text.rootFrame()->begin(); !part.atEnd(); ++part) {
     QTextTable* formula = FormulaAt(part);
-    const bool isHeading = part.currentBlock().isValid() && part.currentBlock().blockFormat().headingLevel() > 0;
+    const bool isHeading = IsHeading(part.currentBlock());
     const bool moves = (formula != nullptr && IsCut(*formula, layout, pageHeight)) ||
                        (isHeading && IsLeftBehind(part, layout, pageHeight));
     if (moves && isHeading) BeginPageWith(part.currentBlock());

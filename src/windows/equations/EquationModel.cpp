@@ -17,15 +17,6 @@ constexpr QColor WrongColour(220, 60, 60);
 
 int Mix(int base, int colour, double share = TintStrength) { return qRound(base + share * (colour - base)); }
 
-/// Of a zero: it steps back behind the other numbers, and stays legible.
-QColor ZeroColour(const QPalette& theme) {
-  constexpr double strength = 0.55;
-  const QColor base = theme.color(QPalette::Base);
-  const QColor text = theme.color(QPalette::Text);
-  return {Mix(base.red(), text.red(), strength), Mix(base.green(), text.green(), strength),
-          Mix(base.blue(), text.blue(), strength)};
-}
-
 } // namespace
 
 QColor TintColour(CellTint tint, const QPalette& theme) {
@@ -39,6 +30,14 @@ QColor TintColour(CellTint tint, const QPalette& theme) {
   case CellTint::Wrong: colour = WrongColour; break;
   }
   return {Mix(base.red(), colour.red()), Mix(base.green(), colour.green()), Mix(base.blue(), colour.blue())};
+}
+
+QColor ZeroColour(const QPalette& theme) {
+  constexpr double strength = 0.55;
+  const QColor base = theme.color(QPalette::Base);
+  const QColor text = theme.color(QPalette::Text);
+  return {Mix(base.red(), text.red(), strength), Mix(base.green(), text.green(), strength),
+          Mix(base.blue(), text.blue(), strength)};
 }
 
 EquationModel::EquationModel(EquationGrid grid, const QWidget& view) : TheGrid(grid), View(view) { Refresh(); }

@@ -11,6 +11,9 @@ namespace strutwright {
 /// text stays legible on it.
 QColor TintColour(CellTint tint, const QPalette& theme);
 
+/// Of a zero among other numbers: it steps back behind them, and stays legible.
+QColor ZeroColour(const QPalette& theme);
+
 /// One grid of the equations view as Qt's views see it: row 0 and column 0 are the headers, every other cell is a cell
 /// of the model, one less in both numbers.  It keeps no text: a cell is formatted when it is painted.
 class EquationModel : public QAbstractTableModel {

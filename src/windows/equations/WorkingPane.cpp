@@ -1,5 +1,6 @@
 #include "WorkingPane.h"
 
+#include "EquationModel.h"
 #include "EventGuard.h"
 #include "modWorkedFiles.h"
 #include "modWorking.h"
@@ -20,17 +21,9 @@ constexpr std::array<double, 4> TextSizes{1, 0.92, 0.85, 0.78}; // of the window
 constexpr double MuchTooHigh = 2; // no size makes a text of so many heights of the pane fit
 constexpr const char* DenseStyle = "p, h3 { margin-top: 2px; margin-bottom: 3px; } h3 { font-size: large; }"
                                    "td, th { padding-left: 6px; padding-right: 6px; }";
-constexpr double FaintShare = 0.55; // of the text's colour in that of a zero, the rest is the ground's
-
-QString NameOfMix(const QPalette& theme, double share) {
-  const QColor text = theme.color(QPalette::Text);
-  const QColor base = theme.color(QPalette::Base);
-  const auto mix = [share](int one, int other) { return qRound(other + share * (one - other)); };
-  return QColor(mix(text.red(), base.red()), mix(text.green(), base.green()), mix(text.blue(), base.blue())).name();
-}
 
 FormulaInk InkOf(const QPalette& theme) {
-  return {NameOfMix(theme, 1).toStdString(), NameOfMix(theme, FaintShare).toStdString(), true};
+  return {theme.color(QPalette::Text).name().toStdString(), ZeroColour(theme).name().toStdString(), true};
 }
 
 } // namespace
