@@ -59,13 +59,24 @@ void JoinBeyond(TableLine& line, std::size_t count) {
 
 } // namespace
 
+TableText ReadableTable(const std::string& text) {
+  constexpr std::string_view mark = "\xEF\xBB\xBF";
+  constexpr std::string_view name = "sep=";
+  const std::size_t begin = text.starts_with(mark) ? mark.size() : 0;
+  const std::size_t end = std::min(text.find_first_of("\r\n", begin), text.size());
+  const bool isTold = end == begin + name.size() + 1 && InSmallLetters(text.substr(begin, name.size())) == name;
+  if (!isTold) return {text, SeparatorOf(text)};
+  return {text.substr(end), text[end - 1]};
+}
+
 std::vector<ClassRow> ReadClassTable(const std::string& text, const std::vector<std::string_view>& columns,
                                      const std::string& what) {
   std::vector<ClassRow> rows;
   std::vector<std::size_t> places;
   std::size_t width = 0;
   try {
-    CsvReader reader(text, SeparatorOf(text));
+    const TableText table = ReadableTable(text);
+    CsvReader reader(table.text, table.separator);
     while (!reader.AtEnd()) {
       TableLine line = reader.Next();
       if (HasNoText(line)) continue;

@@ -6,6 +6,14 @@
 
 namespace strutwright {
 
+/// A table as the program reads it: the line "sep=;", with which spreadsheets begin some, is blank, and what it names
+/// stands between the values.
+struct TableText {
+  std::string text;
+  char separator;
+};
+TableText ReadableTable(const std::string& text);
+
 /// A row of a table of texts with the values of the columns that were asked for.
 struct ClassRow {
   int line = 0; ///< where it stands, from 1

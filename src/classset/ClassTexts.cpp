@@ -1,6 +1,7 @@
 #include "ClassTexts.h"
 
 #include "modNumberText.h"
+#include "modTables.h"
 
 #include <charconv>
 #include <cmath>
@@ -12,6 +13,15 @@ std::string InQuotes(std::string_view text) { return "\"" + std::string(text) + 
 
 std::string CountOf(std::size_t count, const std::string& one) {
   return std::to_string(count) + " " + one + (count == 1 ? "" : "s");
+}
+
+std::string PlainName(const std::string& name) {
+  std::string plain;
+  for (const char c : InSmallLetters(name)) {
+    if (c == ' ' && (plain.empty() || plain.back() == ' ')) continue;
+    plain += c;
+  }
+  return plain;
 }
 
 std::optional<double> PlainNumber(std::string_view text) {

@@ -13,6 +13,9 @@ std::string InQuotes(std::string_view text);
 /// "1 student", "7 students".
 std::string CountOf(std::size_t count, const std::string& one);
 
+/// A name with single blanks and in small letters: names that differ in nothing else mean the same question.
+std::string PlainName(const std::string& name);
+
 /// The value of a plain number text in double precision; nothing for another text.
 std::optional<double> PlainNumber(std::string_view text);
 

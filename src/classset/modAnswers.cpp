@@ -1,4 +1,5 @@
 #include "AnalysisState.h"
+#include "LargestValues.h"
 #include "PreciseText.h"
 #include "modAnalysis.h"
 #include "modMember.h"
@@ -13,7 +14,6 @@ namespace strutwright {
 namespace {
 
 constexpr int MostDigits = 5;            // of an answer, where so many are sure
-constexpr double NoValue = 1e-5;         // of the largest value of the kind: rounding
 constexpr double FloorOfTolerance = 0.1; // of what the largest value may be off
 constexpr double LeastTolerance = 0.001; // where all values of the kind are zero
 
@@ -32,18 +32,6 @@ double ValueIn(const Question& question) {
   case AskKind::Stiffness: return MatrixOfMember(question.number)(question.row, question.column);
   default: return 0;
   }
-}
-
-double LargestForce() {
-  double largest = 0;
-  for (int m = 1; m <= MemberCount; ++m) largest = std::max<double>(largest, std::fabs(MemberForce(m)));
-  return largest;
-}
-
-double LargestDisplacement() {
-  double largest = 0;
-  for (const float each : Displacements) largest = std::max<double>(largest, std::fabs(each));
-  return largest;
 }
 
 /// The entries at free directions mean nothing.

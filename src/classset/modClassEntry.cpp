@@ -2,6 +2,8 @@
 
 #include "ClassFault.h"
 #include "ClassTexts.h"
+#include "Ensure.h"
+#include "Platform.h"
 #include "modModelStore.h"
 #include "modNumberText.h"
 #include "modPlaces.h"
@@ -10,6 +12,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <optional>
 
 namespace strutwright {
@@ -40,6 +43,28 @@ std::optional<Variation> RangeEntered(const RangeTexts& range) {
   return ReadVariation(range.name + ":" + texts[0] + ".." + texts[1] + ":" + texts[2]);
 }
 
+const FieldDescription* NumberNamed(const std::string& quantity) {
+  const auto found = std::find_if(TrussFields.begin(), TrussFields.end(),
+                                  [&quantity](const FieldDescription& each) { return each.option == quantity; });
+  return found == TrussFields.end() ? nullptr : &*found;
+}
+
+ClassSource OpenModel(const std::string& model) {
+  return {LastComponent(model), {GridCapacity, NodeCount, MemberCount, NodeTable, MemberTable}, nullptr, {}};
+}
+
+ClassSource FamilyEntered(const ClassEntry& entry) {
+  const TrussFamily* family = FamilyNamed(entry.family);
+  Ensure(family != nullptr, "only families that there are can be chosen");
+  ClassSource source{std::string(family->title), {}, family, StandardTexts(*family)};
+  for (const RangeTexts& range : entry.ranges) {
+    const std::string value(TrimBlanks(range.value));
+    const FieldDescription* number = NumberNamed(range.name);
+    if (number != nullptr && !value.empty()) source.texts[number->field] = value;
+  }
+  return source;
+}
+
 Ask AskEntered(const AskTexts& ask) {
   const std::string numbers(TrimBlanks(ask.numbers));
   return ReadAsk(numbers.empty() ? ask.name : ask.name + ":" + numbers);
@@ -49,7 +74,7 @@ Ask AskEntered(const AskTexts& ask) {
 
 ClassPlan PlanOfEntry(const ClassEntry& entry, const std::string& model) {
   ClassPlan plan;
-  plan.source = {LastComponent(model), {GridCapacity, NodeCount, MemberCount, NodeTable, MemberTable}, nullptr, {}};
+  plan.source = entry.family.empty() ? OpenModel(model) : FamilyEntered(entry);
   plan.students = StudentsEntered(entry.students);
   for (const RangeTexts& range : entry.ranges) {
     if (const auto variation = RangeEntered(range)) plan.variations.push_back(*variation);
@@ -64,10 +89,41 @@ ClassPlan PlanOfEntry(const ClassEntry& entry, const std::string& model) {
   return plan;
 }
 
+std::vector<FamilyChoice> FamilyChoices() {
+  std::vector<FamilyChoice> choices;
+  for (const TrussFamily& each : TrussFamilies()) choices.push_back({std::string(each.name), std::string(each.title)});
+  return choices;
+}
+
+std::string FamilyNumber(const std::string& family, const std::string& quantity) {
+  const TrussFamily* found = FamilyNamed(family);
+  const FieldDescription* number = NumberNamed(quantity);
+  if (found == nullptr || number == nullptr || !IsUsed(*found, number->field)) return "";
+  return StandardTexts(*found)[number->field];
+}
+
+std::string FamilyUnit(const std::string& quantity) {
+  const FieldDescription* number = NumberNamed(quantity);
+  return number == nullptr ? "" : std::string(number->unit);
+}
+
+std::string NamesInFile(const std::string& path) {
+  constexpr std::size_t most = 1'000'000; // bytes, many times what a thousand names take
+  std::string names;
+  try {
+    for (const std::string& name : ReadStudents(Files().Read(path, 0, most))) names += name + "\n";
+  } catch (const FileError& error) {
+    throw ClassFault("The list " + InQuotes(path) + " can't be read: " + error.what());
+  }
+  return names;
+}
+
 std::vector<ClassVariant> FirstVariants(ClassPlan plan, std::size_t most) {
   plan.students.resize(std::min(plan.students.size(), most));
   return MakeVariants(plan);
 }
+
+bool CanVaryInModel(const std::string& quantity) { return IsModelQuantity(quantity); }
 
 std::string PresentSize(const std::string& quantity) {
   return SizeText({GridCapacity, NodeCount, MemberCount, NodeTable, MemberTable}, quantity);

@@ -16,6 +16,7 @@ struct RangeTexts {
   std::string from; ///< blank like the other two where the quantity is the same for all
   std::string to;
   std::string step;
+  std::string value = {}; ///< of a family: the number that is the same for all; blank: the family's own
 };
 
 /// A question as the fields of a window hold it.
@@ -31,9 +32,26 @@ struct ClassEntry {
   double percent = 1;
   std::vector<RangeTexts> ranges;
   std::vector<AskTexts> asks; ///< those that are chosen
+  std::string family = {};    ///< its name; empty: the model in the tables
 };
 
-/// What the entries mean for the model in the tables.
+/// A family of trusses that can stand in for the model.
+struct FamilyChoice {
+  std::string name;
+  std::string title;
+};
+std::vector<FamilyChoice> FamilyChoices();
+
+/// The number with which a family begins, such as "24" for "span"; empty where the number says nothing about it.
+std::string FamilyNumber(const std::string& family, const std::string& quantity);
+
+/// The unit of such a number; empty where it has none.
+std::string FamilyUnit(const std::string& quantity);
+
+/// The names of a list of students in a file, a line each.  Throws ClassFault.
+std::string NamesInFile(const std::string& path);
+
+/// What the entries mean for the model in the tables, or for the family.
 /// model: the path of its file, or where it has none its name.
 /// Throws ClassFault.
 ClassPlan PlanOfEntry(const ClassEntry& entry, const std::string& model);

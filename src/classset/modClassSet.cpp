@@ -211,6 +211,7 @@ void CheckSource(const ClassPlan& plan) {
   if (!ofFamily && plan.source.model.nodeCount == 0) throw ClassFault("The model has no nodes: build a truss first");
   CheckVariations(plan.source, plan.variations);
   if (ofFamily) return;
+  const KeptModel kept;
   PutInTables(plan.source.model);
   const CheckReport check = CheckAnswer(AnalysisOutcome::None);
   if (!check.stability.Stable()) {
@@ -244,13 +245,15 @@ void PutInTables(const StoredModel& model) {
 }
 
 std::vector<ClassVariant> MakeVariants(const ClassPlan& plan) {
-  const KeptModel kept;
   CheckSource(plan);
   LongWork work("Making the variants");
   VariantMaker maker(plan);
   std::vector<ClassVariant> variants;
   for (const std::string& student : plan.students) {
-    variants.push_back(maker.VariantFor(student));
+    {
+      const KeptModel kept; // the open model is back whenever a window may draw it
+      variants.push_back(maker.VariantFor(student));
+    }
     work.Done(static_cast<double>(variants.size()) / static_cast<double>(plan.students.size()));
   }
   return variants;

@@ -47,7 +47,7 @@ std::vector<KeyEntry> ReadKey(const std::string& text) {
   std::set<std::pair<std::string, std::string>> known;
   for (const ClassRow& row : ReadClassTable(text, {"student", "question", "answer", "tolerance", "unit"}, "The key")) {
     const KeyEntry entry = EntryOf(row);
-    if (!known.emplace(entry.student, entry.question).second) {
+    if (!known.emplace(entry.student, PlainName(entry.question)).second) {
       throw ClassFault("Line " + std::to_string(row.line) + " of the key: the question " + InQuotes(entry.question) +
                        " of " + InQuotes(entry.student) + " is there twice");
     }

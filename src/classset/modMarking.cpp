@@ -23,16 +23,6 @@ constexpr const char* NoAnswerText = "no answer";
 constexpr const char* UnreadableText = "can't be read";
 constexpr double CopiedTolerance = 0.001; // of a value: no one comes so near to another sheet's by chance
 
-/// A question's name with single blanks and in small letters.
-std::string Normal(const std::string& name) {
-  std::string normal;
-  for (const char c : InSmallLetters(name)) {
-    if (c == ' ' && (normal.empty() || normal.back() == ' ')) continue;
-    normal += c;
-  }
-  return normal;
-}
-
 AnswerQuantity QuantityOf(const KeyEntry& entry, AnswerForm form) {
   if (form == AnswerForm::Force) return AnswerQuantity::MemberForce;
   if (entry.unit == "kN") return AnswerQuantity::Force;
@@ -58,12 +48,12 @@ class Marker {
   Marker(const std::vector<KeyEntry>& key, const MarkingRules& rules) : Rules(rules) {
     for (const KeyEntry& entry : key) {
       ByStudent[entry.student].push_back(&entry);
-      ByQuestion[Normal(entry.question)].push_back(&entry);
+      ByQuestion[PlainName(entry.question)].push_back(&entry);
     }
   }
 
   void Judge(Mark& mark, const KeyEntry& entry) const {
-    const AnswerForm form = FormOf(Normal(entry.question));
+    const AnswerForm form = FormOf(PlainName(entry.question));
     mark.kind = form == AnswerForm::Members ? JudgeMembers(mark, entry) : JudgeNumber(mark, entry, form);
     if (mark.kind == MarkKind::Right) mark.points = 1;
     if (mark.kind == MarkKind::Unreadable) mark.slip = UnreadableText;
@@ -102,7 +92,7 @@ class Marker {
   std::vector<Slip> SlipsOf(const KeyEntry& entry, AnswerForm form, double right) const {
     std::vector<Slip> slips = GeneralSlips(right, QuantityOf(entry, form));
     for (const KeyEntry* other : ByStudent.at(entry.student)) {
-      if (other == &entry || other->unit != entry.unit || FormOf(Normal(other->question)) != form) continue;
+      if (other == &entry || other->unit != entry.unit || FormOf(PlainName(other->question)) != form) continue;
       if (const auto value = ReadNumberAnswer(other->answer, form, other->unit)) {
         slips.push_back({"the answer to " + other->question, *value});
       }
@@ -116,7 +106,7 @@ class Marker {
   /// Another student's sheet with this very answer; empty where there is none.
   std::string CopiedFrom(const KeyEntry& entry, AnswerForm form, double answer) const {
     if (form == AnswerForm::Degree || answer == 0) return "";
-    for (const KeyEntry* other : ByQuestion.at(Normal(entry.question))) {
+    for (const KeyEntry* other : ByQuestion.at(PlainName(entry.question))) {
       const auto value = ReadNumberAnswer(other->answer, form, other->unit);
       if (other->student == entry.student || !value) continue;
       if (std::fabs(answer - *value) <= CopiedTolerance * std::fabs(*value)) {
@@ -136,7 +126,7 @@ using AnswersByQuestion = std::map<std::pair<std::string, std::string>, const Ha
 AnswersByQuestion OrderedAnswers(const std::vector<HandedIn>& answers) {
   AnswersByQuestion ordered;
   for (const HandedIn& each : answers) {
-    const auto [first, isNew] = ordered.emplace(std::pair(each.student, Normal(each.question)), &each);
+    const auto [first, isNew] = ordered.emplace(std::pair(each.student, PlainName(each.question)), &each);
     if (isNew) continue;
     throw ClassFault("Line " + std::to_string(each.line) + " of the answers: " + InQuotes(each.student) +
                      " has answered " + InQuotes(each.question) + " before, in line " +
@@ -151,14 +141,14 @@ void CheckFit(const std::vector<KeyEntry>& key, const std::vector<HandedIn>& ans
   std::set<std::pair<std::string, std::string>> questions;
   for (const KeyEntry& entry : key) {
     students.insert(entry.student);
-    questions.emplace(entry.student, Normal(entry.question));
+    questions.emplace(entry.student, PlainName(entry.question));
   }
   for (const HandedIn& each : answers) {
     const std::string where = "Line " + std::to_string(each.line) + " of the answers: the key has no ";
     if (!students.contains(each.student)) {
       throw ClassFault(where + "student " + InQuotes(each.student) + "; take the key of the same class set");
     }
-    if (questions.contains({each.student, Normal(each.question)})) continue;
+    if (questions.contains({each.student, PlainName(each.question)})) continue;
     throw ClassFault(where + "question " + InQuotes(each.question) + " for " + InQuotes(each.student) +
                      "; take the key of the same class set");
   }
@@ -182,7 +172,7 @@ std::vector<Mark> MarkAnswers(const std::vector<KeyEntry>& key, const std::vecto
   std::vector<Mark> marks;
   for (const KeyEntry& entry : key) {
     Mark mark{entry.student, entry.question, MarkKind::NoAnswer, 0, NoAnswerText, 0, ""};
-    const auto found = handedIn.find({entry.student, Normal(entry.question)});
+    const auto found = handedIn.find({entry.student, PlainName(entry.question)});
     if (found != handedIn.end() && !found->second->answer.empty()) {
       mark.line = found->second->line;
       mark.answer = found->second->answer;

@@ -107,15 +107,6 @@ std::string TableHtml(const WorkedTable& table) {
   return HtmlTable(columns, table.rows);
 }
 
-std::string ProblemHtml(const ClassVariant& variant, int width, int height) {
-  std::string html = "<p>All joints are pins, and all members weigh nothing. x is positive to the right and y upwards, "
-                     "also of loads, reactions and displacements. A member force is positive in tension.</p>\n";
-  html += "<p><img src=\"@@PLUGINFILE@@/" + std::string(PictureName) + "\" alt=\"The truss\" width=\"" +
-          std::to_string(width) + "\" height=\"" + std::to_string(height) + "\"></p>\n";
-  for (const WorkedTable& table : DataTables()) html += TableHtml(table);
-  return html + QuestionsHtml(variant);
-}
-
 } // namespace
 
 std::string MoodleBegin(const std::string& category) {
@@ -124,14 +115,22 @@ std::string MoodleBegin(const std::string& category) {
          TextElement("") + "\n    </info>\n    <idnumber></idnumber>\n  </question>\n";
 }
 
-std::string MoodleQuestion(const ClassPlan& plan, const ClassVariant& variant, const std::string& png, int width,
-                           int height) {
+std::string MoodleText(const ClassVariant& variant, int width, int height) {
+  std::string html = "<p>All joints are pins, and all members weigh nothing. x is positive to the right and y upwards, "
+                     "also of loads, reactions and displacements. A member force is positive in tension.</p>\n";
+  html += "<p><img src=\"@@PLUGINFILE@@/" + std::string(PictureName) + "\" alt=\"The truss\" width=\"" +
+          std::to_string(width) + "\" height=\"" + std::to_string(height) + "\"></p>\n";
+  for (const WorkedTable& table : DataTables()) html += TableHtml(table);
+  return html + QuestionsHtml(variant);
+}
+
+std::string MoodleQuestion(const ClassPlan& plan, const ClassVariant& variant, const std::string& text,
+                           const std::string& png) {
   const std::string feedback = "<p>" + EscapedMarkup(SetName(plan)) +
                                (variant.varied.empty() ? "" : ": " + EscapedMarkup(variant.varied)) + "</p>";
   return "  <question type=\"cloze\">\n    <name>\n      " + TextElement(variant.student) +
-         "\n    </name>\n    <questiontext format=\"html\">\n      <text>" +
-         InCData(ProblemHtml(variant, width, height)) + "</text>\n      <file name=\"" + PictureName +
-         "\" path=\"/\" encoding=\"base64\">" + Base64(png) +
+         "\n    </name>\n    <questiontext format=\"html\">\n      <text>" + InCData(text) +
+         "</text>\n      <file name=\"" + PictureName + "\" path=\"/\" encoding=\"base64\">" + Base64(png) +
          "</file>\n    </questiontext>\n    <generalfeedback format=\"html\">\n      <text>" + InCData(feedback) +
          "</text>\n    </generalfeedback>\n    <penalty>0.3333333</penalty>\n    <hidden>0</hidden>\n"
          "    <idnumber></idnumber>\n  </question>\n";

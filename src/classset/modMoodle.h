@@ -12,9 +12,13 @@ namespace strutwright {
 /// Everything before the questions.  category: its name.
 std::string MoodleBegin(const std::string& category);
 
-/// The question of a variant, whose model must be in the tables.  png: its drawing; width, height: as it is shown.
-std::string MoodleQuestion(const ClassPlan& plan, const ClassVariant& variant, const std::string& png, int width,
-                           int height);
+/// The text of a variant's question as HTML.  Its model must be in the tables.
+/// width, height: of its drawing as it is shown, in pixels.
+std::string MoodleText(const ClassVariant& variant, int width, int height);
+
+/// The question of a variant.  text: MoodleText gives it; png: its drawing.
+std::string MoodleQuestion(const ClassPlan& plan, const ClassVariant& variant, const std::string& text,
+                           const std::string& png);
 
 std::string MoodleEnd();
 

@@ -139,11 +139,11 @@ std::string SetName(const ClassPlan& plan) {
   return "Class set of " + plan.source.name + ", seed " + std::to_string(plan.seed);
 }
 
-WorkedDocument SheetOf(const ClassPlan& plan, const ClassVariant& variant) {
+WorkedDocument SheetOf(const ClassPlan& plan, const ClassVariant& variant, const WorkedPicture& picture) {
   WorkedDocument sheet{"Truss problem of " + variant.student, {}};
   const auto add = [&sheet](WorkedBlock block) { sheet.blocks.push_back(std::move(block)); };
   add(WorkedParagraph{SetName(plan)});
-  add(ProblemPicture());
+  add(picture);
   add(WorkedParagraph{"All joints are pins, and all members weigh nothing. x is positive to the right and y upwards, "
                       "also of loads, reactions and displacements. A member force is positive in tension."});
   add(WorkedHeading{2, "Questions"});
@@ -151,7 +151,10 @@ WorkedDocument SheetOf(const ClassPlan& plan, const ClassVariant& variant) {
   if (!questions.rows.empty()) add(questions);
   AddMatrices(sheet, variant.questions);
   add(WorkedHeading{2, "Data"});
-  for (const WorkedTable& table : DataTables()) add(table);
+  for (const WorkedTable& table : DataTables()) {
+    add(WorkedParagraph{table.columns.front().heading + "s"});
+    add(table);
+  }
   add(WorkedHeading{2, "Working"});
   add(WorkedRoom{LinesToWrite});
   return sheet;

@@ -20,6 +20,7 @@ std::vector<WorkedTable> DataTables();
 std::string SetName(const ClassPlan& plan);
 
 /// A student's sheet: drawing, data, questions with units and signs, and room to write.
-WorkedDocument SheetOf(const ClassPlan& plan, const ClassVariant& variant);
+WorkedDocument SheetOf(const ClassPlan& plan, const ClassVariant& variant,
+                       const WorkedPicture& picture = ProblemPicture());
 
 } // namespace strutwright

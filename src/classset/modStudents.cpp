@@ -1,6 +1,7 @@
 #include "modStudents.h"
 
 #include "ClassFault.h"
+#include "ClassTable.h"
 #include "ClassTexts.h"
 #include "CsvText.h"
 #include "ImportError.h"
@@ -111,7 +112,8 @@ std::vector<std::string> ReadStudents(const std::string& list) {
   NameList names;
   bool isFirst = true;
   try {
-    CsvReader reader(list, SeparatorOf(list));
+    const TableText table = ReadableTable(list);
+    CsvReader reader(table.text, table.separator);
     while (!reader.AtEnd()) {
       const TableLine line = reader.Next();
       if (IsBlankLine(line)) continue;

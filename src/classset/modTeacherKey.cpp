@@ -1,14 +1,20 @@
 #include "modTeacherKey.h"
 
 #include "HandTexts.h"
+#include "LargestValues.h"
 #include "PreciseText.h"
+#include "WorkingParts.h"
 #include "modAnalysis.h"
 #include "modHandSolution.h"
 #include "modMember.h"
 #include "modModelStore.h"
 #include "modSheet.h"
+#include "modWorking.h"
 
+#include <cmath>
 #include <string>
+#include <utility>
+#include <variant>
 
 namespace strutwright {
 
@@ -18,33 +24,38 @@ constexpr int DigitsOfResult = 5;
 
 void AddLine(WorkedDocument& key, const std::string& text) { key.blocks.emplace_back(WorkedParagraph{text}); }
 
-/// Equations and what they give, a line each.
-void AddEquations(WorkedDocument& key, const std::vector<HandEquation>& equations,
-                  const std::vector<std::string>& solution) {
-  WorkedTable table{{{"Equation", true}, {"", true}}, {}};
-  for (const HandEquation& each : equations) table.rows.push_back({each.title, each.text});
-  if (!solution.empty()) table.rows.push_back({"Hence", ListText(solution)});
-  if (!table.rows.empty()) key.blocks.emplace_back(table);
+/// Equations and what they give, a row each; what they are about stands in the first one only.
+void AddRows(WorkedTable& table, const std::string& about, const std::vector<HandEquation>& equations,
+             const std::vector<std::string>& solution) {
+  std::string first = about;
+  for (const HandEquation& each : equations) table.rows.push_back({std::exchange(first, ""), each.title, each.text});
+  if (!solution.empty()) table.rows.push_back({first, "Hence", ListText(solution)});
 }
 
 void AddSolutionByHand(WorkedDocument& key, const HandSolution& solution) {
+  WorkedTable table{{{"Of", true}, {"What is added up", true}, {"Equation", true}}, {}};
   if (solution.reactions.found) {
-    AddLine(key, "Reactions, from the whole truss:");
-    AddEquations(key, solution.reactions.equations, solution.reactions.solution);
+    AddRows(table, "Whole truss", solution.reactions.equations, solution.reactions.solution);
   }
   for (const HandStep& step : solution.steps) {
-    AddLine(key, NodeNames(step.body.nodes) + ": " + step.reason);
-    AddEquations(key, step.equations, step.solution);
+    AddRows(table, NodeNames(step.body.nodes), step.equations, step.solution);
+    if (step.solution.empty()) table.rows.push_back({"", "", step.reason});
   }
+  if (!table.rows.empty()) key.blocks.emplace_back(table);
   if (!solution.stop.empty()) AddLine(key, solution.stop);
 }
 
-std::string Result(double value) { return PreciseText(value, DigitsOfResult); }
+/// What is nothing but rounding beside the largest value is written as 0.
+std::string Result(double value, double largest = 0) {
+  return PreciseText(std::fabs(value) <= NoValue * largest ? 0 : value, DigitsOfResult);
+}
 
 void AddDisplacements(WorkedDocument& key) {
   WorkedTable table{{{"Node"}, {"u (mm)"}, {"v (mm)"}}, {}};
+  const double largest = LargestDisplacement();
   for (int n = 1; n <= NodeCount; ++n) {
-    table.rows.push_back({std::to_string(n), Result(NodeDisplacement(n, "x")), Result(NodeDisplacement(n, "y"))});
+    table.rows.push_back(
+        {std::to_string(n), Result(NodeDisplacement(n, "x"), largest), Result(NodeDisplacement(n, "y"), largest)});
   }
   AddLine(key, "Displacements, from K D = P with the supports imposed:");
   key.blocks.emplace_back(table);
@@ -53,12 +64,15 @@ void AddDisplacements(WorkedDocument& key) {
 /// f = EA/L e + PS, with the elongation e of each member.
 void AddForces(WorkedDocument& key) {
   WorkedTable table{{{"Member"}, {"L (m)"}, {"EA/L (kN/mm)"}, {"e (mm)"}, {"f (kN)"}, {"", true}}, {}};
+  const double largestStretch = LargestDisplacement();
+  const double largestForce = LargestForce();
   for (int m = 1; m <= MemberCount; ++m) {
     const double length = static_cast<double>(MemberTable(m, MemberFieldLength));
     const double stiffness =
         length > 0 ? static_cast<double>(MemberTable(m, MemberE)) * MemberTable(m, MemberA) / length : 0;
-    table.rows.push_back({std::to_string(m), Result(length / 1000), Result(stiffness), Result(MemberStretch(m)),
-                          Result(MemberForce(m)), MemberState(m)});
+    table.rows.push_back({std::to_string(m), Result(length / 1000), Result(stiffness),
+                          Result(MemberStretch(m), largestStretch), Result(MemberForce(m), largestForce),
+                          MemberState(m)});
   }
   AddLine(key, "Member forces, f = EA/L e + PS, with e = c (u2 - u1) + s (v2 - v1):");
   key.blocks.emplace_back(table);
@@ -80,6 +94,16 @@ void AddAnswers(WorkedDocument& key, const ClassVariant& variant) {
   key.blocks.emplace_back(table);
 }
 
+/// The method step by step, below the student's heading.
+void AddSolutionByStiffness(WorkedDocument& key, const ClassVariant& variant) {
+  const WorkedDocument solution = WorkedSolution(variant.student);
+  key.landscape = key.landscape || solution.landscape;
+  for (WorkedBlock block : solution.blocks) {
+    if (auto* heading = std::get_if<WorkedHeading>(&block)) ++heading->level;
+    key.blocks.push_back(std::move(block));
+  }
+}
+
 void AddSolution(WorkedDocument& key, const ClassVariant& variant) {
   const HandSolution solution = SolveByHand(ReadHandTruss());
   AddLine(key, solution.determinacy.sentence);
@@ -87,22 +111,30 @@ void AddSolution(WorkedDocument& key, const ClassVariant& variant) {
   if (byHand && (AsksFor(variant, AskKind::Force) || AsksFor(variant, AskKind::Reaction))) {
     AddSolutionByHand(key, solution);
   }
-  if (byHand && !AsksFor(variant, AskKind::Displacement)) return;
+  if (byHand && !AsksFor(variant, AskKind::Displacement) && !AsksFor(variant, AskKind::Stiffness)) return;
+  if (!byHand || NodeCount <= MaxWorkedNodes) return AddSolutionByStiffness(key, variant);
   AddDisplacements(key);
   AddForces(key);
 }
 
 } // namespace
 
-WorkedDocument TeacherKey(const ClassPlan& plan, const std::vector<ClassVariant>& variants) {
+WorkedDocument TeacherKey(const ClassPlan& plan, const std::vector<ClassVariant>& variants,
+                          const std::function<void(std::size_t)>& done) {
   WorkedDocument key{"Key: " + SetName(plan), {}};
-  for (const ClassVariant& variant : variants) {
-    PutInTables(variant.model);
-    AnalyseTruss();
-    key.blocks.emplace_back(WorkedHeading{2, variant.student});
-    if (!variant.varied.empty()) AddLine(key, "Varied: " + variant.varied + ".");
-    AddAnswers(key, variant);
-    AddSolution(key, variant);
+  for (std::size_t v = 0; v < variants.size(); ++v) {
+    const ClassVariant& variant = variants[v];
+    {
+      const KeptModel kept;
+      PutInTables(variant.model);
+      AnalyseTruss();
+      if (v > 0) key.blocks.emplace_back(WorkedNewPage{});
+      key.blocks.emplace_back(WorkedHeading{2, variant.student});
+      if (!variant.varied.empty()) AddLine(key, "Varied: " + variant.varied + ".");
+      AddAnswers(key, variant);
+      AddSolution(key, variant);
+    }
+    done(v + 1);
   }
   return key;
 }

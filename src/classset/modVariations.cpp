@@ -242,6 +242,8 @@ std::string VariedText(const std::vector<Variation>& variations, const std::vect
   return text;
 }
 
+bool IsModelQuantity(const std::string& name) { return ModelQuantityNamed(name) != nullptr; }
+
 std::string SizeText(const StoredModel& model, const std::string& name) {
   const double size = SizeOf(model, name);
   return size > 0 ? TextWithUnit(name, size) : "";

@@ -50,6 +50,9 @@ VariedModel MakeVariedModel(const ClassSource& source, const std::vector<Variati
 /// "Span 24 m, load 15 kN"; empty where nothing is varied.
 std::string VariedText(const std::vector<Variation>& variations, const std::vector<double>& values);
 
+/// Whether a quantity of that name can be varied in a model that is no family.
+bool IsModelQuantity(const std::string& name);
+
 /// How large a quantity of a model is, such as "24 m"; empty where the model has none.
 /// name: "span", "height", "load", "area" or "e".
 std::string SizeText(const StoredModel& model, const std::string& name);

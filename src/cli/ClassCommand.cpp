@@ -2,15 +2,21 @@
 #include "ClassFault.h"
 #include "ClassTexts.h"
 #include "CommandLine.h"
+#include "Interrupts.h"
+#include "LongWork.h"
 #include "ModelInput.h"
 #include "ModelSession.h"
 #include "Output.h"
 #include "Picture.h"
+#include "Platform.h"
+#include "WorkerProcesses.h"
 #include "modClassFiles.h"
 #include "modModelStore.h"
 #include "modPlaces.h"
 #include "modStudents.h"
 
+#include <cmath>
+#include <iostream>
 #include <ostream>
 #include <set>
 
@@ -59,11 +65,42 @@ ClassPlan PlanOf(const ClassRequest& request, std::istream& in) {
   return plan;
 }
 
+/// Stops long work at Ctrl-C, and says on a terminal how far it is.
+class StoppableWork : public Progress {
+ public:
+  explicit StoppableWork(std::ostream& err)
+      : Err(err), IsTerminal(&err == &std::cerr && strutwright::IsTerminal(ErrorOutput)) {
+    ThePlatform().progress = this;
+  }
+  ~StoppableWork() override { ThePlatform().progress = nullptr; }
+  StoppableWork(const StoppableWork&) = delete;
+  StoppableWork& operator=(const StoppableWork&) = delete;
+
+  bool ShowProgress(const std::string& text, double fraction) override {
+    if (IsTerminal) Err << EraseLine << text << " ... " << std::lround(100 * fraction) << " %" << std::flush;
+    return Signal() == 0;
+  }
+  void EndProgress() override {
+    if (IsTerminal) Err << EraseLine << std::flush;
+  }
+
+  /// What the program was stopped with; 0 where it was not.
+  int Signal() const { return Caught.Caught(); }
+
+ private:
+  static constexpr const char* EraseLine = "\r\033[K";
+
+  std::ostream& Err;
+  bool IsTerminal;
+  Interrupts Caught;
+};
+
 } // namespace
 
 int MakeClass(const ClassRequest& request, std::istream& in, std::ostream& out, std::ostream& err) {
   ModelSession session(request.family.empty() ? request.model : ClassName, err);
   if (request.family.empty() && !session.Open(in)) return ExitUsage;
+  const StoppableWork work(err);
   try {
     const std::set<ClassFormat> formats = ReadClassFormats(request.formats);
     const ClassPlan plan = PlanOf(request, in);
@@ -71,7 +108,10 @@ int MakeClass(const ClassRequest& request, std::istream& in, std::ostream& out, 
     MakeClassSet(plan, formats, request.folder);
     out << ValidText(request.folder) << ": " << CountOf(plan.students.size(), "student") << ", seed " << plan.seed
         << '\n';
-    return ExitOk;
+    return work.Signal() == 0 ? ExitOk : ExitStopped + work.Signal();
+  } catch (const WorkCancelled&) {
+    session.Report("Stopped: nothing was written");
+    return ExitStopped + work.Signal();
   } catch (const ClassFault& fault) {
     session.Report(fault.what());
   } catch (const FileError& error) {

@@ -9,10 +9,14 @@
 namespace strutwright {
 
 /// Writes what is drawn as a TikZ picture: lines, areas and labels with named styles, which are defined at its top, the
-/// labels as text.  Widths of texts come from another surface, whose size it has too; that one is not drawn on.
+/// labels as text.  Widths of texts come from another surface; that one is not drawn on.
 class TikzSurface : public DrawingSurface {
  public:
-  explicit TikzSurface(const DrawingSurface& measure) : Measure(measure), View(measure.Window()) {}
+  /// As large as the other surface.
+  explicit TikzSurface(const DrawingSurface& measure)
+      : TikzSurface(measure, measure.PixelWidth(), measure.PixelHeight()) {}
+  TikzSurface(const DrawingSurface& measure, float width, float height)
+      : Measure(measure), Width(width), Height(height), View(measure.Window()) {}
 
   /// The picture as a file that LaTeX compiles by itself and that another document can take in with \input.
   std::string Document() const;
@@ -22,8 +26,8 @@ class TikzSurface : public DrawingSurface {
 
   ViewWindow Window() const override { return View; }
   void SetWindow(const ViewWindow& window) override { View = window; }
-  float PixelWidth() const override { return Measure.PixelWidth(); }
-  float PixelHeight() const override { return Measure.PixelHeight(); }
+  float PixelWidth() const override { return Width; }
+  float PixelHeight() const override { return Height; }
   double TextWidth(const std::string& text, int size) const override { return Measure.TextWidth(text, size); }
 
   void Clear() override { Commands.clear(); }
@@ -57,6 +61,8 @@ class TikzSurface : public DrawingSurface {
   void Write(const std::string& command) { Commands.push_back(command); }
 
   const DrawingSurface& Measure;
+  float Width; ///< logical pixels, as Height
+  float Height;
   ViewWindow View;
   LineLook Pen;
   Colour FillColour;

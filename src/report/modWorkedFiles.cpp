@@ -1,6 +1,7 @@
 #include "modWorkedFiles.h"
 
 #include "DocumentFiles.h"
+#include "HtmlNewPage.h"
 #include "Markup.h"
 #include "Platform.h"
 #include "TikzSurface.h"
@@ -29,9 +30,12 @@ struct HtmlBlocks {
     return HtmlTable(columns, table.rows);
   }
   std::string operator()(const WorkedPicture& picture) const {
-    return HtmlPicture(ThePaper().Picture(picture.width, picture.height, picture.draw), picture.width, picture.height);
+    const std::string png =
+        picture.png.empty() ? ThePaper().Picture(picture.width, picture.height, picture.draw) : picture.png;
+    return HtmlPicture(png, picture.width, picture.height);
   }
   std::string operator()(const WorkedRoom& room) const { return HtmlRoom(room.lines); }
+  std::string operator()(const WorkedNewPage& /*page*/) const { return std::string(HtmlNewPage) + "\n"; }
 };
 
 /// Formulas and tables that are too wide for the page are made smaller.
@@ -78,8 +82,8 @@ struct LatexBlocks {
   /// What the paper draws on measures the texts.
   std::string operator()(const WorkedPicture& picture) const {
     std::string tex;
-    ThePaper().Picture(picture.width, picture.height, [&](DrawingSurface& measure) {
-      TikzSurface tikz(measure);
+    ThePaper().Picture(1, 1, [&](DrawingSurface& measure) {
+      TikzSurface tikz(measure, static_cast<float>(picture.width), static_cast<float>(picture.height));
       picture.draw(tikz);
       tex = tikz.Picture();
     });
@@ -88,6 +92,7 @@ struct LatexBlocks {
   std::string operator()(const WorkedRoom& room) const {
     return "\\vspace*{" + std::to_string(2 * room.lines) + "\\baselineskip}\n\n";
   }
+  std::string operator()(const WorkedNewPage& /*page*/) const { return "\\clearpage\n"; }
 };
 
 } // namespace

@@ -42,6 +42,7 @@ struct WorkedPicture {
   int width = 0;
   int height = 0;
   std::function<void(DrawingSurface&)> draw;
+  std::string png = {}; ///< its bytes where they have been made already
 };
 
 /// Blank lines to write on by hand.
@@ -49,7 +50,11 @@ struct WorkedRoom {
   int lines = 1;
 };
 
-using WorkedBlock = std::variant<WorkedHeading, WorkedParagraph, WorkedFormula, WorkedTable, WorkedPicture, WorkedRoom>;
+/// What follows begins on a page of its own.
+struct WorkedNewPage {};
+
+using WorkedBlock =
+    std::variant<WorkedHeading, WorkedParagraph, WorkedFormula, WorkedTable, WorkedPicture, WorkedRoom, WorkedNewPage>;
 
 struct WorkedDocument {
   std::string title;

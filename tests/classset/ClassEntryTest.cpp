@@ -1,5 +1,7 @@
 #include "ClassFixture.h"
+#include "NativeFileSystem.h"
 #include "RecordingSurface.h"
+#include "ScratchFolder.h"
 #include "modClassEntry.h"
 #include "modSheet.h"
 
@@ -97,6 +99,44 @@ TEST_F(ClassEntryTest, KnowsTheSizesOfTheModel) {
   EXPECT_EQ(PresentSize("load"), "10 kN");
   ResetModel();
   for (const char* name : {"span", "height", "load", "area", "e"}) EXPECT_EQ(PresentSize(name), "") << name;
+}
+
+TEST_F(ClassEntryTest, TakesAFamilyWithItsNumbers) {
+  ClassEntry entry = Entry();
+  entry.family = "howe";
+  entry.ranges = {{"span", "18", "30", "1", "24"}, {"height", "", "", "", " 4 "}, {"bays", "", "", "", ""}};
+  const ClassPlan plan = PlanOfEntry(entry, "/models/bridge.stw");
+  EXPECT_EQ(SetName(plan), "Class set of Howe truss, seed 7");
+  ASSERT_EQ(plan.variations.size(), 1U);
+  EXPECT_EQ(plan.source.texts[TrussField::Height], "4");
+  EXPECT_EQ(plan.source.texts[TrussField::Bays], "8");
+  EXPECT_EQ(FirstVariants(plan, 3).size(), 3U);
+  entry.ranges[1].value = "high";
+  EXPECT_EQ(FaultOfDoing([&] { FirstVariants(PlanOfEntry(entry, ""), 3); }),
+            "No variant can be used, because the height must be a number from 0.1 to 10000 m");
+}
+
+TEST_F(ClassEntryTest, KnowsTheFamiliesAndTheirNumbers) {
+  EXPECT_EQ(FamilyChoices().front().name, "pratt");
+  EXPECT_EQ(FamilyChoices().front().title, "Pratt truss");
+  EXPECT_EQ(FamilyNumber("pratt", "span"), "24");
+  EXPECT_EQ(FamilyNumber("pratt", "area"), "");
+  EXPECT_EQ(FamilyNumber("warren", "vertical-area"), ""); // it has no verticals
+  EXPECT_EQ(FamilyNumber("", "span"), "");
+  EXPECT_EQ(FamilyUnit("chord-area"), "mm2");
+  EXPECT_EQ(FamilyUnit("bays"), "");
+}
+
+TEST_F(ClassEntryTest, TakesNamesFromAFile) {
+  NativeFileSystem disk;
+  ThePlatform().files = &disk;
+  const ScratchFolder folder;
+  PutFile(folder.Path("class.csv"), "name;mail\nAnn Lee;a@b\nBob;c@d\n");
+  EXPECT_EQ(NamesInFile(folder.Path("class.csv")), "Ann Lee\nBob\n");
+  PutFile(folder.Path("class.csv"), "Ann\nann\n");
+  EXPECT_THAT(FaultOfDoing([&] { NamesInFile(folder.Path("class.csv")); }), HasSubstr("is there twice"));
+  EXPECT_EQ(FaultOfDoing([&] { NamesInFile(folder.Path("none.csv")); }),
+            "The list \"" + folder.Path("none.csv") + "\" can't be read: No such file or directory");
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "ClassFixture.h"
 #include "FaultyFileSystem.h"
 #include "NativeFileSystem.h"
+#include "RecordedDrawing.h"
 #include "RecordingSurface.h"
 #include "ScratchFolder.h"
 #include "modClassFiles.h"
@@ -10,7 +11,9 @@
 #include "modTeacherKey.h"
 #include "modWorkedFiles.h"
 
+#include <chrono>
 #include <filesystem>
+#include <functional>
 #include <set>
 
 namespace strutwright {
@@ -119,13 +122,100 @@ TEST_F(ClassFilesTest, DrawLoadsAndNumbersButNoResult) {
 TEST_F(ClassFilesTest, ShowInTheKeyHowTheAnswersAreFound) {
   const ClassPlan plan = PrattPlan(2);
   const auto variants = MakeVariants(plan);
-  const KeptModel kept;
   const std::string html = WorkedPage(TeacherKey(plan, variants)).html;
   EXPECT_THAT(html, HasSubstr("Varied: " + variants[1].varied));
-  EXPECT_THAT(html, HasSubstr("Reactions, from the whole truss:"));
-  EXPECT_THAT(html, HasSubstr("Sum of x"));
+  EXPECT_THAT(html, HasSubstr("<td align=\"left\">Whole truss</td><td align=\"left\">Sum of x</td>"));
+  EXPECT_THAT(html, HasSubstr("Every force at this joint is known: it must balance"));
   EXPECT_THAT(html, HasSubstr("Displacements, from K D = P with the supports imposed:"));
   for (const KeyedQuestion& each : variants[0].questions) EXPECT_THAT(html, HasSubstr(each.answer));
+  EXPECT_THAT(html, Not(HasSubstr("e-0"))) << "rounding is written as 0";
+}
+
+// Three bars from a ceiling to one node: one member more than equilibrium determines.
+TEST_F(ClassFilesTest, WorkAnIndeterminateTrussByStiffness) {
+  const ModelData fan{{{0, 4, 0, 0, 3}, {3, 4, 0, 0, 3}, {6, 4, 0, 0, 3}, {3, 0, 0, -20, 0}}, {{1, 4}, {2, 4}, {3, 4}}};
+  const ClassPlan plan = PlanFor(SourceOf(fan), 2, {"load:10..40:5"}, {"forces"});
+  const WorkedDocument key = TeacherKey(plan, MakeVariants(plan));
+  const std::string html = WorkedPage(key).html;
+  EXPECT_THAT(html, HasSubstr("<h2>s1</h2>"));
+  EXPECT_THAT(html, HasSubstr("<h3>2. The stiffness matrix, member by member</h3>"));
+  EXPECT_THAT(html, HasSubstr("<h3>6. The reactions</h3>"));
+  EXPECT_TRUE(key.landscape);
+  EXPECT_THAT(WorkedLatex(key), HasSubstr("\\clearpage"));
+}
+
+TEST_F(ClassFilesTest, SayThatTheMatricesOfALargeTrussAreLeftOut) {
+  ModelData large = PrattTruss(10);
+  large.members.push_back({3, 5});
+  const ClassPlan plan = PlanFor(SourceOf(large), 1, {"load:10..40:5"}, {"forces:5"});
+  const WorkedDocument key = TeacherKey(plan, MakeVariants(plan));
+  EXPECT_THAT(WorkedPage(key).html, HasSubstr("The matrices of trusses of up to 8 nodes are written out. This one has "
+                                              "10, so they are left out."));
+  EXPECT_FALSE(key.landscape);
+}
+
+TEST_F(ClassFilesTest, LeaveTheOpenModelWhereverProgressShows) {
+  const ClassPlan plan = PrattPlan(3);
+  SetTables({{{0, 0, 0, 0, 3}, {5, 0, 40, 0, 1}}, {{1, 2}}});
+  const FieldTable open = NodeTable;
+  int shown = 0;
+  ThePlatform().now = [] {
+    static std::chrono::steady_clock::time_point time;
+    return time += std::chrono::seconds(2);
+  };
+  struct Watch : Progress {
+    std::function<void()> look;
+    bool ShowProgress(const std::string& text, double /*fraction*/) override {
+      if (text == "Making the variants" || text == "Writing the class set") look();
+      return true;
+    }
+    void EndProgress() override {}
+  } watch;
+  watch.look = [&] {
+    ++shown;
+    EXPECT_TRUE(NodeTable == open);
+  };
+  ThePlatform().progress = &watch;
+  MakeClassSet(plan, ReadClassFormats(std::string(ClassFormatNames)), folder.Path("class"));
+  EXPECT_GE(shown, 9); // variants, key and sheets
+}
+
+/// What a drawing leaves on a surface, a line each.
+std::vector<std::string> MarksOf(const Drawing& draw) {
+  RecordingSurface surface;
+  draw(surface);
+  std::vector<std::string> marks;
+  const auto add = [&marks](const std::string& kind, PixelPoint at) {
+    marks.push_back(kind + " " + std::to_string(at.x) + " " + std::to_string(at.y));
+  };
+  for (const auto& each : surface.pixelLines) add("line", each.from);
+  for (const auto& each : surface.pixelPolygons) add("polygon", each.corners.front());
+  for (const auto& each : surface.pixelDots) add("dot", each.centre);
+  for (const PixelLabel& each : surface.pixelTexts) add(each.text, each.centre);
+  return marks;
+}
+
+TEST_F(ClassFilesTest, DrawAgainWhatWasRecorded) {
+  const auto variants = MakeVariants(PlanFor(SourceOf(PrattTruss(10)), 1, {"load:35..35:1"}, {"forces"}));
+  PutInTables(variants[0].model);
+  const RecordingSurface surface;
+  const auto width = static_cast<int>(surface.PixelWidth());
+  const auto height = static_cast<int>(surface.PixelHeight());
+  const Drawing draw = ProblemPicture().draw;
+  const auto direct = MarksOf(draw);
+  const Drawing again = Recorded(width, height, draw);
+  ResetModel(); // the recorded drawing needs none
+  EXPECT_EQ(MarksOf(again), direct);
+  EXPECT_GT(direct.size(), 30U);
+}
+
+TEST_F(ClassFilesTest, LeaveNothingWhereAPageCanNotBeMade) {
+  struct NoPaper : FakePaper {
+    std::string Pdf(const PaperDocument& /*document*/) override { throw FileError("The pages could not be made"); }
+  } none;
+  ThePlatform().paper = &none;
+  EXPECT_THROW(MakeClassSet(PrattPlan(3), {ClassFormat::Pdf}, folder.Path("class")), FileError);
+  EXPECT_EQ(folder.EntryCount(), 0);
 }
 
 TEST_F(ClassFilesTest, KeepHostileNamesTexts) {

@@ -103,6 +103,40 @@ TEST_F(MarkingTest, ReadsTablesAsSpreadsheetsWriteThem) {
   EXPECT_EQ(ReadAnswers("id,answer,question,student\n1,\"12,5\",force 7,Ann,\n")[0].student, "Ann");
 }
 
+TEST_F(MarkingTest, TakesTheSeparatorThatASpreadsheetNames) {
+  const auto key = ReadKey("sep=;\nstudent;question;answer;tolerance;unit\nAnn;force 7;-12,5;0,13;kN\n");
+  const auto answers = ReadAnswers("sep=,\r\nstudent,question,answer\r\nAnn,force 7,\"-12,5\"\r\n");
+  EXPECT_EQ(MarkAnswers(key, answers, {}).at(0).points, 1);
+  EXPECT_EQ(FaultOfDoing([] { ReadAnswers("sep=;\nstudent;question;answer\nAnn;force 7;1;2\n"); }), "");
+  EXPECT_EQ(FaultOfDoing([] { ReadKey("sep=;\nstudent;question;answer;tolerance;unit\nAnn;;1;0;\n"); }),
+            "Line 3 of the key: student and question must be given");
+}
+
+TEST_F(MarkingTest, TakesNoKeyWithAQuestionTwice) {
+  EXPECT_EQ(FaultOfDoing(
+                [] { ReadKey("student,question,answer,tolerance,unit\nAnn,force 7,1,0,kN\nAnn,Force  7,2,0,kN\n"); }),
+            "Line 3 of the key: the question \"Force  7\" of \"Ann\" is there twice");
+}
+
+// EA/L is 8 kN/mm.  Its matrix has zeros too, and signs that are easily mistaken.
+TEST_F(MarkingTest, NamesTheSlipsOfAMatrix) {
+  const auto key = ReadKey("student,question,answer,tolerance,unit\nAnn,k 2 11,8,0.08,kN/mm\n"
+                           "Ann,k 2 12,0,0.008,kN/mm\nAnn,k 2 13,-8,0.08,kN/mm\nAnn,k 2 22,3,0.03,kN/mm\n");
+  const auto slipOf = [&key](const std::string& question, const std::string& answer) {
+    const auto answers = ReadAnswers("student,question,answer\nAnn," + question + "," + answer + "\n");
+    for (const Mark& mark : MarkAnswers(key, answers, {})) {
+      if (mark.question == question) return mark.slip;
+    }
+    return std::string();
+  };
+  EXPECT_EQ(slipOf("k 2 13", "8"), "the sign or the answer to k 2 11");
+  EXPECT_EQ(slipOf("k 2 11", "0.008"), "m for mm in the length");
+  EXPECT_EQ(slipOf("k 2 11", "8000"), "a factor of 1000 too much, as from m and mm mixed");
+  EXPECT_EQ(slipOf("k 2 11", "3"), "the answer to k 2 22");
+  EXPECT_EQ(slipOf("k 2 12", "3"), "the answer to k 2 22");
+  EXPECT_EQ(slipOf("k 2 22", "3.01"), "");
+}
+
 TEST_F(MarkingTest, RefusesAKeyThatDoesNotFit) {
   const std::string head = "student,question,answer\n";
   EXPECT_EQ(Fault(Key, head + "Cid,force 7,1\n"),

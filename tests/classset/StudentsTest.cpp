@@ -17,6 +17,7 @@ class StudentsTest : public ClassTest {
 TEST_F(StudentsTest, AreTheFirstColumnOfAList) {
   EXPECT_THAT(ReadStudents("Ann\nBob\n"), ElementsAre("Ann", "Bob"));
   EXPECT_THAT(ReadStudents("\xEF\xBB\xBFStudent;Mail\r\nAnn;a@b\r\n\r\n;\r\nBob Bee;x"), ElementsAre("Ann", "Bob Bee"));
+  EXPECT_THAT(ReadStudents("\xEF\xBB\xBFSEP=;\r\nname;mail\r\nLee, Ann;a@b\r\n"), ElementsAre("Lee, Ann"));
   EXPECT_THAT(ReadStudents("\"Lee, Ann\",7\n Bob ,8\n"), ElementsAre("Lee, Ann", "Bob"));
 }
 

@@ -1,11 +1,16 @@
 #include "CliTest.h"
 
+#include <chrono>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <set>
+#include <thread>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <unistd.h>
 
 namespace strutwright {
 namespace {
@@ -129,6 +134,20 @@ TEST_F(ClassCommandTest, TakesNoToleranceAndNoSeedThatAreNoNumbers) {
               2);
     EXPECT_THAT(err, HasSubstr("--seed: must be a whole number from 0 to 18446744073709551615"));
   }
+}
+
+TEST_F(ClassCommandTest, LeavesNothingWhenItIsStopped) {
+  std::thread stopping([this] {
+    while (folder.EntryCount() == 0) std::this_thread::sleep_for(std::chrono::milliseconds(1)); // until it has begun
+    ::kill(::getpid(), SIGINT);
+  });
+  EXPECT_EQ(Class({Bridge(), "--students", "900", "--vary", "span:18..30:0.1", "--vary", "load:10..40:1", "--ask",
+                   "reactions", "--out", folder.Path("out"), "--format", "pdf"}),
+            128 + SIGINT);
+  stopping.join();
+  EXPECT_EQ(err, Bridge() + ": Stopped: nothing was written\n");
+  EXPECT_EQ(out, "");
+  EXPECT_EQ(folder.EntryCount(), 0);
 }
 
 TEST_F(ClassCommandTest, TellsEmptyColumnsFromNumbersWithACommaThatAreTorn) {

@@ -3,6 +3,7 @@
 #include "RecordingSurface.h"
 
 #include <cmath>
+#include <mutex>
 #include <ostream>
 #include <utility>
 
@@ -26,6 +27,8 @@ bool FakeStatusBar::ShowProgress(const std::string& text, double fraction) {
 }
 
 std::string FakePaper::Picture(int width, int height, const std::function<void(DrawingSurface&)>& draw) {
+  static std::mutex mutex; // pictures may be made by several threads
+  const std::lock_guard lock(mutex);
   RecordingSurface surface;
   surface.width = static_cast<float>(width);
   surface.height = static_cast<float>(height);

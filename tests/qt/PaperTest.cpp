@@ -1,4 +1,5 @@
 #include "FileSystem.h"
+#include "HtmlNewPage.h"
 #include "PaperPages.h"
 #include "QtPaper.h"
 #include "QtPrinters.h"
@@ -7,6 +8,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <thread>
 
 #include <QAbstractTextDocumentLayout>
 #include <QBuffer>
@@ -155,6 +157,34 @@ TEST_F(PaperTest, CutsNoFormulaThatFitsOnAPage) {
     EXPECT_EQ(PageOf(lead), page) << before << ": the sentence that leads to it";
     EXPECT_EQ(PageOf(lead.previous()), page) << before << ": its heading";
   }
+}
+
+TEST_F(PaperTest, BeginsAPageWhereTheDocumentSays) {
+  const std::string page = "<html><body><p>one</p>" + std::string(HtmlNewPage) + Lines(200) + std::string(HtmlNewPage) +
+                           "<p>three</p></body></html>";
+  const int middle = PagesIn(paper.Pdf({"a title", Lines(200)}));
+  EXPECT_EQ(PagesIn(paper.Pdf({"a title", page})), middle + 2);
+}
+
+TEST_F(PaperTest, MakesTheSameOnAnotherThread) {
+  const PaperDocument document{"a title", "<h2>Rows</h2>" + Rows(20)};
+  qputenv("SOURCE_DATE_EPOCH", "1700000000");
+  const std::string here = paper.Pdf(document);
+  std::string there;
+  std::thread([&] { there = paper.Pdf(document); }).join();
+  qunsetenv("SOURCE_DATE_EPOCH");
+  EXPECT_EQ(there, here);
+}
+
+TEST_F(PaperTest, SparesGreyPicturesTheColours) {
+  const auto formatOf = [this](Colour colour) {
+    const std::string png = paper.Picture(20, 20, [colour](DrawingSurface& surface) {
+      surface.PixelLine({0, 0}, {20, 20}, {colour, 2});
+    });
+    return QImage::fromData(QByteArray::fromStdString(png), "PNG").format();
+  };
+  EXPECT_EQ(formatOf({90, 90, 90}), QImage::Format_Grayscale8);
+  EXPECT_EQ(formatOf(Red), QImage::Format_RGB32);
 }
 
 TEST_F(PaperTest, CutsNoRowOfATable) {

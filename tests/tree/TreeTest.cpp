@@ -153,7 +153,7 @@ const std::map<std::string, std::set<std::string>> AllowedLayers{
      {"platform", "model", "worked", "analysis", "check", "files", "exchange", "display", "editing", "equations"}},
     {"classset",
      {"platform", "model", "analysis", "check", "statics", "files", "display", "worked", "exchange", "report",
-      "families"}},
+      "families", "equations"}},
     {"windows",
      {"platform", "qt", "model", "analysis", "check", "statics", "files", "exchange", "display", "editing", "equations",
       "workbench", "report", "worked", "classset"}},

@@ -2,8 +2,13 @@
 
 #include "BusyPointer.h"
 #include "FileSystem.h"
+#include "HtmlNewPage.h"
 
 #include <algorithm>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include <QAbstractTextDocumentLayout>
 #include <QFont>
@@ -130,6 +135,48 @@ void PaintFoot(QPainter& painter, const QString& title, const QString& number) {
   painter.drawText(paper, Qt::AlignBottom | Qt::AlignRight | Qt::TextSingleLine, number);
 }
 
+/// The parts of a document that begin on pages of their own, each with the styles.  Qt lays a document out anew from
+/// its beginning for each heading that moves.
+std::vector<PaperDocument> PartsOf(const PaperDocument& document) {
+  constexpr std::string_view bodyTag = "<body>";
+  const std::string_view html = document.html;
+  const std::size_t body = html.find(bodyTag);
+  const std::string styles(body == html.npos ? "" : html.substr(0, body + bodyTag.size()));
+  std::vector<PaperDocument> parts;
+  for (std::size_t begin = 0; begin != html.npos;) {
+    const std::size_t end = html.find(HtmlNewPage, begin);
+    const std::string part(html.substr(begin, end == html.npos ? end : end - begin));
+    parts.push_back({document.title, parts.empty() ? part : styles + part, document.landscape});
+    begin = end == html.npos ? end : end + HtmlNewPage.size();
+  }
+  return parts;
+}
+
+std::vector<std::unique_ptr<QTextDocument>> LaidOutParts(const PaperDocument& document, QPagedPaintDevice& device) {
+  std::vector<std::unique_ptr<QTextDocument>> texts;
+  for (const PaperDocument& part : PartsOf(document)) {
+    texts.push_back(std::make_unique<QTextDocument>());
+    LayOut(*texts.back(), part, device);
+  }
+  return texts;
+}
+
+/// A page of a text that is laid out.
+struct TextPage {
+  const QTextDocument* text;
+  int page; ///< from 1
+
+  QRectF Place() const { return {QPointF(0, (page - 1) * text->pageSize().height()), text->pageSize()}; }
+};
+
+std::vector<TextPage> PagesOf(const std::vector<std::unique_ptr<QTextDocument>>& texts) {
+  std::vector<TextPage> pages;
+  for (const auto& text : texts) {
+    for (int page = 1; page <= text->pageCount(); ++page) pages.push_back({text.get(), page});
+  }
+  return pages;
+}
+
 } // namespace
 
 QPageLayout LayoutOf(const PaperDocument& document) {
@@ -150,14 +197,15 @@ int PaintPages(const PaperDocument& document, QPagedPaintDevice& device, PageRan
   QPainter painter;
   if (!painter.begin(&device)) throw FileError("The pages could not be made");
   painter.setRenderHint(QPainter::LosslessImageRendering);
-  QTextDocument text;
-  LayOut(text, document, device);
-  const int count = text.pageCount();
+  const auto texts = LaidOutParts(document, device);
+  const std::vector<TextPage> pages = PagesOf(texts);
+  const int count = static_cast<int>(pages.size());
   const int last = range.last > 0 ? std::min(range.last, count) : count;
   const int first = std::min(range.first, count);
   for (int page = first; page <= last; ++page) {
     if (page > first && !device.newPage()) throw FileError("The pages could not be made");
-    PaintBody(painter, text, QRectF(QPointF(0, (page - 1) * text.pageSize().height()), text.pageSize()));
+    const TextPage& each = pages[static_cast<std::size_t>(page - 1)];
+    PaintBody(painter, *each.text, each.Place());
     PaintFoot(painter, QString::fromStdString(document.title), QStringLiteral("Page %1 of %2").arg(page).arg(count));
   }
   if (!painter.end()) throw FileError("The pages could not be made");

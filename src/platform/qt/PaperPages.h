@@ -27,6 +27,7 @@ QPageLayout LayoutOf(const PaperDocument& document);
 void LayOut(QTextDocument& text, const PaperDocument& document, QPagedPaintDevice& device);
 
 /// Paints a document page by page, each with a line at its foot: the title and the page's number.
+/// What stands behind HtmlNewPage begins on a page of its own.
 /// device: its page layout is set; nothing has been painted on it.  Returns how many pages the document has.
 /// Throws FileError where the device refuses.
 int PaintPages(const PaperDocument& document, QPagedPaintDevice& device, PageRange range = {});

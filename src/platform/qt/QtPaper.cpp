@@ -9,6 +9,8 @@
 
 #include <QBuffer>
 #include <QDateTime>
+#include <QEventLoop>
+#include <QImage>
 #include <QPdfWriter>
 
 namespace strutwright {
@@ -36,18 +38,22 @@ void TakeSourceDate(std::string& pdf) {
   if (text.size() == length) pdf.replace(at + key.size(), length, text);
 }
 
+/// Without colours where it has none: a third of the bytes, made in a third of the time.
+QImage Slim(const QImage& image) { return image.allGray() ? image.convertToFormat(QImage::Format_Grayscale8) : image; }
+
 } // namespace
 
 std::string QtPaper::Picture(int width, int height, const std::function<void(DrawingSurface&)>& draw) {
   QtDrawingSurface surface(width, height, PixelsInPrint);
   draw(surface);
-  QImage image = surface.Image();
+  QImage image = Slim(surface.Image());
   image.setDotsPerMeterX(DotsPerMeter);
   image.setDotsPerMeterY(DotsPerMeter);
   return ImageBytes(image, "PNG").toStdString();
 }
 
 std::string QtPaper::Pdf(const PaperDocument& document) {
+  const QEventLoop timers; // which a text starts, also on a thread that has none
   QBuffer file;
   if (!file.open(QIODevice::WriteOnly)) throw FileError("The pages could not be made");
   QPdfWriter writer(&file);
