@@ -1,7 +1,7 @@
+#include "GridFixture.h"
 #include "ModelBuilder.h"
 #include "NativeFileSystem.h"
 #include "ScratchFolder.h"
-#include "GridFixture.h"
 #include "modModelFile.h"
 #include "modRunAnalysis.h"
 
