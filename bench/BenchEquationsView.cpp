@@ -1,15 +1,17 @@
 // How long the equations view on screen takes for a truss of 5000 nodes and 10000 members: to show the whole matrix,
-// and to repaint its far corner; with the memory that the whole program then holds.
+// and to repaint its far corner, with the memory that the whole program then holds; and to show the working of a step.
 
 #include "FileDialog.h"
 #include "ModelBuilder.h"
 #include "NativeFileSystem.h"
 #include "Platform.h"
 #include "WindowBench.h"
+#include "WorkingPane.h"
 #include "frmMain.h"
 #include "modModelStore.h"
 
 #include <string>
+#include <string_view>
 
 #include <QApplication>
 #include <QPushButton>
@@ -65,6 +67,26 @@ void RepaintFarCorner(benchmark::State& state) {
   state.counters["MB resident"] = ResidentMegabytes();
 }
 
+/// The pane alone, after a step; the step itself is measured above and by bench_equations.
+void ShowWorkingOf(benchmark::State& state, const char* step) {
+  frmMain& frame = Frame();
+  for (const char* name : {"btnShowGlobalK", "btnRestrict", "btnSolve", "btnMemberForces", "btnReactions"}) {
+    frame.findChild<QPushButton*>(name)->click();
+    if (std::string_view(name) == step) break;
+  }
+  if (std::string_view(step) == "btnAddMember") frame.findChild<QPushButton*>(step)->click();
+  auto* pane = static_cast<WorkingPane*>(frame.findChild<QTextBrowser*>("txtWorking"));
+  for ([[maybe_unused]] auto round : state) {
+    pane->ShowStep();
+    pane->viewport()->repaint();
+  }
+}
+
+BENCHMARK_CAPTURE(ShowWorkingOf, AddMember, "btnAddMember")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ShowWorkingOf, Restrict, "btnRestrict")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ShowWorkingOf, Solve, "btnSolve")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ShowWorkingOf, MemberForces, "btnMemberForces")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ShowWorkingOf, Reactions, "btnReactions")->Unit(benchmark::kMillisecond);
 BENCHMARK(ShowGlobalKOnScreen)->Unit(benchmark::kMillisecond);
 BENCHMARK(RepaintFarCorner)->Unit(benchmark::kMillisecond);
 

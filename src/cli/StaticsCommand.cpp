@@ -2,10 +2,8 @@
 #include "Commands.h"
 #include "HandTexts.h"
 #include "ModelSession.h"
-#include "modForceDiagram.h"
-#include "modHandSolution.h"
+#include "modHandLesson.h"
 #include "modModelStore.h"
-#include "modZeroMembers.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,25 +14,11 @@ namespace strutwright {
 
 namespace {
 
-/// Everything that equilibrium shows of a model.
-struct Statics {
-  HandTruss truss;
-  HandSolution solution;
-  std::vector<ZeroMember> zeros;
-  std::vector<int> zeroByNumbers;
-  ForceDiagram diagram;
-};
-
-/// Of the model as the grids show it, which is what an analysis takes.
-Statics StaticsOfModel() {
+/// Everything that equilibrium shows of the model as the grids show it, which is what an analysis takes.
+HandLesson StaticsOfModel() {
   RebuildModelFromGrids();
-  Statics statics;
-  statics.truss = ReadHandTruss();
-  statics.solution = SolveByHand(statics.truss);
-  // A mechanism need not balance, and so its joints show nothing.
-  if (statics.solution.determinacy.kind != TrussKind::Mechanism) statics.zeros = FindZeroMembers(statics.truss);
-  statics.zeroByNumbers = ZeroByNumbers(statics.truss, statics.solution.forces, statics.zeros);
-  statics.diagram = DrawForceDiagram(statics.truss, statics.solution);
+  HandLesson statics;
+  statics.Read();
   return statics;
 }
 
@@ -44,10 +28,10 @@ std::string DeterminacyName(const Determinacy& determinacy) {
 }
 
 /// A force in kN; what is none but for rounding is 0.
-Json JsonForce(const Statics& statics, double value) {
+Json JsonForce(const HandLesson& statics, double value) {
   constexpr double largest = std::numeric_limits<float>::max();
   if (!(std::abs(value) <= largest)) return nullptr;
-  return JsonNumber(std::abs(value) <= statics.truss.nothing ? 0.0F : static_cast<float>(value));
+  return JsonNumber(std::abs(value) <= statics.Truss().nothing ? 0.0F : static_cast<float>(value));
 }
 
 template <typename Items, typename Value>
@@ -64,17 +48,17 @@ Json JsonEquations(const std::vector<HandEquation>& equations) {
 }
 
 /// A support's part in a direction: 0 where it does not hold, null where it is not known.
-Json JsonReaction(const Statics& statics, std::size_t freedom) {
-  if (statics.truss.fixed[freedom] == 0) return JsonNumber(0);
-  const HandForces& forces = statics.solution.forces;
+Json JsonReaction(const HandLesson& statics, std::size_t freedom) {
+  if (statics.Truss().fixed[freedom] == 0) return JsonNumber(0);
+  const HandForces& forces = statics.Solution().forces;
   if (forces.reactionKnown[freedom] == 0) return nullptr;
   return JsonForce(statics, forces.reactions[freedom]);
 }
 
-Json JsonReactions(const Statics& statics) {
+Json JsonReactions(const HandLesson& statics) {
   Json reactions = Json::array();
-  for (int node = 1; node <= statics.truss.nodeCount; ++node) {
-    if (!statics.truss.HasSupport(node)) continue;
+  for (int node = 1; node <= statics.Truss().nodeCount; ++node) {
+    if (!statics.Truss().HasSupport(node)) continue;
     const auto x = static_cast<std::size_t>(2 * node - 1);
     reactions.push_back(Json{{"node", node}, {"rx", JsonReaction(statics, x)}, {"ry", JsonReaction(statics, x + 1)}});
   }
@@ -94,11 +78,11 @@ Json JsonStep(const HandStep& step) {
               {"solution", step.solution}};
 }
 
-Json JsonMembers(const Statics& statics) {
+Json JsonMembers(const HandLesson& statics) {
   Json members = Json::array();
-  for (int m = 1; m <= statics.truss.memberCount; ++m) {
+  for (int m = 1; m <= statics.Truss().memberCount; ++m) {
     const auto at = static_cast<std::size_t>(m);
-    const HandForces& forces = statics.solution.forces;
+    const HandForces& forces = statics.Solution().forces;
     const Json force = forces.memberKnown[at] != 0 ? JsonForce(statics, forces.members[at]) : Json(nullptr);
     members.push_back(Json{{"member", m}, {"force", force}});
   }
@@ -113,16 +97,16 @@ std::string LetterAt(const ForceDiagram& diagram, int space) {
   return diagram.spaces[static_cast<std::size_t>(space)].letter;
 }
 
-Json JsonLine(const Statics& statics, const DiagramLine& line) {
+Json JsonLine(const HandLesson& statics, const DiagramLine& line) {
   return Json{{"member", line.member > 0 ? Json(line.member) : Json(nullptr)},
               {"node", line.node},
-              {"from", LetterAt(statics.diagram, line.from)},
-              {"to", LetterAt(statics.diagram, line.to)},
+              {"from", LetterAt(statics.Diagram(), line.from)},
+              {"to", LetterAt(statics.Diagram(), line.to)},
               {"force", JsonForce(statics, line.force)}};
 }
 
-Json JsonDiagram(const Statics& statics) {
-  const ForceDiagram& diagram = statics.diagram;
+Json JsonDiagram(const HandLesson& statics) {
+  const ForceDiagram& diagram = statics.Diagram();
   if (!diagram.whyNot.empty()) {
     return Json{
         {"points", Json::array()}, {"lines", Json::array()}, {"closing_error", nullptr}, {"why_not", diagram.whyNot}};
@@ -137,9 +121,9 @@ Json JsonDiagram(const Statics& statics) {
               {"why_not", nullptr}};
 }
 
-void PrintStaticsJson(const ModelSession& session, const Statics& statics, std::ostream& out) {
-  const Determinacy& verdict = statics.solution.determinacy;
-  const std::string& stop = statics.solution.stop;
+void PrintStaticsJson(const ModelSession& session, const HandLesson& statics, std::ostream& out) {
+  const Determinacy& verdict = statics.Solution().determinacy;
+  const std::string& stop = statics.Solution().stop;
   const Json count{{"nodes", verdict.nodes}, {"members", verdict.members}, {"reactions", verdict.reactions}};
   PrintJsonLine({{"file", session.File()},
                  {"determinacy", DeterminacyName(verdict)},
@@ -147,14 +131,14 @@ void PrintStaticsJson(const ModelSession& session, const Statics& statics, std::
                  {"degree", verdict.degree},
                  {"count", count},
                  {"sentence", verdict.sentence},
-                 {"notes", statics.truss.notes},
+                 {"notes", statics.Truss().notes},
                  {"reactions", JsonReactions(statics)},
-                 {"reaction_equations", JsonEquations(statics.solution.reactions.equations)},
-                 {"joints", JsonEach(statics.solution.steps, JsonStep)},
+                 {"reaction_equations", JsonEquations(statics.Solution().reactions.equations)},
+                 {"joints", JsonEach(statics.Solution().steps, JsonStep)},
                  {"stop", stop.empty() ? Json(nullptr) : Json(stop)},
                  {"members", JsonMembers(statics)},
-                 {"zero_members", JsonEach(statics.zeros, JsonZero)},
-                 {"zero_by_numbers", statics.zeroByNumbers},
+                 {"zero_members", JsonEach(statics.Zeros(), JsonZero)},
+                 {"zero_by_numbers", statics.ZerosByNumbers()},
                  {"force_diagram", JsonDiagram(statics)}},
                 out);
 }
@@ -167,9 +151,9 @@ void PrintLines(const std::vector<std::string>& lines, std::ostream& out) {
   for (const std::string& line : lines) out << "  " << line << '\n';
 }
 
-void PrintReactions(const Statics& statics, std::ostream& out) {
-  const ReactionsFirst& first = statics.solution.reactions;
-  if (statics.solution.steps.empty() && !first.found) return;
+void PrintReactions(const HandLesson& statics, std::ostream& out) {
+  const ReactionsFirst& first = statics.Solution().reactions;
+  if (statics.Solution().steps.empty() && !first.found) return;
   out << "Reactions\n";
   if (!first.whyNot.empty()) out << "  " << first.whyNot << '\n';
   PrintEquations(first.equations, out);
@@ -177,9 +161,9 @@ void PrintReactions(const Statics& statics, std::ostream& out) {
   out << '\n';
 }
 
-void PrintSteps(const Statics& statics, std::ostream& out) {
-  for (std::size_t k = 0; k < statics.solution.steps.size(); ++k) {
-    const HandStep& step = statics.solution.steps[k];
+void PrintSteps(const HandLesson& statics, std::ostream& out) {
+  for (std::size_t k = 0; k < statics.Solution().steps.size(); ++k) {
+    const HandStep& step = statics.Solution().steps[k];
     out << "Step " << k + 1 << ", " << StepName(step.kind);
     if (step.kind == HandStepKind::Joint) out << ' ' << step.body.nodes.front();
     out << ": " << step.reason << '\n';
@@ -187,40 +171,41 @@ void PrintSteps(const Statics& statics, std::ostream& out) {
     PrintLines(step.solution, out);
     out << '\n';
   }
-  if (!statics.solution.steps.empty() && !statics.solution.stop.empty()) out << statics.solution.stop << "\n\n";
+  if (!statics.Solution().steps.empty() && !statics.Solution().stop.empty()) out << statics.Solution().stop << "\n\n";
 }
 
-void PrintForces(const Statics& statics, std::ostream& out) {
-  const HandForces& forces = statics.solution.forces;
-  if (statics.solution.steps.empty()) return;
+void PrintForces(const HandLesson& statics, std::ostream& out) {
+  const HandForces& forces = statics.Solution().forces;
+  if (statics.Solution().steps.empty()) return;
   out << "Members\n";
-  for (const HandMember& member : statics.truss.members) {
+  for (const HandMember& member : statics.Truss().members) {
     const auto at = static_cast<std::size_t>(member.number);
     const std::string name = "F" + std::to_string(member.number);
     out << "  "
-        << (forces.memberKnown[at] != 0 ? ForceText(name, forces.members[at], true, statics.truss.nothing)
+        << (forces.memberKnown[at] != 0 ? ForceText(name, forces.members[at], true, statics.Truss().nothing)
                                         : name + " is left open")
         << '\n';
   }
   out << '\n';
 }
 
-void PrintZeros(const Statics& statics, std::ostream& out) {
-  if (statics.zeros.empty() && statics.zeroByNumbers.empty()) return;
+void PrintZeros(const HandLesson& statics, std::ostream& out) {
+  if (statics.Zeros().empty() && statics.ZerosByNumbers().empty()) return;
   out << "Members without force\n";
-  for (const ZeroMember& zero : statics.zeros) out << "  " << zero.member << ": " << zero.text << '\n';
-  for (const int member : statics.zeroByNumbers) out << "  " << member << ": no joint shows it, only the numbers do\n";
+  for (const ZeroMember& zero : statics.Zeros()) out << "  " << zero.member << ": " << zero.text << '\n';
+  for (const int member : statics.ZerosByNumbers())
+    out << "  " << member << ": no joint shows it, only the numbers do\n";
   out << '\n';
 }
 
-void PrintDiagram(const Statics& statics, std::ostream& out) {
-  const ForceDiagram& diagram = statics.diagram;
-  if (statics.solution.steps.empty()) return;
+void PrintDiagram(const HandLesson& statics, std::ostream& out) {
+  const ForceDiagram& diagram = statics.Diagram();
+  if (statics.Solution().steps.empty()) return;
   if (!diagram.whyNot.empty()) {
     out << diagram.whyNot << "\n\n";
     return;
   }
-  const auto shown = [&](double value) { return std::abs(value) <= statics.truss.nothing ? 0 : value; };
+  const auto shown = [&](double value) { return std::abs(value) <= statics.Truss().nothing ? 0 : value; };
   out << "Force diagram, points in kN\n";
   for (const DiagramSpace& space : diagram.spaces) {
     out << "  " << space.letter << ' ' << PlaceText(shown(space.x), shown(space.y)) << '\n';
@@ -234,10 +219,10 @@ void PrintDiagram(const Statics& statics, std::ostream& out) {
   out << "  Closing error " << HandNumber(shown(diagram.closingError)) << " kN\n\n";
 }
 
-void PrintStaticsText(const ModelSession& session, const Statics& statics, std::ostream& out) {
-  const Determinacy& verdict = statics.solution.determinacy;
+void PrintStaticsText(const ModelSession& session, const HandLesson& statics, std::ostream& out) {
+  const Determinacy& verdict = statics.Solution().determinacy;
   out << ValidText(session.File()) << ": " << KindText(verdict) << "\n\n" << verdict.sentence << '\n';
-  for (const std::string& note : statics.truss.notes) out << note << '\n';
+  for (const std::string& note : statics.Truss().notes) out << note << '\n';
   out << '\n';
   PrintReactions(statics, out);
   PrintSteps(statics, out);
@@ -255,10 +240,10 @@ int StatusOfStatics(const Determinacy& verdict) {
 int PrintStatics(const std::string& file, OutputFormat format, std::istream& in, std::ostream& out, std::ostream& err) {
   ModelSession session(file, err);
   if (!session.Open(in)) return ExitUsage;
-  const Statics statics = StaticsOfModel();
+  const HandLesson statics = StaticsOfModel();
   if (format == OutputFormat::Json) PrintStaticsJson(session, statics, out);
   if (format != OutputFormat::Json) PrintStaticsText(session, statics, out);
-  return StatusOfStatics(statics.solution.determinacy);
+  return StatusOfStatics(statics.Solution().determinacy);
 }
 
 } // namespace strutwright

@@ -194,15 +194,16 @@ class SceneMaker {
     return Label(look, mostMissing, scene);
   }
 
-  /// The first look in which no force is left out, otherwise the one with the fewest.
+  /// The first look in which no force is left out, otherwise the one with the fewest, which most often is the last.
   ClearScene MakeBest(const std::vector<TextLook>& looks) {
     constexpr int Any = std::numeric_limits<int>::max();
     ClearScene scene;
     TextLook best = looks.front();
     int fewest = Any;
     for (std::size_t look = 0; looks.size() > 1 && look < looks.size(); ++look) {
-      const int missing = MakeIn(looks[look], 0, scene);
-      if (missing == 0) return scene;
+      const int mostMissing = look + 1 < looks.size() ? 0 : std::max(0, fewest - 1);
+      const int missing = MakeIn(looks[look], mostMissing, scene);
+      if (missing <= mostMissing) return scene;
       if (missing < fewest) best = looks[look];
       fewest = std::min(fewest, missing);
     }

@@ -16,6 +16,15 @@ bool IsPartedBy(PixelPoint axis, const TurnedBox& a, const TurnedBox& b) {
   return std::fabs(Dot(axis, b.centre - a.centre)) >= half(a) + half(b);
 }
 
+/// The square of a point's distance to a line.
+double SquareToLine(PixelPoint point, PixelPoint from, PixelPoint to) {
+  const PixelPoint line = to - from;
+  const double square = Dot(line, line);
+  const double part = square > 0 ? std::clamp(Dot(point - from, line) / square, 0.0, 1.0) : 0;
+  const PixelPoint way = point - (from + part * line);
+  return Dot(way, way);
+}
+
 /// Narrows the part of a line, from 0 to 1, to where offset + part * slope is not negative.
 void NarrowPart(double offset, double slope, double& first, double& last) {
   if (slope > 0) {
@@ -49,10 +58,7 @@ std::array<PixelPoint, 4> TurnedBox::Corners() const {
 }
 
 double DistanceToLine(PixelPoint point, PixelPoint from, PixelPoint to) {
-  const PixelPoint line = to - from;
-  const double square = Dot(line, line);
-  const double part = square > 0 ? std::clamp(Dot(point - from, line) / square, 0.0, 1.0) : 0;
-  return LengthOf(point - (from + part * line));
+  return std::sqrt(SquareToLine(point, from, to));
 }
 
 std::optional<PixelLineEnds> PartWithin(const Bounds& area, PixelPoint from, PixelPoint to) {
@@ -90,14 +96,15 @@ Bounds BoundsOf(const TurnedBox& box) {
 
 double DistanceToBox(const TurnedBox& box, PixelPoint from, PixelPoint to) {
   if (Overlap(box, StripOf(from, to, 0))) return 0;
-  double least = 1e300;
-  for (const PixelPoint corner : box.Corners()) least = std::min(least, DistanceToLine(corner, from, to));
+  double least = 1e300; // the square
+  for (const PixelPoint corner : box.Corners()) least = std::min(least, SquareToLine(corner, from, to));
   for (const PixelPoint end : {from, to}) {
     const double along = std::fabs(Dot(end - box.centre, box.along)) - box.halfLength;
     const double across = std::fabs(Dot(end - box.centre, LeftOf(box.along))) - box.halfHeight;
-    least = std::min(least, LengthOf({std::max(along, 0.0), std::max(across, 0.0)}));
+    const PixelPoint way{std::max(along, 0.0), std::max(across, 0.0)};
+    least = std::min(least, Dot(way, way));
   }
-  return least;
+  return std::sqrt(least);
 }
 
 bool Overlap(const TurnedBox& a, const TurnedBox& b) {

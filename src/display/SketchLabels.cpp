@@ -9,7 +9,6 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,7 +16,7 @@ namespace strutwright {
 
 namespace {
 
-constexpr std::size_t MostLinesForLabels = 400; // a sketch of more names none
+constexpr std::size_t MostLinesForLabels = 400; // a sketch of more has none but the values of its arrows
 constexpr double BoxedRoom = 2.5;               // pixels around a number
 constexpr double HalfText = ClearSize::LargestText / 2.0;
 constexpr std::array<double, 7> TextRings{12, 20, 30, 42, 56, 72, 90};
@@ -59,38 +58,47 @@ void PlaceTexts(PlacedSketch& placed, const PixelSurface& surface) {
   }
 }
 
-/// An arrow that is neither level nor upright; beyond its end a label needs more room than the clear drawing gives it.
-bool IsAslant(const SketchArrow& arrow) {
-  constexpr double Straight = 0.02;
-  return std::abs(arrow.c) > Straight && std::abs(arrow.s) > Straight;
+/// What a box touches: little for a bar, much for what can't be read through.
+double CostOf(const ClearScene& scene, const TurnedBox& box) {
+  double cost = 0;
+  scene.plane.Any(BoundsOf(box), [&](const OccupiedBox& item) {
+    if (Overlap(box, item.box)) cost += item.owner == PlacedSketch::Beyond ? 100 : item.kind == Occupant::Bar ? 1 : 4;
+    return false;
+  });
+  return cost;
 }
 
-/// Beyond the arrow's outer end, to either side of it, or farther off; nothing where no place is free.
-std::optional<TurnedBox> AslantPlace(const PlacedSketch& placed, const ClearArrow& arrow, double halfWidth) {
+/// Beyond the arrow's outer end, to either side of it, or farther off; where all of these touch something, where that
+/// matters least: a force without its value would be no use.
+TurnedBox PlaceOfValue(const PlacedSketch& placed, const ClearArrow& arrow, double halfWidth) {
   const PixelPoint line = arrow.tip - arrow.tail;
   const PixelPoint out = (arrow.outer == arrow.tip ? 1 / LengthOf(line) : -1 / LengthOf(line)) * line;
+  double least = std::numeric_limits<double>::infinity();
+  TurnedBox best;
   for (const double gap : {4.0, 14.0, 26.0}) {
-    for (const double turn : {0.0, 0.5, -0.5, 1.0, -1.0, 1.5, -1.5}) {
+    for (const double turn : {0.0, 0.5, -0.5, 1.0, -1.0, 1.5, -1.5, 2.1, -2.1}) {
       const PixelPoint way{out.x * std::cos(turn) - out.y * std::sin(turn),
                            out.x * std::sin(turn) + out.y * std::cos(turn)};
       const double reach =
           std::min(halfWidth / std::max(std::abs(way.x), 1e-9), HalfText / std::max(std::abs(way.y), 1e-9));
       const TurnedBox box{arrow.outer + (gap + reach) * way, {1, 0}, halfWidth, HalfText};
-      if (!TouchesAnything(placed.scene, box)) return box;
+      const double cost = CostOf(placed.scene, box);
+      if (cost < least) best = box;
+      least = std::min(cost, least);
+      if (least == 0) return best;
     }
   }
-  return std::nullopt;
+  return best;
 }
 
-void PlaceAslantLabels(PlacedSketch& placed, const PixelSurface& surface) {
+void PlaceValues(PlacedSketch& placed, const PixelSurface& surface) {
   for (std::size_t k = 0; k < placed.sketch.arrows.size(); ++k) {
     const SketchArrow& arrow = placed.sketch.arrows[k];
-    if (!IsAslant(arrow) || arrow.label.empty()) continue;
+    if (arrow.label.empty()) continue;
     const double half = surface.TextWidth(arrow.label, ClearSize::LargestText) / 2 + 1;
-    const std::optional<TurnedBox> box = AslantPlace(placed, placed.scene.arrows[k], half);
-    if (!box) continue;
-    placed.scene.plane.Add({*box, Occupant::Support, 0});
-    placed.texts.push_back({box->centre, arrow.label, arrow.tone});
+    const TurnedBox box = PlaceOfValue(placed, placed.scene.arrows[k], half);
+    placed.scene.plane.Add({box, Occupant::Support, 0});
+    placed.texts.push_back({box.centre, arrow.label, arrow.tone});
   }
 }
 
@@ -111,18 +119,13 @@ void MakeLabels(PlacedSketch& placed, const PixelSurface& surface) {
                                    -1,
                                    {}});
   };
-  for (std::size_t k = 0; k < sketch.arrows.size(); ++k) {
-    if (!IsAslant(sketch.arrows[k]))
-      add(LabelKind::Arrow, k, sketch.arrows[k].label, ToneColour(sketch.arrows[k].tone));
-  }
-  const bool names = sketch.lines.size() <= MostLinesForLabels;
-  for (std::size_t k = 0; names && k < sketch.lines.size(); ++k) {
+  for (std::size_t k = 0; k < sketch.lines.size(); ++k) {
     add(LabelKind::Force, k, sketch.lines[k].label, ToneColour(sketch.lines[k].tone));
   }
-  for (std::size_t k = 0; names && k < sketch.points.size(); ++k) {
+  for (std::size_t k = 0; k < sketch.points.size(); ++k) {
     add(LabelKind::NodeNumber, k + 1, sketch.points[k].name, ClearPalette::Ink);
   }
-  for (std::size_t k = 0; names && k < sketch.lines.size(); ++k) {
+  for (std::size_t k = 0; k < sketch.lines.size(); ++k) {
     add(LabelKind::MemberNumber, k, sketch.lines[k].number, ClearPalette::MemberNumber);
   }
 }
@@ -130,7 +133,8 @@ void MakeLabels(PlacedSketch& placed, const PixelSurface& surface) {
 } // namespace
 
 void LabelSketch(PlacedSketch& placed, const PixelSurface& surface) {
-  PlaceAslantLabels(placed, surface);
+  PlaceValues(placed, surface);
+  if (placed.sketch.lines.size() > MostLinesForLabels) return;
   PlaceTexts(placed, surface);
   MakeLabels(placed, surface);
   PlaceLabels(placed.scene, nullptr, std::numeric_limits<int>::max());

@@ -120,6 +120,7 @@ ClearBar BarOf(const SketchLine& line, int number, const ClearTruss& truss) {
 }
 
 void AddJointsAndBars(PlacedSketch& placed) {
+  placed.scene = {};
   ClearTruss& truss = placed.scene.truss;
   truss.joints.emplace_back();
   for (const SketchPoint& point : placed.sketch.points) {
@@ -132,6 +133,20 @@ void AddJointsAndBars(PlacedSketch& placed) {
     truss.bars.push_back(BarOf(line, static_cast<int>(truss.bars.size()) + 1, truss));
   }
   SortDirections(truss);
+}
+
+/// No label may stand beyond what is left of the area by title and scale.
+void AddWalls(const Bounds& area, OccupiedPlane& plane) {
+  constexpr double Thick = 300; // pixels
+  const PixelPoint middle{(area.left + area.right) / 2, (area.top + area.bottom) / 2};
+  const double halfAcross = area.Width() / 2 + Thick;
+  const double halfDown = area.Height() / 2 + Thick;
+  for (const double side : {-1.0, 1.0}) {
+    const PixelPoint beside{middle.x + side * (area.Width() + Thick) / 2, middle.y};
+    plane.Add({{beside, {1, 0}, Thick / 2, halfDown}, Occupant::Support, PlacedSketch::Beyond});
+    const PixelPoint above{middle.x, middle.y + side * (area.Height() + Thick) / 2};
+    plane.Add({{above, {1, 0}, halfAcross, Thick / 2}, Occupant::Support, PlacedSketch::Beyond});
+  }
 }
 
 void Occupy(PlacedSketch& placed, const PixelSurface& surface) {
@@ -150,6 +165,19 @@ void Occupy(PlacedSketch& placed, const PixelSurface& surface) {
   PlaceSketchArrows(placed.sketch, ArrowLengthsOf(placed.sketch, placed.area, surface), scene);
 }
 
+/// Whether an arrow stands on the other side than room was made for; room is made for where it stands from now on.
+bool TakeSides(PlacedSketch& placed) {
+  bool moved = false;
+  for (std::size_t k = 0; k < placed.sketch.arrows.size(); ++k) {
+    SketchArrow& arrow = placed.sketch.arrows[k];
+    const ClearArrow& stands = placed.scene.arrows[k];
+    const bool pulls = stands.outer == stands.tip;
+    moved = moved || arrow.pulls != pulls;
+    arrow.pulls = pulls;
+  }
+  return moved;
+}
+
 } // namespace
 
 PlacedSketch PlaceSketch(const Sketch& sketch, const Bounds& area, const PixelSurface& surface) {
@@ -159,9 +187,13 @@ PlacedSketch PlaceSketch(const Sketch& sketch, const Bounds& area, const PixelSu
   Bounds inside = area;
   if (!sketch.title.empty()) inside.top += TitleRoom;
   if (!sketch.unit.empty()) inside.bottom -= ScaleRoom;
-  std::tie(placed.scale, placed.origin) = SketchFrame(sketch, inside, surface).Fit();
-  AddJointsAndBars(placed);
-  Occupy(placed, surface);
+  constexpr int MostRounds = 3;
+  for (int round = 0; round < MostRounds && (round == 0 || TakeSides(placed)); ++round) {
+    std::tie(placed.scale, placed.origin) = SketchFrame(placed.sketch, inside, surface).Fit();
+    AddJointsAndBars(placed);
+    Occupy(placed, surface);
+  }
+  AddWalls(inside.GrownBy(-2), placed.scene.plane);
   LabelSketch(placed, surface);
   return placed;
 }

@@ -24,6 +24,8 @@ struct PlacedSketch {
   ClearScene scene;  ///< joints: the points, counted from 1; bars: the lines; arrows and their labels
   std::vector<PlacedSketchText> texts;
 
+  static constexpr int Beyond = -1; ///< owner of what is occupied beyond the area
+
   PixelPoint At(double x, double y) const { return {origin.x + scale * x, origin.y - scale * y}; }
 };
 

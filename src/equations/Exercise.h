@@ -31,11 +31,19 @@ struct StepQuestion {
   double right = 0;
   AnswerTolerance tolerance;
   std::vector<Slip> slips;
-  std::vector<int> freedoms;        ///< the right list
-  std::array<std::string, 3> hints; ///< each says more than the one before
-  std::string answer;               ///< the right answer in words, with its unit
-  std::vector<BlankCell> cells;
-  int member = 0;        ///< that it is about; 0 for none
+  std::vector<int> freedoms;         ///< the right list
+  std::array<std::string, 3> stages; ///< hints, each says more than the one before
+  std::string answer;                ///< the right answer in words, with its unit
+  std::vector<BlankCell> cells;      ///< empty where no grid shows what is asked
+  int member = 0;                    ///< that it is about; 0 for none
+  int node = 0;                      ///< that it is about; 0 for none
+
+  // How it goes.
+  std::string typed;     ///< what was typed last
+  bool isWrong = false;  ///< that was judged, and is wrong
+  int tries = 0;         ///< answers that were judged
+  int hints = 0;         ///< that were given
+  bool isDone = false;   ///< answered or shown
   bool wasRight = false; ///< it was answered, and not shown
 };
 
@@ -55,9 +63,7 @@ struct ExerciseScore {
 struct ExerciseState {
   bool on = false;
   std::vector<StepQuestion> questions; ///< of the last step
-  std::size_t current = 0;             ///< the first that is not done yet
-  int triesNow = 0;                    ///< at the current question
-  int hintsNow = 0;
+  std::size_t current = 0;             ///< the one to answer now; their number where all are done
   ExerciseScore score;
 };
 

@@ -37,7 +37,7 @@ Formula DirectionFormula(const std::string& letter, const std::string& axis, con
 }
 
 /// Length, direction and stiffness of a member, with its numbers put in.
-void WriteGeometry(int m, WorkingWriter& writer) {
+Formula GeometryOf(int m) {
   const int i = RoundNodeNumber(MemberTable(m, MemberNodeI));
   const int j = RoundNodeNumber(MemberTable(m, MemberNodeJ));
   const float length = MemberLength(m);
@@ -45,17 +45,18 @@ void WriteGeometry(int m, WorkingWriter& writer) {
   const Formula dx = EndDifference(i, j, NodeX);
   const Formula dy = EndDifference(i, j, NodeY);
   const auto square = [](const Formula& inside) { return PowerOf(BracketsAround(inside), NumberOf("2")); };
-  writer.Write(RowOf({SymbolOf("L"), SignOf("="), RootOf(RowOf({square(dx), SignOf("+"), square(dy)})), SignOf("="),
-                      FineNumber(length), Unit("m")}));
-  writer.Write(DirectionFormula("c", "x", dx, length, axis.c));
-  writer.Write(DirectionFormula("s", "y", dy, length, axis.s));
+  const Formula lengthOf = RowOf({SymbolOf("L"), SignOf("="), RootOf(RowOf({square(dx), SignOf("+"), square(dy)})),
+                                  SignOf("="), FineNumber(length), Unit("m")});
   const float E = MemberTable(m, MemberE);
   const float A = MemberTable(m, MemberA);
   const auto stiffness = static_cast<float>(static_cast<double>(E) * A / axis.length);
-  writer.Write(RowOf({FractionOf(SymbolOf("EA"), SymbolOf("L")), SignOf("="),
-                      FractionOf(RowOf({FineNumber(E, MemberLink(m)), SignOf("\u00B7"), FineNumber(A, MemberLink(m))}),
-                                 FineNumber(static_cast<float>(length * Metre))),
-                      SignOf("="), ShownNumber(stiffness), Unit("kN/mm")}));
+  const Formula stiffnessOf =
+      RowOf({FractionOf(SymbolOf("EA"), SymbolOf("L")), SignOf("="),
+             FractionOf(RowOf({FineNumber(E, MemberLink(m)), SignOf("\u00B7"), FineNumber(A, MemberLink(m))}),
+                        FineNumber(static_cast<float>(length * Metre))),
+             SignOf("="), ShownNumber(stiffness), Unit("kN/mm")});
+  return StackOf({SideBySide({lengthOf, stiffnessOf}), SideBySide({DirectionFormula("c", "x", dx, length, axis.c),
+                                                                   DirectionFormula("s", "y", dy, length, axis.s)})});
 }
 
 using Cells = std::vector<std::vector<Formula>>;
@@ -69,24 +70,33 @@ Cells FourByFour(const Value& value) {
   return cells;
 }
 
-/// c2, cs and s2 in their places, with the signs of the member's direction.
-Formula LettersOfMatrix() {
+/// k = EA/L and c2, cs and s2 in their places, with the signs of the member's direction.
+Formula LettersOfMatrix(int m) {
   const auto square = [](const std::string& letter) { return PowerOf(SymbolOf(letter), NumberOf("2")); };
-  return MatrixOf(FourByFour([&](int row, int column) {
+  const Formula letters = MatrixOf(FourByFour([&](int row, int column) {
     const bool rowIsX = row % 2 == 1;
     const Formula product = rowIsX != (column % 2 == 1) ? SymbolOf("cs") : square(rowIsX ? "c" : "s");
     return (row <= 2) == (column <= 2) ? product : RowOf({WordsOf("\u2212"), product});
   }));
+  return RowOf({IndexOf(SymbolOf("k"), NumberOf(std::to_string(m))), SignOf("="),
+                FractionOf(SymbolOf("EA"), SymbolOf("L")), letters});
 }
 
-/// The member's matrix, K so far at its freedoms, and K with it.
+Cells CellsOf(const MemberShare& share) {
+  return FourByFour([&](int row, int column) { return ShownNumber(share.k(row, column), MemberLink(share.matrixOf)); });
+}
+
+/// The member's own matrix, in letters and in numbers.
+Formula MatrixOfMember(const MemberShare& share) {
+  const std::vector<int> freedoms(share.freedoms.begin() + 1, share.freedoms.end());
+  return RowOf({LettersOfMatrix(share.member), SignOf("="), MatrixAt(freedoms, CellsOf(share)), Unit("kN/mm")});
+}
+
+/// K so far at the freedoms of the member, its matrix, and K with it.
 void WriteSum(const MemberShare& share, const StiffnessMatrix& K, WorkingWriter& writer) {
   const std::vector<int> freedoms(share.freedoms.begin() + 1, share.freedoms.end());
   const auto at = [&](int place) { return freedoms[static_cast<std::size_t>(place - 1)]; };
-  const std::string m = std::to_string(share.member);
-  const Formula k = IndexOf(SymbolOf("k"), NumberOf(std::to_string(share.matrixOf)));
-  const auto ofMember =
-      FourByFour([&](int row, int column) { return ShownNumber(share.k(row, column), MemberLink(share.matrixOf)); });
+  const Cells ofMember = CellsOf(share);
   const auto before = FourByFour([&](int row, int column) {
     return ShownNumber(share.before[static_cast<std::size_t>(4 * (row - 1) + column - 1)],
                        EntryLink(at(row), at(column)));
@@ -94,11 +104,7 @@ void WriteSum(const MemberShare& share, const StiffnessMatrix& K, WorkingWriter&
   const auto after = FourByFour([&](int row, int column) {
     return InTone(FormulaTone::Strong, ShownNumber(K(at(row), at(column)), EntryLink(at(row), at(column))));
   });
-  writer.Write(RowOf({k, SignOf("="), FractionOf(SymbolOf("EA"), SymbolOf("L")), LettersOfMatrix(), SignOf("="),
-                      MatrixAt(freedoms, ofMember), Unit("kN/mm")}));
-  writer.Say("Each of the 16 numbers goes where the row and the column of its freedoms cross in K. Sum so far + share "
-             "of member " +
-             m + " = new sum:");
+  writer.Say("Each number goes where its row and column cross in K: sum so far + share = new sum, in kN/mm.");
   writer.Write(RowOf({MatrixAt(freedoms, before), SignOf("+"), MatrixOf(ofMember), SignOf("="), MatrixOf(after)}));
 }
 
@@ -146,10 +152,13 @@ void WriteMemberHeading(const EquationPage& page, WorkingWriter& writer) {
 }
 
 void WriteMember(const EquationPage& page, WorkingWriter& writer) {
-  const bool hasPlace = page.lastFreedoms[1] != 0;
-  if (page.matrixOf == page.lastMember && hasPlace) WriteGeometry(page.lastMember, writer);
-  if (!hasPlace || page.viewStiffness->Shares().empty()) return;
-  WriteSum(page.viewStiffness->Shares().back(), page.viewStiffness->Values(), writer);
+  if (page.lastFreedoms[1] == 0 || page.viewStiffness->Shares().empty()) return;
+  const MemberShare& share = page.viewStiffness->Shares().back();
+  if (page.matrixOf == page.lastMember) {
+    writer.Write(GeometryOf(page.lastMember));
+    writer.Write(MatrixOfMember(share));
+  }
+  WriteSum(share, page.viewStiffness->Values(), writer);
 }
 
 void WriteWholeMatrix(const EquationPage& page, WorkingWriter& writer) {

@@ -43,7 +43,7 @@ std::vector<std::vector<Formula>> ColumnOf(const std::vector<int>& freedoms, con
   return cells;
 }
 
-/// K D = P without the rows and columns of restrained freedoms.
+/// K D = P without the rows and columns of restrained freedoms, and where it has been solved the D that follows.
 void WriteReducedSystem(const EquationPage& page, const std::vector<int>& free, WorkingWriter& writer) {
   std::vector<std::vector<Formula>> K;
   std::vector<std::vector<Formula>> D;
@@ -55,8 +55,15 @@ void WriteReducedSystem(const EquationPage& page, const std::vector<int>& free, 
     }
     D.push_back({IndexOf(SymbolOf("D"), WordsOf(FreedomLabel(row)))});
   }
-  writer.Say("Without the restrained freedoms K D = P is:");
-  writer.Write(RowOf({MatrixAt(free, K), MatrixOf(D), SignOf("="), MatrixOf(ColumnOf(free, LoadsToSolve(page), "P"))}));
+  const Formula system =
+      RowOf({MatrixAt(free, K), MatrixOf(D), SignOf("="), MatrixOf(ColumnOf(free, LoadsToSolve(page), "P"))});
+  if (page.lastStep != EquationStep::Solve) {
+    writer.Say("Without the restrained freedoms K D = P is:");
+    return writer.Write(system);
+  }
+  writer.Say("Without the restrained freedoms K D = P is, in kN/mm and kN, and D follows in mm:");
+  const Formula solution = MatrixOf(ColumnOf(free, *page.displacements, "D"));
+  writer.Write(SideBySide({system, RowOf({MatrixOf(D), SignOf("="), solution})}));
 }
 
 /// One row of the outline of the elimination.
@@ -101,7 +108,7 @@ void WriteElimination(const EquationPage& page, const std::vector<int>& free, Wo
   writer.Tabulate(std::move(table));
 }
 
-/// All displacements, restrained ones among them.
+/// All displacements, restrained ones among them, which in the window stand in their grid.
 void WriteDisplacements(const EquationPage& page, WorkingWriter& writer) {
   std::vector<int> all(static_cast<std::size_t>(page.viewDofCount));
   std::iota(all.begin(), all.end(), 1);
@@ -139,7 +146,8 @@ void WriteRestriction(const EquationPage& page, WorkingWriter& writer) {
 
 void WriteSolution(const EquationPage& page, WorkingWriter& writer) {
   const std::vector<int> free = FreeFreedoms(page);
-  if (page.viewDofCount > 2 * MaxWorkedNodes) {
+  const bool writesMatrices = page.viewDofCount <= 2 * MaxWorkedNodes;
+  if (!writesMatrices) {
     writer.Say("There are " + std::to_string(free.size()) + " equations to solve: the matrices of trusses of up to " +
                std::to_string(MaxWorkedNodes) + " nodes are written out, this one has " +
                std::to_string(page.viewDofCount / 2) + ".");
@@ -149,7 +157,9 @@ void WriteSolution(const EquationPage& page, WorkingWriter& writer) {
     WriteReducedSystem(page, free, writer);
     WriteElimination(page, free, writer);
   }
-  if (page.lastStep == EquationStep::Solve) WriteDisplacements(page, writer);
+  if (page.lastStep == EquationStep::Solve && (!writesMatrices || writer.IsForDocument())) {
+    WriteDisplacements(page, writer);
+  }
 }
 
 } // namespace strutwright

@@ -52,7 +52,7 @@ class WorkingWriter {
   /// How many of so many lines are shown; says so where some are left out.
   int Listed(int count, const std::string& what);
 
-  WorkedDocument& Document() { return Target; }
+  bool IsForDocument() const { return Extent == WorkingExtent::Document; }
 
  private:
   WorkedDocument& Target;

@@ -84,6 +84,7 @@ std::string NumberAsShown(float value) {
 
 CellTint EquationTint(EquationGrid grid, int row, int column) {
   Check(grid, row, column);
+  if (IsWrong(grid, row, column)) return CellTint::Wrong;
   if (IsBlank(grid, row, column)) return CellTint::None;
   if (IsAnswered(grid, row, column)) return CellTint::Solved;
   const EquationStep step = TheEquations.page.lastStep;

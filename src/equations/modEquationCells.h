@@ -22,7 +22,8 @@ enum class CellTint {
   None,
   Added,   ///< a member was added here, or here is the label of one of its freedoms
   Cleared, ///< in a row or column that was cleared, or its label
-  Solved   ///< part of the solution, or answered right
+  Solved,  ///< part of the solution, or answered right
+  Wrong    ///< answered wrong, and still blank
 };
 
 /// "1 x", "1 y", "2 x", ... for freedom 1, 2, 3, ...

@@ -28,12 +28,33 @@ bool AsksFor(const StepQuestion& question, EquationGrid grid, int row, int colum
   });
 }
 
+/// The question about a cell that is not done; nullptr where there is none.
+StepQuestion* OpenQuestionAt(EquationGrid grid, int row, int column) {
+  for (StepQuestion& each : TheExercise.questions) {
+    if (!each.isDone && AsksFor(each, grid, row, column)) return &each;
+  }
+  return nullptr;
+}
+
+/// Whether there is an open question of that kind, which is chosen then.
+template <class Fits>
+bool ChooseFirst(const Fits& fits) {
+  const auto found = std::find_if(TheExercise.questions.begin(), TheExercise.questions.end(),
+                                  [&](const StepQuestion& each) { return !each.isDone && fits(each); });
+  if (found == TheExercise.questions.end()) return false;
+  TheExercise.current = static_cast<std::size_t>(found - TheExercise.questions.begin());
+  return true;
+}
+
 /// Turns to the next question.  outcome: how this one went.
 void Finish(const std::string& outcome) {
   TheExercise.score.lines.push_back(Current().text + " " + outcome);
-  ++TheExercise.current;
-  TheExercise.triesNow = 0;
-  TheExercise.hintsNow = 0;
+  Current().isDone = true;
+  if (!TurnQuestion(1)) TheExercise.current = TheExercise.questions.size();
+}
+
+std::string Counted(int count, const std::string& what, const std::string& ofMany) {
+  return std::to_string(count) + " " + (count == 1 ? what : ofMany);
 }
 
 /// "12.5 C", "C 12.5", "-12.5": the force, tension positive.
@@ -91,16 +112,16 @@ std::string ListFault(const std::vector<int>& answer, const std::vector<int>& ri
 
 AnswerReply Judged(bool isRight, const std::string& text) {
   ExerciseScore& score = TheExercise.score;
+  StepQuestion& question = Current();
   ++score.tries;
-  ++TheExercise.triesNow;
+  ++question.tries;
+  question.isWrong = !isRight;
   if (!isRight) return {true, false, "\u2717 " + text};
   ++score.right;
-  if (TheExercise.triesNow == 1 && TheExercise.hintsNow == 0) ++score.firstTry;
-  Current().wasRight = true;
-  const std::string answer = Current().answer;
-  Finish("right after " + std::to_string(TheExercise.triesNow) + (TheExercise.triesNow == 1 ? " try" : " tries") +
-         ", " + std::to_string(TheExercise.hintsNow) + (TheExercise.hintsNow == 1 ? " hint" : " hints"));
-  return {true, true, "\u2713 Right: " + answer + "."};
+  if (question.tries == 1 && question.hints == 0) ++score.firstTry;
+  question.wasRight = true;
+  Finish("right after " + Counted(question.tries, "try", "tries") + ", " + Counted(question.hints, "hint", "hints"));
+  return {true, true, "\u2713 Right: " + question.answer + "."};
 }
 
 AnswerReply JudgeList(const std::string& text) {
@@ -126,12 +147,33 @@ void AskAboutLastStep() {
 void DropQuestions() {
   TheExercise.questions.clear();
   TheExercise.current = 0;
-  TheExercise.triesNow = 0;
-  TheExercise.hintsNow = 0;
 }
 
 const StepQuestion* CurrentQuestion() {
   return TheExercise.current < TheExercise.questions.size() ? &Current() : nullptr;
+}
+
+bool TurnQuestion(int by) {
+  const std::size_t count = TheExercise.questions.size();
+  for (std::size_t turns = 1; turns < count; ++turns) {
+    const std::size_t next = (TheExercise.current + (by > 0 ? turns : count - turns)) % count;
+    if (TheExercise.questions[next].isDone) continue;
+    TheExercise.current = next;
+    return true;
+  }
+  return false;
+}
+
+bool ChooseQuestionAt(EquationGrid grid, int row, int column) {
+  return ChooseFirst([&](const StepQuestion& each) { return AsksFor(each, grid, row, column); });
+}
+
+bool ChooseQuestionOfMember(int m) {
+  return ChooseFirst([m](const StepQuestion& each) { return each.cells.empty() && each.member == m; });
+}
+
+bool ChooseQuestionOfNode(int n) {
+  return ChooseFirst([n](const StepQuestion& each) { return each.cells.empty() && each.node == n; });
 }
 
 bool IsAskedForSupports() {
@@ -141,22 +183,35 @@ bool IsAskedForSupports() {
 
 bool IsBlank(EquationGrid grid, int row, int column) {
   if (grid == EquationGrid::Stiffness && IsAskedForSupports()) return true; // its cleared rows give them away
-  for (std::size_t i = TheExercise.current; i < TheExercise.questions.size(); ++i) {
-    if (AsksFor(TheExercise.questions[i], grid, row, column)) return true;
-  }
-  return false;
+  return IsToBeAnswered(grid, row, column);
 }
 
+bool IsToBeAnswered(EquationGrid grid, int row, int column) { return OpenQuestionAt(grid, row, column) != nullptr; }
+
 bool IsAnswered(EquationGrid grid, int row, int column) {
-  for (std::size_t i = 0; i < TheExercise.current; ++i) {
-    const StepQuestion& question = TheExercise.questions[i];
-    if (question.wasRight && AsksFor(question, grid, row, column)) return true;
-  }
-  return false;
+  return std::any_of(TheExercise.questions.begin(), TheExercise.questions.end(),
+                     [&](const StepQuestion& each) { return each.wasRight && AsksFor(each, grid, row, column); });
+}
+
+std::string TypedInto(EquationGrid grid, int row, int column) {
+  const StepQuestion* question = OpenQuestionAt(grid, row, column);
+  return question == nullptr ? "" : question->typed;
+}
+
+bool IsWrong(EquationGrid grid, int row, int column) {
+  const StepQuestion* question = OpenQuestionAt(grid, row, column);
+  return question != nullptr && question->isWrong;
+}
+
+void KeepTyped(const std::string& text) {
+  if (CurrentQuestion() == nullptr || Current().typed == text) return;
+  Current().typed = text;
+  Current().isWrong = false;
 }
 
 AnswerReply AnswerQuestion(const std::string& text) {
   if (CurrentQuestion() == nullptr) return {};
+  KeepTyped(text);
   const StepQuestion& question = Current();
   if (question.kind == StepQuestionKind::Freedoms) return JudgeList(text);
   const bool isForce = question.kind == StepQuestionKind::MemberForce;
@@ -168,11 +223,11 @@ AnswerReply AnswerQuestion(const std::string& text) {
 
 std::string NextHint() {
   if (CurrentQuestion() == nullptr) return "";
-  const StepQuestion question = Current();
-  if (TheExercise.hintsNow < static_cast<int>(question.hints.size())) {
+  StepQuestion& question = Current();
+  if (question.hints < static_cast<int>(question.stages.size())) {
     ++TheExercise.score.hints;
-    const auto stage = static_cast<std::size_t>(TheExercise.hintsNow++);
-    return "Hint " + std::to_string(stage + 1) + " of 3: " + question.hints[stage];
+    const auto stage = static_cast<std::size_t>(question.hints++);
+    return "Hint " + std::to_string(stage + 1) + " of 3: " + question.stages[stage];
   }
   ++TheExercise.score.shown;
   Finish("shown");

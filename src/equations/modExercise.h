@@ -6,8 +6,8 @@
 
 namespace strutwright {
 
-// "Try It" in the equations view: after a step the cells that it changed stay blank, and are asked for one after the
-// other.  What is said to an answer begins with a word, so that right and wrong never rest on a colour.
+// "Try It" in the equations view: after a step the cells that it changed stay blank until each has been answered, in
+// any order.  What is said to an answer begins with a word, so that right and wrong never rest on a colour.
 
 /// Switches Try It on, with a new score, or off; what is blank is shown then.
 void SwitchExercise(bool on);
@@ -21,14 +21,32 @@ void DropQuestions();
 /// The question to answer now; nullptr where there is none.
 const StepQuestion* CurrentQuestion();
 
+/// Choose the question to answer now: the next (1) or the one before (-1) that is not done, the one about a cell, or
+/// the first that is not done about a member or a node and that no cell shows.  Whether there is such a question;
+/// without one nothing changes.
+bool TurnQuestion(int by);
+bool ChooseQuestionAt(EquationGrid grid, int row, int column);
+bool ChooseQuestionOfMember(int m);
+bool ChooseQuestionOfNode(int n);
+
 /// Whether the supports are asked for, which the last step has applied already.
 bool IsAskedForSupports();
 
 /// Whether a cell is blank, because its question has not been answered yet.
 bool IsBlank(EquationGrid grid, int row, int column);
 
+/// Whether an answer can be typed into the cell.
+bool IsToBeAnswered(EquationGrid grid, int row, int column);
+
 /// Whether a cell was asked for in the last step, and answered.
 bool IsAnswered(EquationGrid grid, int row, int column);
+
+/// What was typed into a blank cell and not found right; and whether it was found wrong.
+std::string TypedInto(EquationGrid grid, int row, int column);
+bool IsWrong(EquationGrid grid, int row, int column);
+
+/// Keeps what is typed as an answer to the current question, which is not judged by that.
+void KeepTyped(const std::string& text);
 
 struct AnswerReply {
   bool isJudged = false; ///< a text that can't be read is not wrong, but asked again

@@ -96,11 +96,11 @@ StepQuestion EntryQuestion(const MemberShare& share, std::size_t p, std::size_t 
   question.right = right;
   question.tolerance = ShownTolerance();
   question.slips = EntrySlips(terms, before, right - before);
-  question.hints = {"The new sum is the sum so far and the share of member " + m + ".",
-                    "Sum so far" + sign + "EA/L \u00B7 " + SquareOrCross(terms) + ", with L in mm.",
-                    NumberAsShown(static_cast<float>(before)) + sign + NumberAsShown(static_cast<float>(terms.axial)) +
-                        " \u00B7 (" + Fine(terms.rowIsX ? terms.c : terms.s) + ") \u00B7 (" +
-                        Fine(terms.columnIsX ? terms.c : terms.s) + ")"};
+  question.stages = {"The new sum is the sum so far and the share of member " + m + ".",
+                     "Sum so far" + sign + "EA/L \u00B7 " + SquareOrCross(terms) + ", with L in mm.",
+                     NumberAsShown(static_cast<float>(before)) + sign + NumberAsShown(static_cast<float>(terms.axial)) +
+                         " \u00B7 (" + Fine(terms.rowIsX ? terms.c : terms.s) + ") \u00B7 (" +
+                         Fine(terms.columnIsX ? terms.c : terms.s) + ")"};
   question.answer = NumberAsShown(static_cast<float>(right)) + " kN/mm";
   question.cells = {{EquationGrid::Stiffness, row, column}, {EquationGrid::Stiffness, column, row}};
   question.member = share.member;
@@ -135,9 +135,9 @@ std::vector<StepQuestion> RestrictQuestions(const EquationPage& page) {
     question.freedoms.push_back(freedom);
     list += (list.empty() ? "" : ", ") + FreedomLabel(freedom);
   }
-  question.hints = {"Look for the nodes with a support; every other node is free.",
-                    "Support 1 holds y, 2 holds x, 3 and any other but 0 holds both.",
-                    "There are " + std::to_string(question.freedoms.size()) + " of them."};
+  question.stages = {"Look for the nodes with a support; every other node is free.",
+                     "Support 1 holds y, 2 holds x, 3 and any other but 0 holds both.",
+                     "There are " + std::to_string(question.freedoms.size()) + " of them."};
   question.answer = list.empty() ? "none" : list;
   return {question};
 }
@@ -153,9 +153,9 @@ std::vector<StepQuestion> DisplacementQuestions(const EquationPage& page) {
     question.tolerance = ShownTolerance();
     question.slips = GeneralSlips(question.right, AnswerQuantity::Length);
     question.slips.push_back({"the freedoms x and y swapped", value(IsX(freedom) ? freedom + 1 : freedom - 1)});
-    question.hints = {"Solve the equations that are left: those without restrained freedoms.",
-                      "Eliminate one unknown after the other, then go back from the last.",
-                      "It is " + std::string(question.right < 0 ? "negative" : "not negative") + "."};
+    question.stages = {"Solve the equations that are left: those without restrained freedoms.",
+                       "Eliminate one unknown after the other, then go back from the last.",
+                       "It is " + std::string(question.right < 0 ? "negative" : "not negative") + "."};
     question.answer = NumberAsShown(static_cast<float>(question.right)) + " mm";
     question.cells = {{EquationGrid::Displacement, freedom, 1}};
     questions.push_back(question);
@@ -191,11 +191,11 @@ StepQuestion ForceQuestion(const EquationPage& page, int m) {
                     {"c and s exchanged", axial * exchanged + PS},
                     {"the elongation instead of the force", elongation}};
   for (const Slip& slip : GeneralSlips(f, AnswerQuantity::MemberForce)) question.slips.push_back(slip);
-  question.hints = {"The force follows from how node j moved against node i, along the member.",
-                    "f = EA/L (c \u0394u + s \u0394v) + PS; positive is tension, T.",
-                    "f = " + NumberAsShown(static_cast<float>(axial)) + " \u00B7 ((" + Fine(axis.c) + ") \u00B7 (" +
-                        Fine(terms.du) + ") + (" + Fine(axis.s) + ") \u00B7 (" + Fine(terms.dv) + ")) + " +
-                        NumberAsShown(MemberTable(m, MemberPS))};
+  question.stages = {"The force follows from how node j moved against node i, along the member.",
+                     "f = EA/L (c \u0394u + s \u0394v) + PS; positive is tension, T.",
+                     "f = " + NumberAsShown(static_cast<float>(axial)) + " \u00B7 ((" + Fine(axis.c) + ") \u00B7 (" +
+                         Fine(terms.du) + ") + (" + Fine(axis.s) + ") \u00B7 (" + Fine(terms.dv) + ")) + " +
+                         NumberAsShown(MemberTable(m, MemberPS))};
   question.answer = ForceWords(terms.force);
   question.member = m;
   return question;
@@ -228,12 +228,13 @@ std::vector<StepQuestion> ReactionQuestions(const EquationPage& page) {
     question.slips.push_back({"the load at the support forgotten", question.right + load});
     question.slips.push_back({"the members with the wrong sign", -2 * load - question.right});
     question.slips.push_back({"the load with the wrong sign", question.right + 2 * load});
-    question.hints = {"What the support bears balances the loads and the member forces at its node.",
-                      "R = -P and then each member there: + where it ends, - where it starts, (f - PS) times c for x "
-                      "or s for y.",
-                      "It is " + std::string(question.right < 0 ? "negative" : "not negative") + "; -P is " +
-                          NumberAsShown(static_cast<float>(-load)) + " kN."};
+    question.stages = {"What the support bears balances the loads and the member forces at its node.",
+                       "R = -P and then each member there: + where it ends, - where it starts, (f - PS) times c for x "
+                       "or s for y.",
+                       "It is " + std::string(question.right < 0 ? "negative" : "not negative") + "; -P is " +
+                           NumberAsShown(static_cast<float>(-load)) + " kN."};
     question.answer = NumberAsShown(static_cast<float>(question.right)) + " kN";
+    question.node = (freedom + 1) / 2;
     questions.push_back(question);
   }
   return questions;

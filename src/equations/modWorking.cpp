@@ -24,7 +24,7 @@ constexpr std::string_view NoModelText =
 constexpr std::string_view NothingPressedText =
     "Press Show Force, Add Member 1 or Show Global K: the working of each step stands here.";
 constexpr std::string_view TryFirstText =
-    "Try It asks for this step: answer the questions above, then its working stands here.";
+    "Try It asks for this step: answer its questions, then its working stands here.";
 constexpr std::string_view NotFiniteText =
     "Some of these numbers have no value: a coordinate, E, A or a load is too large or too small to compute with. "
     "Correct it in the grids.";
@@ -45,6 +45,11 @@ bool IsFinite(const EquationPage& page) {
   }
   return IsFinite(page.loads) && IsFinite(page.displacements) && IsFinite(page.memberForces) &&
          IsFinite(page.reactions);
+}
+
+/// Whether the last step added a member's own matrix; its working says all that the sentence above the grids does.
+bool IsSharedMember(const EquationPage& page) {
+  return page.lastStep == EquationStep::AddMember && page.matrixOf == page.lastMember && page.lastFreedoms[1] != 0;
 }
 
 void WriteStep(const EquationPage& page, WorkingWriter& writer) {
@@ -165,7 +170,7 @@ WorkedDocument StepWorking(const EquationPage& page, WorkingExtent extent) {
     return document;
   }
   if (page.lastStep == EquationStep::AddMember) WriteMemberHeading(page, writer);
-  writer.Say(StepDoneText(page));
+  if (writer.IsForDocument() || !IsSharedMember(page)) writer.Say(StepDoneText(page));
   if (!IsFinite(page)) writer.Say(std::string(NotFiniteText));
   WriteStep(page, writer);
   return document;

@@ -85,7 +85,8 @@ void NotePrestress(HandTruss& truss) {
                                [](const HandMember& member) { return member.prestress != 0; });
   if (!any) return;
   truss.notes.emplace_back("Prestress changes no force that statics alone can find: the pair of forces that it puts on "
-                           "the two nodes and the member's own part cancel");
+                           "the two nodes and the member's own part cancel; only the forces that an indeterminate "
+                           "truss leaves open change with it");
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "EquilibriumMatrix.h"
 #include "HandTexts.h"
+#include "modRigidParts.h"
 #include "modSections.h"
 
 #include <algorithm>
@@ -9,6 +10,7 @@
 #include <map>
 #include <numeric>
 #include <tuple>
+#include <utility>
 
 namespace strutwright {
 
@@ -17,58 +19,6 @@ namespace {
 constexpr std::size_t MaxHingesTried = 40;
 
 std::size_t Position(int number) { return static_cast<std::size_t>(number); }
-
-/// Tries sections and keeps the best.
-class SectionChoice {
- public:
-  SectionChoice(const HandTruss& truss, const JointOrder& order, const HandSolution& solution)
-      : Truss(truss), Order(order), Forces(solution.forces) {}
-
-  void Try(const std::vector<int>& nodes) {
-    if (nodes.empty() || static_cast<int>(nodes.size()) == Truss.nodeCount) return;
-    HandSection section = SectionAround(Truss, nodes, Forces);
-    if (section.equations.empty()) return;
-    if (Best && Unknowns(*Best) <= Unknowns(section)) return;
-    Best = std::move(section);
-  }
-
-  /// The part itself, and without each of the nodes at which unknown members go on to others.
-  void TryPart(const std::vector<int>& part) {
-    const auto isKnown = [this](int node) { return Order.UnknownsAt(node).empty(); };
-    if (std::all_of(part.begin(), part.end(), isKnown)) return;
-    Try(part);
-    std::size_t tried = 0;
-    for (const int node : part) {
-      if (!LeadsOut(node, part) || ++tried > MaxHingesTried) continue;
-      std::vector<int> rest = part;
-      std::erase(rest, node);
-      Try(rest);
-    }
-  }
-
-  void TryJoints() {
-    for (int node = 1; node <= Truss.nodeCount; ++node) {
-      if (Order.UnknownsAt(node).size() > 2) Try({node});
-    }
-  }
-
-  std::optional<HandSection> Best;
-
- private:
-  static std::size_t Unknowns(const HandSection& section) { return section.equations.size() + section.open.size(); }
-
-  bool LeadsOut(int node, const std::vector<int>& part) const {
-    const auto& members = Truss.membersAt[Position(node)];
-    return std::any_of(members.begin(), members.end(), [&](int index) {
-      const int end = Truss.members[Position(index)].OtherEnd(node);
-      return !Order.KnowsMember(index) && !std::binary_search(part.begin(), part.end(), end);
-    });
-  }
-
-  const HandTruss& Truss;
-  const JointOrder& Order;
-  const HandForces& Forces;
-};
 
 std::string WhySection(const HandSection& section, const HandSolution& solution) {
   const std::string kind = solution.determinacy.kind == TrussKind::Complex ? "complex" : "compound";
@@ -168,13 +118,61 @@ std::string NameOf(const UnknownForce& force, const HandTruss& truss) {
 
 } // namespace
 
-std::optional<HandStep> SectionThatGoesOn(const HandTruss& truss, const JointOrder& order, const HandSolution& solution,
-                                          const std::vector<std::vector<int>>& parts) {
-  SectionChoice choice(truss, order, solution);
-  for (const std::vector<int>& part : parts) choice.TryPart(part);
-  if (!choice.Best) choice.TryJoints();
-  if (!choice.Best) return std::nullopt;
-  return StepOf(std::move(*choice.Best), solution);
+SectionSearch::SectionSearch(const HandTruss& truss) : Truss(truss) {
+  for (std::vector<int>& part : SimpleParts(truss)) Parts.push_back({std::move(part)});
+  for (int node = 1; node <= truss.nodeCount; ++node) Joints.push_back({{node}});
+}
+
+std::optional<HandStep> SectionSearch::Next(const JointOrder& order, const HandSolution& solution) {
+  const Candidate* best = BestOf(Parts, order, solution.forces);
+  if (best == nullptr) best = BestOf(Joints, order, solution.forces);
+  if (best == nullptr) return std::nullopt;
+  return StepOf(SectionAround(Truss, best->best, solution.forces), solution);
+}
+
+const SectionSearch::Candidate* SectionSearch::BestOf(std::vector<Candidate>& candidates, const JointOrder& order,
+                                                      const HandForces& forces) const {
+  const Candidate* best = nullptr;
+  for (Candidate& candidate : candidates) {
+    int unknowns = 0;
+    for (const int node : candidate.nodes) unknowns += order.UnknownCountAt(node);
+    if (unknowns == 0) continue;
+    if (unknowns != candidate.unknowns) TryAgain(order, forces, candidate);
+    candidate.unknowns = unknowns;
+    if (candidate.best.empty() || (best != nullptr && best->asked <= candidate.asked)) continue;
+    best = &candidate;
+  }
+  return best;
+}
+
+/// The nodes themselves, and without each of those at which unknown members go on to others.
+void SectionSearch::TryAgain(const JointOrder& order, const HandForces& forces, Candidate& candidate) const {
+  candidate.best.clear();
+  Try(candidate.nodes, forces, candidate);
+  std::size_t tried = 0;
+  for (const int node : candidate.nodes) {
+    if (!LeadsOut(node, order, candidate.nodes) || ++tried > MaxHingesTried) continue;
+    std::vector<int> rest = candidate.nodes;
+    std::erase(rest, node);
+    Try(rest, forces, candidate);
+  }
+}
+
+void SectionSearch::Try(const std::vector<int>& nodes, const HandForces& forces, Candidate& candidate) const {
+  if (nodes.empty() || static_cast<int>(nodes.size()) == Truss.nodeCount) return;
+  const HandSection section = SectionAround(Truss, nodes, forces);
+  const std::size_t asked = section.equations.size() + section.open.size();
+  if (section.equations.empty() || (!candidate.best.empty() && candidate.asked <= asked)) return;
+  candidate.best = nodes;
+  candidate.asked = asked;
+}
+
+bool SectionSearch::LeadsOut(int node, const JointOrder& order, const std::vector<int>& part) const {
+  const auto& members = Truss.membersAt[Position(node)];
+  return std::any_of(members.begin(), members.end(), [&](int index) {
+    const int end = Truss.members[Position(index)].OtherEnd(node);
+    return !order.KnowsMember(index) && !std::binary_search(part.begin(), part.end(), end);
+  });
 }
 
 HandStep SolveTogether(const HandTruss& truss, const JointOrder& order, const HandSolution& solution) {

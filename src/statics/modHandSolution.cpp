@@ -3,7 +3,6 @@
 #include "HandTexts.h"
 #include "modGoOn.h"
 #include "modJointOrder.h"
-#include "modRigidParts.h"
 
 #include <cmath>
 #include <cstddef>
@@ -37,8 +36,8 @@ class HandSolver {
       Solution.stop = "No joint left has at most two unknown forces: " + Solution.determinacy.sentence;
       return false;
     }
-    if (!Parts) Parts = SimpleParts(Truss);
-    if (std::optional<HandStep> section = SectionThatGoesOn(Truss, Order, Solution, *Parts)) {
+    if (!Sections) Sections.emplace(Truss);
+    if (std::optional<HandStep> section = Sections->Next(Order, Solution)) {
       TakeSection(std::move(*section));
       return true;
     }
@@ -137,7 +136,7 @@ class HandSolver {
   const HandTruss& Truss;
   HandSolution& Solution;
   JointOrder Order;
-  std::optional<std::vector<std::vector<int>>> Parts; ///< where joints alone do not go on
+  std::optional<SectionSearch> Sections; ///< where joints alone do not go on
 };
 
 } // namespace

@@ -2,6 +2,8 @@
 
 #include "AnalysisState.h"
 
+#include <algorithm>
+
 namespace strutwright {
 
 JointOrder::JointOrder(const HandTruss& truss, bool knowsReactions)
@@ -28,6 +30,15 @@ std::vector<UnknownForce> JointOrder::UnknownsAt(int node) const {
   addReaction(XFreedom(node), 1, 0);
   addReaction(YFreedom(node), 0, 1);
   return unknowns;
+}
+
+int JointOrder::UnknownCountAt(int node) const {
+  const std::vector<int>& members = Truss.membersAt[static_cast<std::size_t>(node)];
+  auto count = std::count_if(members.begin(), members.end(), [this](int index) { return !KnowsMember(index); });
+  for (const std::size_t freedom : {XFreedom(node), YFreedom(node)}) {
+    if (Truss.fixed[freedom] != 0 && !KnowsReaction(freedom)) ++count;
+  }
+  return static_cast<int>(count);
 }
 
 void JointOrder::Consider(int node) {

@@ -31,6 +31,9 @@ class JointOrder {
   /// The forces at a joint that are not known yet, members first.
   std::vector<UnknownForce> UnknownsAt(int node) const;
 
+  /// How many those are.
+  int UnknownCountAt(int node) const;
+
   void LearnMember(int index);
   void LearnReaction(std::size_t freedom);
   void Learn(const UnknownForce& force);

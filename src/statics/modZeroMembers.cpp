@@ -107,12 +107,26 @@ class ZeroSearch {
   std::string TextOf(int node, const std::vector<ActingLine>& lines, std::size_t one, ZeroRule rule) const {
     const std::string name = "member " + NumberOf(lines[one]);
     const std::string at = "At node " + std::to_string(node) + " ";
-    if (rule == ZeroRule::OnlyMember) return at + "only " + name + " can bear anything, and nothing pulls at it";
+    const std::string idle = IdleReactionsAt(node);
+    if (rule == ZeroRule::OnlyMember) return at + "only " + name + " can bear anything, and nothing pulls at it" + idle;
     if (rule == ZeroRule::TwoMembers) {
       return at + "only members " + NumberOf(lines[0]) + " and " + NumberOf(lines[1]) +
-             " can bear anything, and they are not in line";
+             " can bear anything, and they are not in line" + idle;
     }
-    return at + OthersOf(lines, one) + " along one line, and " + name + " goes across it";
+    return at + OthersOf(lines, one) + " along one line, and " + name + " goes across it" + idle;
+  }
+
+  /// Why reactions of a support were left out.
+  std::string IdleReactionsAt(int node) const {
+    std::string text;
+    const auto add = [&](std::size_t freedom, bool isIdle, const std::string& direction) {
+      if (Truss.fixed[freedom] == 0 || !isIdle) return;
+      text += "; the reaction in " + direction + " is 0, since no load has a part in " + direction +
+              " and no other support holds in it";
+    };
+    add(XFreedom(node), IsIdle[0], "x");
+    add(YFreedom(node), IsIdle[1], "y");
+    return text;
   }
 
   std::string NumberOf(const ActingLine& line) const {

@@ -169,7 +169,7 @@ bool HasHandDocument(const HandLesson& lesson) {
 
 WorkedDocument HandDocument(const HandLesson& lesson, const std::string& name) {
   WorkedDocument document;
-  document.title = "Solution by hand: " + name;
+  document.title = "Worked solution by hand: " + name;
   HandWriter(lesson, document).WriteAll();
   return document;
 }

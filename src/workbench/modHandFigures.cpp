@@ -165,7 +165,7 @@ class DiagramPoints {
     const std::string name = LowerCase(space.letter);
     for (std::size_t k = 0; k < Figure.points.size(); ++k) {
       SketchPoint& point = Figure.points[k];
-      if (std::hypot(point.x - space.x, point.y - space.y) > Same) continue;
+      if (std::abs(point.x - space.x) > Same || std::abs(point.y - space.y) > Same) continue;
       point.name += ", " + name;
       return static_cast<int>(k);
     }

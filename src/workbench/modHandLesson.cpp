@@ -223,8 +223,8 @@ HandTelling HandLesson::TellEnd() const {
                 : name + " is left open");
   }
   if (all && HasComputed()) telling.remarks.push_back(AgreementSentence(TheTruss, TheSolution));
-  telling.remarks.emplace_back("Choose a joint with Computed ticked to see that it balances with the forces of the "
-                               "analysis.");
+  telling.remarks.emplace_back(HasComputed() ? "Tick Computed to see the forces of the analysis beside these."
+                                             : "Run the analysis (F5) to see its forces beside these.");
   telling.sheet = Whole(TrussFigure(TheTruss, TheSolution.forces, {}));
   return telling;
 }
@@ -261,6 +261,12 @@ int HandLesson::StepOfJoint(int node) const {
     if (step.kind == HandStepKind::Joint && step.body.nodes.front() == node) return static_cast<int>(k) + 1;
   }
   return 0;
+}
+
+int HandLesson::JointOfStep(int step) const {
+  if (step < 1 || step > static_cast<int>(TheSolution.steps.size())) return 0;
+  const HandStep& taken = TheSolution.steps[At(step - 1)];
+  return taken.kind == HandStepKind::Joint ? taken.body.nodes.front() : 0;
 }
 
 std::string HandLesson::LineText(int key) const {

@@ -27,6 +27,8 @@ class HandLesson {
   const HandTruss& Truss() const { return TheTruss; }
   const HandSolution& Solution() const { return TheSolution; }
   const std::vector<ZeroMember>& Zeros() const { return TheZeros; }
+  /// Members without force that no joint shows, only the numbers.
+  const std::vector<int>& ZerosByNumbers() const { return ZeroOnlyByNumbers; }
   const ForceDiagram& Diagram() const { return TheDiagram; }
 
   /// What equilibrium can do with this truss, and what is left out of it or changes nothing.
@@ -45,14 +47,19 @@ class HandLesson {
   /// computed: with the forces of the analysis, which must have results.
   HandTelling TellJoint(int node, bool computed) const;
 
+  /// A step of the page of joints with the forces of the analysis, which must have results: its joint, or where it
+  /// takes none all forces of the truss beside those by hand.
+  HandTelling TellComputed(int step) const;
+
   /// The section along a stroke.  nearness: how close a node counts as hit, in m.
   HandTelling TellSection(const SectionStroke& stroke, double nearness = 0) const;
 
   /// A stroke that cuts the truss near its middle, upright where that goes; one of no length where none does.
   SectionStroke ProposedStroke() const;
 
-  /// The step of the page of joints that takes a joint; 0 where none does.
+  /// The step of the page of joints that takes a joint, and the joint that a step takes; 0 where there is none.
   int StepOfJoint(int node) const;
+  int JointOfStep(int step) const;
 
   /// What a line of the force diagram is; its key is its index from 1.  Empty for any other key.
   std::string LineText(int key) const;

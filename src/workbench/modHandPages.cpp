@@ -1,5 +1,6 @@
 #include "AnalysisState.h"
 #include "HandTexts.h"
+#include "modHandAgreement.h"
 #include "modHandFigures.h"
 #include "modHandLesson.h"
 #include "modMember.h"
@@ -93,6 +94,26 @@ HandTelling HandLesson::TellJoint(int node, bool computed) const {
   telling.sheet = {{std::move(truss), 0, 0, 1, UpperPart},
                    {std::move(body), 0, UpperPart, 0.5, 1 - UpperPart},
                    {std::move(polygon), 0.5, UpperPart, 0.5, 1 - UpperPart}};
+  return telling;
+}
+
+HandTelling HandLesson::TellComputed(int step) const {
+  if (!WhyNothing().empty()) return Nothing();
+  if (const int node = JointOfStep(step); node > 0) return TellJoint(node, true);
+  HandTelling telling;
+  telling.heading = "By hand and computed";
+  if (!TheSolution.stop.empty()) telling.sentences.push_back(TheSolution.stop + ".");
+  const HandForces computed = ComputedForces(TheTruss);
+  const HandForces& byHand = TheSolution.forces;
+  for (const HandMember& member : TheTruss.members) {
+    const auto at = Number(member.number);
+    const std::string text =
+        ForceText("F" + std::to_string(member.number), computed.members[at], true, TheTruss.nothing);
+    telling.solution.push_back(
+        text + (byHand.memberKnown[at] != 0 ? ", by hand " + HandNumber(byHand.members[at]) : ", by hand left open"));
+  }
+  if (TheSolution.stop.empty()) telling.remarks.push_back(AgreementSentence(TheTruss, TheSolution));
+  telling.sheet = {{TrussFigure(TheTruss, computed, {})}};
   return telling;
 }
 

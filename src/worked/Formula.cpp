@@ -71,6 +71,17 @@ Formula MatrixOf(const std::vector<std::vector<Formula>>& cells, std::vector<std
   return matrix;
 }
 
+Formula SideBySide(std::vector<Formula> formulas) {
+  std::vector<Formula> parts;
+  for (Formula& each : formulas) {
+    if (!parts.empty()) parts.push_back(Compound(Formula::Kind::Gap, {}));
+    parts.push_back(std::move(each));
+  }
+  return RowOf(std::move(parts));
+}
+
+Formula StackOf(std::vector<Formula> formulas) { return Compound(Formula::Kind::Stack, std::move(formulas)); }
+
 Formula InTone(FormulaTone tone, Formula part) {
   part.tone = tone;
   return part;

@@ -26,7 +26,9 @@ struct Formula {
     Fraction, ///< parts: above and below the line
     Root,     ///< part: what the square root is taken of
     Brackets, ///< part: what stands in round brackets
-    Matrix    ///< parts: the cells, row after row
+    Matrix,   ///< parts: the cells, row after row
+    Gap,      ///< room between two formulas in one line
+    Stack     ///< parts: formulas one below the other
   };
 
   Kind kind = Kind::Row;
@@ -56,6 +58,10 @@ Formula BracketsAround(Formula inside);
 /// A matrix, or with one column a vector.  cells: row after row, all rows alike long.  The names may be left out.
 Formula MatrixOf(const std::vector<std::vector<Formula>>& cells, std::vector<std::string> rowNames = {},
                  std::vector<std::string> columnNames = {});
+
+/// Formulas side by side, with room between them, and one below the other.
+Formula SideBySide(std::vector<Formula> formulas);
+Formula StackOf(std::vector<Formula> formulas);
 
 /// The same part in another tone.
 Formula InTone(FormulaTone tone, Formula part);

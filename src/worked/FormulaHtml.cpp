@@ -11,7 +11,8 @@ namespace {
 constexpr std::string_view TableBegin = "<table border=\"0\" cellspacing=\"0\" cellpadding=\"0\">";
 
 bool IsTall(const Formula& formula) {
-  if (formula.kind == Formula::Kind::Fraction || formula.kind == Formula::Kind::Matrix) return true;
+  using Kind = Formula::Kind;
+  if (formula.kind == Kind::Fraction || formula.kind == Kind::Matrix || formula.kind == Kind::Stack) return true;
   if (formula.kind != Formula::Kind::Row && formula.kind != Formula::Kind::Brackets) return false;
   return std::any_of(formula.parts.begin(), formula.parts.end(), IsTall);
 }
@@ -63,8 +64,10 @@ class HtmlWriter {
     case Kind::Fraction: return part(0) + "/" + part(1);
     case Kind::Root: return "\u221A(" + part(0) + ")";
     case Kind::Brackets: return "(" + part(0) + ")";
+    case Kind::Gap: return "&nbsp;&nbsp;&nbsp;&nbsp; ";
     case Kind::Row:
-    case Kind::Matrix: break;
+    case Kind::Matrix:
+    case Kind::Stack: break;
     }
     std::string html;
     for (const Formula& each : formula.parts) html += Inline(each);
@@ -108,17 +111,26 @@ class HtmlWriter {
   }
 
   std::string Tall(const Formula& formula) const {
+    if (formula.kind == Formula::Kind::Stack) return Stack(formula);
     return formula.kind == Formula::Kind::Fraction ? Fraction(formula) : Matrix(formula);
   }
 
+  std::string Stack(const Formula& stack) const {
+    std::string html(TableBegin);
+    for (const Formula& each : stack.parts)
+      html += "<tr><td style=\"padding:0px;white-space:nowrap\">" + Whole(each) + "</td></tr>";
+    return html + "</table>";
+  }
+
   std::string Fraction(const Formula& formula) const {
-    return std::string(TableBegin) + "<tr><td align=\"center\" style=\"padding:0px 3px;" + Line("bottom") + "\">" +
-           Whole(formula.parts.at(0)) + "</td></tr><tr><td align=\"center\" style=\"padding:0px 3px\">" +
+    return std::string(TableBegin) + "<tr><td align=\"center\" style=\"padding:0px 3px;white-space:nowrap;" +
+           Line("bottom") + "\">" + Whole(formula.parts.at(0)) +
+           "</td></tr><tr><td align=\"center\" style=\"padding:0px 3px;white-space:nowrap\">" +
            Whole(formula.parts.at(1)) + "</td></tr></table>";
   }
 
   std::string Name(const std::string& name) const {
-    return "<td align=\"right\" style=\"padding:0px 5px;white-space:nowrap;color:" + Ink.faint + "\">" +
+    return "<td align=\"right\" style=\"padding:0px 4px;white-space:nowrap;color:" + Ink.faint + "\">" +
            EscapedMarkup(name) + "</td>";
   }
 
@@ -141,7 +153,7 @@ class HtmlWriter {
       html += "<tr>" + (matrix.rowNames.empty() ? "" : Name(matrix.rowNames[row]));
       html += Bracket("left", row == 0, row + 1 == rows);
       for (std::size_t column = 0; column < columns; ++column) {
-        html += "<td align=\"right\" style=\"padding:0px 5px;white-space:nowrap\">" +
+        html += "<td align=\"right\" style=\"padding:0px 4px;white-space:nowrap\">" +
                 Inline(matrix.parts[row * columns + column]) + "</td>";
       }
       html += Bracket("right", row == 0, row + 1 == rows) + "</tr>";

@@ -78,6 +78,18 @@ std::string PlainMatrix(const Formula& matrix) {
   return text + "]";
 }
 
+std::string PlainStack(const Formula& stack) {
+  std::string text;
+  for (const Formula& each : stack.parts) text += (text.empty() ? "" : "; ") + PlainText(each);
+  return text;
+}
+
+std::string LatexStack(const Formula& stack) {
+  std::string text = "\\begin{array}{l}\n";
+  for (const Formula& each : stack.parts) text += "\\displaystyle " + LatexOf(each) + " \\\\[4pt]\n";
+  return text + "\\end{array}";
+}
+
 /// Names stand outside of the brackets, in arrays beside and above them.
 std::string LatexMatrix(const Formula& matrix) {
   const auto columns = static_cast<std::size_t>(matrix.columnCount);
@@ -116,6 +128,8 @@ std::string PlainText(const Formula& formula) {
   case Kind::Root: return "\u221A(" + part(0) + ")";
   case Kind::Brackets: return "(" + part(0) + ")";
   case Kind::Matrix: return PlainMatrix(formula);
+  case Kind::Gap: return "; ";
+  case Kind::Stack: return PlainStack(formula);
   case Kind::Row: break;
   }
   return Joined(formula, PlainText);
@@ -135,6 +149,8 @@ std::string LatexOf(const Formula& formula) {
   case Kind::Root: return "\\sqrt" + part(0);
   case Kind::Brackets: return "\\left(" + LatexOf(formula.parts.at(0)) + "\\right)";
   case Kind::Matrix: return LatexMatrix(formula);
+  case Kind::Gap: return "\\qquad ";
+  case Kind::Stack: return LatexStack(formula);
   case Kind::Row: break;
   }
   return Joined(formula, LatexOf);

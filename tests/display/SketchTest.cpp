@@ -158,6 +158,29 @@ TEST_F(SketchTest, LabelsArrowsInEveryDirectionInsideItsArea) {
   }
 }
 
+TEST_F(SketchTest, MakesRoomForAnArrowWhereverItStands) {
+  Sketch sketch;
+  sketch.points = {Named(0, 0, "1"), Named(8, 0, "2"), Named(4, -1, "3")};
+  sketch.lines = {{0, 1}, {0, 2}, {1, 2}};
+  sketch.arrows = {Arrow(2, 0, -1, "100 kN")}; // it would stand inside, and so hangs below the lowest point
+  sketch.arrows[0].mayMove = true;
+  const PlacedSketch placed = Placed(sketch, {0, 0, 400, 120});
+  EXPECT_GT(placed.scene.arrows[0].tip.y, placed.scene.truss.joints[3].at.y);
+  EXPECT_LE(placed.scene.arrows[0].tip.y, 120);
+  ASSERT_THAT(placed.texts, SizeIs(1));
+  EXPECT_LE(placed.texts[0].centre.y + ClearSize::LargestText / 2.0, 120);
+}
+
+TEST_F(SketchTest, GivesAnArrowItsValueEvenWhereNoPlaceIsFree) {
+  Sketch sketch;
+  sketch.points = {{0, 0}};
+  for (int k = 0; k < 24; ++k) {
+    const double angle = 0.26 * k;
+    sketch.arrows.push_back(Arrow(0, std::cos(angle), std::sin(angle), "F" + std::to_string(k) + " = -123.45 kN"));
+  }
+  EXPECT_THAT(Texts(Placed(sketch, {0, 0, 200, 160})), SizeIs(24));
+}
+
 TEST_F(SketchTest, DrawsWhatBearsNothingWithoutAHead) {
   Sketch sketch;
   sketch.points = {{0, 0}};

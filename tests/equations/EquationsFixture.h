@@ -5,6 +5,7 @@
 #include "EquationsState.h"
 #include "EventsTest.h"
 #include "ModelBuilder.h"
+#include "PublishedBars.h"
 #include "modEquationCells.h"
 #include "modEquationSteps.h"
 #include "modGrids.h"
@@ -14,13 +15,6 @@
 #include <vector>
 
 namespace strutwright {
-
-/// Three bars that hold node 3; the matrices of this problem are published (CALFEM, exs_bar2) and can be followed by
-/// hand: docs/method.md.
-inline ModelData FourNodesThreeBars() {
-  return {{{0, 0, 0, 0, 3}, {0, 1.2F, 0, 0, 3}, {1.6F, 0, 0, -80, 0}, {1.6F, 1.2F, 0, 0, 3}},
-          {{1, 3, 200, 600}, {3, 4, 200, 300}, {2, 3, 200, 1000}}};
-}
 
 /// The triangle with its second member's E below zero and a last member from a node to itself: both are ignored.
 inline ModelData TriangleWithIgnoredMembers() {

@@ -73,6 +73,59 @@ TEST_F(ExerciseTest, HidesTheWorkingUntilEverythingIsAnswered) {
   EXPECT_EQ(std::get<WorkedHeading>(StepWorking().blocks.front()).text, "Member 1: node i = 1, node j = 3");
 }
 
+TEST_F(ExerciseTest, IsAnsweredInAnyOrder) {
+  SetModel(FourNodesThreeBars());
+  Press(StepAddMember);
+  EXPECT_TRUE(ChooseQuestionAt(EquationGrid::Stiffness, 5, 1)) << "the equal entry stands for the question";
+  EXPECT_EQ(Asked(), "K(1 x, 3 x) with member 1, in kN/mm?");
+  EXPECT_TRUE(AnswerQuestion("-75").isRight);
+  EXPECT_EQ(Asked(), "K(3 x, 3 x) with member 1, in kN/mm?");
+  EXPECT_TRUE(TurnQuestion(1));
+  EXPECT_EQ(Asked(), "K(1 x, 1 x) with member 1, in kN/mm?");
+  EXPECT_TRUE(TurnQuestion(-1));
+  EXPECT_TRUE(AnswerQuestion("75").isRight);
+  EXPECT_FALSE(TurnQuestion(1)) << "it is the last one";
+  EXPECT_FALSE(ChooseQuestionAt(EquationGrid::Stiffness, 5, 1)) << "that is done";
+  EXPECT_FALSE(ChooseQuestionAt(EquationGrid::Displacement, 1, 1));
+  EXPECT_TRUE(AnswerQuestion("75").isRight);
+  EXPECT_EQ(CurrentQuestion(), nullptr);
+  EXPECT_EQ(ScoreText(0), "Right 3 of 3, 3 at the first try; tries 3, hints 0; 0:00");
+}
+
+TEST_F(ExerciseTest, KeepsAWrongAnswerInItsCellUntilAnotherIsTyped) {
+  SetModel(FourNodesThreeBars());
+  Press(StepAddMember);
+  AnswerQuestion("-75");
+  EXPECT_EQ(TypedInto(EquationGrid::Stiffness, 1, 1), "-75");
+  EXPECT_TRUE(IsWrong(EquationGrid::Stiffness, 1, 1));
+  EXPECT_EQ(EquationTint(EquationGrid::Stiffness, 1, 1), CellTint::Wrong);
+  KeepTyped("7");
+  EXPECT_EQ(TypedInto(EquationGrid::Stiffness, 1, 1), "7");
+  EXPECT_FALSE(IsWrong(EquationGrid::Stiffness, 1, 1));
+  EXPECT_EQ(TheExercise.score.tries, 1) << "typing is not judged";
+  EXPECT_FALSE(IsToBeAnswered(EquationGrid::Stiffness, 2, 2));
+}
+
+TEST_F(ExerciseTest, ChoosesAMemberOrANodeOfTheDrawing) {
+  SetModel(Triangle());
+  StepShowGlobalK();
+  StepRestrict();
+  StepSolve();
+  Press(StepMemberForces);
+  EXPECT_TRUE(ChooseQuestionOfMember(3));
+  EXPECT_EQ(Asked(), "Force of member 3: how much in kN, T or C?");
+  EXPECT_FALSE(ChooseQuestionOfMember(4));
+  EXPECT_FALSE(ChooseQuestionOfNode(1));
+  Press(StepReactions);
+  EXPECT_TRUE(ChooseQuestionOfNode(2));
+  EXPECT_EQ(Asked(), "Reaction at 2 y, in kN, right and up positive?");
+  EXPECT_FALSE(ChooseQuestionOfNode(3)) << "it has no support";
+  ResetEquations();
+  StepAddMember();
+  AskAboutLastStep();
+  EXPECT_FALSE(ChooseQuestionOfMember(1)) << "its entries of K are asked in their cells";
+}
+
 TEST_F(ExerciseTest, NamesTheSlip) {
   SetModel(FourNodesThreeBars());
   StepAddMember();

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Compiles a TikZ picture by itself and taken in by a document: tikz_test.py CLI PDFLATEX MODEL FOLDER
+"""Compiles a TikZ picture by itself and taken in by a document: tikz_test.py CLI PDFLATEX FOLDER MODEL...
 
-Both must come out as one page without a complaint of LaTeX.  So must the worked solution, on pages of its own.
+Both must come out as one page without a complaint of LaTeX.  So must the worked solutions, on pages of their own.
 """
 
 import pathlib
@@ -25,17 +25,22 @@ def compiled(latex, folder, name, pages="(1 page,"):
         sys.exit(f"{name} gives an empty file")
 
 
-def main(cli, latex, model, folder):
-    folder = pathlib.Path(folder)
-    folder.mkdir(parents=True, exist_ok=True)
+def compile_pictures(cli, latex, folder, model):
     for style in ("clear", "described"):
         subprocess.run([cli, "analyse", model, "--picture", folder / "truss.tex", "--size", "400x300", "--style", style],
                        check=True, stdout=subprocess.DEVNULL)
         (folder / "sheet.tex").write_text(SHEET)
         for name in ("truss.tex", "sheet.tex"):
             compiled(latex, folder, name)
-    subprocess.run([cli, "analyse", model, "--working", folder / "worked.tex"], check=True, stdout=subprocess.DEVNULL)
-    compiled(latex, folder, "worked.tex", " pages,")
+
+
+def main(cli, latex, folder, *models):
+    folder = pathlib.Path(folder)
+    folder.mkdir(parents=True, exist_ok=True)
+    compile_pictures(cli, latex, folder, models[0])
+    for model in models:
+        subprocess.run([cli, "analyse", model, "--working", folder / "worked.tex"], check=True, stdout=subprocess.DEVNULL)
+        compiled(latex, folder, "worked.tex", " pages,")
 
 
 if __name__ == "__main__":

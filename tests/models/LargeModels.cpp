@@ -47,6 +47,24 @@ ModelData TriangulatedPanel(int nodes) {
   return model;
 }
 
+ModelData TiedStrips(int members) {
+  constexpr int Steps = 6; // of a strip from hinge to hinge, the odd ones up
+  constexpr int Middle = Steps / 2;
+  const int strips = std::max(2, members / (2 * Steps));
+  ModelData model;
+  for (int n = 0; n <= Steps * strips; ++n) {
+    const bool lower = n % 2 == 0;
+    const float height = lower ? 0 : n % Steps == Middle ? 2 * GirderDepth : GirderDepth;
+    model.nodes.push_back({Bay / 2 * static_cast<float>(n), height, 0, lower ? -10.0F : 0.0F});
+    if (n >= 1) model.members.push_back(Bar(n - 1, n));
+    if (n >= 2 && n % Steps != 1) model.members.push_back(Bar(n - 2, n));
+  }
+  for (int n = Middle + Steps; n < Steps * strips; n += Steps) model.members.push_back(Bar(n - Steps, n));
+  model.nodes.front().support = 3;
+  model.nodes.back().support = 1;
+  return model;
+}
+
 ModelData Renumbered(const ModelData& model, const std::vector<int>& order) {
   ModelData renumbered{{}, model.members};
   std::vector<float> numberOf(order.size());

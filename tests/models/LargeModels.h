@@ -16,6 +16,11 @@ ModelData WarrenGirder(int nodes, int baysToSupport = 10);
 /// lower edge and loaded on its upper one.  nodes: about a multiple of 2 k^2; the last column may be short.
 ModelData TriangulatedPanel(int nodes);
 
+/// A determinate compound girder: strips of triangles in a row, each joined to the next by a hinge at the bottom and by
+/// a tie between their middles.  Numbered along the span, the ties last; a load on each lower node.
+/// members: about so many; 2 strips or more.
+ModelData TiedStrips(int members);
+
 /// The same truss with its nodes in another order.
 /// order: the old numbers, counted from 0, in their new order.
 ModelData Renumbered(const ModelData& model, const std::vector<int>& order);

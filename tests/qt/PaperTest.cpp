@@ -19,6 +19,7 @@
 #include <QPrintDialog>
 #include <QTextBlock>
 #include <QTextDocument>
+#include <QTextFrame>
 
 #include <gmock/gmock.h>
 
@@ -58,6 +59,12 @@ std::string Lines(int count) {
 std::string Rows(int count) {
   std::string html = "<table><thead><tr><th>head</th></tr></thead>";
   for (int row = 0; row < count; ++row) html += "<tr><td>row</td></tr>";
+  return html + "</table>";
+}
+
+std::string WithoutHeadings(int rows) {
+  std::string html = "<table>";
+  for (int row = 0; row < rows; ++row) html += "<tr><td>row</td></tr>";
   return html + "</table>";
 }
 
@@ -134,6 +141,21 @@ TEST_F(PaperTest, KeepsAHeadingWithAPicture) {
     EXPECT_EQ(PageOf(drawing.previous()), PageOf(drawing)) << before;
     EXPECT_LE(text.documentLayout()->blockBoundingRect(drawing).width(), text.pageSize().width());
     EXPECT_LE(text.idealWidth(), text.pageSize().width());
+  }
+}
+
+TEST_F(PaperTest, CutsNoFormulaThatFitsOnAPage) {
+  const std::string matrix = "<table><tr><td>=</td><td>" + WithoutHeadings(8) + "</td></tr></table>";
+  for (int before = 0; before < 60; ++before) {
+    LayOut(text, {"", Lines(before) + "<h3>Solve</h3><p>These are left:</p>" + matrix + "<p>after</p>"}, writer);
+    const QTextFrame* formula = text.rootFrame()->childFrames().constFirst();
+    const QRectF place = text.documentLayout()->frameBoundingRect(const_cast<QTextFrame*>(formula));
+    const int page = static_cast<int>(place.top() / text.pageSize().height());
+    EXPECT_LE(place.bottom(), (page + 1) * text.pageSize().height() + 1) << before;
+    QTextBlock lead = text.begin();
+    while (lead.text() != "These are left:") lead = lead.next();
+    EXPECT_EQ(PageOf(lead), page) << before << ": the sentence that leads to it";
+    EXPECT_EQ(PageOf(lead.previous()), page) << before << ": its heading";
   }
 }
 

@@ -148,7 +148,8 @@ TEST_F(DeterminacyTest, SaysThatPrestressChangesNoForce) {
   model.members[1].PS = 50;
   EXPECT_THAT(HandTrussOf(model).notes,
               ElementsAre("Prestress changes no force that statics alone can find: the pair of forces that it puts on "
-                          "the two nodes and the member's own part cancel"));
+                          "the two nodes and the member's own part cancel; only the forces that an indeterminate "
+                          "truss leaves open change with it"));
   EXPECT_EQ(Solved(model).forces.members, before.forces.members);
   EXPECT_NEAR(ByStiffness(model).forces[2], before.forces.members[2], 1e-9);
 }

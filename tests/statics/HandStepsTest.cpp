@@ -104,6 +104,19 @@ TEST_F(HandStepsTest, FindReactionsWithTheJointsWhereNoHingeHelps) {
   EXPECT_NEAR(solution.forces.reactions[YFreedom(2)], 6, 1e-12);
 }
 
+TEST_F(HandStepsTest, GoAlongAChainOfSimplePartsSectionBySection) {
+  const ModelData chain = TiedStrips(120); // ten strips
+  const HandSolution solution = Solved(chain);
+  EXPECT_EQ(solution.determinacy.kind, TrussKind::Compound);
+  EXPECT_EQ(solution.stop, "");
+  const auto isSection = [](const HandStep& step) { return step.kind == HandStepKind::Section; };
+  EXPECT_EQ(std::count_if(solution.steps.begin(), solution.steps.end(), isSection), 9);
+  const RefinedSolution stiff = ByStiffness(chain);
+  for (std::size_t m = 1; m < stiff.forces.size(); ++m) {
+    EXPECT_NEAR(solution.forces.members[m], stiff.forces[m], 1e-9 * LargestOf(stiff.forces)) << m;
+  }
+}
+
 TEST_F(HandStepsTest, StopWhereTheTrussIsIndeterminate) {
   ModelData model = ThreePanels().model;
   model.members.push_back({2, 6});

@@ -81,10 +81,24 @@ TEST_F(ZeroMembersTest, TakeAReactionForNoneWhereNothingAsksForIt) {
   const std::vector<ZeroMember> zeros = Zeros(frame);
   ASSERT_FALSE(zeros.empty());
   EXPECT_EQ(zeros[0].member, 1);
-  EXPECT_EQ(zeros[0].text, "At node 1 member 2 and the reaction in y act along one line, and member 1 goes across it");
+  EXPECT_EQ(zeros[0].text,
+            "At node 1 member 2 and the reaction in y act along one line, and member 1 goes across it; the "
+            "reaction in x is 0, since no load has a part in x and no other support holds in it");
   ModelData pushed = frame;
   pushed.nodes[3].forceX = 1;
   for (const ZeroMember& zero : Zeros(pushed)) EXPECT_NE(zero.node, 1);
+}
+
+TEST_F(ZeroMembersTest, SayWhyAReactionAlongYIsNone) {
+  // Pushed to the right only, held upright at node 3 alone: nothing is left there but two members.
+  const ModelData cantilever{{{0, 0, 0, 0, 2}, {0, 2, 0, 0, 2}, {2, 0, 0, 0, 1}, {1, 1, 5, 0}},
+                             {{1, 2}, {1, 4}, {2, 4}, {1, 3}, {3, 4}}};
+  const std::vector<ZeroMember> zeros = Zeros(cantilever);
+  ASSERT_EQ(zeros.size(), 2U);
+  EXPECT_EQ(zeros[0].rule, ZeroRule::TwoMembers);
+  EXPECT_EQ(zeros[0].text,
+            "At node 3 only members 4 and 5 can bear anything, and they are not in line; the reaction in y "
+            "is 0, since no load has a part in y and no other support holds in it");
 }
 
 TEST_F(ZeroMembersTest, SeeALineThroughTheRoundingOfCoordinates) {

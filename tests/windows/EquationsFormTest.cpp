@@ -1,6 +1,7 @@
 #include "EquationModel.h"
 #include "FormFixture.h"
 #include "ModelBuilder.h"
+#include "PublishedBars.h"
 #include "frmEquations.h"
 #include "modEquationCells.h"
 #include "modModelStore.h"
@@ -22,11 +23,7 @@ using testing::ElementsAre;
 
 class EquationsFormTest : public FormTest {
  protected:
-  /// Three bars that hold node 3: docs/method.md.
-  static void EnterFourNodesThreeBars() {
-    SetModel({{{0, 0, 0, 0, 3}, {0, 1.2F, 0, 0, 3}, {1.6F, 0, 0, -80, 0}, {1.6F, 1.2F, 0, 0, 3}},
-              {{1, 3, 200, 600}, {3, 4, 200, 300}, {2, 3, 200, 1000}}});
-  }
+  static void EnterFourNodesThreeBars() { SetModel(FourNodesThreeBars()); }
 
   void Click(const QString& button) { QTest::mouseClick(&Find<QPushButton>(button), Qt::LeftButton); }
   std::string Caption(const QString& button) { return Find<QPushButton>(button).text().toStdString(); }

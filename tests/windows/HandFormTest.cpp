@@ -1,4 +1,4 @@
-#include "FormFixture.h"
+#include "DisplayFormFixture.h"
 
 #include "PictureArea.h"
 #include "frmHand.h"
@@ -7,6 +7,7 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -20,7 +21,7 @@ namespace {
 using testing::HasSubstr;
 using testing::StartsWith;
 
-class HandFormTest : public FormTest {
+class HandFormTest : public DisplayFormTest {
  protected:
   /// A truss of two rafters and a tie, 4 m wide, its top node 2 m up.
   void Open() {
@@ -36,6 +37,7 @@ class HandFormTest : public FormTest {
   std::string Told() { return Find<QPlainTextEdit>("toldTxt").toPlainText().toStdString(); }
   std::string Line() { return LabelText("lineLbl"); }
   std::string Steps() { return LabelText("stepLbl"); }
+  using DisplayFormTest::At;
   QPoint At(int figure, double x, double y) { return Picture().PixelOf(figure, x, y).toPoint(); }
   void Click(const QString& button) { QTest::mouseClick(&Find<QPushButton>(button), Qt::LeftButton); }
 
@@ -129,6 +131,61 @@ TEST_F(HandFormTest, ChecksAJointWithTheComputedForces) {
   QTest::mouseClick(&Find<QCheckBox>("computedChk"), Qt::LeftButton, {}, {8, 8});
   QTest::keyClick(&Picture(), Qt::Key_N);
   EXPECT_THAT(Told(), HasSubstr("The computed forces"));
+}
+
+TEST_F(HandFormTest, ShowsWhatAnAnalysisAddsAtOnce) {
+  Open();
+  Choose(HandTopic::Joints);
+  Click("btnLast");
+  EXPECT_THAT(Told(), HasSubstr("Run the analysis (F5)"));
+  Window().activateWindow();
+  QTest::keyClick(&Window(), Qt::Key_F5);
+  EXPECT_THAT(Told(), HasSubstr("Joints by hand and stiffness agree to"));
+  QTest::mouseClick(&Find<QCheckBox>("computedChk"), Qt::LeftButton, {}, {8, 8});
+  EXPECT_THAT(Told(), StartsWith("By hand and computed"));
+  Click("btnBack");
+  EXPECT_THAT(Told(), StartsWith("Joint 3\n"));
+  EXPECT_THAT(Told(), HasSubstr("The computed forces"));
+  GrJoints.SetText(3, 4, "-20"); // ends the results
+  Command("mnuRefresh").trigger();
+  EXPECT_THAT(Told(), StartsWith("Step 3 of 3: joint 3"));
+}
+
+TEST_F(HandFormTest, KeepsTheChosenJointWhileAnotherPageIsStepped) {
+  Open();
+  Choose(HandTopic::Joints);
+  QTest::keyClick(&Picture(), Qt::Key_N);
+  Choose(HandTopic::ForceDiagram);
+  Click("btnNext");
+  Choose(HandTopic::Joints);
+  EXPECT_THAT(Told(), StartsWith("Joint 1\n"));
+  Click("btnNext"); // on its own page a step goes back to the order
+  EXPECT_THAT(Told(), StartsWith("Step 1 of 3"));
+}
+
+TEST_F(HandFormTest, PrintsThePage) {
+  Open();
+  Click("btnPrint");
+  QTest::keyClick(&Find<QPushButton>("btnPrint"), Qt::Key_Space);
+  EXPECT_THAT(paper.printed, testing::ElementsAre("Hand Methods - Untitled", "Hand Methods - Untitled"));
+  paper.printFailure = "no paper";
+  Click("btnPrint");
+  const std::vector<Message> boxes = TakeMessages();
+  ASSERT_EQ(boxes.size(), 1U);
+  EXPECT_EQ(boxes[0].text, "The page could not be printed\nno paper");
+}
+
+TEST_F(HandFormTest, OpensOnTheJointOfANodeByItsMenu) {
+  EnterThreeBarTruss();
+  Command("mnuRefresh").trigger();
+  InPopUp([](QMenu& menu) {
+    for (QAction* each : menu.actions()) {
+      if (each->objectName() == "mnuNodeHand") each->trigger();
+    }
+  });
+  QTest::mouseClick(&Area(), Qt::RightButton, {}, At(2, 2));
+  EXPECT_EQ(Window().windowTitle(), "Hand Methods");
+  EXPECT_THAT(Told(), StartsWith("Joint 3\n"));
 }
 
 TEST_F(HandFormTest, CutsWhereALineIsDragged) {

@@ -1,13 +1,20 @@
 #include "FormFixture.h"
 #include "ModelBuilder.h"
+#include "PublishedBars.h"
 #include "WorkingPane.h"
 #include "frmEquations.h"
+#include "modExercise.h"
 
+#include <algorithm>
+#include <set>
 #include <string>
+#include <vector>
 
 #include <QCheckBox>
 #include <QHeaderView>
+#include <QMouseEvent>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QTextBrowser>
 
@@ -15,6 +22,7 @@ namespace strutwright {
 namespace {
 
 using testing::HasSubstr;
+using testing::IsEmpty;
 
 class WorkingFormTest : public FormTest {
  protected:
@@ -29,6 +37,18 @@ class WorkingFormTest : public FormTest {
 
   void Click(const QString& button) { QTest::mouseClick(&Find<QPushButton>(button), Qt::LeftButton); }
   std::string Pane() { return Find<QTextBrowser>("txtWorking").toPlainText().toStdString(); }
+  /// The names of what has a scroll bar to move.
+  std::vector<std::string> Scrolled() {
+    std::vector<std::string> names;
+    for (const char* name : {"grK", "grDisp", "grForce", "txtWorking"}) {
+      const auto& area = Find<QAbstractScrollArea>(name);
+      for (const QScrollBar* bar : {area.horizontalScrollBar(), area.verticalScrollBar()}) {
+        if (area.isVisible() && bar->maximum() > bar->minimum()) names.emplace_back(name);
+      }
+    }
+    return names;
+  }
+
   void Follow(const char* link) { emit Find<QTextBrowser>("txtWorking").anchorClicked(QUrl(link)); }
   QAction& EquationsCommand(const QString& name) { return *Find<QWidget>("frmEquations").findChild<QAction*>(name); }
 };
@@ -41,7 +61,7 @@ TEST_F(WorkingFormTest, ShowsTheWorkingOfEachPress) {
   Click("btnRestrict");
   EXPECT_THAT(Pane(), HasSubstr("node 1: support 3 holds x and y"));
   Click("btnSolve");
-  EXPECT_THAT(Pane(), HasSubstr("Without the restrained freedoms K D = P is:"));
+  EXPECT_THAT(Pane(), HasSubstr("Without the restrained freedoms K D = P is, in kN/mm and kN, and D follows in mm:"));
 }
 
 TEST_F(WorkingFormTest, GoesOnToForcesAndReactionsAndBack) {
@@ -82,14 +102,22 @@ TEST_F(WorkingFormTest, ClosesAndOpensFromTheViewMenu) {
 }
 
 TEST_F(WorkingFormTest, StandsBesideKWhereThereIsRoom) {
-  auto& split = Find<QSplitter>("splWorking");
-  split.resize(600, 400);
-  EXPECT_EQ(split.orientation(), Qt::Vertical);
-  EXPECT_FALSE(Find<QTextBrowser>("txtWorking").isHidden());
-  split.resize(600, 300);
-  EXPECT_TRUE(Find<QTextBrowser>("txtWorking").isHidden()) << "K needs the room";
-  split.resize(1100, 400);
+  const auto& split = Find<QSplitter>("splWorking");
+  const auto& pane = Find<QTextBrowser>("txtWorking");
+  QWidget& window = *Find<QWidget>("frmEquations").parentWidget();
   EXPECT_EQ(split.orientation(), Qt::Horizontal);
+  EXPECT_TRUE(pane.isVisible());
+  window.showNormal();
+  frame->resize(1180, 1300);
+  window.resize(700, 700);
+  SettleLayout();
+  EXPECT_EQ(split.orientation(), Qt::Vertical);
+  EXPECT_TRUE(pane.isVisible());
+  EXPECT_TRUE(View("grK").isVisible());
+  window.resize(700, 380);
+  SettleLayout();
+  EXPECT_FALSE(pane.isVisible()) << "K needs the room";
+  EXPECT_TRUE(View("grK").isVisible());
 }
 
 TEST_F(WorkingFormTest, ShowsZerosFaintAndColumnsAsWideAsTheirNumbers) {
@@ -103,25 +131,157 @@ TEST_F(WorkingFormTest, ShowsZerosFaintAndColumnsAsWideAsTheirNumbers) {
   EXPECT_LT(View("grK").columnWidth(1), View("grK").horizontalHeader()->defaultSectionSize());
 }
 
-TEST_F(WorkingFormTest, AsksForWhatAStepChanges) {
-  SetModel(Triangle());
+// What a window of 1180 x 800 has room for.
+
+TEST_F(WorkingFormTest, ScrollsNothingOfATrussOfThreeMembersWhenMaximised) {
+  for (const ModelData& model : {Triangle(), FourNodesThreeBars()}) {
+    SetModel(model);
+    for (const char* step : {"btnShowForces", "btnAddMember", "btnAddMember", "btnAddMember", "btnShowGlobalK",
+                             "btnRestrict", "btnSolve", "btnMemberForces", "btnReactions"}) {
+      Click(step);
+      SettleLayout();
+      EXPECT_THAT(Scrolled(), IsEmpty()) << step << " of " << model.nodes.size() << " nodes";
+    }
+  }
+}
+
+TEST_F(WorkingFormTest, ScrollsNothingOfItWhileItAsks) {
+  SetModel(FourNodesThreeBars());
   Find<QCheckBox>("chkTryIt").click();
+  for (const char* step : {"btnAddMember", "btnRestrict"}) {
+    Click(step);
+    Click("btnHint");
+    SettleLayout();
+    EXPECT_THAT(Scrolled(), IsEmpty()) << step;
+  }
+  while (CurrentQuestion() != nullptr) Click("btnHint");
   Click("btnAddMember");
-  EXPECT_EQ(LabelText("lblQuestion"), "K(1 x, 1 x) with member 1, in kN/mm?");
-  EXPECT_EQ(View("grK").model()->index(0, 0).data().toString(), "");
-  EXPECT_EQ(Focused().objectName(), "txtAnswer");
-  Type("-50");
-  Press(Qt::Key_Return);
-  EXPECT_THAT(LabelText("lblVerdict"), HasSubstr("Wrong. Likely slip: "));
-  Type("50");
-  Press(Qt::Key_Return);
-  EXPECT_EQ(LabelText("lblVerdict"), "\u2713 Right: 50 kN/mm.");
-  EXPECT_EQ(View("grK").model()->index(0, 0).data().toString().toStdString(), "50. \u2713");
-  EXPECT_THAT(LabelText("lblScore"), HasSubstr("Right 1 of 1, 0 at the first try; tries 2, hints 0"));
-  Click("btnHint");
-  EXPECT_THAT(LabelText("lblVerdict"), HasSubstr("Hint 1 of 3"));
-  Find<QCheckBox>("chkTryIt").click();
-  EXPECT_EQ(View("grK").model()->index(0, 2).data().toString().toStdString(), "-50.");
+  while (CurrentQuestion() != nullptr) Click("btnHint");
+  SettleLayout();
+  EXPECT_THAT(Pane(), HasSubstr("Member 2"));
+  EXPECT_THAT(Scrolled(), IsEmpty());
+}
+
+TEST_F(WorkingFormTest, HasItsButtonsInOneRowWhenWideAndInTwoOtherwise) {
+  const auto rows = [this] {
+    std::set<int> places;
+    for (const char* name : {"btnShowForces", "btnAddMember", "btnShowGlobalK", "btnRestrict", "btnSolve",
+                             "btnMemberForces", "btnReactions", "btnStepBack"}) {
+      places.insert(Find<QPushButton>(name).y());
+    }
+    return places.size();
+  };
+  EXPECT_EQ(rows(), 1U);
+  Find<QWidget>("frmEquations").parentWidget()->showNormal();
+  SettleLayout();
+  EXPECT_EQ(rows(), 2U);
+}
+
+TEST_F(WorkingFormTest, StandsInPlaceOfTheGridsInASmallWindow) {
+  Find<QWidget>("frmEquations").parentWidget()->showNormal();
+  SetModel(Triangle());
+  Click("btnShowGlobalK");
+  SettleLayout();
+  auto& working = Find<QCheckBox>("chkWorking");
+  EXPECT_TRUE(working.isVisible());
+  EXPECT_TRUE(View("grK").isVisible());
+  working.click();
+  EXPECT_FALSE(View("grK").isVisible());
+  EXPECT_THAT(Pane(), HasSubstr("K is the sum of the matrices of all members (3)"));
+  working.click();
+  EXPECT_TRUE(View("grK").isVisible());
+  Click("btnRestrict");
+  Click("btnSolve");
+  Click("btnMemberForces");
+  EXPECT_FALSE(View("grK").isVisible()) << "what this step finds stands in the pane alone";
+  EXPECT_THAT(Pane(), HasSubstr("f1 = "));
+  Click("btnStepBack");
+  EXPECT_TRUE(View("grK").isVisible());
+}
+
+TEST_F(WorkingFormTest, RemembersWhereTheBarStands) {
+  SetModel(Triangle());
+  Click("btnShowGlobalK");
+  SettleLayout();
+  auto& split = Find<QSplitter>("splWorking");
+  QWidget& bar = *split.handle(1);
+  const int before = split.sizes().front();
+  const QPointF grip = bar.rect().center();
+  const QPointF to = grip + QPointF(60, 0);
+  QTest::mousePress(&bar, Qt::LeftButton, {}, grip.toPoint());
+  QMouseEvent move(QEvent::MouseMove, to, bar.mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
+  QCoreApplication::sendEvent(&bar, &move);
+  QTest::mouseRelease(&bar, Qt::LeftButton, {}, grip.toPoint());
+  const QList<int> moved = split.sizes();
+  ASSERT_GT(moved.front(), before + 30);
+  Click("btnAddMember");
+  EXPECT_EQ(split.sizes(), moved) << "the next step leaves it there";
+  const QSize size = split.size();
+
+  StartNextRun();
+  TheWorkingPlace = {};
+  frame->RestorePlace();
+  frame->ActivateEquations();
+  Find<QWidget>("frmEquations").parentWidget()->showMaximized();
+  SettleLayout();
+  Find<QSplitter>("splWorking").resize(size);
+
+  EXPECT_NEAR(Find<QSplitter>("splWorking").sizes().front(), moved.front(), 2);
+}
+
+TEST_F(WorkingFormTest, FitsTheColumnsOfKToTheirNumbers) {
+  SetModel(FourNodesThreeBars());
+  Click("btnShowGlobalK");
+  const QTableView& K = View("grK");
+  for (int column = 0; column < 8; ++column) {
+    int widest = K.fontMetrics().horizontalAdvance("3 x");
+    for (int row = 0; row < 8; ++row) {
+      widest = std::max(widest, K.fontMetrics().horizontalAdvance(K.model()->index(row, column).data().toString()));
+    }
+    EXPECT_GE(K.columnWidth(column), widest) << column;
+    EXPECT_LE(K.columnWidth(column), widest + 20) << column;
+  }
+  SetModel(PrattTruss(40));
+  Click("btnShowGlobalK");
+  EXPECT_EQ(K.columnWidth(0), K.horizontalHeader()->defaultSectionSize()) << "of a large truss all are alike";
+}
+
+// What the pane says where there is little to show.
+
+TEST_F(WorkingFormTest, SaysWhatItShowsAndWhyNoMore) {
+  EXPECT_THAT(Pane(), HasSubstr("There is no model yet"));
+  SetModel(Square());
+  for (const char* step : {"btnShowGlobalK", "btnRestrict", "btnSolve"}) Click(step);
+  EXPECT_EQ(TakeMessages().size(), 1U);
+  EXPECT_THAT(Pane(), HasSubstr("K D = P has no single solution"));
+  EXPECT_THAT(Pane(), HasSubstr("too small: nothing resists this motion"));
+  EXPECT_FALSE(Find<QPushButton>("btnMemberForces").isEnabled());
+}
+
+TEST_F(WorkingFormTest, SaysThatAMemberIsIgnored) {
+  ModelData model = Triangle();
+  model.members[1].E = -200;
+  SetModel(model);
+  Click("btnAddMember");
+  Click("btnAddMember");
+  TakeMessages();
+  EXPECT_THAT(Pane(), HasSubstr("Member 2 is ignored"));
+  EXPECT_THAT(Pane(), HasSubstr("Member 2 was ignored, so the matrix of member 1 was added once more"));
+}
+
+TEST_F(WorkingFormTest, ShowsPrestressAndNumbersWithoutAValue) {
+  SetModel({{{0, 0, 0, 0, 3}, {1, 0, 3, 0, 1}}, {{1, 2, 200, 1000, 5}}});
+  Click("btnShowForces");
+  EXPECT_THAT(Pane(), HasSubstr("(prestress)"));
+  SetModel({{{0, 0, 0, 0, 3}, {1, 0, 0, 0, 1}}, {{1, 2, 3e38F, 3e38F}}});
+  Click("btnAddMember");
+  EXPECT_THAT(Pane(), HasSubstr("Some of these numbers have no value"));
+}
+
+TEST_F(WorkingFormTest, ListsAFewOfFiveHundredMembers) {
+  SetModel(PrattTruss(252));
+  for (const char* step : {"btnShowGlobalK", "btnRestrict", "btnSolve", "btnMemberForces"}) Click(step);
+  EXPECT_THAT(Pane(), HasSubstr("The first 40 of 501 members are listed here"));
 }
 
 } // namespace

@@ -59,7 +59,7 @@ TEST_F(HandDocumentTest, HoldsTheWholeSolution) {
   Take(Triangle());
   ASSERT_TRUE(HasHandDocument(lesson));
   const WorkedDocument document = HandDocument(lesson, "Triangle");
-  EXPECT_EQ(document.title, "Solution by hand: Triangle");
+  EXPECT_EQ(document.title, "Worked solution by hand: Triangle");
   std::vector<std::string> headings;
   for (const WorkedHeading& each : BlocksOf<WorkedHeading>(document)) headings.push_back(each.text);
   EXPECT_THAT(headings, ElementsAre("The truss", "Reactions", "Members without force", "Joints", "Step 1: joint 1",

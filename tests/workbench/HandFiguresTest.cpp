@@ -1,12 +1,15 @@
 #include "ClearPalette.h"
 #include "ModelBuilder.h"
 #include "RecordingSurface.h"
+#include "TrussFamilies.h"
 #include "WorkbenchFixture.h"
 #include "modHandFigures.h"
 #include "modHandSolution.h"
 #include "modSketch.h"
 
 #include <algorithm>
+#include <random>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -17,6 +20,7 @@ namespace strutwright {
 namespace {
 
 using testing::Contains;
+using testing::IsEmpty;
 using testing::IsSupersetOf;
 using testing::Not;
 using testing::UnorderedElementsAre;
@@ -127,6 +131,50 @@ TEST_F(HandFiguresTest, NamesSpacesAtOnePlaceTogether) {
   const HandTruss other = ReadHandTruss();
   const ForceDiagram shared = DrawForceDiagram(other, SolveByHand(other));
   EXPECT_THAT(Drawn(ForceFigure(shared, shared.lines.size())), Contains("d, e"));
+}
+
+/// What of a figure with arrows is cut off or nameless.
+std::vector<std::string> Faults(const Sketch& sketch, const Bounds& area, RecordingSurface& surface) {
+  const PlacedSketch placed = PlaceSketch(sketch, area, surface);
+  const Bounds sheet = area.GrownBy(1);
+  std::vector<std::string> faults;
+  for (const ClearArrow& arrow : placed.scene.arrows) {
+    if (!sheet.Contains(arrow.tail) || !sheet.Contains(arrow.tip)) faults.emplace_back("an arrow leaves the sheet");
+  }
+  surface.Forget();
+  DrawSketch(surface, placed);
+  std::multiset<std::string> texts;
+  for (const PixelLabel& label : surface.pixelTexts) {
+    const double half = surface.TextWidth(label.text, label.size) / 2;
+    const bool isInside = sheet.Contains(label.centre - PixelPoint{half, 0}) &&
+                          sheet.Contains(label.centre + PixelPoint{half, 0}) &&
+                          sheet.Contains(label.centre + PixelPoint{0, label.size / 2.0});
+    if (!isInside) faults.push_back(label.text + " leaves the sheet");
+    texts.insert(label.text);
+  }
+  for (const SketchArrow& arrow : sketch.arrows) {
+    const auto found = texts.find(arrow.label);
+    if (found == texts.end()) faults.push_back(arrow.label + " is missing");
+    if (found != texts.end()) texts.erase(found);
+  }
+  return faults;
+}
+
+TEST_F(HandFiguresTest, ShowsEveryForceOfAJointWithItsValueInsideTheSheet) {
+  std::mt19937 random(20);
+  for (const KnownFamily family :
+       {KnownFamily::Pratt, KnownFamily::Howe, KnownFamily::Warren, KnownFamily::FanRoof, KnownFamily::KTruss,
+        KnownFamily::Cantilever, KnownFamily::RandomSimple, KnownFamily::ThreeHingedArch}) {
+    SetModel(MakeTruss(family, 14, random).model);
+    truss = ReadHandTruss();
+    solution = SolveByHand(truss);
+    EXPECT_THAT(Faults(BodyFigure(truss, solution.reactions.body), {0, 0, 590, 570}, surface), IsEmpty())
+        << static_cast<int>(family);
+    for (const HandStep& step : solution.steps) {
+      EXPECT_THAT(Faults(BodyFigure(truss, step.body), {0, 270, 295, 570}, surface), IsEmpty())
+          << static_cast<int>(family) << ", " << step.reason << ' ' << step.body.nodes.front();
+    }
+  }
 }
 
 TEST_F(HandFiguresTest, OfMembersWithoutForce) {

@@ -168,6 +168,29 @@ TEST_F(HandLessonTest, ChecksAJointWithTheComputedForces) {
   EXPECT_THAT(TextOf(lesson.TellJoint(3, true)), HasSubstr("polygon closes"));
 }
 
+TEST_F(HandLessonTest, OffersTheForcesOfTheAnalysisAtTheEnd) {
+  Take(CrossedSquare());
+  EXPECT_THAT(ToldLast(HandTopic::Joints), EndsWith("Run the analysis (F5) to see its forces beside these.\n"));
+  ASSERT_TRUE(runAnalysis(ScratchCopy::None));
+  EXPECT_THAT(ToldLast(HandTopic::Joints), EndsWith("Tick Computed to see the forces of the analysis beside these.\n"));
+  const HandTelling computed = lesson.TellComputed(lesson.LastStep(HandTopic::Joints));
+  EXPECT_EQ(computed.heading, "By hand and computed");
+  EXPECT_THAT(computed.sentences.front(), HasSubstr("indeterminate to degree 1"));
+  EXPECT_THAT(computed.solution.at(4), testing::MatchesRegex("F5 = .* kN .*, by hand left open"));
+  EXPECT_NE(computed.sheet.front().sketch.lines.at(4).tone, SketchTone::Ink);
+}
+
+TEST_F(HandLessonTest, SetsTheForcesOfBothWaysSideBySide) {
+  Take(LoadedRafters());
+  ASSERT_TRUE(runAnalysis(ScratchCopy::None));
+  const std::string all = TextOf(lesson.TellComputed(4));
+  EXPECT_THAT(all, HasSubstr("F3 = -7.5 kN (compression), by hand -7.5\n"));
+  EXPECT_THAT(all, EndsWith(HandAgreementText() + "\n"));
+  EXPECT_EQ(lesson.JointOfStep(2), 2);
+  EXPECT_EQ(lesson.JointOfStep(4), 0); // the end
+  EXPECT_THAT(TextOf(lesson.TellComputed(2)), StartsWith("Joint 2\n"));
+}
+
 TEST_F(HandLessonTest, SaysHowManyDigitsBothWaysShare) {
   Take(LoadedRafters());
   EXPECT_EQ(HandAgreementText(), ""); // before the analysis

@@ -77,5 +77,17 @@ TEST(FormulaTest, RefusesAMatrixOfUnequalRows) {
   EXPECT_THAT(HtmlOf(MatrixOf({})), Not(HasSubstr("<tr>  "))) << "a matrix without rows is written all the same";
 }
 
+TEST(FormulaTest, SetsFormulasSideBySideAndOneBelowTheOther) {
+  const Formula half = FractionOf(NumberOf("1"), NumberOf("2"));
+  const Formula both = SideBySide({EquationOf(SymbolOf("a"), NumberOf("1")), EquationOf(SymbolOf("b"), half)});
+  EXPECT_EQ(PlainText(both), "a = 1; b = (1) / (2)");
+  EXPECT_EQ(LatexOf(both), "a = 1\\qquad b = \\frac{1}{2}");
+  const Formula stack = StackOf({both, SymbolOf("c")});
+  EXPECT_EQ(PlainText(stack), "a = 1; b = (1) / (2); c");
+  EXPECT_EQ(LatexOf(stack), "\\begin{array}{l}\n\\displaystyle a = 1\\qquad b = \\frac{1}{2} \\\\[4pt]\n"
+                            "\\displaystyle c \\\\[4pt]\n\\end{array}");
+  EXPECT_THAT(HtmlOf(stack), testing::HasSubstr("&nbsp;&nbsp;&nbsp;&nbsp; <i>b</i>"));
+}
+
 } // namespace
 } // namespace strutwright

@@ -19,6 +19,8 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QTextFrame>
+#include <QTextTable>
 
 namespace strutwright {
 
@@ -27,6 +29,7 @@ namespace {
 constexpr double FootSize = 8; // points
 constexpr double FootLines = 2.5;
 constexpr double RoomBelowHeading = 4; // that a page must have, in heights of the heading
+constexpr int PartsHeaded = 3;         // parts below a heading among which a formula belongs to it
 
 /// The text black on white, whatever the desktop's colours are.
 void PaintBody(QPainter& painter, const QTextDocument& text, const QRectF& page) {
@@ -42,14 +45,38 @@ void PaintBody(QPainter& painter, const QTextDocument& text, const QRectF& page)
 
 int PageOf(double y, double pageHeight) { return static_cast<int>(y / pageHeight); }
 
+/// A table without headings holds a formula: its lines belong together, unlike the rows of other tables.
+QTextTable* FormulaAt(const QTextFrame::iterator& part) {
+  auto* table = qobject_cast<QTextTable*>(part.currentFrame());
+  return table != nullptr && table->format().headerRowCount() == 0 ? table : nullptr;
+}
+
+/// Whether a formula that a page could hold stands on two.
+bool IsCut(QTextTable& formula, const QAbstractTextDocumentLayout& layout, double pageHeight) {
+  const QRectF place = layout.frameBoundingRect(&formula);
+  return place.height() <= pageHeight && PageOf(place.top(), pageHeight) != PageOf(place.bottom(), pageHeight);
+}
+
+bool IsHeading(const QTextBlock& block) { return block.isValid() && block.blockFormat().headingLevel() > 0; }
+
+/// Whether it is a sentence that leads to what is below.
+bool LeadsOn(const QTextBlock& block) { return block.isValid() && block.text().endsWith(':'); }
+
 /// Whether a heading stands at the foot of a page without what it heads.
-bool IsLeftBehind(const QTextBlock& heading, const QAbstractTextDocumentLayout& layout, double pageHeight) {
+bool IsLeftBehind(const QTextFrame::iterator& part, const QAbstractTextDocumentLayout& layout, double pageHeight) {
+  const QTextBlock heading = part.currentBlock();
   const QRectF place = layout.blockBoundingRect(heading);
   const double room = RoomBelowHeading * place.height();
   const int page = PageOf(place.top(), pageHeight);
   if (PageOf(place.bottom() + room, pageHeight) > page) return true;
+  QTextFrame::iterator next = part;
+  for (int parts = 0; parts < PartsHeaded && !(++next).atEnd(); ++parts) {
+    if (parts == 0 && IsHeading(next.currentBlock()) && IsLeftBehind(next, layout, pageHeight)) return true;
+    QTextTable* formula = FormulaAt(next);
+    if (formula != nullptr) return PageOf(layout.frameBoundingRect(formula).bottom(), pageHeight) > page;
+  }
   QTextBlock below = heading.next();
-  while (below.isValid() && below.blockFormat().headingLevel() > 0) below = below.next();
+  while (IsHeading(below)) below = below.next();
   // The paragraph below a picture explains it.
   for (int block = 0; block < 2 && below.isValid(); ++block, below = below.next()) {
     if (PageOf(layout.blockBoundingRect(below).bottom(), pageHeight) > page) return true;
@@ -57,15 +84,35 @@ bool IsLeftBehind(const QTextBlock& heading, const QAbstractTextDocumentLayout& 
   return false;
 }
 
-/// Begins a page with each such heading.  From the first on, because each moves those that follow.
-void KeepHeadingsTogether(QTextDocument& text) {
+void BeginPageWith(const QTextBlock& block) {
+  QTextBlockFormat format = block.blockFormat();
+  format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+  QTextCursor(block).setBlockFormat(format);
+}
+
+/// The sentence that leads to the formula goes with it.
+void BeginPageWith(QTextTable& formula, const QTextBlock& before) {
+  if (LeadsOn(before)) return BeginPageWith(before);
+  QTextTableFormat format = formula.format();
+  format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+  formula.setFormat(format);
+}
+
+/// Begins a page with each heading that would be left behind, and with each formula that would be cut.  From the first
+/// on, because each moves those that follow.
+void KeepTogether(QTextDocument& text) {
   const double pageHeight = text.pageSize().height();
-  for (QTextBlock block = text.begin(); block.isValid(); block = block.next()) {
-    if (block.blockFormat().headingLevel() == 0 || !IsLeftBehind(block, *text.documentLayout(), pageHeight)) continue;
-    QTextBlockFormat format = block.blockFormat();
-    format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
-    QTextCursor(block).setBlockFormat(format);
-    text.markContentsDirty(0, text.characterCount()); // or what follows is not laid out anew
+  const QAbstractTextDocumentLayout& layout = *text.documentLayout();
+  QTextBlock before; // the paragraph just above, if there is one
+  for (QTextFrame::iterator part = text.rootFrame()->begin(); !part.atEnd(); ++part) {
+    QTextTable* formula = FormulaAt(part);
+    const bool isHeading = IsHeading(part.currentBlock());
+    const bool moves = (formula != nullptr && IsCut(*formula, layout, pageHeight)) ||
+                       (isHeading && IsLeftBehind(part, layout, pageHeight));
+    if (moves && isHeading) BeginPageWith(part.currentBlock());
+    if (moves && !isHeading) BeginPageWith(*formula, before);
+    if (moves) text.markContentsDirty(0, text.characterCount()); // or what follows is not laid out anew
+    before = part.currentBlock();
   }
 }
 
@@ -142,7 +189,7 @@ void LayOut(QTextDocument& text, const PaperDocument& document, QPagedPaintDevic
   text.setDocumentMargin(0);
   text.setHtml(QString::fromStdString(document.html));
   text.setPageSize(QSizeF(device.width(), device.height() - FootHeight(device)));
-  KeepHeadingsTogether(text);
+  KeepTogether(text);
 }
 
 int PaintPages(const PaperDocument& document, QPagedPaintDevice& device, PageRange range) {

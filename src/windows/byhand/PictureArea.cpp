@@ -27,7 +27,8 @@ PictureArea::PictureArea(PictureNotices notices, QWidget* parent)
     : QWidget(parent), Notices(std::move(notices)), Surface(width(), height(), devicePixelRatioF()) {
   setObjectName("handPic");
   setAccessibleName("Figures of this step");
-  setToolTip("Arrows left and right step, N takes the next joint; click a node to see its joint");
+  // No tool tip: it would cover the figures, and what can be done stands below them.
+  setAccessibleDescription("Arrows left and right step, N takes the next joint; click a node to see its joint");
   setAttribute(Qt::WA_OpaquePaintEvent);
   setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);

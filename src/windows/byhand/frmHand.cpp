@@ -137,8 +137,9 @@ QWidget* frmHand::BuildJoint() {
   jointSpin =
       NamedPart(new QSpinBox, "jointSpin", "The node whose joint is shown; the lowest value goes back to the order");
   jointSpin->setSpecialValueText("by order");
-  computedChk = NamedPart(new QCheckBox("Co&mputed"), "computedChk",
-                          "Shows the joint with the forces of the analysis, to check that it balances");
+  computedChk =
+      NamedPart(new QCheckBox("Co&mputed"), "computedChk",
+                "Shows the joint with the forces of the analysis, at the end all of them beside those by hand");
   OnSignal(jointSpin, &QSpinBox::valueChanged, this, [this](int node) { TakeJoint(node); });
   OnSignal(computedChk, &QCheckBox::toggled, this, [this] { ShowPage(); });
   return RowOfParts({Caption("Join&t:", jointSpin), jointSpin, computedChk});
@@ -169,7 +170,7 @@ QLayout* frmHand::BuildButtons() {
   row->addWidget(AddButton("btnSavePicture", "Sa&ve Picture...", "Saves the figures as PNG, SVG or TikZ",
                            [this] { SavePicture(); }));
   row->addWidget(AddButton("btnPrint", "&Print...", "Prints this step with its figures", [this] {
-    PrintSketchPage("Hand methods - " + Frame.ModelName(), toldTxt->toPlainText().toStdString(), Picture->Sheet());
+    PrintSketchPage("Hand Methods - " + Frame.ModelName(), toldTxt->toPlainText().toStdString(), Picture->Sheet());
   }));
   btnWorked = AddButton("btnWorked", "&Worked Solution...", "Saves the whole solution by hand as PDF, HTML or LaTeX",
                         [this] { SaveWorked(HandDocument(Lesson, Frame.ModelName()), ModelFile()); });
@@ -198,7 +199,11 @@ void frmHand::Begin() {
 
 void frmHand::Follow() {
   if (!isVisible()) return;
-  if (Lesson.IsCurrent()) return ShowControls();
+  if (Lesson.IsCurrent()) {
+    // The same truss: only what an analysis has added, or its end has taken, can be new.
+    if (ShownWithResults != HandLesson::HasComputed()) ShowPage();
+    return;
+  }
   btnPlay->setChecked(false);
   Lesson.Read();
   if (Joint > Lesson.Truss().nodeCount) Joint = 0;
@@ -208,14 +213,18 @@ void frmHand::Follow() {
 HandTopic frmHand::Topic() const { return static_cast<HandTopic>(std::max(topicTab->currentIndex(), 0)); }
 
 HandTelling frmHand::Telling() {
-  if (Topic() == HandTopic::Joints && Joint > 0)
-    return Lesson.TellJoint(Joint, computedChk->isChecked() && computedChk->isEnabled());
-  if (Topic() == HandTopic::Sections && Stroke) return Lesson.TellSection(*Stroke, Reach);
   Step() = std::clamp(Step(), 0, Lesson.LastStep(Topic()));
+  if (Topic() == HandTopic::Sections && Stroke) return Lesson.TellSection(*Stroke, Reach);
+  if (Topic() == HandTopic::Joints) {
+    const bool computed = computedChk->isChecked() && computedChk->isEnabled();
+    if (Joint > 0) return Lesson.TellJoint(Joint, computed);
+    if (computed) return Lesson.TellComputed(Step());
+  }
   return Lesson.Tell(Topic(), Step());
 }
 
 void frmHand::ShowPage() {
+  ShownWithResults = HandLesson::HasComputed();
   ShowControls();
   HandTelling telling = Telling();
   toldTxt->setPlainText(QString::fromStdString(TextOf(telling)));
@@ -246,7 +255,7 @@ void frmHand::ChooseTopic() {
 }
 
 void frmHand::GoTo(int step) {
-  Joint = 0;
+  if (Topic() == HandTopic::Joints) Joint = 0;
   Step() = std::clamp(step, 0, Lesson.LastStep(Topic()));
   ShowPage();
 }

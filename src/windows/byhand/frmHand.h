@@ -74,6 +74,7 @@ class frmHand : public QDialog {
   int Joint = 0;                       ///< the joint that is shown in place of a step; 0 for none
   std::optional<SectionStroke> Stroke; ///< the section that is shown
   double Reach = 0;                    ///< how near a node counted as hit by it, m
+  bool ShownWithResults = false;       ///< the page was told while the tables held the results of an analysis
   QTabBar* topicTab = nullptr;
   PictureArea* Picture = nullptr;
   QPlainTextEdit* toldTxt = nullptr;

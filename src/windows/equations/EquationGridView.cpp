@@ -2,11 +2,13 @@
 
 #include "EventGuard.h"
 #include "GridMetrics.h"
+#include "modExercise.h"
 
 #include <algorithm>
 
 #include <QHeaderView>
 #include <QLabel>
+#include <QScrollBar>
 
 namespace strutwright {
 
@@ -22,12 +24,12 @@ EquationGridView::EquationGridView(EquationGrid grid, const QString& name, QWidg
     : QTableView(parent), Model(grid, *this) {
   setObjectName(name);
   setModel(&Model);
-  setEditTriggers(NoEditTriggers);
+  setEditTriggers(AnyKeyPressed | EditKeyPressed | DoubleClicked | CurrentChanged); // of blank cells
   setSelectionMode(ContiguousSelection);
   setTabKeyNavigation(false);
   setCornerButtonEnabled(false);
   setHorizontalScrollMode(ScrollPerPixel);
-  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // the three grids scroll together: as many rows fit in each
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   LayOut();
 }
 
@@ -38,7 +40,7 @@ void EquationGridView::LayOut() {
   Corner->setAttribute(Qt::WA_TransparentForMouseEvents);
   horizontalHeader()->setMinimumSectionSize(fontMetrics().horizontalAdvance("00 x") + NumberPadding);
   horizontalHeader()->setDefaultSectionSize(fontMetrics().horizontalAdvance("-00000.00") + NumberPadding);
-  horizontalHeader()->setFixedHeight(HeaderLines * fontMetrics().height() + RowPadding);
+  SetHeaderLines(HeaderLines);
   horizontalHeader()->setHighlightSections(false);
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + RowPadding);
@@ -49,11 +51,38 @@ void EquationGridView::LayOut() {
 
 /// A vector is always seen in its full width; its rows move with those of the matrix.
 void EquationGridView::LayOutVector() {
-  horizontalHeader()->setMinimumSectionSize(fontMetrics().horizontalAdvance("-0000.00") + NumberPadding);
   horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  FitVector();
+}
+
+void EquationGridView::SetHeaderLines(int lines) {
+  horizontalHeader()->setFixedHeight(lines * fontMetrics().height() + RowPadding);
+  if (Kind() != EquationGrid::Stiffness) FitVector();
+}
+
+/// A heading that has one line needs all of its width there.
+void EquationGridView::FitVector() {
+  const bool hasOneLine = horizontalHeader()->height() < 2 * fontMetrics().height();
+  const QString heading = QString::fromStdString(EquationCell(Kind(), 0, 1));
+  const int number = fontMetrics().horizontalAdvance("-0000.00");
+  const int width = hasOneLine ? std::max(number, fontMetrics().horizontalAdvance(heading)) : number;
+  horizontalHeader()->setMinimumSectionSize(width + NumberPadding);
   const int labels = fontMetrics().horizontalAdvance("0000 x") + NumberPadding;
   setMinimumWidth(labels + horizontalHeader()->minimumSectionSize() + 2 * frameWidth());
+}
+
+int EquationGridView::FittingWidth() const {
+  const int bar = verticalScrollBar()->maximum() > verticalScrollBar()->minimum() ? verticalScrollBar()->width() : 0;
+  return verticalHeader()->width() + horizontalHeader()->length() + bar + 2 * frameWidth();
+}
+
+void EquationGridView::Ask(int row, int column) {
+  const QModelIndex cell = Model.index(row - 1, column - 1);
+  scrollTo(cell);
+  setFocus();
+  setCurrentIndex(cell);
+  if (state() != EditingState) edit(cell);
 }
 
 void EquationGridView::Refresh() {
@@ -91,6 +120,17 @@ GridBlock EquationGridView::SelectedBlock() const {
   return {range.top() + 1, range.left() + 1, range.bottom() + 1, range.right() + 1};
 }
 
+/// Tab would go to the neighbour, whether it is blank or not.
+void EquationGridView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+  QTableView::closeEditor(editor, QAbstractItemDelegate::NoHint);
+  const auto end = [this](AnswerMove move) {
+    if (Answerer) Guard([this, move] { Answerer(move); });
+  };
+  if (hint == QAbstractItemDelegate::SubmitModelCache) end(AnswerMove::Judge);
+  if (hint == QAbstractItemDelegate::EditNextItem) end(AnswerMove::Next);
+  if (hint == QAbstractItemDelegate::EditPreviousItem) end(AnswerMove::Previous);
+}
+
 void EquationGridView::focusInEvent(QFocusEvent* event) {
   QTableView::focusInEvent(event);
   if (Listener) Guard(Listener);
@@ -98,6 +138,7 @@ void EquationGridView::focusInEvent(QFocusEvent* event) {
 
 void EquationGridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
   QTableView::currentChanged(current, previous);
+  if (current.isValid()) ChooseQuestionAt(Kind(), current.row() + 1, current.column() + 1);
   if (Listener) Guard(Listener);
 }
 

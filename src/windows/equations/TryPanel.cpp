@@ -2,6 +2,7 @@
 
 #include "EventGuard.h"
 #include "Platform.h"
+#include "modEquationTexts.h"
 #include "modExercise.h"
 
 #include <utility>
@@ -14,6 +15,8 @@
 namespace strutwright {
 
 namespace {
+
+constexpr int PanelSpacing = 4; // pixels
 
 QLabel* AddPanelLabel(QWidget* panel, const QString& name, const QString& description) {
   auto* label = new QLabel(panel);
@@ -38,6 +41,7 @@ QPushButton* AddPanelButton(QWidget* panel, const QString& name, const QString& 
 TryPanel::TryPanel(QWidget* parent, std::function<void()> changed) : QWidget(parent), Changed(std::move(changed)) {
   setObjectName("TryPanel");
   Build();
+  Clock.start();
   setVisible(false);
 }
 
@@ -49,75 +53,84 @@ void TryPanel::Build() {
   txtAnswer->setObjectName("txtAnswer");
   txtAnswer->setAccessibleName("Your answer");
   txtAnswer->setToolTip("Type the answer, then press Enter");
-  auto* answer = AddPanelButton(this, "btnAnswer", "Answer", "Judges what was typed; Enter does the same");
-  auto* hint = AddPanelButton(this, "btnHint", "Hint (&X)", "Three hints, each says more; then the answer");
-  auto* copy = AddPanelButton(this, "btnCopyScore", "Copy Score (&Q)", "Copies the score and how each question went");
+  btnAnswer = AddPanelButton(this, "btnAnswer", "Answer", "Judges what was typed; Enter does the same");
+  btnHint = AddPanelButton(this, "btnHint", "Hint (&X)", "Three hints, each says more; then the answer");
+  btnCopyScore = AddPanelButton(this, "btnCopyScore", "Copy Score (&Q)", "Copies the score and how each question went");
+  OnSignal(txtAnswer, &QLineEdit::textEdited, this, [](const QString& text) { KeepTyped(text.toStdString()); });
   OnSignal(txtAnswer, &QLineEdit::returnPressed, this, [this] { Answer(); });
-  OnSignal(answer, &QPushButton::clicked, this, [this] { Answer(); });
-  OnSignal(hint, &QPushButton::clicked, this, [this] { Hint(); });
-  OnSignal(copy, &QPushButton::clicked, this, [this] { CopyScore(); });
-  auto* layout = new QGridLayout(this);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->addWidget(lblQuestion, 0, 0);
-  layout->addWidget(txtAnswer, 0, 1);
-  layout->addWidget(answer, 0, 2);
-  layout->addWidget(hint, 0, 3);
-  layout->addWidget(lblVerdict, 1, 0);
-  layout->addWidget(lblScore, 1, 1, 1, 2);
-  layout->addWidget(copy, 1, 3);
-  layout->setColumnStretch(0, 2);
-  layout->setColumnStretch(1, 1);
+  OnSignal(btnAnswer, &QPushButton::clicked, this, [this] { Answer(); });
+  OnSignal(btnHint, &QPushButton::clicked, this, [this] { Hint(); });
+  OnSignal(btnCopyScore, &QPushButton::clicked, this, [this] { CopyScore(); });
+  Places = new QGridLayout(this);
+  Places->setContentsMargins(0, 0, 0, 0);
+  Places->setSpacing(PanelSpacing);
+  Places->setColumnStretch(0, 1);
+  Arrange(false);
+}
+
+void TryPanel::Arrange(bool isWide) {
+  const int row = isWide ? 0 : 1;
+  const int first = isWide ? 1 : 0;
+  Places->addWidget(lblQuestion, 0, 0, 1, isWide ? 1 : 4);
+  Places->addWidget(txtAnswer, row, first);
+  Places->addWidget(btnAnswer, row, first + 1);
+  Places->addWidget(btnHint, row, first + 2);
+  Places->addWidget(btnCopyScore, row, isWide ? 5 : 3);
+  Places->addWidget(lblScore, isWide ? 0 : 3, isWide ? 4 : 0, 1, isWide ? 1 : 4);
+  Places->addWidget(lblVerdict, isWide ? 1 : 2, 0, 1, isWide ? 6 : 4);
+  lblScore->setWordWrap(!isWide);
+  lblVerdict->setMinimumHeight((isWide ? 1 : 2) * fontMetrics().lineSpacing());
 }
 
 void TryPanel::Switch(bool on) {
   SwitchExercise(on);
   Clock.start();
   setVisible(on);
-  lblVerdict->clear();
-  ShowQuestion();
+  Begin();
 }
 
-void TryPanel::BeginQuestions() {
-  lblVerdict->clear();
-  ShowQuestion();
-}
+void TryPanel::Begin() { lblVerdict->clear(); }
 
 void TryPanel::ShowQuestion() {
   const StepQuestion* question = CurrentQuestion();
-  lblQuestion->setText(question != nullptr ? QString::fromStdString(question->text)
-                                           : "Press a step: what it changes is asked here, one number after another.");
-  txtAnswer->setEnabled(question != nullptr);
-  txtAnswer->clear();
-  if (question != nullptr && isVisible()) txtAnswer->setFocus();
-  ShowScore();
+  const bool hasLine = question != nullptr && question->cells.empty();
+  lblQuestion->setText(QString::fromStdString(question != nullptr ? question->text : StepToComeText()));
+  txtAnswer->setVisible(hasLine);
+  txtAnswer->setText(hasLine ? QString::fromStdString(question->typed) : QString());
+  btnAnswer->setEnabled(question != nullptr);
+  btnHint->setEnabled(question != nullptr);
+  lblScore->setText(QString::fromStdString(ScoreText(Seconds())));
+}
+
+void TryPanel::GoToLine() {
+  txtAnswer->setFocus();
+  txtAnswer->selectAll();
 }
 
 void TryPanel::Answer() {
-  if (CurrentQuestion() == nullptr) return;
-  const AnswerReply reply = AnswerQuestion(txtAnswer->text().toStdString());
-  lblVerdict->setText(QString::fromStdString(reply.text));
-  if (!reply.isRight) {
-    txtAnswer->selectAll();
-    return ShowScore();
+  const StepQuestion* question = CurrentQuestion();
+  if (question == nullptr) return;
+  lblVerdict->setText(QString::fromStdString(AnswerQuestion(question->typed).text));
+  Changed();
+}
+
+void TryPanel::Turn(int by) {
+  const StepQuestion* left = CurrentQuestion();
+  if (left == nullptr) return;
+  if (!left->typed.empty() && !left->isWrong) {
+    const AnswerReply reply = AnswerQuestion(left->typed);
+    lblVerdict->setText(QString::fromStdString(left->text + " " + reply.text));
   }
-  ShowQuestion();
+  if (CurrentQuestion() == left) TurnQuestion(by);
   Changed();
 }
 
 void TryPanel::Hint() {
-  const StepQuestion* before = CurrentQuestion();
-  if (before == nullptr) return;
+  if (CurrentQuestion() == nullptr) return;
   lblVerdict->setText(QString::fromStdString(NextHint()));
-  if (CurrentQuestion() == before) {
-    txtAnswer->setFocus();
-    return ShowScore();
-  }
-  ShowQuestion();
   Changed();
 }
 
 void TryPanel::CopyScore() { TheClipboard().SetText(ScoreReport(Seconds()), ""); }
-
-void TryPanel::ShowScore() { lblScore->setText(QString::fromStdString(ScoreText(Seconds()))); }
 
 } // namespace strutwright

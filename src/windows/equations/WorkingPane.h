@@ -17,7 +17,8 @@ struct WorkingPlace {
 inline WorkingPlace TheWorkingPlace;
 
 /// The working of the last step, as formulas.  A number that comes from somewhere is a link, which the mouse and
-/// Tab and Enter follow; pointing at a number shows all its digits.
+/// Tab and Enter follow; pointing at a number shows all its digits.  What would need scrolling is set a little smaller
+/// where it fits then.
 class WorkingPane : public QTextBrowser {
  public:
   explicit WorkingPane(QWidget* parent);
@@ -31,8 +32,11 @@ class WorkingPane : public QTextBrowser {
  protected:
   void showEvent(QShowEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void FitText();
+
   bool IsStale = true; ///< what it shows is not of the last step
   std::function<void(const std::string& link)> Follower;
 };

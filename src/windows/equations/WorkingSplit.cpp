@@ -3,6 +3,8 @@
 #include "EventGuard.h"
 #include "WorkingPane.h"
 
+#include <algorithm>
+
 #include <QResizeEvent>
 
 namespace strutwright {
@@ -15,30 +17,48 @@ constexpr int HighEnough = 320; // pixels: room for K and, under it, for some li
 } // namespace
 
 WorkingSplit::WorkingSplit(QWidget* grids, WorkingPane* pane, QWidget* parent)
-    : QSplitter(Qt::Vertical, parent), Pane(pane) {
+    : QSplitter(Qt::Vertical, parent), Grids(grids), Pane(pane) {
   setObjectName("splWorking");
   setChildrenCollapsible(false);
-  addWidget(grids);
+  addWidget(Grids);
   addWidget(Pane);
-  ShowWhereThereIsRoom();
+  ShowWhatHasRoom();
   TakeShares();
   OnSignal(this, &QSplitter::splitterMoved, this, [this] { KeepShares(); });
 }
 
 void WorkingSplit::ShowPane(bool on) {
   TheWorkingPlace.shown = on;
-  ShowWhereThereIsRoom();
+  ShowWhatHasRoom();
 }
 
-void WorkingSplit::ShowWhereThereIsRoom() {
-  Pane->setVisible(TheWorkingPlace.shown && (width() >= WideEnough || height() >= HighEnough));
+void WorkingSplit::PreferPane(bool pane) {
+  PrefersPane = pane;
+  ShowWhatHasRoom();
+}
+
+void WorkingSplit::FitGrids(int width) {
+  if (width == FittingWidth) return;
+  FittingWidth = width;
+  if (orientation() == Qt::Horizontal) TakeShares();
+}
+
+bool WorkingSplit::HasRoomForBoth() const { return width() >= WideEnough || height() >= HighEnough; }
+
+void WorkingSplit::ShowWhatHasRoom() {
+  const bool showsPane = TheWorkingPlace.shown && (HasRoomForBoth() || PrefersPane);
+  Pane->setVisible(showsPane);
+  Grids->setVisible(!showsPane || HasRoomForBoth());
 }
 
 void WorkingSplit::TakeShares() {
-  const QByteArray kept = orientation() == Qt::Horizontal ? TheWorkingPlace.beside : TheWorkingPlace.under;
+  const bool isBeside = orientation() == Qt::Horizontal;
+  const QByteArray kept = isBeside ? TheWorkingPlace.beside : TheWorkingPlace.under;
   if (!kept.isEmpty() && restoreState(kept)) return;
-  const int room = orientation() == Qt::Horizontal ? width() : height();
-  setSizes({room * 3 / 5, room - room * 3 / 5});
+  const int room = isBeside ? width() : height();
+  const int most = room * 3 / 5;
+  const int grids = isBeside && FittingWidth > 0 ? std::min(FittingWidth, most) : most;
+  setSizes({grids, room - grids});
 }
 
 void WorkingSplit::KeepShares() {
@@ -48,11 +68,11 @@ void WorkingSplit::KeepShares() {
 void WorkingSplit::resizeEvent(QResizeEvent* event) {
   QSplitter::resizeEvent(event);
   const Qt::Orientation fitting = event->size().width() >= WideEnough ? Qt::Horizontal : Qt::Vertical;
-  if (fitting != orientation()) {
-    setOrientation(fitting);
-    TakeShares();
-  }
-  ShowWhereThereIsRoom();
+  const bool turns = fitting != orientation();
+  if (turns) setOrientation(fitting);
+  if (turns || fitting == Qt::Horizontal) TakeShares();
+  ShowWhatHasRoom();
+  if (Listener) Guard(Listener);
 }
 
 } // namespace strutwright

@@ -1,7 +1,7 @@
 #include "frmEquations.h"
 
 #include "BusyPointer.h"
-#include "EquationGridView.h"
+#include "EquationGrids.h"
 #include "EquationsState.h"
 #include "EventGuard.h"
 #include "Menus.h"
@@ -34,11 +34,9 @@ namespace strutwright {
 
 namespace {
 
-constexpr int Spacing = 6; // pixels
-constexpr int ButtonsInARow = 4;
-constexpr int WordLines = 2;
-constexpr int WideWindow = 860; // pixels
-constexpr int OriginLines = 2;
+constexpr int Spacing = 5;       // pixels
+constexpr int WideWindow = 860;  // pixels: all buttons fit in a row, and a sentence in a line
+constexpr int ButtonsInARow = 4; // of a narrow one
 
 } // namespace
 
@@ -50,75 +48,113 @@ frmEquations::frmEquations(frmMain& frame) : Frame(frame) {
   auto* whole = new QVBoxLayout(this);
   whole->setContentsMargins(Spacing, Spacing, Spacing, Spacing);
   whole->setSpacing(Spacing);
-  whole->addLayout(BuildButtons());
+  BuildButtons();
+  whole->addLayout(ButtonPlaces);
   BuildTryIt();
   whole->addLayout(BuildWords());
   whole->addWidget(Try);
-  whole->addWidget(BuildWorking(BuildGrids()), 1);
-  lblOrigin = AddLine("lblOrigin", "Where the selected cell of K comes from", OriginLines);
+  whole->addWidget(BuildWorking(), 1);
+  lblOrigin = AddLine("lblOrigin", "Where the selected cell of K comes from");
   whole->addWidget(lblOrigin);
   BuildMenus();
+  Arrange();
   Reset();
 }
 
-QLayout* frmEquations::BuildButtons() {
-  btnShowForces = AddStep("btnShowForces", "Show Force", "Shows the load vector", StepShowForces);
+void frmEquations::BuildButtons() {
+  ButtonPlaces = new QGridLayout;
+  ButtonPlaces->setSpacing(Spacing);
+  AddStep("btnShowForces", "Show Force", "Shows the load vector", StepShowForces);
   btnAddMember = AddStep("btnAddMember", "Add Member 1", "Adds the next member to the stiffness matrix", StepAddMember);
+  AddStep("btnShowGlobalK", "Show Global K", "Assembles the whole stiffness matrix", StepShowGlobalK);
+  AddStep("btnRestrict", "Restrict DOFs", "Applies the supports to the stiffness matrix", StepRestrict);
+  AddStep("btnSolve", "Solve", "Solves the equations for the displacements", StepSolve);
+  btnMemberForces = AddStep("btnMemberForces", "Member Forces",
+                            "Finds the force of every member from the displacements; after Solve", StepMemberForces);
+  btnReactions =
+      AddStep("btnReactions", "Reactions", "Finds what the supports do to the truss; after Solve", StepReactions);
   btnStepBack = AddStep("btnStepBack", "Step Back", "Undoes the last press", StepBack);
-  auto* buttons = new QGridLayout;
-  buttons->setSpacing(Spacing);
-  int place = 0;
-  for (QPushButton* each :
-       {btnShowForces, btnAddMember,
-        AddStep("btnShowGlobalK", "Show Global K", "Assembles the whole stiffness matrix", StepShowGlobalK),
-        AddStep("btnRestrict", "Restrict DOFs", "Applies the supports to the stiffness matrix", StepRestrict),
-        AddStep("btnSolve", "Solve", "Solves the equations for the displacements", StepSolve),
-        btnMemberForces =
-            AddStep("btnMemberForces", "Member Forces",
-                    "Finds the force of every member from the displacements; after Solve", StepMemberForces),
-        btnReactions =
-            AddStep("btnReactions", "Reactions", "Finds what the supports do to the truss; after Solve", StepReactions),
-        btnStepBack}) {
-    buttons->addWidget(each, place / ButtonsInARow, place % ButtonsInARow);
-    ++place;
-  }
-  return buttons;
 }
 
-/// The two lines above the grids, with the switch beside them.
+/// The two lines above the grids, with the switches beside them.
 QLayout* frmEquations::BuildWords() {
-  lblStepDone = AddLine("lblStepDone", "What the last step did", WordLines);
-  lblStepToCome = AddLine("lblStepToCome", "What comes next", WordLines);
+  lblStepDone = AddLine("lblStepDone", "What the last step did");
+  lblStepToCome = AddLine("lblStepToCome", "What comes next");
   auto* words = new QGridLayout;
   words->setSpacing(Spacing);
   words->addWidget(lblStepDone, 0, 0);
   words->addWidget(chkTryIt, 0, 1, Qt::AlignTop);
-  words->addWidget(lblStepToCome, 1, 0, 1, 2);
+  words->addWidget(lblStepToCome, 1, 0);
+  words->addWidget(chkWorking, 1, 1, Qt::AlignTop);
   words->setColumnStretch(0, 1);
   return words;
 }
 
+QCheckBox* frmEquations::AddSwitch(const QString& name, const QString& caption, const QString& toolTip) {
+  auto* box = new QCheckBox(caption, this);
+  box->setObjectName(name);
+  box->setToolTip(toolTip);
+  return box;
+}
+
 void frmEquations::BuildTryIt() {
-  chkTryIt = new QCheckBox("&Try It", this);
-  chkTryIt->setObjectName("chkTryIt");
-  chkTryIt->setToolTip("Leaves what a step changes blank and asks for it, one number after another");
+  chkTryIt = AddSwitch("chkTryIt", "&Try It", "Leaves what a step changes blank and asks for it");
+  chkWorking = AddSwitch("chkWorking", "Working", "Shows the working of the last step in place of the grids");
+  chkWorking->hide(); // while both have room
   Try = new TryPanel(this, [this] { ShowQuestion(); });
+  OnSignal(chkWorking, &QCheckBox::toggled, this, [this] { ShowPaneOrGrids(); });
   OnSignal(chkTryIt, &QCheckBox::toggled, this, [this](bool on) {
     Try->Switch(on);
-    ShowQuestion();
+    Arrange();
+    ShowPage();
   });
 }
 
-/// A question has been done: what was blank is shown, and the next one's cell and member.
+/// Shows how the questions stand, and brings the keyboard to the one that has its turn.
 void frmEquations::ShowQuestion() {
   ShowNumbers();
+  ShowParts();
+  GoToQuestion();
+}
+
+/// When all is answered, the keyboard comes back to the step that asked.
+void frmEquations::GoToQuestion() {
+  const StepQuestion* question = CurrentQuestion();
+  if (question == nullptr) {
+    if (chkTryIt->isChecked() && Pressed != nullptr) Pressed->setFocus();
+    return;
+  }
+  if (question->cells.empty()) return Try->GoToLine();
+  EquationGridView& grid = Grids->Of(question->cells.front().grid);
+  const QModelIndex now = grid.currentIndex();
+  BlankCell cell = question->cells.front();
+  for (const BlankCell& each : question->cells) {
+    if (each.row == now.row() + 1 && each.column == now.column() + 1) cell = each;
+  }
+  grid.Ask(cell.row, cell.column);
+}
+
+void frmEquations::TakeAnswer(AnswerMove move) {
+  if (move == AnswerMove::Judge) return Try->Answer();
+  Try->Turn(move == AnswerMove::Next ? 1 : -1);
+}
+
+void frmEquations::ChooseQuestionOf(Element element) {
+  const bool isAsked = (element.kind == ElementKind::Member && ChooseQuestionOfMember(element.number)) ||
+                       (element.kind == ElementKind::Node && ChooseQuestionOfNode(element.number));
+  if (isAsked) ShowQuestion();
+}
+
+/// Lights what the question is about, or else the member that was added last.
+void frmEquations::ShowParts() {
   const StepQuestion* question = CurrentQuestion();
   const bool hasMember = question != nullptr && question->member != 0;
   ShowMember(hasMember ? question->member : TheEquations.page.shownMember);
-  if (question == nullptr) return;
-  if (!question->cells.empty() && question->cells.front().grid == EquationGrid::Stiffness) {
-    grK->scrollTo(grK->model()->index(question->cells.front().row - 1, question->cells.front().column - 1));
+  const int node = question != nullptr ? question->node : 0;
+  if (node != AskedNode) {
+    Frame.MarkElements(node != 0 ? std::vector<Element>{{ElementKind::Node, node}} : std::vector<Element>{});
   }
+  AskedNode = node;
 }
 
 void frmEquations::ShowMember(int member) {
@@ -126,18 +162,33 @@ void frmEquations::ShowMember(int member) {
   ShownMember = member;
 }
 
-/// In a wide window a sentence needs one line only, and K gets the room.
-void frmEquations::GiveWordsRoom() {
-  const int lines = width() >= WideWindow ? 1 : WordLines;
-  for (QLabel* each : {lblStepDone, lblStepToCome}) {
-    each->setMinimumHeight(lines * each->fontMetrics().lineSpacing());
-    each->setMaximumHeight(lines == 1 ? each->minimumHeight() : QWIDGETSIZE_MAX);
+/// Gives each part its place, as the width of the window allows.  In a wide one a sentence needs one line only, and K
+/// gets the room; what comes next is said by Try It while that is on.
+void frmEquations::Arrange() {
+  const bool isWide = width() >= WideWindow;
+  int place = 0;
+  const int inARow = isWide ? static_cast<int>(Buttons.size()) : ButtonsInARow;
+  for (QPushButton* each : Buttons) {
+    ButtonPlaces->addWidget(each, place / inARow, place % inARow);
+    ++place;
   }
+  const bool tries = chkTryIt->isChecked();
+  lblStepToCome->setVisible(!tries);
+  lblOrigin->setVisible(isWide || !tries);
+  const int lines = isWide ? 1 : 2;
+  for (QLabel* each : {lblStepDone, lblStepToCome, lblOrigin}) {
+    each->setMinimumHeight(lines * each->fontMetrics().lineSpacing());
+    each->setMaximumHeight(isWide ? each->minimumHeight() : QWIDGETSIZE_MAX);
+  }
+  Grids->SetHeaderLines(lines);
+  Try->Arrange(isWide);
+  Grids->Refresh();
+  splWorking->FitGrids(Grids->FittingWidth());
 }
 
 void frmEquations::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  GiveWordsRoom();
+  Guard([this] { Arrange(); });
 }
 
 QPushButton* frmEquations::AddStep(const QString& name, const QString& caption, const QString& toolTip,
@@ -145,12 +196,13 @@ QPushButton* frmEquations::AddStep(const QString& name, const QString& caption, 
   auto* button = new QPushButton(caption, this);
   button->setObjectName(name);
   button->setToolTip(toolTip);
-  OnSignal(button, &QPushButton::clicked, this, [this, step] { Press(step); });
+  OnSignal(button, &QPushButton::clicked, this, [this, button, step] { Press(*button, step); });
+  Buttons << button;
   return button;
 }
 
 /// A text that may need more than one line; its room is kept, so that the grids stay where they are.
-QLabel* frmEquations::AddLine(const QString& name, const QString& description, int lines) {
+QLabel* frmEquations::AddLine(const QString& name, const QString& description) {
   auto* label = new QLabel(this);
   label->setObjectName(name);
   label->setAccessibleName(description);
@@ -159,74 +211,54 @@ QLabel* frmEquations::AddLine(const QString& name, const QString& description, i
   label->setWordWrap(true);
   label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
   label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  label->setMinimumHeight(lines * label->fontMetrics().lineSpacing());
   return label;
 }
 
-/// K D = P, in the order in which it is written.
-QWidget* frmEquations::BuildGrids() {
-  grK = AddGrid(EquationGrid::Stiffness, "grK", "Stiffness matrix K, kN/mm");
-  grDisp = AddGrid(EquationGrid::Displacement, "grDisp", "Displacements D, mm");
-  grForce = AddGrid(EquationGrid::Force, "grForce", "Load vector P, kN");
-  ActiveGrid = grK;
-  auto* grids = new QSplitter(Qt::Horizontal, this);
-  grids->setChildrenCollapsible(false);
-  for (EquationGridView* each : {grK, grDisp, grForce}) grids->addWidget(each);
-  grids->setStretchFactor(0, 1);
-  grids->setSizes({2 * width(), 1, 1}); // the matrix gets what the vectors leave
-  ScrollTogether();
-  return grids;
-}
-
-QWidget* frmEquations::BuildWorking(QWidget* grids) {
+QWidget* frmEquations::BuildWorking() {
+  const auto chosen = [this] {
+    ShowOrigin();
+    Try->ShowQuestion(); // of the blank cell that has become the current one
+  };
+  Grids = new EquationGrids(this, chosen, [this](AnswerMove move) { TakeAnswer(move); });
   txtWorking = new WorkingPane(this);
   txtWorking->SetFollower([this](const std::string& link) { FollowLink(link); });
-  splWorking = new WorkingSplit(grids, txtWorking, this);
+  splWorking = new WorkingSplit(Grids, txtWorking, this);
+  splWorking->SetNotice([this] { ShowPaneOrGrids(); });
   return splWorking;
 }
 
-EquationGridView* frmEquations::AddGrid(EquationGrid grid, const QString& name, const QString& description) {
-  auto* view = new EquationGridView(grid, name, this);
-  view->setAccessibleName(description);
-  view->setToolTip(description);
-  view->setContextMenuPolicy(Qt::ActionsContextMenu);
-  view->SetNotice([this, view] {
-    if (view->hasFocus()) ActiveGrid = view;
-    ShowOrigin();
-  });
-  return view;
-}
-
-/// A row of K, its displacement and its load belong to one equation.
-void frmEquations::ScrollTogether() {
-  for (EquationGridView* moved : {grK, grDisp, grForce}) {
-    for (EquationGridView* other : {grK, grDisp, grForce}) {
-      if (other == moved) continue;
-      connect(moved->verticalScrollBar(), &QScrollBar::valueChanged, other->verticalScrollBar(), &QScrollBar::setValue);
-    }
-  }
+/// Where one stands in place of the other: a question is typed into its cell, and what the last two steps find stands
+/// in the pane alone.
+void frmEquations::ShowPaneOrGrids() {
+  const StepQuestion* question = CurrentQuestion();
+  const EquationStep step = TheEquations.page.lastStep;
+  const bool isInPane = step == EquationStep::MemberForces || step == EquationStep::SupportReactions;
+  const bool isInCell = question != nullptr && !question->cells.empty();
+  chkWorking->setVisible(TheWorkingPlace.shown && !splWorking->HasRoomForBoth());
+  splWorking->PreferPane(!isInCell && (chkWorking->isChecked() || (isInPane && question == nullptr)));
 }
 
 void frmEquations::BuildMenus() {
   MenuBuilder build(*this, Frame);
   build.AddFileMenu();
   BuildEditMenu(build);
-  QMenu& view = *build.AddMenu("mnuView", "&View");
-  build.Add(view, "mnuTrussDisplay", "&Truss Display", {}, [this] { Frame.ActivateDisplay(); });
-  QAction& working = *build.Add(
-      view, "mnuWorking", "&Working", {}, [this] { ShowWorking(); },
-      "Shows how the numbers of the last step come about");
-  working.setCheckable(true);
-  working.setChecked(TheWorkingPlace.shown);
-  OnSignal(&working, &QAction::toggled, this, [this](bool on) {
-    splWorking->ShowPane(on);
-    if (on) OfferRoomForWorking();
-  });
+  BuildViewMenu(build);
   QMenu& analysis = *build.AddMenu("mnuAnalysis", "&Analysis");
   build.AddAnalyse(analysis);
   build.AddCheck(analysis);
   build.AddHelpMenu();
   MenuList = build.Menus();
+}
+
+void frmEquations::BuildViewMenu(MenuBuilder& build) {
+  QMenu& view = *build.AddMenu("mnuView", "&View");
+  build.Add(view, "mnuTrussDisplay", "&Truss Display", {}, [this] { Frame.ActivateDisplay(); });
+  QAction& working = *build.Add(
+      view, "mnuWorking", "&Working", {}, [this] { ShowPaneOrGrids(); },
+      "Shows how the numbers of the last step come about");
+  working.setCheckable(true);
+  working.setChecked(TheWorkingPlace.shown);
+  OnSignal(&working, &QAction::toggled, this, [this](bool on) { splWorking->ShowPane(on); });
 }
 
 void frmEquations::BuildEditMenu(MenuBuilder& build) {
@@ -244,37 +276,37 @@ void frmEquations::BuildEditMenu(MenuBuilder& build) {
       edit, "mnuCopyOrigin", "Copy Cell &Origin", {}, [this] { CopyOrigin(); },
       "Copies the line that says where the selected cell of K comes from");
   edit.addSeparator();
-  build.Add(edit, "mnuGrid_SelectAll", "Select &All", QKeySequence::SelectAll, [this] { ActiveGrid->selectAll(); });
+  build.Add(edit, "mnuGrid_SelectAll", "Select &All", QKeySequence::SelectAll, [this] { Grids->Active().selectAll(); });
   for (QAction* each : edit.actions()) {
     // The keys are those of the grid that has the focus: elsewhere the same keys are about other texts.
     each->setShortcutContext(Qt::WidgetShortcut);
-    for (EquationGridView* grid : {grForce, grK, grDisp}) grid->addAction(each);
+    for (EquationGridView* grid : Grids->All()) grid->addAction(each);
   }
 }
 
-void frmEquations::Press(void (*step)()) {
-  Frame.Run([this, step] {
+void frmEquations::Press(QPushButton& button, void (*step)()) {
+  Frame.Run([this, &button, step] {
     const BusyPointer busy;
     const std::size_t before = TheEquations.past.size();
     step();
     if (IsLive()) FollowModel(); // a step back leads to the numbers of the model as it was
     if (TheEquations.past.size() > before) AskAboutLastStep();
+    Pressed = &button;
+    Try->Begin();
     ShowPage();
-    if (step == StepMemberForces || step == StepReactions) OfferRoomForWorking();
-    if (chkTryIt->isChecked()) {
-      Try->BeginQuestions();
-      ShowQuestion();
-    }
+    GoToQuestion();
   });
 }
 
 void frmEquations::ShowNumbers() {
-  for (EquationGridView* each : {grForce, grK, grDisp}) each->Refresh();
+  Grids->Refresh();
+  splWorking->FitGrids(Grids->FittingWidth());
   btnAddMember->setText(QString::fromStdString(TheEquations.page.addMemberCaption));
   btnStepBack->setEnabled(CanStepBack());
   btnMemberForces->setEnabled(CanFindForces());
   btnReactions->setEnabled(CanFindForces());
-  ShowWorking();
+  ShowPaneOrGrids();
+  txtWorking->ShowStep();
   lblStepDone->setText(QString::fromStdString(IsAskedForSupports() ? "The supports were applied." : StepDoneText()));
   ShowStepToCome();
   ShowOrigin();
@@ -282,22 +314,14 @@ void frmEquations::ShowNumbers() {
 
 void frmEquations::Follow() {
   FollowModel();
+  Try->Begin();
   ShowNumbers();
-  Try->BeginQuestions();
 }
 
 void frmEquations::ShowPage() {
   ShowNumbers();
-  const EquationPage& page = TheEquations.page;
   ShowAddedCells();
-  ShowMember(page.shownMember);
-}
-
-/// What these steps find stands in the pane alone.
-void frmEquations::OfferRoomForWorking() {
-  if (TheWorkingPlace.shown && !txtWorking->isVisible()) {
-    Frame.ShowHint("Enlarge the window of the stiffness equations to see the working");
-  }
+  ShowParts();
 }
 
 /// Scrolls to what the member that was just added has changed, to its first node where not all of it fits.
@@ -305,38 +329,41 @@ void frmEquations::ShowAddedCells() {
   const EquationPage& page = TheEquations.page;
   if (page.lastStep != EquationStep::AddMember || page.lastFreedoms[1] == 0) return;
   const auto [first, last] = std::minmax_element(page.lastFreedoms.begin() + 1, page.lastFreedoms.end());
-  for (const int freedom : {*last, *first}) grK->scrollTo(grK->model()->index(freedom - 1, freedom - 1));
+  EquationGridView& K = Grids->Of(EquationGrid::Stiffness);
+  for (const int freedom : {*last, *first}) K.scrollTo(K.model()->index(freedom - 1, freedom - 1));
 }
 
-void frmEquations::ShowStepToCome() { lblStepToCome->setText(QString::fromStdString(StepToComeText())); }
+void frmEquations::ShowStepToCome() {
+  lblStepToCome->setText(QString::fromStdString(StepToComeText()));
+  Try->ShowQuestion();
+}
 
 void frmEquations::ShowOrigin() {
   if (lblOrigin == nullptr) return;
-  const QModelIndex cell = grK->currentIndex();
+  const QModelIndex cell = Grids->Of(EquationGrid::Stiffness).currentIndex();
   lblOrigin->setText(cell.isValid() ? QString::fromStdString(CellOrigin(cell.row() + 1, cell.column() + 1)) : "");
 }
-
-void frmEquations::ShowWorking() { txtWorking->ShowStep(); }
 
 /// Shows where a number of the working comes from: in the data grids and the drawing, or in the view's own grids.
 void frmEquations::FollowLink(const std::string& link) {
   const std::optional<NumberSource> source = SourceOfLink(link);
   if (!source) return;
-  const auto choose = [](EquationGridView* grid, int row, int column) {
-    grid->setCurrentIndex(grid->model()->index(row - 1, column - 1));
+  const auto choose = [this](EquationGrid grid, int row, int column) {
+    EquationGridView& view = Grids->Of(grid);
+    view.setCurrentIndex(view.model()->index(row - 1, column - 1));
   };
   switch (source->kind) {
   case NumberSource::Kind::Node: return Frame.ShowParts({source->first}, {});
   case NumberSource::Kind::Member: return Frame.ShowParts({}, {source->first});
-  case NumberSource::Kind::Stiffness: return choose(grK, source->first, source->second);
-  case NumberSource::Kind::Load: return choose(grForce, source->first, 1);
-  case NumberSource::Kind::Displacement: return choose(grDisp, source->first, 1);
+  case NumberSource::Kind::Stiffness: return choose(EquationGrid::Stiffness, source->first, source->second);
+  case NumberSource::Kind::Load: return choose(EquationGrid::Force, source->first, 1);
+  case NumberSource::Kind::Displacement: return choose(EquationGrid::Displacement, source->first, 1);
   }
 }
 
 void frmEquations::Copy(CopyCommand copy) {
-  const GridBlock block = ActiveGrid->SelectedBlock();
-  if (block.lastRow >= block.firstRow) copy(ActiveGrid->Kind(), block);
+  const GridBlock block = Grids->Active().SelectedBlock();
+  if (block.lastRow >= block.firstRow) copy(Grids->Active().Kind(), block);
 }
 
 void frmEquations::CopyOrigin() {
@@ -346,8 +373,8 @@ void frmEquations::CopyOrigin() {
 void frmEquations::Reset() {
   ResetEquations();
   ShownMember = 0; // the new model is drawn without it
+  Try->Begin();
   ShowPage();
-  Try->BeginQuestions();
 }
 
 void frmEquations::closeEvent(QCloseEvent* event) {

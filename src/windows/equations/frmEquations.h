@@ -2,6 +2,7 @@
 
 #include "Grid.h"
 #include "modEquationCells.h"
+#include "modPointing.h"
 
 #include <string>
 
@@ -16,7 +17,8 @@ class QPushButton;
 
 namespace strutwright {
 
-class EquationGridView;
+class EquationGrids;
+enum class AnswerMove;
 class TryPanel;
 class WorkingPane;
 class WorkingSplit;
@@ -38,6 +40,9 @@ class frmEquations : public QWidget {
   /// Names the step to come anew: the model may have changed since the last one.
   void ShowStepToCome();
 
+  /// The user has pointed at a member or a node of the drawing: where Try It asks about it, that question has its turn.
+  void ChooseQuestionOf(Element element);
+
   /// The menus that the frame's menu bar shows while this window is active, in their order.
   const QList<QMenu*>& Menus() const { return MenuList; }
 
@@ -49,42 +54,43 @@ class frmEquations : public QWidget {
  private:
   using CopyCommand = void (*)(EquationGrid grid, const GridBlock& block);
 
-  QLayout* BuildButtons();
-  QWidget* BuildGrids();
+  void BuildButtons();
   QLayout* BuildWords();
-  void GiveWordsRoom();
   void BuildTryIt();
-  QWidget* BuildWorking(QWidget* grids);
-  QLabel* AddLine(const QString& name, const QString& description, int lines);
-  EquationGridView* AddGrid(EquationGrid grid, const QString& name, const QString& description);
-  void ScrollTogether();
+  QWidget* BuildWorking();
+  QLabel* AddLine(const QString& name, const QString& description);
+  QCheckBox* AddSwitch(const QString& name, const QString& caption, const QString& toolTip);
   void BuildMenus();
+  void BuildViewMenu(MenuBuilder& build);
   void BuildEditMenu(MenuBuilder& build);
+  void Arrange();
 
   QPushButton* AddStep(const QString& name, const QString& caption, const QString& toolTip, void (*step)());
-  void Press(void (*step)());
+  void Press(QPushButton& button, void (*step)());
   void ShowPage();
   void ShowNumbers();
   void ShowAddedCells();
+  void ShowParts();
   void ShowMember(int member);
-  void OfferRoomForWorking();
+  void ShowPaneOrGrids();
   void ShowOrigin();
-  void ShowWorking();
   void ShowQuestion();
+  void GoToQuestion();
+  void TakeAnswer(AnswerMove move);
   void FollowLink(const std::string& link);
   void Copy(CopyCommand copy);
   void CopyOrigin();
 
   frmMain& Frame;
-  QPushButton* btnShowForces = nullptr;
+  QGridLayout* ButtonPlaces = nullptr;
+  QList<QPushButton*> Buttons; ///< the steps, in the order in which they stand
   QPushButton* btnAddMember = nullptr;
   QPushButton* btnStepBack = nullptr;
   QPushButton* btnMemberForces = nullptr;
   QPushButton* btnReactions = nullptr;
-  EquationGridView* grForce = nullptr;
-  EquationGridView* grK = nullptr;
-  EquationGridView* grDisp = nullptr;
-  EquationGridView* ActiveGrid = nullptr; ///< the one that the grid commands are about
+  QPushButton* Pressed = nullptr; ///< the last one
+  EquationGrids* Grids = nullptr;
+  QCheckBox* chkWorking = nullptr;
   QCheckBox* chkTryIt = nullptr;
   TryPanel* Try = nullptr;
   WorkingPane* txtWorking = nullptr;
@@ -94,6 +100,7 @@ class frmEquations : public QWidget {
   QLabel* lblOrigin = nullptr;
   QList<QMenu*> MenuList;
   int ShownMember = 0; ///< what the frame was last asked to show in the truss display; 0 for none
+  int AskedNode = 0;   ///< marked over the drawing because a question is about it; 0 for none
 };
 
 } // namespace strutwright

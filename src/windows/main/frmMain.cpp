@@ -335,6 +335,11 @@ void frmMain::ShowDrawing() {
   if (Tools != nullptr) Tools->Follow();
 }
 
+void frmMain::ChooseRowOf(Element element) {
+  Rows->Choose(element);
+  if (Equations != nullptr) Equations->ChooseQuestionOf(element);
+}
+
 void frmMain::MarkElements(std::vector<Element> elements) {
   if (Graph != nullptr && !Ending) Graph->Mark(std::move(elements));
 }

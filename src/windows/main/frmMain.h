@@ -135,7 +135,8 @@ class frmMain : public CommandFrame {
   void ShowNoParts() { Check->ShowNoParts(); }
 
   /// Chooses the row of an element in the grid that is shown, if that has such rows.
-  void ChooseRowOf(Element element) { Rows->Choose(element); }
+  /// Where the stiffness equations ask about it, that question has its turn.
+  void ChooseRowOf(Element element);
 
   /// Marks nodes and members over the drawing, those and no others.
   void MarkElements(std::vector<Element> elements);
