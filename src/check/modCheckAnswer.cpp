@@ -73,6 +73,16 @@ bool HaveResults() {
   return Displacements.size() == size && Reactions.size() == size;
 }
 
+/// What there is to say without results, but for the verdict.
+CheckReport ReportOnModel(const CheckedTruss& truss) {
+  CheckReport report;
+  report.stability = JudgeStability(truss);
+  report.withoutRigidity = MembersWithoutRigidity();
+  ProposeRigidity(truss, report);
+  report.findings = FindOddities(truss);
+  return report;
+}
+
 } // namespace
 
 AnalysisOutcome LastOutcome() {
@@ -81,13 +91,9 @@ AnalysisOutcome LastOutcome() {
 }
 
 CheckReport CheckAnswer(AnalysisOutcome outcome) {
-  CheckReport report;
   const CheckedTruss truss = ReadTruss();
+  CheckReport report = ReportOnModel(truss);
   report.outcome = outcome == AnalysisOutcome::Done && !HaveResults() ? AnalysisOutcome::None : outcome;
-  report.stability = JudgeStability(truss);
-  report.withoutRigidity = MembersWithoutRigidity();
-  ProposeRigidity(truss, report);
-  report.findings = FindOddities(truss);
   if (report.outcome == AnalysisOutcome::Done) report.balance = BalanceResults(truss);
   if (report.stability.Stable()) {
     const RefinedSolution refined = Refine(truss);
@@ -97,6 +103,13 @@ CheckReport CheckAnswer(AnalysisOutcome outcome) {
   report.level = LevelOf(report);
   report.status = StatusOf(report);
   report.verdict = VerdictOf(report);
+  return report;
+}
+
+CheckReport CheckModel() {
+  CheckReport report = ReportOnModel(ReadTruss());
+  const bool holds = NodeCount > 0 && report.stability.Stable();
+  report.verdict = holds ? RigidityVerdict(report.withoutRigidity) + "The truss is stable" : VerdictOf(report);
   return report;
 }
 

@@ -15,4 +15,7 @@ AnalysisOutcome LastOutcome();
 /// shows nothing.  After an edit, call it with None: the results belong to another model then.
 CheckReport CheckAnswer(AnalysisOutcome outcome);
 
+/// Judges the model in the tables without any results: whether it holds, how it can move and what is odd about it.
+CheckReport CheckModel();
+
 } // namespace strutwright

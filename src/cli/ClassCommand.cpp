@@ -104,7 +104,7 @@ int MakeClass(const ClassRequest& request, std::istream& in, std::ostream& out, 
   try {
     const std::set<ClassFormat> formats = ReadClassFormats(request.formats);
     const ClassPlan plan = PlanOf(request, in);
-    EnsureApplication();
+    PreparePages();
     MakeClassSet(plan, formats, request.folder);
     out << ValidText(request.folder) << ": " << CountOf(plan.students.size(), "student") << ", seed " << plan.seed
         << '\n';

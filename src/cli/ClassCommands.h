@@ -1,7 +1,8 @@
 #pragma once
 
+#include "PlainOptions.h"
+
 #include <cstdint>
-#include <functional>
 #include <iosfwd>
 #include <map>
 #include <string>
@@ -41,9 +42,6 @@ int MakeClass(const ClassRequest& request, std::istream& in, std::ostream& out, 
 
 /// Marks the answers by the key, prints how the class did, and writes the marks.
 int MarkClass(const MarkRequest& request, std::istream& in, std::ostream& out, std::ostream& err);
-
-/// What carries out a command once its options are known.
-using CommandToRun = std::function<int(std::istream&, std::ostream&, std::ostream&)>;
 
 /// Adds both commands with their options; `command` is what the arguments ask for.
 void AddClassCommands(CLI::App& program, CommandToRun& command);

@@ -5,7 +5,7 @@
 #include "Completion.h"
 #include "ModelInput.h"
 #include "Picture.h"
-#include "WorkerProcesses.h"
+#include "PlainOptions.h"
 #include "modNumberText.h"
 #include "modReportFiles.h"
 #include "modWorkedFiles.h"
@@ -13,44 +13,25 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <exception>
 #include <filesystem>
 #include <functional>
-#include <iostream>
-#include <map>
 #include <optional>
+#include <ostream>
 
 namespace strutwright {
 
 namespace {
 
-constexpr const char* FormatHelp = "text: tables to read; csv: every digit, for spreadsheets; json: every digit, for "
-                                   "scripts";
-
-constexpr const char* InputHelp = "Model (.stw), tables, JSON or DXF; - is standard input";
-
 /// What the arguments ask for.
 struct Request {
-  AnalyseRequest analysis;
+  PlainRequests plain;
+  bool check = false;
+  FilesRequest files;
   InfluenceRequest influence;
-  ShowRequest show;
-  MakeRequest make;
-  std::string input;
+  std::string input; ///< of statics
   std::string shell;
-  std::string format = "text";
   CommandToRun command;
 };
-
-OutputFormat FormatNamed(const std::string& name) {
-  if (name == "csv") return OutputFormat::Csv;
-  return name == "json" ? OutputFormat::Json : OutputFormat::Text;
-}
-
-void AddFormat(CLI::App& command, Request& request) {
-  command.add_option("--format", request.format, FormatHelp)
-      ->check(CLI::IsMember({"text", "csv", "json"}))
-      ->capture_default_str();
-}
 
 std::string SizeFault(PictureRequest& picture, const std::string& text) {
   return ChooseSize(picture, text) ? ""
@@ -73,16 +54,6 @@ std::string ScaleFault(PictureRequest& picture, const std::string& text) {
   if (!scale || *scale < 1 || *scale > 5000) return "\"" + text + "\" is not a number from 1 to 5000";
   picture.deflectionScale = *scale;
   return "";
-}
-
-/// An option whose text is read where it is checked; `fault` says what is wrong with it.
-CLI::Option* AddChecked(CLI::App& command, const char* name, const char* help, const char* kind,
-                        const std::function<std::string(const std::string&)>& fault) {
-  return command
-      .add_option_function<std::string>(
-          name, [](const std::string&) {}, help)
-      ->check(fault)
-      ->type_name(kind);
 }
 
 using PictureFault = std::string (*)(PictureRequest&, const std::string&);
@@ -126,82 +97,52 @@ void AddPicture(CLI::App& command, PictureRequest& picture) {
                    "Of the deflected shape, in mm drawn per mm; 100 unless told", "NUMBER", ScaleFault);
 }
 
-void AddAnalyse(CLI::App& program, Request& request) {
-  CLI::App& command = *program.add_subcommand("analyse", "Analyse models and print displacements, reactions and "
-                                                         "member forces");
-  command.add_option("MODEL", request.analysis.models, "Models (.stw), tables, JSON or DXF; - is standard input")
-      ->required();
-  AddFormat(command, request);
-  command.add_flag("--check", request.analysis.check,
-                   "Also tell how far each answer can be trusted; exit status 3 where it can't");
-  AddPicture(command, request.analysis.picture);
-  command.add_option("--report", request.analysis.report, "Also write a report of each model: .pdf or .html")
+void AddFiles(CLI::App& command, FilesRequest& files) {
+  AddPicture(command, files.picture);
+  command.add_option("--report", files.report, "Also write a report of each model: .pdf or .html")
       ->check([](const std::string& name) {
         return IsNameOfReport(name) ? "" : "\"" + name + "\" does not end in .pdf or .html";
       })
       ->type_name("FILE");
   command
-      .add_option("--working", request.analysis.working,
+      .add_option("--working", files.working,
                   "Also write each model's worked solution, every step with its numbers: .pdf, .html or .tex")
       ->check([](const std::string& name) {
         return IsNameOfWorked(name) ? "" : "\"" + name + "\" does not end in .pdf, .html or .tex";
       })
       ->type_name("FILE");
-  command.add_option("-j,--jobs", request.analysis.processes, "Processes that share the models; 1 unless told")
-      ->check(CLI::Range(1, 256))
-      ->type_name("NUMBER");
+}
+
+void CheckFileNames(const CLI::App& command, const FilesRequest& files) {
+  const bool draws = !files.picture.file.empty() || !files.report.empty();
+  if (command.count("--style") > 0 && !draws) throw CLI::RequiresError("--style", "--picture or --report");
+  if (AreOneFile(files.report, files.picture.file)) {
+    throw CLI::ValidationError("--report", "the picture has the same name");
+  }
+  for (const std::string& other : {files.picture.file, files.report}) {
+    if (!AreOneFile(files.working, other)) continue;
+    throw CLI::ValidationError("--working", "the picture or the report has the same name");
+  }
+}
+
+void AddWholeAnalyse(CLI::App& program, Request& request) {
+  CLI::App& command = AddAnalyse(program, request.plain);
+  command.add_flag("--check", request.check,
+                   "Also tell how far each answer can be trusted; exit status 3 where it can't");
+  AddFiles(command, request.files);
   command.callback([&request, &command] {
-    const bool draws = !request.analysis.picture.file.empty() || !request.analysis.report.empty();
-    if (command.count("--style") > 0 && !draws) throw CLI::RequiresError("--style", "--picture or --report");
-    if (AreOneFile(request.analysis.report, request.analysis.picture.file)) {
-      throw CLI::ValidationError("--report", "the picture has the same name");
-    }
-    for (const std::string& other : {request.analysis.picture.file, request.analysis.report}) {
-      if (!AreOneFile(request.analysis.working, other)) continue;
-      throw CLI::ValidationError("--working", "the picture or the report has the same name");
-    }
+    CheckFileNames(command, request.files);
     request.command = [&request](std::istream& in, std::ostream& out, std::ostream& err) {
-      request.analysis.format = FormatNamed(request.format);
-      request.analysis.showsProgress = &err == &std::cerr && IsTerminal(ErrorOutput);
-      return AnalyseModels(request.analysis, in, out, err);
+      return AnalyseWholly({AnalysisOf(request.plain, err), request.check, request.files}, in, out, err);
     };
   });
 }
 
-ShowFormat ShowFormatNamed(const std::string& name) {
-  static const std::map<std::string, ShowFormat> formats{{"text", ShowFormat::AsText},
-                                                         {"csv", ShowFormat::AsCsv},
-                                                         {"json", ShowFormat::AsJson},
-                                                         {"dxf", ShowFormat::AsDxf},
-                                                         {"tikz", ShowFormat::AsTikz}};
-  return formats.at(name);
-}
-
-std::string ScaleOfDxfFault(ShowRequest& request, const std::string& text) {
-  const std::optional<float> scale = NumericValue(text);
-  if (!scale || *scale < 0 || *scale > 5000) return "\"" + text + "\" is not a number from 0 to 5000";
-  request.deflectionScale = *scale;
-  return "";
-}
-
-void AddShow(CLI::App& program, Request& request) {
-  CLI::App& command = *program.add_subcommand("show", "Print the nodes and members of a model, or its drawing");
-  command.add_option("MODEL", request.show.model, InputHelp)->required();
-  command
-      .add_option("--format", request.format,
-                  "text: tables to read; csv: every digit, for spreadsheets; json: every digit, for scripts; dxf: a "
-                  "drawing in metres, for CAD; tikz: a drawing for LaTeX")
-      ->check(CLI::IsMember({"text", "csv", "json", "dxf", "tikz"}))
-      ->capture_default_str();
-  AddChecked(command, "--deflection-scale", "Of the deflected shape in dxf, 0 for none; 100 unless told", "NUMBER",
-             [&request](const std::string& text) { return ScaleOfDxfFault(request.show, text); });
-  command.callback([&request, &command] {
-    if (command.count("--deflection-scale") > 0 && request.format != "dxf") {
-      throw CLI::RequiresError("--deflection-scale", "--format dxf");
-    }
+void AddWholeShow(CLI::App& program, Request& request) {
+  AddShow(program, request.plain).callback([&request] {
     request.command = [&request](std::istream& in, std::ostream& out, std::ostream& err) {
-      request.show.format = ShowFormatNamed(request.format);
-      return ShowModel(request.show, in, out, err);
+      return ShowModel(
+          request.plain.show, [] { return TikzPicture({}, false); }, in, out, err);
     };
   });
 }
@@ -210,52 +151,12 @@ void AddStatics(CLI::App& program, Request& request) {
   CLI::App& command = *program.add_subcommand("statics", "Solve a model by hand: reactions, joints, sections, members "
                                                          "without force, force diagram");
   command.add_option("MODEL", request.input, InputHelp)->required();
-  command.add_option("--format", request.format, "text: to read; json: for scripts")
+  command.add_option("--format", request.plain.format, "text: to read; json: for scripts")
       ->check(CLI::IsMember({"text", "json"}))
       ->capture_default_str();
   command.callback([&request] {
     request.command = [&request](std::istream& in, std::ostream& out, std::ostream& err) {
-      return PrintStatics(request.input, FormatNamed(request.format), in, out, err);
-    };
-  });
-}
-
-std::string UnitsFault(DrawingOptions& drawing, const std::string& unit) {
-  drawing.metres = MetresOfUnit(unit);
-  return drawing.metres ? "" : "\"" + unit + "\" is none of mm, cm, m, in, ft";
-}
-
-std::string ToleranceFault(DrawingOptions& drawing, const std::string& text) {
-  const std::optional<float> tolerance = NumericValue(text);
-  if (!tolerance || *tolerance < 1e-6F || *tolerance > 1000) {
-    return "\"" + text + "\" is not a number of metres from 0.000001 to 1000";
-  }
-  drawing.tolerance = static_cast<double>(*tolerance);
-  return "";
-}
-
-void AddDrawingOptions(CLI::App& command, MakeRequest& make) {
-  AddChecked(command, "--units", "Unit of a DXF drawing; what the drawing says unless told", "mm|cm|m|in|ft",
-             [&make](const std::string& text) { return UnitsFault(make.drawing, text); });
-  AddChecked(command, "--tolerance", "Ends of lines so near in m are one node; 0.001 unless told", "NUMBER",
-             [&make](const std::string& text) { return ToleranceFault(make.drawing, text); });
-  command.add_flag("--split", make.drawing.split, "Part lines of a drawing where they cross or meet");
-  command.add_option("--layers", make.layers, "Table with the headings layer, E and A: what members on a layer get")
-      ->type_name("TABLE");
-}
-
-void AddMake(CLI::App& program, Request& request) {
-  CLI::App& command =
-      *program.add_subcommand("make", "Build a model from a drawing (DXF), a table (csv, tabs) or JSON");
-  command
-      .add_option("INPUT", request.make.input,
-                  "Drawing in DXF, tables of nodes and members, JSON, or a model; - is standard input")
-      ->required();
-  command.add_option("OUT", request.make.output, "Model file to write (.stw); - is standard output")->required();
-  AddDrawingOptions(command, request.make);
-  command.callback([&request] {
-    request.command = [&request](std::istream& in, std::ostream& out, std::ostream& err) {
-      return MakeModel(request.make, in, out, err);
+      return PrintStatics(request.input, FormatNamed(request.plain.format), in, out, err);
     };
   });
 }
@@ -292,12 +193,12 @@ void AddInfluence(CLI::App& program, Request& request) {
                   "Also the extremes under a train: force@distance of each axle, such as 50@0,100@3.5, or one of axle, "
                   "tandem, lorry, engine")
       ->type_name("AXLES");
-  AddFormat(command, request);
+  AddFormat(command, request.plain.format);
   AddPictureFile(command, request.influence.picture,
                  "Also draw the truss with the line below: .png, .svg, .tex for TikZ, otherwise a bitmap");
   command.callback([&request] {
     request.command = [&request](std::istream& in, std::ostream& out, std::ostream& err) {
-      request.influence.format = FormatNamed(request.format);
+      request.influence.format = FormatNamed(request.plain.format);
       return ShowInfluence(request.influence, in, out, err);
     };
   });
@@ -315,39 +216,25 @@ void AddCompletion(CLI::App& program, Request& request) {
   });
 }
 
-/// Fills the request from the arguments; gives the exit status where they ask for nothing more, as --help does.
-std::optional<int> Parse(const std::vector<std::string>& arguments, Request& request, std::ostream& out,
+/// What the arguments ask for, with what it needs in the request.  Help, and what is wrong, is printed at once.
+CommandToRun ReadCommand(const std::vector<std::string>& arguments, Request& request, std::ostream& out,
                          std::ostream& err) {
-  CLI::App program("Analyses plane pin-jointed trusses by the direct stiffness method.\n"
-                   "Units: m, kN, kN/mm2, mm2; displacements in mm, stresses in N/mm2; tension is positive.",
-                   "strutwright-cli");
-  program.set_version_flag("--version", std::string("strutwright-cli ") + STRUTWRIGHT_VERSION);
-  program.footer("Exit status: 0 all well, 1 a model is unstable or failed, 2 usage or an unreadable or unwritable "
-                 "file, 3 a checked answer is misleading.");
-  program.require_subcommand(1);
-  AddAnalyse(program, request);
-  AddShow(program, request);
+  CLI::App program;
+  DescribeProgram(program);
+  AddWholeAnalyse(program, request);
+  AddWholeShow(program, request);
   AddStatics(program, request);
-  AddMake(program, request);
+  AddMake(program, request.plain, request.command);
   AddInfluence(program, request);
   AddClassCommands(program, request.command);
   AddCompletion(program, request);
   try {
     // The parser takes the arguments last one first.
     program.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
-    return std::nullopt;
+    return request.command;
   } catch (const CLI::ParseError& error) {
-    return program.exit(error, out, err) == 0 ? ExitOk : ExitUsage;
-  }
-}
-
-/// What nobody caught is reported in a line and ends the program in order.
-int CarryOut(const Request& request, std::istream& in, std::ostream& out, std::ostream& err) {
-  try {
-    return request.command(in, out, err);
-  } catch (const std::exception& failure) {
-    err << "strutwright-cli: " << failure.what() << '\n';
-    return ExitUsage;
+    const int status = program.exit(error, out, err) == 0 ? ExitOk : ExitUsage;
+    return [status](std::istream&, std::ostream&, std::ostream&) { return status; };
   }
 }
 
@@ -355,12 +242,8 @@ int CarryOut(const Request& request, std::istream& in, std::ostream& out, std::o
 
 int RunCommandLine(const std::vector<std::string>& arguments, std::istream& in, std::ostream& out, std::ostream& err) {
   Request request;
-  const std::optional<int> parsed = Parse(arguments, request, out, err);
-  const int status = parsed ? *parsed : CarryOut(request, in, out, err);
-  out.flush();
-  if (out) return status;
-  err << "strutwright-cli: the output could not be written\n";
-  return ExitUsage;
+  const CommandToRun command = ReadCommand(arguments, request, out, err);
+  return CarryOut(command, in, out, err);
 }
 
 } // namespace strutwright

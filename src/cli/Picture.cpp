@@ -1,7 +1,9 @@
 #include "Picture.h"
 
 #include "ClearFraming.h"
+#include "Platform.h"
 #include "QtDrawingSurface.h"
+#include "QtPaper.h"
 #include "TikzSurface.h"
 #include "modRedraw.h"
 #include "modViewTransform.h"
@@ -71,6 +73,12 @@ void EnsureApplication() {
   static char* arguments[] = {name, nullptr};
   static QGuiApplication* const application = new QGuiApplication(count, arguments);
   static_cast<void>(application);
+}
+
+void PreparePages() {
+  static QtPaper pages;
+  EnsureApplication();
+  ThePlatform().paper = &pages;
 }
 
 std::optional<std::string> ChooseLayers(PictureRequest& request, const std::string& names) {

@@ -34,6 +34,9 @@ bool ChooseSize(PictureRequest& request, const std::string& text);
 /// Has Qt ready to draw texts; needs no display server.
 void EnsureApplication();
 
+/// Has it ready to fill pages too, until the model's session ends.
+void PreparePages();
+
 /// Draws the model that is open, with its results where there are any, framed as after opening it, and writes the
 /// picture.  Needs no display server.  Throws FileError.
 void MakePicture(const PictureRequest& request, const std::string& file, bool analysed);

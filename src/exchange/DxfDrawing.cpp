@@ -15,6 +15,7 @@ namespace {
 constexpr std::size_t MostGroups = 250000; ///< of one entity: more than the corners of the largest model take
 constexpr std::size_t MostLines = 100000;
 constexpr int NoteOwner = 1001;
+constexpr const char* LineOfShape = "LINE on the layer deflected";
 
 /// One entity as it is collected.
 struct Entity {
@@ -105,6 +106,8 @@ class DrawingBuilder {
     return "the drawing has more than 100000 lines; a model has at most 32767 members";
   }
 
+  bool IsOnDeflectedLayer() const { return InSmallLetters(Layer) == DeflectedLayer; }
+
   /// The texts beside our own nodes and members say nothing new.
   bool IsNumberOfOurs() const { return Layer == NodeNumbersLayer || Layer == MemberNumbersLayer; }
 
@@ -126,7 +129,10 @@ class DrawingBuilder {
   }
 
   void AddLine(const DxfGroups& groups) {
-    if (InSmallLetters(Layer) == DeflectedLayer) return;
+    if (IsOnDeflectedLayer()) {
+      if (NotesOf(groups).empty()) LeaveOut(LineOfShape);
+      return;
+    }
     if (NumberOf(groups, 30) != NumberOf(groups, 31)) ++drawing.linesOutOfPlane;
     AddSide({NumberOf(groups, 10), NumberOf(groups, 20)}, {NumberOf(groups, 11), NumberOf(groups, 21)},
             MemberNoteOf(groups));
@@ -150,7 +156,7 @@ class DrawingBuilder {
   }
 
   void JoinCorners() {
-    if (InSmallLetters(Layer) == DeflectedLayer) return;
+    if (IsOnDeflectedLayer()) return LeaveOut(LineOfShape);
     const bool closed = (Flags & 1) != 0 && Corners.size() > 2;
     const std::size_t sides = closed ? Corners.size() : std::max<std::size_t>(Corners.size(), 1) - 1;
     for (std::size_t k = 0; k < sides; ++k) {

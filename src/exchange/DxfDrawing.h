@@ -73,7 +73,8 @@ inline constexpr const char* NoteName = "STRUTWRIGHT";
 inline constexpr const char* BinaryDxf = "AutoCAD Binary DXF";
 
 /// Reads the lines, polylines, points and places of blocks in the model space of a DXF text; the rest is counted.
-/// Lines on DeflectedLayer are left out.  Throws ImportError where the text is no DXF file or ends early.
+/// Lines on DeflectedLayer are left out, and counted unless this program wrote them.  Throws ImportError where the text
+/// is no DXF file or ends early.
 DxfDrawing ReadDxf(const std::string& text);
 
 } // namespace strutwright

@@ -39,6 +39,13 @@ float Together(float one, float other) {
   return other == 0 ? one : 3.0F;
 }
 
+/// Throws ImportError where no load can be as large.
+float Sum(float one, float other) {
+  const auto sum = static_cast<float>(static_cast<double>(one) + static_cast<double>(other));
+  if (!std::isfinite(sum)) throw ImportError(0, "the loads of two nodes in one place are too large together");
+  return sum;
+}
+
 double MetresOfDrawing(int unit) {
   const std::map<int, double> metres{{1, 0.0254}, {2, 0.3048}, {4, 0.001}, {5, 0.01}, {6, 1}, {7, 1000}};
   const auto found = metres.find(unit);
@@ -52,7 +59,7 @@ class TrussMaker {
       : Drawing(drawing), Options(options), Remarks(remarks), Places(options.tolerance),
         Metres(options.metres.value_or(MetresOfDrawing(drawing.unit))) {}
 
-  ModelRows Make() {
+  DrawnTruss Make() {
     CheckUnit();
     TakeOwnNodes();
     const bool isOwn = !OwnNodes.empty();
@@ -63,7 +70,7 @@ class TrussMaker {
     for (const Piece& piece : Pieces) AddMember(piece);
     AddSupports();
     Remark();
-    return std::move(Rows);
+    return {std::move(Rows), std::move(Layers)};
   }
 
  private:
@@ -83,6 +90,19 @@ class TrussMaker {
     }
     for (const auto& [number, point] : own) OwnNodes.emplace(number, Places.Add(InMetres(point->at)));
     for (const auto& [number, point] : own) OwnPoints.push_back(point);
+    TakeCopies();
+  }
+
+  /// What was copied within the drawing has the number of its original.  It is a node of its own, or the one that is
+  /// there already.
+  void TakeCopies() {
+    for (const DrawnPoint& point : Drawing.points) {
+      if (!point.note) continue;
+      const std::size_t original = OwnNodes.at(point.note->number);
+      if (OwnPoints[original] == &point) continue;
+      const std::size_t place = Places.FindOrAdd(InMetres(point.at));
+      if (place != original) Copies.emplace_back(place, &point); // a copy upon its original adds nothing
+    }
   }
 
   /// Whether a line is still where this program drew it: between the nodes that it names.
@@ -141,6 +161,14 @@ class TrussMaker {
       Rows.nodes[n][NodeForceY] = OwnPoints[n]->note->forceY;
       Rows.nodes[n][NodeSupport] = SupportCodeOf(Drawing.layers[OwnPoints[n]->layer]).value_or(0.0F);
     }
+    for (const auto& [place, point] : Copies) AddCopy(Rows.nodes[place], *point);
+  }
+
+  /// A copy brings its load and its support along.
+  void AddCopy(ModelRows::Row& node, const DrawnPoint& copy) const {
+    node[NodeForceX] = Sum(node[NodeForceX], copy.note->forceX);
+    node[NodeForceY] = Sum(node[NodeForceY], copy.note->forceY);
+    node[NodeSupport] = Together(node[NodeSupport], SupportCodeOf(Drawing.layers[copy.layer]).value_or(0.0F));
   }
 
   void AddMember(const Piece& piece) {
@@ -164,6 +192,16 @@ class TrussMaker {
     if (line.note) row[MemberPS] = line.note->PS;
     if (line.note) KeepOddNumbers(row, *line.note);
     Rows.members.push_back(row);
+    CountOnLayer(line.layer, {row[MemberE], row[MemberA]});
+  }
+
+  void CountOnLayer(std::size_t layer, const LayerRigidity& rigidity) {
+    const std::string& name = Drawing.layers[layer];
+    const auto [at, isNew] = LayerPlaces.try_emplace(InSmallLetters(name), Layers.size());
+    if (isNew) Layers.push_back({name, 0, rigidity});
+    DrawnLayer& counted = Layers[at->second];
+    ++counted.members;
+    if (counted.rigidity != rigidity) counted.rigidity.reset();
   }
 
   /// A node number may be one that is rounded only by the analysis.
@@ -242,10 +280,13 @@ class TrussMaker {
   PlaceFinder Places;
   double Metres;
   ModelRows Rows;
-  std::map<int, std::size_t> OwnNodes;      ///< place by the number that the node had
-  std::vector<const DrawnPoint*> OwnPoints; ///< of the first places
+  std::map<int, std::size_t> OwnNodes;                           ///< place by the number that the node had
+  std::vector<const DrawnPoint*> OwnPoints;                      ///< of the first places
+  std::vector<std::pair<std::size_t, const DrawnPoint*>> Copies; ///< with the place of each
   std::vector<Piece> Pieces;
-  std::set<std::string> Assumed; ///< layers whose E and A are not known
+  std::vector<DrawnLayer> Layers;
+  std::map<std::string, std::size_t> LayerPlaces; ///< in Layers, by the name in small letters
+  std::set<std::string> Assumed;                  ///< layers whose E and A are not known
   std::size_t PointLike = 0;
   std::size_t Twice = 0;
   std::size_t StraySupports = 0;
@@ -262,7 +303,7 @@ std::optional<double> MetresOfUnit(const std::string& unit) {
   return found->second;
 }
 
-ModelRows RowsFromDrawing(const DxfDrawing& drawing, const DrawingOptions& options, std::vector<std::string>& remarks) {
+DrawnTruss TrussOfDrawing(const DxfDrawing& drawing, const DrawingOptions& options, std::vector<std::string>& remarks) {
   return TrussMaker(drawing, options, remarks).Make();
 }
 

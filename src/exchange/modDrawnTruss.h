@@ -19,6 +19,19 @@ struct DrawingOptions {
   LayerRigidity rigidity{200, 1000}; ///< of members on a layer that the table has not
 };
 
+/// A layer whose lines are members.
+struct DrawnLayer {
+  std::string name;
+  int members = 0;
+  std::optional<LayerRigidity> rigidity{}; ///< of its members; nothing where they differ
+};
+
+/// What a drawing comes to.
+struct DrawnTruss {
+  ModelRows rows;
+  std::vector<DrawnLayer> layers; ///< in the order in which their first members come
+};
+
 /// The metres of a unit: "mm", "cm", "m", "in", "ft".  Nothing for another text.
 std::optional<double> MetresOfUnit(const std::string& unit);
 
@@ -26,6 +39,6 @@ std::optional<double> MetresOfUnit(const std::string& unit);
 /// on a layer "support_3", or the like, is a support with that code at its node.  What this program wrote is as it was.
 /// remarks: takes a sentence for whatever was left out or assumed.
 /// Throws ImportError where there is no line, or more than a model can have.
-ModelRows RowsFromDrawing(const DxfDrawing& drawing, const DrawingOptions& options, std::vector<std::string>& remarks);
+DrawnTruss TrussOfDrawing(const DxfDrawing& drawing, const DrawingOptions& options, std::vector<std::string>& remarks);
 
 } // namespace strutwright

@@ -211,7 +211,9 @@ std::string ModelToDxf(float deflected, std::vector<std::string>& remarks) {
       continue;
     }
     WriteMember(dxf, m, height);
-    if (deflected != 0) WriteLine(dxf, DeflectedLayer, m, deflected);
+    if (deflected == 0) continue;
+    WriteLine(dxf, DeflectedLayer, m, deflected);
+    dxf.Notes({static_cast<float>(m)}); // by which it is known as ours
   }
   dxf.Text(0, "ENDSEC");
   dxf.Text(0, "EOF");

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 namespace strutwright {
 
@@ -48,10 +49,10 @@ TextKind KindOf(const std::string& text, const std::string& name) {
   return kind == TextKind::Unknown ? KindByName(name) : kind;
 }
 
-ModelRows RowsOf(TextKind kind, const std::string& text, const DrawingOptions& options,
-                 std::vector<std::string>& remarks) {
-  if (kind == TextKind::Dxf) return RowsFromDrawing(ReadDxf(text), options, remarks);
-  return kind == TextKind::Json ? RowsFromJson(text) : RowsFromTables(text, remarks);
+DrawnTruss TrussOf(TextKind kind, const std::string& text, const DrawingOptions& options,
+                   std::vector<std::string>& remarks) {
+  if (kind == TextKind::Dxf) return TrussOfDrawing(ReadDxf(text), options, remarks);
+  return {kind == TextKind::Json ? RowsFromJson(text) : RowsFromTables(text, remarks), {}};
 }
 
 } // namespace
@@ -62,7 +63,9 @@ bool IsDrawing(const std::string& text, const std::string& name) { return KindOf
 
 ImportedModel ImportText(const std::string& text, const std::string& name, const DrawingOptions& options) {
   ImportedModel imported;
-  imported.model = ModelOf(RowsOf(KindOf(text, name), text, options, imported.remarks));
+  DrawnTruss truss = TrussOf(KindOf(text, name), text, options, imported.remarks);
+  imported.model = ModelOf(truss.rows);
+  imported.layers = std::move(truss.layers);
   return imported;
 }
 

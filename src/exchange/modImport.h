@@ -12,6 +12,7 @@ namespace strutwright {
 struct ImportedModel {
   StoredModel model;
   std::vector<std::string> remarks; ///< what was left out or assumed, a sentence each, without a full stop
+  std::vector<DrawnLayer> layers;   ///< of a drawing
 };
 
 /// Whether a text can be a table, JSON or DXF, by how it begins.

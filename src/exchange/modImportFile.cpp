@@ -6,7 +6,6 @@
 #include "modImport.h"
 #include "modModelStore.h"
 #include "modNumberText.h"
-#include "modTables.h"
 
 #include <algorithm>
 #include <array>
@@ -26,6 +25,12 @@ int CountNodes(const StoredModel& model, const std::function<bool(int)>& isCount
   int count = 0;
   for (int n = 1; n <= model.nodeCount; ++n) count += isCounted(n) ? 1 : 0;
   return count;
+}
+
+float TypedNumber(const std::string& text, const std::string& layer) {
+  if (const auto value = CellNumber(text)) return *value;
+  throw ImportError(0, Quoted(text) + " is no number: type E and A of the layer " + Quoted(layer) +
+                           ", or leave both empty");
 }
 
 /// Cells show seven digits; an imported number keeps those behind them.
@@ -73,6 +78,15 @@ double ToleranceOf(const std::string& millimetres) {
     throw ImportError(0, "The tolerance is no number from 0.001 to 1000000: type one in mm, such as 1");
   }
   return static_cast<double>(*value) / 1000;
+}
+
+LayerTable LayersTyped(const std::vector<TypedLayer>& typed) {
+  LayerTable table;
+  for (const TypedLayer& each : typed) {
+    if (TrimBlanks(each.E).empty() && TrimBlanks(each.A).empty()) continue;
+    table[InSmallLetters(each.layer)] = {TypedNumber(each.E, each.layer), TypedNumber(each.A, each.layer)};
+  }
+  return table;
 }
 
 void ReplaceModel(StoredModel model) {

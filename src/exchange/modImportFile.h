@@ -1,9 +1,11 @@
 #pragma once
 
 #include "modModelFile.h"
+#include "modTables.h"
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 namespace strutwright {
 
@@ -21,6 +23,17 @@ std::string ContentsOf(const StoredModel& model);
 
 /// A tolerance in m, from a text in mm.  Throws ImportError where the text is no number from 0.001 to 1000000.
 double ToleranceOf(const std::string& millimetres);
+
+/// E and A of a layer as they were typed.
+struct TypedLayer {
+  std::string layer;
+  std::string E; ///< kN/mm2
+  std::string A; ///< mm2
+};
+
+/// The table of what was typed; a layer whose E and A are both empty is left out.  Throws ImportError where a text is
+/// no number.
+LayerTable LayersTyped(const std::vector<TypedLayer>& typed);
 
 /// Makes an imported model the open one, and writes it into the grids with every digit that it has.  It takes the place
 /// of what was entered: CurrentFileName and GridCapacity stay.  Ends the analysis.

@@ -31,6 +31,8 @@ ModelRows RowsFromTables(const std::string& text, std::vector<std::string>& rema
 struct LayerRigidity {
   float E = 200;  ///< kN/mm2
   float A = 1000; ///< mm2
+
+  bool operator==(const LayerRigidity&) const = default;
 };
 
 /// By the layer's name in small letters.

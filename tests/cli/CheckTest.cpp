@@ -191,8 +191,7 @@ TEST_F(CheckTest, GoesOnWithTheNextModelWhereTheCheckFails) {
     return CheckAnswer(outcome);
   };
   std::istringstream input;
-  EXPECT_EQ(AnalyseModels({{sound, sound, sound}, OutputFormat::Json, true, {}, ""}, input, results, messages, judge),
-            1);
+  EXPECT_EQ(AnalyseWholly({{{sound, sound, sound}, OutputFormat::Json}, true, {}}, input, results, messages, judge), 1);
   EXPECT_EQ(messages.str(), sound + ": The answer could not be checked; std::bad_alloc\n");
   std::vector<std::string> checks;
   for (std::istringstream lines(results.str()); lines.good() && lines.peek() != EOF;) {
@@ -208,7 +207,7 @@ TEST_F(CheckTest, SaysInItsTextThatTheCheckFailed) {
   std::ostringstream messages;
   const AnswerJudge judge = [](AnalysisOutcome) -> CheckReport { throw std::bad_alloc(); };
   std::istringstream input;
-  AnalyseModels({{Reference("triangle")}, OutputFormat::Text, true, {}, ""}, input, results, messages, judge);
+  AnalyseWholly({{{Reference("triangle")}, OutputFormat::Text}, true, {}}, input, results, messages, judge);
   EXPECT_THAT(results.str(), EndsWith("\nThe answer could not be checked: std::bad_alloc\n\n"));
 }
 

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdio>
+#include <filesystem>
 #include <regex>
 #include <set>
 #include <string>
@@ -73,13 +74,33 @@ TEST_F(CompletionTest, OffersCommandsValuesAndFilesInBash) {
   EXPECT_EQ(Offered("an", 1), "analyse\n");
   EXPECT_EQ(Offered("show --format d", 3), "dxf\n");
   EXPECT_EQ(Offered("make --units \"\"", 3), "mm cm m in ft\n");
-  EXPECT_EQ(Offered("analyse sc", 2), "script\n");
+  EXPECT_EQ(Offered("completion z", 2), "zsh\n");
+}
+
+TEST_F(CompletionTest, OffersFilesByTheirEndingsInBash) {
+  for (const char* name : {"a.stw", "a.DXF", "a.csv", "a.pdf", "a.png", "a b.json"}) PutFile(folder.Path(name), "");
+  std::filesystem::create_directory(folder.Path("a.folder"));
+  EXPECT_EQ(Offered("analyse a", 2), "a.folder a.stw a.DXF a.csv a b.json\n");
+  EXPECT_EQ(Offered("make a.csv a", 3), "a.folder a.stw a.DXF a.csv a b.json\n");
+  EXPECT_EQ(Offered("mark a", 2), "a.folder a.csv\n");
+  EXPECT_EQ(Offered("analyse a.stw --report a", 4), "a.folder a.pdf\n");
+  EXPECT_EQ(Offered("analyse a.stw --picture a", 4), "a.folder a.png\n");
+  EXPECT_EQ(Offered("make a.dxf --layers a", 4), "a.folder a.csv\n");
+  EXPECT_EQ(Offered("make --tolerance a", 3), "\n") << "a number";
 }
 
 TEST_F(CompletionTest, SaysWhatZshAndFishTake) {
   EXPECT_THAT(Script("zsh"), HasSubstr("':value:(text csv json dxf tikz)'"));
   EXPECT_THAT(Script("zsh"), HasSubstr("'(-j --jobs)'{-j,--jobs}'["));
   EXPECT_THAT(Script("fish"), HasSubstr(" -s j -l jobs -x -d '"));
+}
+
+TEST_F(CompletionTest, SaysWhichFilesZshAndFishOffer) {
+  EXPECT_THAT(Script("zsh"), HasSubstr("'*:file:_files -g \"(*.[cC][sS][vV])\"'"));
+  EXPECT_THAT(Script("zsh"), HasSubstr("':file:_files -g \"(*.[pP][dD][fF]|*.[hH][tT][mM][lL])\"'"));
+  EXPECT_THAT(Script("zsh"), HasSubstr("'*:value:(bash zsh fish)'"));
+  EXPECT_THAT(Script("fish"), HasSubstr("__fish_seen_subcommand_from mark' -k -a '(__fish_complete_suffix .csv)'\n"));
+  EXPECT_THAT(Script("fish"), HasSubstr("__fish_seen_subcommand_from completion' -f -a 'bash zsh fish'\n"));
 }
 
 TEST_F(CompletionTest, KnowsThreeShells) {

@@ -57,11 +57,7 @@ TEST_F(JobsTest, MakeTheSamePictures) {
 }
 
 TEST_F(JobsTest, GoOnBehindAModelThatEndsItsProcess) {
-  AnalyseRequest request;
-  request.models = models;
-  request.format = OutputFormat::Json;
-  request.processes = 2;
-  request.check = true;
+  const WholeAnalyseRequest request{{models, OutputFormat::Json, 2}, true, {}};
   std::istringstream noInput;
   std::ostringstream results;
   std::ostringstream messages;
@@ -69,7 +65,7 @@ TEST_F(JobsTest, GoOnBehindAModelThatEndsItsProcess) {
     if (outcome == AnalysisOutcome::Unstable) ::_exit(9);
     return CheckReport{};
   };
-  EXPECT_EQ(AnalyseModels(request, noInput, results, messages, endsAtUnstable), 3);
+  EXPECT_EQ(AnalyseWholly(request, noInput, results, messages, endsAtUnstable), 3);
   EXPECT_THAT(messages.str(), HasSubstr("mechanism_square.stw: The analysis ended unexpectedly\n"));
   EXPECT_THAT(results.str(), HasSubstr("arch_30.stw"));
   EXPECT_THAT(results.str(), Not(HasSubstr("mechanism_square.stw")));

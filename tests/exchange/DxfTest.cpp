@@ -4,6 +4,8 @@
 #include "ImportFixture.h"
 #include "modModelStore.h"
 
+#include <fstream>
+#include <sstream>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -11,6 +13,7 @@
 namespace strutwright {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
@@ -25,6 +28,25 @@ TEST_F(DxfTest, MakesMembersOfLines) {
   EXPECT_EQ(model.nodes(3, NodeY), 3);
   EXPECT_EQ(model.members(2, MemberNodeI), 2);
   EXPECT_EQ(model.members(2, MemberNodeJ), 3);
+}
+
+TEST_F(DxfTest, MakesATrussOfADrawingOfLibreCad) {
+  std::ifstream file(std::string(DRAWINGS_DIR) + "/librecad.dxf", std::ios::binary);
+  std::ostringstream text;
+  text << file.rdbuf();
+
+  Import(text.str());
+
+  ASSERT_EQ(model.nodeCount, 3);
+  EXPECT_EQ(model.nodes(2, NodeX), 4) << "4000 mm";
+  EXPECT_EQ(model.nodes(3, NodeX), 2);
+  EXPECT_EQ(model.nodes(3, NodeY), 1.5F);
+  EXPECT_EQ(model.nodes(1, NodeSupport), 3);
+  EXPECT_EQ(model.nodes(2, NodeSupport), 1);
+  ASSERT_EQ(model.memberCount, 3);
+  EXPECT_EQ(model.members(3, MemberNodeI), 3);
+  EXPECT_EQ(model.members(3, MemberNodeJ), 1);
+  EXPECT_THAT(remarks, Contains("Left out: 1 CIRCLE"));
 }
 
 TEST_F(DxfTest, MakesMembersOfTheSidesOfPolylines) {
@@ -56,6 +78,16 @@ TEST_F(DxfTest, CountsAndNamesWhatItLeavesOut) {
   EXPECT_EQ(model.memberCount, 2);
   EXPECT_THAT(remarks, ElementsAre("Left out: 2 ARC, 1 ARC in a polyline, 1 INSERT, 1 LINE on paper, 1 POINT, 1 TEXT",
                                    HasSubstr("Members on the layers \"0\", \"web\" get E = 200")));
+}
+
+TEST_F(DxfTest, CountsWhatItLeavesOutOfALayerCalledDeflected) {
+  Import(DxfText()
+             .Line("0", 0, 0, 4, 0)
+             .Line("Deflected", 0, 0, 4, 1)
+             .Line("DEFLECTED", 0, 0, 4, 2)
+             .Add("  0\nLWPOLYLINE\n  8\ndeflected\n 10\n0\n 20\n0\n 10\n1\n 20\n1\n"));
+  EXPECT_EQ(model.memberCount, 1);
+  EXPECT_THAT(remarks, Contains("Left out: 3 LINE on the layer deflected"));
 }
 
 TEST_F(DxfTest, LeavesOutWhatBlocksHold) {

@@ -91,6 +91,7 @@ TEST_F(RoundTripTest, LeavesTheDeflectedShapeOfADrawingOut) {
   const std::string dxf = ModelToDxf(100, remarks);
   EXPECT_THAT(dxf, testing::HasSubstr("deflected"));
   ExpectSame(dxf, "the triangle");
+  EXPECT_EQ(remarks, std::vector<std::string>());
 }
 
 TEST_F(RoundTripTest, FollowsALineThatWasMovedInADrawing) {
@@ -103,6 +104,64 @@ TEST_F(RoundTripTest, FollowsALineThatWasMovedInADrawing) {
   Import(dxf);
   ASSERT_EQ(model.nodeCount, 4);
   EXPECT_EQ(model.nodes(4, NodeY), 7);
+}
+
+/// A drawing of ours with a copy of everything in it, so many metres to the right.
+std::string WithCopy(const std::string& dxf, double metres) {
+  const std::string begin = "ENTITIES\r\n";
+  const std::size_t from = dxf.find(begin) + begin.size();
+  const std::size_t end = dxf.find("0\r\nENDSEC", from);
+  std::istringstream pairs(dxf.substr(from, end - from));
+  std::string copy;
+  for (std::string code, value; std::getline(pairs, code) && std::getline(pairs, value);) {
+    const bool isX = code == "10\r" || code == "11\r";
+    copy += code + "\n" + (isX ? std::to_string(std::stod(value) + metres) + "\r" : value) + "\n";
+  }
+  return dxf.substr(0, end) + copy + dxf.substr(end);
+}
+
+TEST_F(RoundTripTest, KeepsLoadsAndSupportsOfWhatWasCopiedInADrawing) {
+  SetTables(Triangle());
+
+  Import(WithCopy(ModelToDxf(0, remarks), 100));
+
+  ASSERT_EQ(model.nodeCount, 6);
+  EXPECT_EQ(model.memberCount, 6);
+  for (int n = 1; n <= 3; ++n) {
+    EXPECT_EQ(model.nodes(n + 3, NodeX), NodeTable(n, NodeX) + 100);
+    for (const int field : {NodeY, NodeForceX, NodeForceY, NodeSupport}) {
+      EXPECT_EQ(model.nodes(n + 3, field), NodeTable(n, field)) << n;
+    }
+  }
+  EXPECT_EQ(remarks, std::vector<std::string>());
+}
+
+TEST_F(RoundTripTest, JoinsACopyToTheNodeThatItIsPutUpon) {
+  SetTables(Triangle());
+  NodeTable(1, NodeForceX) = 2;
+  NodeTable(2, NodeForceX) = 3;
+  ASSERT_EQ(NodeTable(2, NodeX) - NodeTable(1, NodeX), 4.0F);
+  ASSERT_EQ(NodeTable(2, NodeY), NodeTable(1, NodeY));
+
+  Import(WithCopy(ModelToDxf(0, remarks), 4));
+
+  ASSERT_EQ(model.nodeCount, 5);
+  EXPECT_EQ(model.nodes(2, NodeForceX), 5) << "loads are added";
+  EXPECT_EQ(model.nodes(2, NodeSupport), 3) << "both supports together";
+}
+
+TEST_F(RoundTripTest, TakesACopyUponItsOriginalOnce) {
+  SetTables(Triangle());
+  Import(WithCopy(ModelToDxf(0, remarks), 0));
+  EXPECT_EQ(model.nodeCount, 3);
+  EXPECT_EQ(model.nodes(3, NodeForceY), NodeTable(3, NodeForceY));
+}
+
+TEST_F(RoundTripTest, RefusesLoadsThatNoNumberHoldsTogether) {
+  SetTables(Triangle());
+  NodeTable(1, NodeForceX) = 3e38F;
+  NodeTable(2, NodeForceX) = 3e38F;
+  EXPECT_EQ(FaultOf(WithCopy(ModelToDxf(0, remarks), 4)), "the loads of two nodes in one place are too large together");
 }
 
 } // namespace

@@ -25,7 +25,8 @@ using testing::IsEmpty;
 
 constexpr std::array<const char*, 5> FoldersWithQt{"src/windows/", "src/platform/qt/", "src/app/", "src/bracefold/",
                                                    "src/cli/"};
-constexpr const char* PlainFolderOfBracefold = "src/bracefold/families/";
+/// What lies in a folder with Qt and has none all the same.
+constexpr std::array<const char*, 2> PlainFolders{"src/bracefold/families/", "src/cli/plain/"};
 
 struct CompiledFile {
   std::string path; ///< relative to the tree
@@ -57,9 +58,9 @@ std::vector<fs::path> SourcesBelow(const std::string& folder) {
 }
 
 bool MayUseQt(const std::string& path) {
-  if (path.starts_with(PlainFolderOfBracefold)) return false;
-  return std::any_of(FoldersWithQt.begin(), FoldersWithQt.end(),
-                     [&path](const char* folder) { return path.starts_with(folder); });
+  const auto isBelow = [&path](const char* folder) { return path.starts_with(folder); };
+  return std::any_of(FoldersWithQt.begin(), FoldersWithQt.end(), isBelow) &&
+         std::none_of(PlainFolders.begin(), PlainFolders.end(), isBelow);
 }
 
 bool NamesQt(const std::string& command) {
@@ -162,9 +163,10 @@ const std::map<std::string, std::set<std::string>> AllowedLayers{
     {"bracefold",
      {"platform", "native", "qt", "model", "analysis", "files", "display", "workbench", "windows", "families",
       "bracefold"}},
+    {"cli/plain", {"platform", "native", "model", "analysis", "files", "exchange", "display", "editing"}},
     {"cli",
      {"platform", "native", "qt", "model", "analysis", "check", "files", "exchange", "display", "statics", "editing",
-      "workbench", "report", "worked", "families", "classset"}},
+      "workbench", "report", "worked", "families", "classset", "plain"}},
 };
 
 /// The libraries of the house that a folder's CMakeLists.txt links, by either way of saying so.

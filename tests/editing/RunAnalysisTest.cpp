@@ -1,7 +1,7 @@
+#include "GridFixture.h"
 #include "ModelBuilder.h"
 #include "NativeFileSystem.h"
 #include "ScratchFolder.h"
-#include "WorkbenchFixture.h"
 #include "modModelFile.h"
 #include "modRunAnalysis.h"
 
@@ -18,7 +18,7 @@ namespace {
 
 using testing::ElementsAre;
 
-class RunAnalysisTest : public WorkbenchFixture {
+class RunAnalysisTest : public GridFixture {
  protected:
   RunAnalysisTest() {
     ThePlatform().files = &disk;

@@ -3,6 +3,7 @@
 #include "DxfDrawing.h"
 #include "ImportError.h"
 #include "modImport.h"
+#include "modImportFile.h"
 #include "modModelFile.h"
 
 #include <algorithm>
@@ -17,9 +18,14 @@ namespace {
 constexpr const char* NoModel = "The file is neither a model nor a csv of one";
 
 std::string ReadStream(std::istream& in) {
-  std::string bytes(MaxInputBytes + 1, '\0');
-  in.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  bytes.resize(static_cast<std::size_t>(in.gcount()));
+  constexpr std::size_t portion = 65536;
+  std::string bytes;
+  while (in && bytes.size() <= MaxImportBytes) {
+    const std::size_t before = bytes.size();
+    bytes.resize(before + portion);
+    in.read(bytes.data() + before, static_cast<std::streamsize>(portion));
+    bytes.resize(before + static_cast<std::size_t>(in.gcount()));
+  }
   return bytes;
 }
 
@@ -60,8 +66,8 @@ void CheckModel(const std::string& bytes) {
 
 std::string ReadInput(const std::string& name, std::istream& in) {
   NativeFileSystem disk;
-  std::string bytes = name == StandardStream ? ReadStream(in) : disk.Read(name, 0, MaxInputBytes + 1);
-  if (bytes.size() > MaxInputBytes) throw FileError("The file is larger than any model");
+  std::string bytes = name == StandardStream ? ReadStream(in) : disk.Read(name, 0, MaxImportBytes + 1);
+  if (bytes.size() > MaxImportBytes) throw FileError("The file is larger than any model");
   return bytes;
 }
 

@@ -12,10 +12,8 @@ namespace strutwright {
 /// The name of standard input and standard output.
 inline constexpr const char* StandardStream = "-";
 
-/// More than any model needs, and little enough to be read at once.
-inline constexpr std::size_t MaxInputBytes = std::size_t{64} << 20;
-
-/// The bytes of a file, or of `in` where the name is "-".  Throws FileError, also where there are too many.
+/// The bytes of a file, or of `in` where the name is "-".  Throws FileError, also where there are more than
+/// MaxImportBytes.
 std::string ReadInput(const std::string& name, std::istream& in);
 
 /// Whether two names are of one file that exists.

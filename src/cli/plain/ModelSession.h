@@ -2,7 +2,6 @@
 
 #include "MessageBoxes.h"
 #include "ModelInput.h"
-#include "QtPaper.h"
 
 #include <iosfwd>
 #include <string>
@@ -42,7 +41,6 @@ class ModelSession : private MessageBoxes {
   std::string FileName;
   std::ostream& Err;
   InputFileSystem Disk;
-  QtPaper Pages;
   std::vector<Message> Messages;
   bool Opening = false; ///< what is shown is reported when it is known what came of it
 };

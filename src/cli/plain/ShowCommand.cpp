@@ -1,7 +1,5 @@
-#include "CommandLine.h"
-#include "Commands.h"
 #include "ModelSession.h"
-#include "Picture.h"
+#include "PlainCommands.h"
 #include "modAnalysis.h"
 #include "modDxfWriting.h"
 #include "modModelJson.h"
@@ -37,7 +35,8 @@ void PrintDxf(ModelSession& session, const ShowRequest& request, std::ostream& o
 
 } // namespace
 
-int ShowModel(const ShowRequest& request, std::istream& in, std::ostream& out, std::ostream& err) {
+int ShowModel(const ShowRequest& request, const std::function<std::string()>& tikz, std::istream& in, std::ostream& out,
+              std::ostream& err) {
   ModelSession session(request.model, err);
   if (!session.Open(in)) return ExitUsage;
   switch (request.format) {
@@ -45,7 +44,7 @@ int ShowModel(const ShowRequest& request, std::istream& in, std::ostream& out, s
   case ShowFormat::AsCsv: out << ModelToCsv(); break;
   case ShowFormat::AsJson: out << ModelToJson(request.model); break;
   case ShowFormat::AsDxf: PrintDxf(session, request, out); break;
-  case ShowFormat::AsTikz: out << TikzPicture({}, false); break;
+  case ShowFormat::AsTikz: out << tikz(); break;
   }
   return ExitOk;
 }

@@ -1,5 +1,4 @@
 #include "AnalyseModel.h"
-#include "CommandLine.h"
 #include "ProgressLine.h"
 #include "WorkerProcesses.h"
 
@@ -31,27 +30,25 @@ int Unpack(const std::string& packed, const Streams& streams) {
   return status;
 }
 
-int AnalyseOneByOne(const AnalyseRequest& request, const Streams& streams, const AnswerJudge& judge) {
-  const std::vector<MadeFiles> made = NamesOfMadeFiles(request);
-  ProgressLine progress(streams.err, made.size(), request.showsProgress);
+int AnalyseOneByOne(const AnalyseRequest& request, const AnalysisExtras& extras, const Streams& streams) {
+  ProgressLine progress(streams.err, request.models.size(), request.showsProgress);
   int status = ExitOk;
-  for (std::size_t k = 0; k < made.size(); ++k) {
+  for (std::size_t k = 0; k < request.models.size(); ++k) {
     progress.Clear();
-    status = std::max(status, AnalyseModel(request, request.models[k], made[k], streams, judge));
+    status = std::max(status, AnalyseModel(request, extras, k, streams));
     progress.Show(k + 1);
   }
   return status;
 }
 
-int AnalyseAtOnce(const AnalyseRequest& request, const Streams& streams, const AnswerJudge& judge) {
-  const std::vector<MadeFiles> made = NamesOfMadeFiles(request);
-  ProgressLine progress(streams.err, made.size(), request.showsProgress);
+int AnalyseAtOnce(const AnalyseRequest& request, const AnalysisExtras& extras, const Streams& streams) {
+  ProgressLine progress(streams.err, request.models.size(), request.showsProgress);
   int status = ExitOk;
-  SharedWork shared{.count = made.size(), .work = {}, .done = {}};
+  SharedWork shared{.count = request.models.size(), .work = {}, .done = {}};
   shared.work = [&](std::size_t k) {
     std::ostringstream results;
     std::ostringstream messages;
-    const int of = AnalyseModel(request, request.models[k], made[k], {streams.in, results, messages}, judge);
+    const int of = AnalyseModel(request, extras, k, {streams.in, results, messages});
     return Packed(of, results.str(), messages.str());
   };
   shared.done = [&](std::size_t k, const std::optional<std::string>& answer) {
@@ -70,12 +67,12 @@ int AnalyseAtOnce(const AnalyseRequest& request, const Streams& streams, const A
 
 } // namespace
 
-int AnalyseModels(const AnalyseRequest& request, std::istream& in, std::ostream& out, std::ostream& err,
-                  const AnswerJudge& judge) {
+int AnalyseModels(const AnalyseRequest& request, const AnalysisExtras& extras, std::istream& in, std::ostream& out,
+                  std::ostream& err) {
   const Streams streams{in, out, err};
   out.flush();
   const bool isShared = request.processes > 1 && request.models.size() > 1;
-  return isShared ? AnalyseAtOnce(request, streams, judge) : AnalyseOneByOne(request, streams, judge);
+  return isShared ? AnalyseAtOnce(request, extras, streams) : AnalyseOneByOne(request, extras, streams);
 }
 
 } // namespace strutwright

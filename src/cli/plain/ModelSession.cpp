@@ -8,7 +8,6 @@
 #include "Output.h"
 #include "Platform.h"
 #include "RecentFiles.h"
-#include "WorkbenchState.h"
 #include "modFileCommands.h"
 #include "modGrids.h"
 #include "modModelStore.h"
@@ -35,13 +34,12 @@ std::string OnOneLine(const std::string& text) {
 
 ModelSession::ModelSession(std::string file, std::ostream& err) : FileName(std::move(file)), Err(err) {
   Ensure(ThePlatform().messages == nullptr, "one model is open at a time");
-  ThePlatform() = {.messages = this, .files = &Disk, .paper = &Pages};
+  ThePlatform() = {.messages = this, .files = &Disk};
   TheModel = ModelState{};
   TheAnalysis = AnalysisState{};
   TheFiles = FileState{};
   TheRecentFiles = RecentFiles{};
   TheEditing = EditingState{};
-  TheWorkbench = WorkbenchState{};
   TheDisplay = DisplayState{};
   initGrids();
 }

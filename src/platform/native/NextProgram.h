@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace strutwright {
+
+/// Goes on as another program, in this process and with its arguments, and does not come back.
+/// places: where it may be, from the folder of this process's executable; the first that is there is taken.
+/// arguments: as main() has them, its null included.
+/// Throws FileError where none is there or it can't be started.
+[[noreturn]] void GoOnAs(const std::vector<std::string>& places, char* const* arguments);
+
+} // namespace strutwright
