@@ -42,6 +42,7 @@ void DrawProblem(DrawingSurface& surface) {
   TrussView view{.layers = {.grid = false},
                  .style = DrawingStyle::Clear,
                  .legend = false,
+                 .onPaper = true,
                  .failures = [](const std::string& /*failure*/) {}};
   view.loadsScale = ScaleOfArrowsOn(surface, SettingsOf(view)).value_or(view.loadsScale);
   if (const auto frame = ClearFrame(surface, SettingsOf(view))) surface.SetWindow(*frame);

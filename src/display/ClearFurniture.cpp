@@ -153,9 +153,9 @@ void PlaceLegend(ClearFurniture& furniture, FurniturePlacer& placer, int before)
 /// As much of the notice as fits into a width.
 std::string NoticeWithin(const ClearFurniture& furniture, const PixelSurface& surface, double width) {
   int kinds = static_cast<int>(LabelKinds);
-  std::string notice = NoticeOf(furniture.labels, kinds);
+  std::string notice = NoticeOf(furniture.labels, furniture.onPaper, kinds);
   while (--kinds > 0 && surface.TextWidth(notice, ClearSize::SmallText) > width) {
-    notice = NoticeOf(furniture.labels, kinds);
+    notice = NoticeOf(furniture.labels, furniture.onPaper, kinds);
   }
   return notice;
 }
@@ -178,7 +178,7 @@ void PlaceNotice(ClearFurniture& furniture, FurniturePlacer& placer) {
   furniture.notice = NoticeWithin(furniture, placer.Surface, placer.View.width - 60);
   if (furniture.notice.empty()) return;
   for (int kinds = static_cast<int>(LabelKinds); kinds > 0; --kinds) {
-    const std::string notice = NoticeOf(furniture.labels, kinds);
+    const std::string notice = NoticeOf(furniture.labels, furniture.onPaper, kinds);
     if (notice.size() > furniture.notice.size()) continue;
     furniture.noticeBox = FreePlaceOf(notice, placer);
     if (!furniture.noticeBox) continue;
@@ -230,7 +230,7 @@ bool ClearFurniture::Hides(const TurnedBox& label) const {
   return noticeHides && noticeBox && Overlap(label, BoxOf(*noticeBox));
 }
 
-std::string NoticeOf(const std::array<ShownLabels, LabelKinds>& labels, int most) {
+std::string NoticeOf(const std::array<ShownLabels, LabelKinds>& labels, bool onPaper, int most) {
   constexpr std::array<const char*, LabelKinds> Names{"loads and reactions", "forces", "node numbers",
                                                       "member numbers"};
   std::string notice;
@@ -241,12 +241,13 @@ std::string NoticeOf(const std::array<ShownLabels, LabelKinds>& labels, int most
     notice += notice.empty() ? "showing " : ", ";
     notice += std::to_string(count.shown) + " of " + std::to_string(count.all) + " " + Names.at(kind);
   }
-  return notice.empty() ? notice : notice + "; zoom in or point at a member";
+  return notice.empty() || onPaper ? notice : notice + "; zoom in or point at a member";
 }
 
 ClearFurniture FurnitureOf(const PixelSurface& surface, const PixelView& view, const ClearSettings& settings,
                            const ClearScene& scene, int legendPlace) {
   ClearFurniture furniture;
+  furniture.onPaper = settings.onPaper;
   FurniturePlacer placer(surface, view, scene, settings.layers.grid);
   const Bounds area = Bounds{0, 0, view.width, view.height}.MovedBy(-1 * view.origin);
   furniture.labels = CountLabels(scene, area, std::nullopt);

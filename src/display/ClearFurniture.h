@@ -22,6 +22,7 @@ struct ShownLabels {
 /// What belongs to the view and not to the truss: values of the axes, legend, and what is left out, in words.
 struct ClearFurniture {
   std::array<ShownLabels, LabelKinds> labels; ///< by LabelKind
+  bool onPaper = false;
   std::string notice;
   std::optional<Bounds> noticeBox;
   bool noticeHides = false; ///< it found no free place: labels under it are not drawn
@@ -46,8 +47,9 @@ void DrawFurniture(PixelSurface& surface, const ClearFurniture& furniture);
 /// Light lines at the multiples of the grid spacings, or of the axis' step where those would lie close.
 void DrawClearGrid(PixelSurface& surface, const PixelView& view, const ClearSettings& settings);
 
-/// What is left out, in words: "showing 48 of 61 forces; zoom in or point at a member".  Empty where nothing is.
+/// What is left out, in words: "showing 48 of 61 forces; zoom in or point at a member", on paper without the advice.
+/// Empty where nothing is.
 /// most: kinds that are named, the most important first.
-std::string NoticeOf(const std::array<ShownLabels, LabelKinds>& labels, int most = LabelKinds);
+std::string NoticeOf(const std::array<ShownLabels, LabelKinds>& labels, bool onPaper, int most = LabelKinds);
 
 } // namespace strutwright

@@ -15,6 +15,7 @@ struct ClearSettings {
   float loadsScale = 10;       ///< kN per m of arrow
   bool widthByForce = true;    ///< a member is drawn wider the larger its force
   bool legend = true;
+  bool onPaper = false;   ///< nobody can zoom in there or point at anything
   float gridSpacingX = 1; ///< m
   float gridSpacingY = 1;
   bool gridDashed = true;

@@ -60,6 +60,7 @@ struct TrussView {
   DrawingStyle style = DrawingStyle::Described;
   bool widthByForce = true;      ///< in the clear drawing a member is wider the larger its force
   bool legend = true;            ///< in the clear drawing
+  bool onPaper = false;          ///< nobody can zoom in there or point at anything
   ClearMemory* memory = nullptr; ///< what the clear drawing kept on this surface; nullptr for one drawn once
   FailureReport failures = ShowDrawingFailure;
 };

@@ -37,6 +37,7 @@ ClearSettings SettingsOf(const TrussView& view) {
           .loadsScale = view.loadsScale,
           .widthByForce = view.widthByForce,
           .legend = view.legend,
+          .onPaper = view.onPaper,
           .gridSpacingX = view.grid.spacingX,
           .gridSpacingY = view.grid.spacingY,
           .gridDashed = view.grid.style == LineStyle::Dashed};

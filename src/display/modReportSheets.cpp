@@ -158,6 +158,7 @@ void DrawSheet(DrawingSurface& surface, const ReportSheets& sheets, std::size_t 
                  .deflectionScale = sheets.deflectionScale,
                  .loadsScale = LoadsScaleOn(surface, sheets),
                  .style = DrawingStyle::Clear,
+                 .onPaper = true,
                  .memory = &memory,
                  .failures = [](const std::string& /*failure*/) {}};
   if (sheets.sheets.size() == 1) {

@@ -26,7 +26,8 @@ void DrawWorkedTruss(DrawingSurface& surface) {
                  .extents = ExtentsOfModel(1),
                  .frameExtents = true,
                  .style = DrawingStyle::Clear,
-                 .legend = false};
+                 .legend = false,
+                 .onPaper = true};
   view.loadsScale = ScaleOfArrowsOn(surface, SettingsOf(view)).value_or(view.loadsScale);
   Draw(surface, view);
 }

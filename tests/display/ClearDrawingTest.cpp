@@ -199,8 +199,19 @@ TEST_F(ClearDrawingTest, LeavesNothingOutAfterZoomingIn) {
 
 TEST_F(ClearDrawingTest, NamesEachKindThatIsLeftOut) {
   std::array<ShownLabels, LabelKinds> labels{{{3, 4}, {5, 5}, {1, 2}, {0, 0}}};
-  EXPECT_EQ(NoticeOf(labels), "showing 3 of 4 loads and reactions, 1 of 2 node numbers; zoom in or point at a member");
-  EXPECT_EQ(NoticeOf({}), "");
+  EXPECT_EQ(NoticeOf(labels, false),
+            "showing 3 of 4 loads and reactions, 1 of 2 node numbers; zoom in or point at a member");
+  EXPECT_EQ(NoticeOf({}, false), "");
+}
+
+TEST_F(ClearDrawingTest, AdvisesNobodyToZoomIntoPaper) {
+  std::array<ShownLabels, LabelKinds> labels{{{4, 4}, {3, 5}, {2, 2}, {0, 0}}};
+  EXPECT_EQ(NoticeOf(labels, true), "showing 3 of 5 forces");
+  settings.memberForces = settings.onPaper = true;
+  Analyse(PrattTruss(60));
+  surface.window = {-2, -60, 100, 75};
+  DrawHere();
+  EXPECT_THAT(outcome.notice, testing::EndsWith(" forces"));
 }
 
 TEST_F(ClearDrawingTest, KeepsPlacesWhileTheViewMoves) {
