@@ -10,11 +10,15 @@
 
 #include <filesystem>
 #include <functional>
+#include <utility>
+#include <vector>
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialog>
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QPlainTextEdit>
@@ -22,6 +26,7 @@
 #include <QTableWidget>
 #include <QTimer>
 #include <QUrl>
+#include <QWindow>
 
 namespace strutwright {
 namespace {
@@ -113,8 +118,8 @@ class ExchangeFormTest : public FormTest {
     layers->setFocus();
     layers->setCurrentCell(row, column);
     QTest::keyClick(layers, Qt::Key_F2);
-    auto* editor = layers->findChild<QLineEdit*>();
-    ASSERT_NE(editor, nullptr);
+    ASSERT_FALSE(layers->findChildren<QLineEdit*>().isEmpty());
+    auto* editor = layers->findChildren<QLineEdit*>().last();
     editor->selectAll();
     QTest::keyClicks(editor, text);
     QTest::keyClick(editor, Qt::Key_Return);
@@ -260,16 +265,19 @@ TEST_F(ImportFormTest, LeadsToItsControlsByTheirKeys) {
                                                         {Qt::Key_R, "remarksTxt"},
                                                         {Qt::Key_H, "findingsTxt"}};
     for (const auto& [key, name] : keys) {
-      QTest::keyClick(&preview, key, Qt::AltModifier);
-      EXPECT_EQ(QApplication::focusWidget()->objectName(), name);
+      QTest::keyClick(preview.windowHandle(), key, Qt::AltModifier);
+      EXPECT_EQ(preview.focusWidget()->objectName().toStdString(), name.toStdString());
     }
-    QTest::keyClick(&preview, Qt::Key_S, Qt::AltModifier);
-    EXPECT_TRUE(preview.findChild<QCheckBox*>("splitChk")->isChecked());
-    QTest::keyClick(&preview, Qt::Key_C, Qt::AltModifier);
-    EXPECT_FALSE(preview.isVisible());
+    QTest::keyClick(preview.windowHandle(), Qt::Key_S, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return preview.findChild<QCheckBox*>("splitChk")->isChecked(); }));
+    QTest::keyClick(preview.windowHandle(), Qt::Key_C, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !preview.isVisible(); }));
   });
   EXPECT_EQ(NodeCount, 0);
-  Import(path, [](QDialog& preview) { QTest::keyClick(&preview, Qt::Key_I, Qt::AltModifier); });
+  Import(path, [](QDialog& preview) {
+    QTest::keyClick(preview.windowHandle(), Qt::Key_I, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !preview.isVisible(); }));
+  });
   EXPECT_EQ(NodeCount, 4);
 }
 
