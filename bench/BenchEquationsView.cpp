@@ -30,7 +30,7 @@ constexpr QSize ViewSize{1200, 700};
 frmMain& Frame() {
   static SilentBoxes boxes;
   static NativeFileSystem files;
-  static frmMain frame;
+  static frmMain& frame = *new frmMain; // never taken down: the application would be gone by then
   if (ThePlatform().messages != nullptr) return frame;
   ThePlatform() = {.messages = &boxes, .files = &files, .dataFolder = "/nonexistent"};
   frame.show();

@@ -14,7 +14,7 @@ namespace strutwright {
 namespace {
 
 constexpr int DigitsOfTables = 7;
-constexpr int MostMembers = 500; // a compound truss of more would hold the check's window up
+constexpr int MostMembers = 5000; // of more the check's window would have to wait
 
 /// Largest value and largest difference of what was compared.
 struct Comparison {

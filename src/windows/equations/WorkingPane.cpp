@@ -18,7 +18,7 @@ namespace strutwright {
 namespace {
 
 constexpr std::array<double, 4> TextSizes{1, 0.92, 0.85, 0.78}; // of the window's own
-constexpr double MuchTooHigh = 2; // no size makes a text of so many heights of the pane fit
+constexpr double Rewrapped = 0.04;                              // a smaller text may also save lines
 constexpr const char* DenseStyle = "p, h3 { margin-top: 2px; margin-bottom: 3px; } h3 { font-size: large; }"
                                    "td, th { padding-left: 6px; padding-right: 6px; }";
 
@@ -44,29 +44,36 @@ WorkingPane::WorkingPane(QWidget* parent) : QTextBrowser(parent) {
 void WorkingPane::ShowStep() {
   IsStale = !isVisible();
   if (IsStale) return;
+  clear(); // or the last text would be laid out in the new size
+  SetTextSize(1);
   setHtml(QString::fromStdString(WorkedHtml(StepWorking(), InkOf(palette()))));
   FitText();
 }
 
-/// The largest size in which all of the text is in sight; its own size where there is none.
+/// Each change lays all of the text out anew.
+void WorkingPane::SetTextSize(double share) {
+  QFont size = font();
+  size.setPointSizeF(share * font().pointSizeF());
+  if (size != document()->defaultFont()) document()->setDefaultFont(size);
+}
+
+/// Sets the largest size in which all of the text is in sight; its own size where there is none.  Only those sizes are
+/// tried that can do.
 void WorkingPane::FitText() {
-  const QSize room = maximumViewportSize();
+  const QSizeF room = maximumViewportSize();
   const auto fits = [&] {
     const QSizeF size = document()->size();
     return size.width() <= room.width() && size.height() <= room.height();
   };
-  const auto set = [this](double share) {
-    QFont size = font();
-    size.setPointSizeF(share * font().pointSizeF());
-    document()->setDefaultFont(size);
-  };
-  set(1);
-  if (document()->size().height() > MuchTooHigh * room.height()) return;
-  const auto found = std::find_if(TextSizes.begin(), TextSizes.end(), [&](double share) {
-    set(share);
-    return fits();
-  });
-  if (found == TextSizes.end()) set(1);
+  SetTextSize(1);
+  const QSizeF whole = document()->size();
+  const double most = std::min(room.width() / whole.width(), room.height() / whole.height());
+  for (const double share : TextSizes) {
+    if (share > most + Rewrapped) continue;
+    SetTextSize(share);
+    if (fits()) return;
+  }
+  SetTextSize(1);
 }
 
 void WorkingPane::resizeEvent(QResizeEvent* event) {

@@ -35,6 +35,7 @@ class WorkingPane : public QTextBrowser {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void SetTextSize(double share);
   void FitText();
 
   bool IsStale = true; ///< what it shows is not of the last step

@@ -28,14 +28,6 @@ namespace {
 
 constexpr QSize ImportSize{600, 560};
 
-template <class Control>
-Control* Described(Control* control, const QString& name, const QString& description) {
-  control->setObjectName(name);
-  control->setAccessibleName(description);
-  control->setToolTip(description);
-  return control;
-}
-
 /// Lines to read.
 QPlainTextEdit* NewLines(const QString& name, const QString& description) {
   auto* lines = Described(new QPlainTextEdit, name, description);
