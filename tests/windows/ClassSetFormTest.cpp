@@ -8,6 +8,7 @@
 
 #include <QAbstractButton>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDialog>
 #include <QLineEdit>
 #include <QPixmap>
@@ -246,6 +247,50 @@ TEST_F(ClassSetFormTest, LeavesNothingWhenItIsCancelled) {
   EXPECT_TRUE(frame->Status().ShowProgress("Solving the equations", 0.5));
   EXPECT_TRUE(Find<QProgressBar>("stsBar_Progress").isVisible()); // in the status bar again
   frame->Status().EndProgress();
+}
+
+TEST_F(ClassSetFormTest, MakesASetOfAFamily) {
+  Open();
+  EXPECT_FALSE(Find<QLineEdit>("baysFromTxt").isVisible());
+  auto& source = Find<QComboBox>("sourceCmb");
+  source.setFocus();
+  QTest::keyClicks(&source, "Warren truss");
+  EXPECT_EQ(source.currentText(), "Warren truss");
+  EXPECT_EQ(Find<QLineEdit>("spanValueTxt").text(), "24");
+  EXPECT_FALSE(Find<QLabel>("spanNowLbl").isVisible());
+  EXPECT_FALSE(Find<QLineEdit>("vertical-areaFromTxt").isVisible()); // it has no verticals
+  TypeInto("heightValueTxt", "4");
+  TypeRange("bays", "4", "8", "1");
+  TypeRange("load", "10", "40", "5");
+  Click("btnPreview");
+  EXPECT_EQ(Told(), "The first 3 of 20 students.");
+  EXPECT_THAT(LabelText("variantLbl_1"), testing::MatchesRegex("student-01: bays [4-8], load [1-4][05] kN"));
+  for (const char* box : {"pdfChk", "htmlChk", "texChk", "moodleChk"}) Choose(box);
+  dialog.WillChoose(folder.Path("family"));
+  Click("btnMake");
+  EXPECT_TRUE(Exists("family/student-20/model.stw"));
+  EXPECT_EQ(NodeCount, 3); // the open model stays
+  source.setFocus();
+  QTest::keyClick(&source, Qt::Key_Home);
+  EXPECT_TRUE(Find<QLabel>("spanNowLbl").isVisible());
+  EXPECT_FALSE(Find<QLineEdit>("spanValueTxt").isVisible());
+  EXPECT_FALSE(IsDrawn(1));
+}
+
+TEST_F(ClassSetFormTest, TakesNamesFromAFile) {
+  Open();
+  PutFile(folder.Path("class.csv"), "sep=;\nname;mail\nAnn Lee;a@b\nBob;c@d\n");
+  dialog.WillChoose(folder.Path("class.csv"));
+  Click("btnList");
+  EXPECT_EQ(Find<QPlainTextEdit>("studentsTxt").toPlainText(), "Ann Lee\nBob\n");
+  PutFile(folder.Path("class.csv"), "..\n");
+  dialog.WillChoose(folder.Path("class.csv"));
+  Click("btnList");
+  EXPECT_EQ(Told(), "Line 1 of the list: the name \"..\" means another folder; give each student a name of one's own "
+                    "that can be a folder's.");
+  EXPECT_EQ(Find<QPlainTextEdit>("studentsTxt").toPlainText(), "Ann Lee\nBob\n");
+  dialog.WillCancel();
+  Click("btnList");
 }
 
 TEST_F(ClassSetFormTest, LeavesTheModelAndItsResultsAlone) {

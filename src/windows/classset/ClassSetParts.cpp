@@ -9,6 +9,7 @@
 #include <limits>
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -30,14 +31,6 @@ constexpr QSize VariantSize{290, 180};
 constexpr int LinesOfMessage = 2;
 constexpr double LeastTolerance = 0.001; // percent
 constexpr double MostTolerance = 50;
-
-template <class Control>
-Control* Described(Control* control, const QString& name, const QString& description) {
-  control->setObjectName(name);
-  control->setAccessibleName(description);
-  control->setToolTip(description);
-  return control;
-}
 
 QLabel* TextLabel(const QString& name, const QString& description) {
   auto* label = Described(new QLabel, name, description);
@@ -71,6 +64,7 @@ frmClassSet::frmClassSet(frmMain& frame) : QDialog(&frame), Frame(frame) {
   whole->addLayout(BuildButtons());
   for (const char* command : {"mnuAnalyse", "mnuUndo", "mnuRedo"}) addAction(Frame.findChild<QAction*>(command));
   ConnectEntries();
+  ChooseSource();
 }
 
 QGroupBox* frmClassSet::BuildStudents() {
@@ -88,41 +82,74 @@ QGroupBox* frmClassSet::BuildStudents() {
   auto* grid = new QGridLayout(box);
   grid->addWidget(Caption("&Students: how many, or a name a line", studentsTxt), 0, 0, 1, 2);
   grid->addWidget(studentsTxt, 1, 0, 1, 2);
-  grid->addWidget(Caption("S&eed:", seedSpin), 2, 0);
-  grid->addWidget(seedSpin, 2, 1);
-  grid->addWidget(Caption("&Tolerance (%):", toleranceSpin), 3, 0);
-  grid->addWidget(toleranceSpin, 3, 1);
+  grid->addWidget(AddButton("btnList", "Names from a File...",
+                            "Opens a list of students (.csv), with a name in the first column of each line",
+                            [this] { OpenList(); }),
+                  2, 0, 1, 2);
+  grid->addWidget(Caption("S&eed:", seedSpin), 3, 0);
+  grid->addWidget(seedSpin, 3, 1);
+  grid->addWidget(Caption("&Tolerance (%):", toleranceSpin), 4, 0);
+  grid->addWidget(toleranceSpin, 4, 1);
   return box;
 }
 
 QGroupBox* frmClassSet::BuildRanges() {
   auto* box = new QGroupBox("What differs from student to student");
-  auto* grid = new QGridLayout(box);
+  auto* whole = new QVBoxLayout(box);
+  whole->addLayout(BuildSource());
+  auto* grid = new QGridLayout;
+  whole->addLayout(grid);
   const std::array<const char*, 3> headings{"From", "To", "Step"};
   for (int column = 0; column < 3; ++column)
     grid->addWidget(Caption(headings.at(static_cast<std::size_t>(column))), 0, column + 2);
+  fixedLbl = Caption("Same for all");
+  grid->addWidget(fixedLbl, 0, 1);
   AddRange(*grid, "span", "Spa&n");
   AddRange(*grid, "height", "Hei&ght");
+  AddRange(*grid, "bays", "Bays");
   AddRange(*grid, "load", "L&oad");
   AddRange(*grid, "area", "&Area");
   AddRange(*grid, "e", "E of mem&bers");
-  grid->setRowStretch(grid->rowCount(), 1);
+  AddRange(*grid, "chord-area", "Area of &chords");
+  AddRange(*grid, "vertical-area", "Area of &verticals");
+  AddRange(*grid, "diagonal-area", "Area of diagonals");
+  whole->addStretch();
   return box;
+}
+
+QLayout* frmClassSet::BuildSource() {
+  sourceCmb =
+      Described(new QComboBox, "sourceCmb", "What the problems are made of: the open model or a family of trusses");
+  sourceCmb->addItem("The open model", QString());
+  for (const FamilyChoice& each : FamilyChoices()) {
+    sourceCmb->addItem(QString::fromStdString(each.title), QString::fromStdString(each.name));
+  }
+  auto* row = new QHBoxLayout;
+  row->addWidget(Caption("Tr&uss:", sourceCmb));
+  row->addWidget(sourceCmb, 1);
+  OnSignal(sourceCmb, &QComboBox::currentIndexChanged, this, [this] { ChooseSource(); });
+  return row;
 }
 
 void frmClassSet::AddRange(QGridLayout& grid, const std::string& name, const QString& caption) {
   const QString prefix = QString::fromStdString(name);
   const QString blank = "; blank where the " + prefix + " is the same for all";
-  RangeFields range{name, TextLabel(prefix + "NowLbl", "The " + prefix + " of the open model"),
+  const QString unit = QString::fromStdString(FamilyUnit(name));
+  RangeFields range{name,
+                    nullptr,
+                    TextLabel(prefix + "NowLbl", "The " + prefix + " of the open model"),
+                    NewField(prefix + "ValueTxt",
+                             "The " + prefix + (unit.isEmpty() ? "" : " in " + unit) + " where it is the same for all"),
                     NewField(prefix + "FromTxt", "Least " + prefix + blank),
                     NewField(prefix + "ToTxt", "Largest " + prefix + blank),
                     NewField(prefix + "StepTxt", "Step of the " + prefix + blank)};
   range.now->setWordWrap(false);
+  range.caption = Caption(caption, range.from);
   const int row = grid.rowCount();
-  grid.addWidget(Caption(caption, range.from), row, 0);
+  grid.addWidget(range.caption, row, 0);
   grid.addWidget(range.now, row, 1);
-  int column = 2;
-  for (QLineEdit* field : {range.from, range.to, range.step}) {
+  int column = 1;
+  for (QLineEdit* field : {range.value, range.from, range.to, range.step}) {
     MakeNarrow(*field);
     grid.addWidget(field, row, column++);
   }
@@ -233,7 +260,7 @@ void frmClassSet::ConnectEntries() {
   OnSignal(studentsTxt, &QPlainTextEdit::textChanged, this, [this] { DropPreview(); });
   OnSignal(seedSpin, &QSpinBox::valueChanged, this, [this] { DropPreview(); });
   for (const RangeFields& range : Ranges) {
-    for (QLineEdit* field : {range.from, range.to, range.step}) {
+    for (QLineEdit* field : {range.value, range.from, range.to, range.step}) {
       OnSignal(field, &QLineEdit::textChanged, this, [this] { DropPreview(); });
     }
   }

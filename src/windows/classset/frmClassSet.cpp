@@ -14,8 +14,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -28,6 +30,8 @@
 namespace strutwright {
 
 namespace {
+
+constexpr double Reduction = 1.5; // of a preview, so that most numbers have room
 
 /// Progress shows in the window while this lives.
 class ProgressHere {
@@ -52,9 +56,44 @@ void frmClassSet::Follow() {
   if (isVisible() && !ShownFor.IsCurrent()) Begin();
 }
 
+std::string frmClassSet::Family() const { return sourceCmb->currentData().toString().toStdString(); }
+
+/// Each source has quantities of its own.  A family's numbers begin with its standard.
+void frmClassSet::ChooseSource() {
+  const std::string family = Family();
+  for (const RangeFields& range : Ranges) {
+    const std::string number = FamilyNumber(family, range.name);
+    const bool isOfModel = family.empty() && IsModelQuantity(range.name);
+    range.value->setText(QString::fromStdString(number));
+    range.value->setVisible(!number.empty());
+    range.now->setVisible(isOfModel);
+    for (QWidget* each : std::initializer_list<QWidget*>{range.caption, range.from, range.to, range.step}) {
+      each->setVisible(isOfModel || !number.empty());
+    }
+  }
+  fixedLbl->setVisible(!family.empty());
+  DropPreview();
+}
+
+/// Asks for a list and takes its names.
+void frmClassSet::OpenList() {
+  FileQuestion question;
+  question.title = "Names of the Students";
+  question.filter = "Tables and texts|*.csv;*.txt|All files|*.*";
+  question.flags = FileMustExist;
+  const auto chosen = TheFileDialog().Ask(FileDialogKind::Open, question);
+  if (!chosen || chosen->empty()) return;
+  try {
+    studentsTxt->setPlainText(QString::fromStdString(NamesInFile(*chosen)));
+  } catch (const ClassFault& fault) {
+    Say(std::string(fault.what()) + ".");
+  }
+}
+
 void frmClassSet::ShowSizes() {
   ShownFor = ModelAsEntered::Now();
   for (const RangeFields& range : Ranges) {
+    if (!IsModelQuantity(range.name)) continue;
     const std::string size = PresentSize(range.name);
     range.now->setText(size.empty() ? "none" : QString::fromStdString("now " + size));
   }
@@ -75,9 +114,11 @@ ClassPlan frmClassSet::Plan() const {
   entry.students = studentsTxt->toPlainText().toStdString();
   entry.seed = static_cast<std::uint64_t>(seedSpin->value());
   entry.percent = toleranceSpin->value();
+  entry.family = Family();
   for (const RangeFields& range : Ranges) {
+    if (range.from->isHidden()) continue;
     entry.ranges.push_back({range.name, range.from->text().toStdString(), range.to->text().toStdString(),
-                            range.step->text().toStdString()});
+                            range.step->text().toStdString(), range.value->text().toStdString()});
   }
   for (const AskFields& ask : Asks) {
     if (!ask.chosen->isChecked()) continue;
@@ -122,9 +163,14 @@ void frmClassSet::Preview() {
 }
 
 void frmClassSet::ShowVariant(const VariantView& view, const ClassVariant& variant) {
-  QtDrawingSurface surface(view.picture->width(), view.picture->height(), devicePixelRatioF());
+  const QSize size = view.picture->size();
+  const double ratio = devicePixelRatioF();
+  QtDrawingSurface surface(qRound(Reduction * size.width()), qRound(Reduction * size.height()), ratio);
   DrawVariant(variant, surface);
-  view.picture->setPixmap(QPixmap::fromImage(surface.Image()));
+  QPixmap picture =
+      QPixmap::fromImage(surface.Image().scaled(size * ratio, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+  picture.setDevicePixelRatio(ratio);
+  view.picture->setPixmap(picture);
   const std::string varied = variant.varied.empty() ? "" : ": " + variant.varied;
   view.caption->setText(QString::fromStdString(variant.student + varied));
 }

@@ -10,6 +10,7 @@
 #include <QDialog>
 
 class QCheckBox;
+class QComboBox;
 class QDoubleSpinBox;
 class QGridLayout;
 class QGroupBox;
@@ -38,7 +39,9 @@ class frmClassSet : public QDialog {
  private:
   struct RangeFields {
     std::string name;
-    QLabel* now;
+    QLabel* caption;
+    QLabel* now;      ///< what the open model has
+    QLineEdit* value; ///< of a family: what is the same for all
     QLineEdit* from;
     QLineEdit* to;
     QLineEdit* step;
@@ -59,6 +62,7 @@ class frmClassSet : public QDialog {
 
   QGroupBox* BuildStudents();
   QGroupBox* BuildRanges();
+  QLayout* BuildSource();
   void AddRange(QGridLayout& grid, const std::string& name, const QString& caption);
   QGroupBox* BuildQuestions();
   QCheckBox* AddAsk(QGridLayout& grid, const std::string& name, const QString& caption, const QString& description);
@@ -73,6 +77,9 @@ class frmClassSet : public QDialog {
 
   ClassPlan Plan() const;
   std::string Formats() const;
+  std::string Family() const;
+  void ChooseSource();
+  void OpenList();
   void ShowSizes();
   void DropPreview();
   void Try(const std::function<void()>& command);
@@ -83,7 +90,9 @@ class frmClassSet : public QDialog {
   void Say(const std::string& sentence);
 
   frmMain& Frame;
-  ModelAsEntered ShownFor; ///< the model whose sizes and variants are shown
+  ModelAsEntered ShownFor;        ///< the model whose sizes and variants are shown
+  QComboBox* sourceCmb = nullptr; ///< the open model, or a family of trusses
+  QLabel* fixedLbl = nullptr;     ///< heads the numbers of a family
   QPlainTextEdit* studentsTxt = nullptr;
   QSpinBox* seedSpin = nullptr;
   QDoubleSpinBox* toleranceSpin = nullptr;

@@ -26,14 +26,6 @@ namespace {
 
 constexpr QSize ImportSize{520, 380};
 
-template <class Control>
-Control* Described(Control* control, const QString& name, const QString& description) {
-  control->setObjectName(name);
-  control->setAccessibleName(description);
-  control->setToolTip(description);
-  return control;
-}
-
 } // namespace
 
 frmImport::frmImport(QWidget* parent, const std::string& path, std::string text)

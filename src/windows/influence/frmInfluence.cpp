@@ -202,6 +202,7 @@ void frmInfluence::Step(int direction) {
 /// Under an open box nothing moves.
 void frmInfluence::Walk() {
   if (!isVisible() || !btnWalk->isChecked() || !Sheet.Fault().empty() || MessageIsOpen()) return;
+  if (Frame.IsWorking()) return; // the tables may hold another model meanwhile
   At = Sheet.WalkPosition(WalkStep++);
   ShowValue();
 }

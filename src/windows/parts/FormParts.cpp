@@ -15,11 +15,7 @@ QPushButton* NewButton(const QString& name, const QString& caption, const QStrin
 }
 
 QLineEdit* NewField(const QString& name, const QString& description) {
-  auto* field = new QLineEdit;
-  field->setObjectName(name);
-  field->setAccessibleName(description);
-  field->setToolTip(description);
-  return field;
+  return Described(new QLineEdit, name, description);
 }
 
 QLabel* Caption(const QString& text, QWidget* field) {

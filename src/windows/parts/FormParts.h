@@ -14,6 +14,15 @@ namespace strutwright {
 /// A button that Enter does not press from elsewhere.
 QPushButton* NewButton(const QString& name, const QString& caption, const QString& toolTip);
 
+/// Gives a control its name, and a description as its tool tip and for screen readers.
+template <class Control>
+Control* Described(Control* control, const QString& name, const QString& description) {
+  control->setObjectName(name);
+  control->setAccessibleName(description);
+  control->setToolTip(description);
+  return control;
+}
+
 /// description: for the tool tip and for screen readers.
 QLineEdit* NewField(const QString& name, const QString& description);
 
