@@ -13,16 +13,17 @@ namespace {
 
 constexpr std::size_t MotionsTold = 3;
 
-/// Puts the open model back when it goes.
-class ModelAside {
+/// Puts the tables of the open model back when it goes.  The grids, which a window may show meanwhile, stay all the
+/// time.
+class TablesAside {
  public:
-  ModelAside() : Kept(TheModel) {}
-  ~ModelAside() { TheModel = std::move(Kept); }
-  ModelAside(const ModelAside&) = delete;
-  ModelAside& operator=(const ModelAside&) = delete;
+  TablesAside() : Kept{GridCapacity, NodeCount, MemberCount, NodeTable, MemberTable} {}
+  ~TablesAside() { TakeModel(std::move(Kept)); }
+  TablesAside(const TablesAside&) = delete;
+  TablesAside& operator=(const TablesAside&) = delete;
 
  private:
-  ModelState Kept;
+  StoredModel Kept;
 };
 
 void AddMotions(const StabilityReport& stability, std::vector<std::string>& findings) {
@@ -34,7 +35,9 @@ std::vector<std::string> FindingsInTables() {
   const CheckReport report = CheckModel();
   std::vector<std::string> findings{report.verdict};
   AddMotions(report.stability, findings);
-  for (const Finding& finding : report.findings) findings.push_back(finding.text);
+  for (const Finding& finding : report.findings) {
+    if (finding.kind != FindingKind::RowGap) findings.push_back(finding.text); // those are gaps of the open grids
+  }
   return findings;
 }
 
@@ -45,9 +48,8 @@ std::vector<std::string> FindingsOf(const StoredModel& model) {
     return {"A truss of more than " + std::to_string(MostNodesCheckedAside) +
             " nodes is checked once it is imported, after Run Analysis"};
   }
-  const ModelAside aside;
+  const TablesAside aside;
   TakeModel(model);
-  CopyModelToGrids();
   return FindingsInTables();
 }
 

@@ -10,23 +10,30 @@
 
 #include <filesystem>
 #include <functional>
+#include <utility>
+#include <vector>
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialog>
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTableWidget>
 #include <QTimer>
 #include <QUrl>
+#include <QWindow>
 
 namespace strutwright {
 namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 const std::string TwoBars = "x (m);y (m);Support;ForceY (kN);Colour\n0;0;3;;red\n4,5;0;3;;red\n2,25;3;0;-10;red\n"
@@ -99,6 +106,24 @@ class ExchangeFormTest : public FormTest {
 
   static std::string RemarksIn(const QDialog& preview) {
     return preview.findChild<QPlainTextEdit*>("remarksTxt")->toPlainText().toStdString();
+  }
+
+  static std::string FindingsIn(const QDialog& preview) {
+    return preview.findChild<QPlainTextEdit*>("findingsTxt")->toPlainText().toStdString();
+  }
+
+  /// Types a text over a cell of the table of layers, as a user does.
+  static void TypeOver(QDialog& preview, int row, int column, const QString& text) {
+    auto* layers = preview.findChild<QTableWidget*>("layersGrd");
+    layers->setFocus();
+    layers->setCurrentCell(row, column);
+    QTest::keyClick(layers, Qt::Key_F2);
+    ASSERT_FALSE(layers->findChildren<QLineEdit*>().isEmpty());
+    auto* editor = layers->findChildren<QLineEdit*>().last();
+    editor->selectAll();
+    QTest::keyClicks(editor, text);
+    QTest::keyClick(editor, Qt::Key_Return);
+    QApplication::processEvents();
   }
 
   int previews = 0;
@@ -193,6 +218,69 @@ TEST_F(ImportFormTest, JoinsEndsWithinTheTolerance) {
   EXPECT_EQ(NodeCount, 0);
 }
 
+TEST_F(ImportFormTest, ShowsWhatTheCheckFindsBeforeAnythingIsReplaced) {
+  EnterThreeBarTruss();
+  Press(Qt::Key_F5);
+  const EditSnapshot before = TakeSnapshot();
+  const AnalysisState results = TheAnalysis;
+  Import(File("bars.csv", TwoBars), [](QDialog& preview) { EXPECT_EQ(FindingsIn(preview), "The truss is stable"); });
+  Import(File("cross.dxf", Cross), [](QDialog& preview) {
+    EXPECT_THAT(FindingsIn(preview), StartsWith("The truss is a mechanism: it can move in 6 independent ways"));
+    EXPECT_THAT(FindingsIn(preview), HasSubstr("no member or support resists this\n"));
+    EXPECT_THAT(FindingsIn(preview), HasSubstr("Members 1 and 2 cross"));
+    QTest::keyClick(preview.findChild<QCheckBox*>("splitChk"), Qt::Key_Space);
+    EXPECT_THAT(FindingsIn(preview), Not(HasSubstr("cross")));
+  });
+  EXPECT_EQ(TakeSnapshot(), before);
+  EXPECT_EQ(AnalysisDone, FlagTrue);
+  EXPECT_EQ(TheAnalysis.Displacements, results.Displacements);
+}
+
+TEST_F(ImportFormTest, TakesEAndAOfALayer) {
+  Import(File("cross.dxf", Cross), [](QDialog& preview) {
+    auto* layers = preview.findChild<QTableWidget*>("layersGrd");
+    ASSERT_EQ(layers->rowCount(), 1);
+    const auto cell = [layers](int column) { return layers->item(0, column)->text().toStdString(); };
+    EXPECT_EQ(cell(0) + " " + cell(1) + " " + cell(2) + " " + cell(3), "0 2 200 1000");
+    EXPECT_FALSE(layers->item(0, 1)->flags() & Qt::ItemIsEditable);
+    TypeOver(preview, 0, 2, "x");
+    EXPECT_EQ(ContentsIn(preview), "\"x\" is no number: type E and A of the layer \"0\", or leave both empty");
+    EXPECT_FALSE(preview.findChild<QPushButton*>("btnImport")->isEnabled());
+    TypeOver(preview, 0, 2, "70,5");
+    EXPECT_THAT(RemarksIn(preview), Not(HasSubstr("get E = 200")));
+    QTest::keyClick(preview.findChild<QCheckBox*>("splitChk"), Qt::Key_Space);
+    EXPECT_EQ(cell(1) + " " + cell(2), "4 70,5") << "what was typed stays";
+    ClickImport(preview);
+  });
+  EXPECT_EQ(GrMembers.Text(4, MemberE), "70.5");
+  EXPECT_EQ(GrMembers.Text(4, MemberA), "1000");
+}
+
+TEST_F(ImportFormTest, LeadsToItsControlsByTheirKeys) {
+  const std::string path = File("cross.dxf", Cross);
+  Import(path, [](QDialog& preview) {
+    const std::vector<std::pair<Qt::Key, QString>> keys{{Qt::Key_T, "toleranceTxt"},
+                                                        {Qt::Key_U, "unitCmb"},
+                                                        {Qt::Key_L, "layersGrd"},
+                                                        {Qt::Key_R, "remarksTxt"},
+                                                        {Qt::Key_H, "findingsTxt"}};
+    for (const auto& [key, name] : keys) {
+      QTest::keyClick(preview.windowHandle(), key, Qt::AltModifier);
+      EXPECT_EQ(preview.focusWidget()->objectName().toStdString(), name.toStdString());
+    }
+    QTest::keyClick(preview.windowHandle(), Qt::Key_S, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return preview.findChild<QCheckBox*>("splitChk")->isChecked(); }));
+    QTest::keyClick(preview.windowHandle(), Qt::Key_C, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !preview.isVisible(); }));
+  });
+  EXPECT_EQ(NodeCount, 0);
+  Import(path, [](QDialog& preview) {
+    QTest::keyClick(preview.windowHandle(), Qt::Key_I, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !preview.isVisible(); }));
+  });
+  EXPECT_EQ(NodeCount, 4);
+}
+
 TEST_F(ImportFormTest, RefusesWhatIsNoModel) {
   EnterThreeBarTruss();
   EXPECT_EQ(RefusalOf(File("a.csv", "x,y\n0,zero\nnode i,node j,E,A\n")),
@@ -251,7 +339,8 @@ TEST_F(ImportFormTest, HasNamesTipsAndKeys) {
       EXPECT_FALSE(button->toolTip().isEmpty()) << button->objectName().toStdString();
     }
     EXPECT_EQ(keys, QStringList({"Alt+I", "Alt+C"}));
-    for (const char* name : {"contentsLbl", "remarksTxt", "unitCmb", "toleranceTxt", "splitChk"}) {
+    for (const char* name :
+         {"contentsLbl", "remarksTxt", "findingsTxt", "unitCmb", "toleranceTxt", "splitChk", "layersGrd"}) {
       const auto* control = preview.findChild<QWidget*>(name);
       ASSERT_NE(control, nullptr) << name;
       EXPECT_FALSE(control->accessibleName().isEmpty()) << name;

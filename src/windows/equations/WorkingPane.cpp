@@ -76,8 +76,11 @@ void WorkingPane::FitText() {
   SetTextSize(1);
 }
 
+/// It is told of its viewport too, which a scroll bar of its own narrows.
 void WorkingPane::resizeEvent(QResizeEvent* event) {
   QTextBrowser::resizeEvent(event);
+  if (size() == FittedTo) return;
+  FittedTo = size();
   Guard([this] { FitText(); });
 }
 

@@ -38,6 +38,7 @@ class WorkingPane : public QTextBrowser {
   void SetTextSize(double share);
   void FitText();
 
+  QSize FittedTo;      ///< its size when the text was last fitted to a new one
   bool IsStale = true; ///< what it shows is not of the last step
   std::function<void(const std::string& link)> Follower;
 };

@@ -4,7 +4,9 @@
 #include "EventGuard.h"
 #include "FormParts.h"
 #include "ImportError.h"
+#include "LayerGrid.h"
 #include "modImportFile.h"
+#include "modModelCheck.h"
 #include "modPlaces.h"
 
 #include <utility>
@@ -24,7 +26,21 @@ namespace strutwright {
 
 namespace {
 
-constexpr QSize ImportSize{520, 380};
+constexpr QSize ImportSize{600, 560};
+
+/// Lines to read.
+QPlainTextEdit* NewLines(const QString& name, const QString& description) {
+  auto* lines = Described(new QPlainTextEdit, name, description);
+  lines->setReadOnly(true);
+  lines->setTabChangesFocus(true);
+  return lines;
+}
+
+QString Joined(const std::vector<std::string>& lines) {
+  QStringList joined;
+  for (const std::string& line : lines) joined << QString::fromStdString(line);
+  return joined.join('\n');
+}
 
 } // namespace
 
@@ -35,14 +51,15 @@ frmImport::frmImport(QWidget* parent, const std::string& path, std::string text)
   contentsLbl = Described(new QLabel, "contentsLbl", "What the file brings, or why it can't be imported");
   contentsLbl->setTextFormat(Qt::PlainText);
   contentsLbl->setWordWrap(true);
-  remarksTxt = Described(new QPlainTextEdit, "remarksTxt", "What of the file is left out or assumed");
-  remarksTxt->setReadOnly(true);
-  remarksTxt->setTabChangesFocus(true);
+  remarksTxt = NewLines("remarksTxt", "What of the file is left out or assumed");
+  findingsTxt = NewLines("findingsTxt", "What the check finds about the truss: whether it holds and what is odd");
   auto* whole = new QVBoxLayout(this);
   whole->addWidget(contentsLbl);
   whole->addWidget(BuildDrawing());
   whole->addWidget(Caption("&Remarks:", remarksTxt));
   whole->addWidget(remarksTxt, 1);
+  whole->addWidget(Caption("C&heck:", findingsTxt));
+  whole->addWidget(findingsTxt, 1);
   auto* note = new QLabel("Import puts this in the place of the model in the grids. Undo brings the model back.");
   note->setWordWrap(true);
   whole->addWidget(note);
@@ -64,10 +81,13 @@ QWidget* frmImport::BuildDrawing() {
   form->addRow(Caption("&Unit:", unitCmb), unitCmb);
   form->addRow(Caption("&Tolerance (mm):", toleranceTxt), toleranceTxt);
   form->addRow(splitChk);
+  layersGrd = new LayerGrid;
+  form->addRow(Caption("&Layers:", layersGrd), layersGrd);
   group->setVisible(IsDrawing(Text, Path));
   OnSignal(unitCmb, &QComboBox::currentIndexChanged, this, [this] { Preview(); });
   OnSignal(toleranceTxt, &QLineEdit::textChanged, this, [this] { Preview(); });
   OnSignal(splitChk, &QCheckBox::toggled, this, [this] { Preview(); });
+  OnSignal(layersGrd, &QTableWidget::itemChanged, this, [this] { Preview(); });
   return group;
 }
 
@@ -87,7 +107,8 @@ QLayout* frmImport::BuildButtons() {
 DrawingOptions frmImport::Options() const {
   return {.metres = MetresOfUnit(unitCmb->currentData().toString().toStdString()),
           .tolerance = ToleranceOf(toleranceTxt->text().toStdString()),
-          .split = splitChk->isChecked()};
+          .split = splitChk->isChecked(),
+          .layers = LayersTyped(layersGrd->Typed())};
 }
 
 void frmImport::Preview() {
@@ -95,6 +116,7 @@ void frmImport::Preview() {
   Problem.clear();
   try {
     Imported = ImportText(Text, Path, Options());
+    Findings = FindingsOf(Imported.model);
   } catch (const ImportError& error) {
     Problem = error.Sentence();
   }
@@ -103,13 +125,12 @@ void frmImport::Preview() {
 
 void frmImport::ShowPreview() {
   const bool usable = Problem.empty();
-  QStringList lines;
-  if (usable) {
-    for (const std::string& remark : Imported.remarks) lines << QString::fromStdString(remark);
-    if (lines.isEmpty()) lines << "Everything in the file is taken as it stands there";
-  }
   contentsLbl->setText(QString::fromStdString(usable ? ContentsOf(Imported.model) : Problem));
-  remarksTxt->setPlainText(lines.join('\n'));
+  remarksTxt->setPlainText(usable ? Joined(Imported.remarks) : QString());
+  if (usable && Imported.remarks.empty())
+    remarksTxt->setPlainText("Everything in the file is taken as it stands there");
+  findingsTxt->setPlainText(usable ? Joined(Findings) : QString());
+  if (usable) layersGrd->Show(Imported.layers);
   btnImport->setEnabled(usable);
 }
 

@@ -3,6 +3,7 @@
 #include "modImport.h"
 
 #include <string>
+#include <vector>
 
 #include <QDialog>
 
@@ -16,8 +17,10 @@ class QPushButton;
 
 namespace strutwright {
 
-/// Shows what a file would bring before it takes the place of the model.  For a drawing it asks how to read it, and
-/// what it shows follows.
+class LayerGrid;
+
+/// Shows what a file would bring, and what the check finds about it, before it takes the place of the model.  For a
+/// drawing it asks how to read it, and what it shows follows.
 class frmImport : public QDialog {
  public:
   /// text: what the file holds.
@@ -40,11 +43,14 @@ class frmImport : public QDialog {
   std::string Text;
   std::string Problem;
   ImportedModel Imported;
+  std::vector<std::string> Findings; ///< of the check
   QLabel* contentsLbl = nullptr;
   QPlainTextEdit* remarksTxt = nullptr;
+  QPlainTextEdit* findingsTxt = nullptr;
   QComboBox* unitCmb = nullptr;
   QLineEdit* toleranceTxt = nullptr;
   QCheckBox* splitChk = nullptr;
+  LayerGrid* layersGrd = nullptr;
   QPushButton* btnImport = nullptr;
 };
 
