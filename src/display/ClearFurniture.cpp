@@ -91,6 +91,12 @@ bool IsOwnerInView(const ClearScene& scene, const ClearLabel& label, const Bound
   return area.Contains(0.5 * (bar.from + bar.to));
 }
 
+/// A text that is cut by more than its edge is not shown.
+bool LiesIn(const Bounds& area, const Bounds& text) {
+  constexpr double Edge = 2; // pixels
+  return area.GrownBy(Edge).Contains({text.left, text.top}) && area.GrownBy(Edge).Contains({text.right, text.bottom});
+}
+
 /// area: what is in view; hidden: what labels give way to.  Both in the plane of the truss.
 std::array<ShownLabels, LabelKinds> CountLabels(const ClearScene& scene, const Bounds& area,
                                                 const std::optional<TurnedBox>& hidden) {
@@ -102,7 +108,7 @@ std::array<ShownLabels, LabelKinds> CountLabels(const ClearScene& scene, const B
     if (!IsOwnerInView(scene, label, area)) continue;
     ShownLabels& count = counts.at(static_cast<std::size_t>(label.kind));
     ++count.all;
-    if (!label.IsPlaced()) continue;
+    if (!label.IsPlaced() || !LiesIn(area, BoundsOf(label.box))) continue;
     if (!hidden || !Overlap(label.box, *hidden)) ++count.shown;
   }
   return counts;
@@ -126,27 +132,29 @@ LegendFacts FactsOf(const ClearScene& scene, const PixelView& view, const ClearS
   return facts;
 }
 
-/// A legend in a row counts its places from here, so that one number says both.
-constexpr int RowPlaces = 6;
+/// One entry below the other, all in a row, or in rows of so many.  In each of them a legend has so many places,
+/// counted on from one to the next so that one number says both.
+constexpr std::array<int, 4> LegendColumns{1, 99, 3, 2};
+constexpr int PlacesOfLegend = 6;
 
 void PlaceLegend(ClearFurniture& furniture, FurniturePlacer& placer, int before) {
   if (furniture.legend.entries.empty()) return;
   const auto tryPlace = [&](int place) {
-    const bool inRow = place >= RowPlaces;
-    const LegendSize size = SizeOf(furniture.legend, inRow, placer.Surface);
-    const Bounds box = placer.At(place % RowPlaces, size.width, size.height);
+    const int columns = LegendColumns.at(static_cast<std::size_t>(place / PlacesOfLegend));
+    const LegendSize size = SizeOf(furniture.legend, columns, placer.Surface);
+    const Bounds box = placer.At(place % PlacesOfLegend, size.width, size.height);
     if (!placer.Fits(box) || !placer.IsFree(box)) return false;
     furniture.legendBox = box;
-    furniture.legendInRow = inRow;
+    furniture.legendColumns = columns;
     furniture.legendPlace = place;
     placer.Take(box);
     return true;
   };
   if (before >= 0 && tryPlace(before)) return;
-  for (const bool inRow : {false, true}) {
-    const LegendSize size = SizeOf(furniture.legend, inRow, placer.Surface);
+  for (int shape = 0; shape < static_cast<int>(LegendColumns.size()); ++shape) {
+    const LegendSize size = SizeOf(furniture.legend, LegendColumns.at(static_cast<std::size_t>(shape)), placer.Surface);
     const int place = placer.FreestPlace(size.width, size.height);
-    if (place >= 0 && tryPlace(place + (inRow ? RowPlaces : 0))) return;
+    if (place >= 0 && tryPlace(place + shape * PlacesOfLegend)) return;
   }
 }
 
@@ -267,7 +275,8 @@ ClearFurniture FurnitureOf(const PixelSurface& surface, const PixelView& view, c
 void DrawFurniture(PixelSurface& surface, const ClearFurniture& furniture) {
   for (const PixelLabel& value : furniture.axisValues) surface.PixelText(value);
   if (furniture.legendBox) {
-    DrawLegend(surface, furniture.legend, furniture.legendInRow, {furniture.legendBox->left, furniture.legendBox->top});
+    DrawLegend(surface, furniture.legend, furniture.legendColumns,
+               {furniture.legendBox->left, furniture.legendBox->top});
   }
   if (furniture.noticeBox) DrawNotice(surface, furniture);
 }

@@ -28,7 +28,7 @@ struct ClearFurniture {
   bool noticeHides = false; ///< it found no free place: labels under it are not drawn
   ClearLegend legend;
   std::optional<Bounds> legendBox;
-  bool legendInRow = false;
+  int legendColumns = 1;
   int legendPlace = -1;
   std::vector<PixelLabel> axisValues;
 

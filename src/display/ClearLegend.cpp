@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace strutwright {
 
@@ -57,6 +58,16 @@ void DrawEntry(PixelSurface& surface, const LegendEntry& entry, const ClearLegen
   surface.PixelText({{start + text / 2, left.y}, {1, 0}, entry.text, ClearPalette::Ink, ClearSize::SmallText});
 }
 
+/// Of the columns, each as wide as its widest entry; no more of them than entries.
+std::vector<double> ColumnWidths(const ClearLegend& legend, int columns, const PixelSurface& surface) {
+  std::vector<double> widths(std::clamp<std::size_t>(legend.entries.size(), 1, static_cast<std::size_t>(columns)), 0.0);
+  for (std::size_t entry = 0; entry < legend.entries.size(); ++entry) {
+    double& width = widths[entry % widths.size()];
+    width = std::max(width, WidthOfEntry(legend.entries[entry], legend, surface));
+  }
+  return widths;
+}
+
 } // namespace
 
 ClearLegend MakeLegend(const ClearSettings& settings, const LegendFacts& facts) {
@@ -80,26 +91,24 @@ ClearLegend MakeLegend(const ClearSettings& settings, const LegendFacts& facts) 
   return legend;
 }
 
-LegendSize SizeOf(const ClearLegend& legend, bool inRow, const PixelSurface& surface) {
-  LegendSize size;
-  for (const LegendEntry& entry : legend.entries) {
-    const double width = WidthOfEntry(entry, legend, surface);
-    size.width = inRow ? size.width + width + EntryGap : std::max(size.width, width);
-    size.height = inRow ? LineHeight : size.height + LineHeight;
-  }
-  if (inRow) size.width -= EntryGap;
-  return {size.width + 2 * Room, size.height + (inRow ? 0 : 2 * Room)};
+LegendSize SizeOf(const ClearLegend& legend, int columns, const PixelSurface& surface) {
+  const std::vector<double> widths = ColumnWidths(legend, columns, surface);
+  const std::size_t rows = (legend.entries.size() + widths.size() - 1) / widths.size();
+  const double gaps = EntryGap * static_cast<double>(widths.size() - 1);
+  return {std::accumulate(widths.begin(), widths.end(), gaps) + 2 * Room,
+          LineHeight * static_cast<double>(rows) + (rows > 1 ? 2 * Room : 0)};
 }
 
-void DrawLegend(PixelSurface& surface, const ClearLegend& legend, bool inRow, PixelPoint corner) {
-  PixelPoint left{corner.x + Room, corner.y + LineHeight / 2 + (inRow ? 0 : Room)};
-  for (const LegendEntry& entry : legend.entries) {
-    DrawEntry(surface, entry, legend, left);
-    if (inRow) {
-      left.x += WidthOfEntry(entry, legend, surface) + EntryGap;
-    } else {
-      left.y += LineHeight;
-    }
+void DrawLegend(PixelSurface& surface, const ClearLegend& legend, int columns, PixelPoint corner) {
+  const std::vector<double> widths = ColumnWidths(legend, columns, surface);
+  const bool oneRow = legend.entries.size() <= widths.size();
+  const PixelPoint first{corner.x + Room, corner.y + LineHeight / 2 + (oneRow ? 0 : Room)};
+  PixelPoint left = first;
+  for (std::size_t entry = 0; entry < legend.entries.size(); ++entry) {
+    DrawEntry(surface, legend.entries[entry], legend, left);
+    const std::size_t column = entry % widths.size();
+    left = column + 1 < widths.size() ? left + PixelPoint{widths[column] + EntryGap, 0}
+                                      : PixelPoint{first.x, left.y + LineHeight};
   }
 }
 

@@ -36,15 +36,15 @@ struct ClearLegend {
 
 ClearLegend MakeLegend(const ClearSettings& settings, const LegendFacts& facts);
 
-/// How much room a legend takes: its entries one below the other, or in one row.
+/// How much room a legend takes with its entries row after row in so many columns.
 struct LegendSize {
   double width = 0;
   double height = 0;
 };
-LegendSize SizeOf(const ClearLegend& legend, bool inRow, const PixelSurface& surface);
+LegendSize SizeOf(const ClearLegend& legend, int columns, const PixelSurface& surface);
 
 /// Draws it with its upper left corner at a place.
-void DrawLegend(PixelSurface& surface, const ClearLegend& legend, bool inRow, PixelPoint corner);
+void DrawLegend(PixelSurface& surface, const ClearLegend& legend, int columns, PixelPoint corner);
 
 // The looks that the drawing and its legend share.
 

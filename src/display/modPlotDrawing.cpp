@@ -33,7 +33,8 @@ struct PlotSpan {
 /// A value that never changes has a range about it.
 PlotSpan Widened(PlotSpan span) {
   const double size = std::max(std::abs(span.least), std::abs(span.most));
-  if (span.Length() > 1e-9 * size) return span;
+  constexpr double rounding = 1e-5; // of results, which have single precision
+  if (span.Length() > rounding * size) return span;
   const double room = size > 0 ? 0.1 * size : 1;
   return {span.least - room, span.most + room};
 }

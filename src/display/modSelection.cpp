@@ -35,15 +35,6 @@ void DropMissing(Selection& selection) {
   std::erase_if(selection.members, [](int m) { return m < 1 || m > MemberCount; });
 }
 
-Element ElementInReach(const DrawingSurface* surface, float x, float y) {
-  const int n = FindNode(x, y);
-  if (n != 0) return {ElementKind::Node, n};
-  const Element pointed = surface == nullptr ? Element{} : ElementAt(*surface, x, -static_cast<double>(y));
-  if (pointed.kind == ElementKind::Node) return pointed;
-  const int m = FindMember(x, y);
-  return m != 0 ? Element{ElementKind::Member, m} : pointed;
-}
-
 void Select(Selection& selection, Element element, bool add) {
   if (!add) selection.Clear();
   if (element.kind == ElementKind::Node) Toggle(selection.nodes, element.number);

@@ -21,10 +21,6 @@ struct Selection {
 /// Takes numbers out that the model does not have.
 void DropMissing(Selection& selection);
 
-/// What the mouse takes hold of at a world point, in m, y upwards: a node before a member, closer than PickRadius or,
-/// where that is little on the screen, within PointingReach.  surface: nullptr for PickRadius alone.
-Element ElementInReach(const DrawingSurface* surface, float x, float y);
-
 /// Selects an element.  add: what was selected stays, and the element changes whether it is selected; otherwise it
 /// becomes the whole selection, and nothing does where there is none.
 void Select(Selection& selection, Element element, bool add);

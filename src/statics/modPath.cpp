@@ -21,9 +21,22 @@ constexpr const char* PathExample = "numbers and ranges, such as 1-10 or 1,3,5";
 double XOf(int node) { return NodeTable(node, NodeX); }
 double YOf(int node) { return NodeTable(node, NodeY); }
 
-std::string WithoutBlanks(std::string text) {
-  std::erase_if(text, [](char c) { return c == ' ' || c == '\t'; });
-  return text;
+/// Without blanks beside commas and dashes; one between two digits parts nothing.
+std::string WithoutBlanks(const std::string& text) {
+  const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
+  const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+  std::string kept;
+  bool parted = false;
+  for (const char c : text) {
+    if (isBlank(c)) {
+      parted = true;
+      continue;
+    }
+    if (parted && isDigit(c) && !kept.empty() && isDigit(kept.back())) kept += ' ';
+    parted = false;
+    kept += c;
+  }
+  return kept;
 }
 
 /// The value of digits; nothing where there is anything else.  What is too large for an int is larger than any node.

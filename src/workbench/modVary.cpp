@@ -22,7 +22,6 @@ namespace {
 
 constexpr int DigitsOfFloat = 7;
 
-bool IsWhole(VariedKind kind) { return kind == VariedKind::Span || kind == VariedKind::Height; }
 bool IsOfMembers(VariedKind kind) { return kind == VariedKind::MemberE || kind == VariedKind::MemberA; }
 
 /// The field of a node or a member that a kind is about.
@@ -66,8 +65,8 @@ std::optional<std::vector<int>> NumbersIn(const std::string& list, int count) {
 std::vector<int> Rows(const Varied& varied) {
   if (IsOfMembers(varied.kind)) return NumbersIn(varied.numbers, MemberCount).value_or(std::vector<int>{});
   std::vector<int> rows;
-  for (int n = 1; n <= NodeCount && IsWhole(varied.kind); ++n) rows.push_back(n);
-  if (!IsWhole(varied.kind)) rows.push_back(NumberIn(varied.numbers).value_or(0));
+  for (int n = 1; n <= NodeCount && IsStretched(varied.kind); ++n) rows.push_back(n);
+  if (!IsStretched(varied.kind)) rows.push_back(NumberIn(varied.numbers).value_or(0));
   return rows;
 }
 
@@ -87,7 +86,7 @@ Range RangeOf(int field) {
 
 /// What stands in a row once the quantity has a value.
 double Written(const Varied& varied, int row, double value, const Range& range) {
-  if (!IsWhole(varied.kind)) return value;
+  if (!IsStretched(varied.kind)) return value;
   const double share = (NodeTable(row, FieldOf(varied.kind)) - range.least) / (range.most - range.least);
   constexpr double largest = std::numeric_limits<float>::max();
   return std::clamp(range.least + share * value, -largest, largest);
@@ -99,7 +98,7 @@ struct NewValue {
 };
 
 std::vector<NewValue> NewValues(const Varied& varied, double value) {
-  const Range range = IsWhole(varied.kind) ? RangeOf(FieldOf(varied.kind)) : Range{};
+  const Range range = IsStretched(varied.kind) ? RangeOf(FieldOf(varied.kind)) : Range{};
   std::vector<NewValue> values;
   for (const int row : Rows(varied)) {
     values.push_back({row, NumberText(static_cast<float>(Written(varied, row, value, range)))});
@@ -164,7 +163,7 @@ std::string UnitOf(VariedKind kind) {
 }
 
 std::string VariedFault(const Varied& varied) {
-  if (IsWhole(varied.kind)) {
+  if (IsStretched(varied.kind)) {
     const Range range = RangeOf(FieldOf(varied.kind));
     if (range.most > range.least) return "";
     return varied.kind == VariedKind::Span ? "The truss has no span to vary: enter nodes beside each other"
@@ -181,7 +180,7 @@ std::string VariedFault(const Varied& varied) {
 }
 
 double ValueOf(const Varied& varied) {
-  if (IsWhole(varied.kind)) {
+  if (IsStretched(varied.kind)) {
     const Range range = RangeOf(FieldOf(varied.kind));
     return range.most - range.least;
   }

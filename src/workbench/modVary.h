@@ -12,6 +12,9 @@ namespace strutwright {
 
 enum class VariedKind { Span, Height, NodeX, NodeY, LoadX, LoadY, MemberE, MemberA };
 
+/// Whether every node moves in proportion, so that the value must stay above zero.
+inline bool IsStretched(VariedKind kind) { return kind == VariedKind::Span || kind == VariedKind::Height; }
+
 /// What is varied: for a node its number, for E or A a list of members such as "1-3,7".
 struct Varied {
   VariedKind kind = VariedKind::Height;

@@ -89,6 +89,13 @@ TEST_F(PlotDrawingTest, HasARangeAboutAValueThatNeverChanges) {
   EXPECT_THAT(Texts(PlotThrough({{0, 7}, {1, 7}})), Contains("7"));
 }
 
+TEST_F(PlotDrawingTest, ShowsNoRoundingAsAChange) {
+  const auto curve = Curve(PlotThrough({{0, -7.5}, {1, -7.49997}, {2, -7.50001}}));
+  ASSERT_EQ(curve.size(), 2U);
+  EXPECT_NEAR(curve[0].from.y, curve[0].to.y, 1);
+  EXPECT_NEAR(curve[1].from.y, curve[1].to.y, 1);
+}
+
 TEST_F(PlotDrawingTest, MarksWhereThingsStandNow) {
   Plot plot = PlotThrough({{0, 0}, {2, 20}});
   plot.mark = CurvePoint{1, 10};

@@ -46,27 +46,6 @@ TEST_F(PointingTest, HasTheSameReachAtEveryZoomAndPickRadius) {
   EXPECT_EQ(At(2, -0.65), Element{});
 }
 
-TEST_F(PointingTest, TheMouseTakesHoldWithinThePickRadiusOrSixPixels) {
-  PickRadius = 0.5F;
-  EXPECT_EQ(ElementInReach(&surface, 0.4F, 0), NodeNo(1));
-  EXPECT_EQ(ElementInReach(&surface, 2, 0.4F), MemberNo(1));
-  PickRadius = 0.01F;
-  EXPECT_EQ(ElementInReach(&surface, 0.05F, 0), NodeNo(1));
-  EXPECT_EQ(ElementInReach(&surface, 2, 0.05F), MemberNo(1));
-  EXPECT_EQ(ElementInReach(&surface, 2, 0.07F), Element{});
-}
-
-TEST_F(PointingTest, TheMouseTakesANodeNearbyBeforeAMemberUnderIt) {
-  PickRadius = 0.01F;
-  EXPECT_EQ(ElementInReach(&surface, 0.04F, 0), NodeNo(1));
-}
-
-TEST_F(PointingTest, WithoutADisplayThePickRadiusAloneCounts) {
-  PickRadius = 0.01F;
-  EXPECT_EQ(ElementInReach(nullptr, 0.05F, 0.05F), Element{});
-  EXPECT_EQ(ElementInReach(nullptr, 2, 0), MemberNo(1));
-}
-
 TEST_F(PointingTest, PrefersANodeToItsMembers) {
   EXPECT_EQ(At(4.05, 0.01), NodeNo(2));
   EXPECT_EQ(At(3.9, 0.01), MemberNo(1));

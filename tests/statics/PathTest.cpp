@@ -46,6 +46,12 @@ TEST_F(PathTest, MayBeASingleNode) {
 
 TEST_F(PathTest, CountsBlanksForNothing) { EXPECT_THAT(Read(" 1 - 3 , 4,\t5 "), ElementsAre(1, 2, 3, 4, 5)); }
 
+TEST_F(PathTest, JoinsNoNumbersThatABlankParts) {
+  EXPECT_EQ(FaultOfPath("1 2"), "\"1 2\" is no part of a path: write node numbers and ranges, such as 1-10 or 1,3,5");
+  EXPECT_EQ(FaultOfPath("1,2 3-4"),
+            "\"2 3-4\" is no part of a path: write node numbers and ranges, such as 1-10 or 1,3,5");
+}
+
 TEST_F(PathTest, NamesNodesThatExist) {
   const std::string unknown = ", but the nodes are numbered 1 to 8: name nodes that exist";
   EXPECT_EQ(FaultOfPath("1-9"), "The path names node 9" + unknown);

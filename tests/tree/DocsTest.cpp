@@ -197,6 +197,7 @@ const std::vector<std::pair<std::string, std::string>> OtherMessages{
     {"src/workbench/modVary.cpp", "The list names no members, or some that do not exist: write numbers up to "},
     {"src/workbench/modVary.cpp", " in this direction: choose a node and a direction that one holds"},
     {"src/windows/vary/frmVary.cpp", "The range has no length: write two numbers, the smaller one first"},
+    {"src/windows/vary/frmVary.cpp", "A span or a height stays above zero: begin the range above 0"},
     {"src/classset/modClassEntry.cpp", "Nothing differs from student to student: give a range to some quantity"},
     {"src/classset/modClassEntry.cpp", " is not whole: write where it begins, where it ends and a step"},
     {"src/classset/modClassEntry.cpp", ", which is no number: write one such as 12.5"},

@@ -274,6 +274,45 @@ TEST_F(EditToolsTest, MovesAllThatIsSelectedAsOneStep) {
   EXPECT_EQ(UndoText(), "&Undo Move Nodes");
 }
 
+TEST_F(EditToolsTest, KeepsTheResultsOfATrussThatItPutsBack) {
+  Command("mnuAnalyse").trigger();
+  auto& forces = Find<QCheckBox>("MbrForcesChk");
+  QTest::mouseClick(&forces, Qt::LeftButton); // unticked
+  const float force = MemberTable(1, MemberFieldForce);
+  Command("mnuSelectMove").trigger();
+  Take(2, 2);
+  MoveTo(3, 3);
+  EXPECT_EQ(AnalysisDone, FlagFalse);
+
+  QTest::keyClick(frame.get(), Qt::Key_Escape);
+
+  EXPECT_EQ(AnalysisDone, FlagTrue);
+  EXPECT_EQ(MemberTable(1, MemberFieldForce), force);
+  EXPECT_FALSE(forces.isChecked());
+  EXPECT_TRUE(Find<QCheckBox>("ReactionsChk").isChecked());
+  EXPECT_TRUE(ShowReactions);
+  EXPECT_EQ(Hint(), "");
+}
+
+TEST_F(EditToolsTest, KeepsTheResultsOfATrussThatIsDraggedBackToWhereItWas) {
+  Command("mnuAnalyse").trigger();
+  Command("mnuSelectMove").trigger();
+  Take(2, 2);
+  MoveTo(3, 3);
+  MoveTo(2, 2);
+  Drop(2, 2);
+  EXPECT_EQ(AnalysisDone, FlagTrue);
+  EXPECT_TRUE(ShowDeflectedShape);
+}
+
+TEST_F(EditToolsTest, SelectsNothingOfAnotherModel) {
+  Command("mnuSelectMove").trigger();
+  Click(2, 2);
+  EXPECT_FALSE(TheDisplay.Selected.IsEmpty());
+  Command("mnuNew").trigger();
+  EXPECT_TRUE(TheDisplay.Selected.IsEmpty());
+}
+
 TEST_F(EditToolsTest, PutsBackOnEscape) {
   Command("mnuSelectMove").trigger();
   Take(2, 2);

@@ -75,6 +75,32 @@ TEST_F(VaryFormTest, MovesTheTrussWithTheSlider) {
   EXPECT_THAT(Value(), StartsWith("Height (m): 2 "));
 }
 
+// The slider is dragged: each step starts from the truss as it was before.
+TEST_F(VaryFormTest, StretchesTheTrussThatItFound) {
+  Open();
+  Slider().setSliderDown(true);
+  Slider().setValue(Slider().minimum());
+  Slider().setValue(Slider().maximum());
+  EXPECT_EQ(GrJoints.Text(3, 2), "4");
+  Slider().setValue(Slider().minimum());
+  Slider().setSliderDown(false);
+  EXPECT_EQ(GrJoints.Text(3, 2), "1");
+  EXPECT_EQ(Command("mnuUndo").text(), "&Undo Vary");
+}
+
+TEST_F(VaryFormTest, KeepsHeightsAboveZero) {
+  Open();
+  for (const char* from : {"0", "-6"}) {
+    auto& box = Find<QLineEdit>("fromTxt");
+    box.setFocus();
+    box.selectAll();
+    QTest::keyClicks(&box, from);
+    QTest::keyClick(&box, Qt::Key_Return);
+    EXPECT_EQ(Value(), "A span or a height stays above zero: begin the range above 0.");
+    EXPECT_FALSE(Slider().isEnabled());
+  }
+}
+
 TEST_F(VaryFormTest, FollowsLive) {
   TheLive.mostTime = 1e9;
   Open();

@@ -29,8 +29,11 @@ bool IsTool(MouseMode mode) {
 }
 
 /// 0 where there is none.
+/// What the mouse takes hold of: within PointingReach, however large the truss is.
+Element PartAt(WorldPoint point) { return ElementAt(*DisplaySurface, point.x, -static_cast<double>(point.y)); }
+
 int NodeInReach(WorldPoint point) {
-  const Element part = ElementInReach(DisplaySurface, point.x, point.y);
+  const Element part = PartAt(point);
   return part.kind == ElementKind::Node ? part.number : 0;
 }
 
@@ -100,7 +103,7 @@ bool EditTools::PressForLoad(WorldPoint point) {
 /// A press on something that is selected keeps the selection, since it may begin a drag of all of it.
 bool EditTools::PressToSelect(const MouseEvent& event) {
   Selection& selected = TheDisplay.Selected;
-  const Element part = ElementInReach(DisplaySurface, Point.x, Point.y);
+  const Element part = PartAt(Point);
   const int n = part.kind == ElementKind::Node ? part.number : 0;
   const int m = part.kind == ElementKind::Member ? part.number : 0;
   const bool held = selected.nodes.contains(n) || selected.members.contains(m);
@@ -181,7 +184,7 @@ void EditTools::SelectRectangle(const MouseEvent& event) {
 void EditTools::Finish() {
   if (!Dragged || !Moved) {
     if (std::exchange(Toggles, false)) {
-      Select(TheDisplay.Selected, ElementInReach(DisplaySurface, PressPoint.x, PressPoint.y), true);
+      Select(TheDisplay.Selected, PartAt(PressPoint), true);
     }
     EndDrag();
     return Frame.RedrawWhatCanBeDrawn(false);
@@ -200,6 +203,8 @@ void EditTools::Finish() {
       done->Edits.PutAgain();
       AfterModelEdit();
     });
+  } else {
+    Frame.TakeBackDrag();
   }
   EndDrag();
 }
@@ -218,7 +223,8 @@ bool EditTools::Cancel() {
   if (Dragged) {
     Dragged->Edits.PutBack();
     Dragged.reset();
-    if (Moved) Frame.FollowDrag();
+    if (Moved) Frame.TakeBackDrag();
+    Frame.ShowHint("");
   }
   HideRubberBand(RubberBand::ZoomBox);
   EndDrag();

@@ -50,7 +50,7 @@ void PartMenu::AddSupport(QMenu& popUp, MenuBuilder& build, const char* name, co
 }
 
 void PartMenu::Offer(float x, float y) {
-  const Element part = ElementInReach(DisplaySurface, x, y);
+  const Element part = DisplaySurface == nullptr ? Element{} : ElementAt(*DisplaySurface, x, -static_cast<double>(y));
   Node = part.kind == ElementKind::Node ? part.number : 0;
   Member = part.kind == ElementKind::Member ? part.number : 0;
   for (QAction* each : OfNode) each->setVisible(Node != 0);

@@ -111,9 +111,11 @@ void frmGraph::DrawSelected() {
   if (!TheDisplay.Selected.IsEmpty()) DrawSelection(Surface(), TheDisplay.Selected);
 }
 
+void frmGraph::EndWalk() { Pointing->EndWalk(); }
+
 void frmGraph::LeaveMode() {
   ClearModes();
-  Pointing->EndWalk();
+  EndWalk();
   ShowMouseState();
 }
 

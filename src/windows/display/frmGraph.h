@@ -71,6 +71,9 @@ class frmGraph : public QWidget, private DisplayListener {
   /// The menus that the frame's menu bar shows while this window is active, in their order.
   const QList<QMenu*>& Menus() const { return MenuList; }
 
+  /// Takes away the mark on what keys have walked to.
+  void EndWalk();
+
  protected:
   void closeEvent(QCloseEvent* event) override;
   bool focusNextPrevChild(bool next) override;

@@ -85,6 +85,7 @@ void ImportFile(frmMain& frame, const std::string& path) {
     frmImport preview(&frame, path, ReadFileToImport(path));
     if (!preview.Fault().empty()) return Refuse(path, preview.Fault());
     if (preview.exec() != QDialog::Accepted) return;
+    frame.ForgetParts();
     frame.Edit("Import", [&preview] { ReplaceModel(preview.Model()); });
   } catch (const FileError& failure) {
     Refuse(path, failure.what());

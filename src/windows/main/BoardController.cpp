@@ -141,14 +141,19 @@ void BoardController::ClickResultSwitch(QCheckBox& box, bool& flag, bool& guard)
   }
 }
 
-void BoardController::TickResultSwitches(bool ticked) {
-  ShowReactions = ticked;
-  ShowMemberForces = ticked;
-  ShowDeflectedShape = ticked;
-  for (QCheckBox* box : {Board.ReactionsChk, Board.MbrForcesChk, Board.DSDchk}) {
+void BoardController::TickResults(const ResultTicks& ticks) {
+  const auto tick = [](QCheckBox* box, bool& flag, bool ticked) {
     const QSignalBlocker silent(box);
     box->setChecked(ticked);
-  }
+    flag = ticked;
+  };
+  tick(Board.ReactionsChk, ShowReactions, ticks.reactions);
+  tick(Board.MbrForcesChk, ShowMemberForces, ticks.memberForces);
+  tick(Board.DSDchk, ShowDeflectedShape, ticks.deflectedShape);
+}
+
+ResultTicks BoardController::TickedResults() const {
+  return {Board.ReactionsChk->isChecked(), Board.MbrForcesChk->isChecked(), Board.DSDchk->isChecked()};
 }
 
 void BoardController::ShowTickedResults() {

@@ -15,6 +15,13 @@ class Grid;
 class GridCommands;
 class frmMain;
 
+/// Which results are shown.
+struct ResultTicks {
+  bool reactions = false;
+  bool memberForces = false;
+  bool deflectedShape = false;
+};
+
 /// What the controls of the control board do: grids and edits of their cells, panels for data entry, display switches,
 /// scales and the animation.
 class BoardController {
@@ -22,7 +29,10 @@ class BoardController {
   BoardController(frmMain& frame, ControlBoard& board, GridCommands& grids);
 
   /// Sets the three flags of the results and their boxes, without the clicks and so without a drawing for each.
-  void TickResultSwitches(bool ticked);
+  void TickResultSwitches(bool ticked) { TickResults({ticked, ticked, ticked}); }
+  void TickResults(const ResultTicks& ticks);
+
+  ResultTicks TickedResults() const;
 
   /// Sets the flags of the results to what their boxes say, or to nothing without results; the boxes stay.
   void ShowTickedResults();

@@ -29,12 +29,14 @@ void MainListener::PickDropped() { Frame.Redraw(false); }
 
 /// A half-built matrix is of the old numbers.
 void MainListener::NodesRenumbered() {
+  Frame.ForgetParts();
   Frame.ResetEquations();
   Frame.ResumeLive();
 }
 
 void MainListener::ModelEmptied() {
   ClearResultGrids();
+  Frame.ForgetParts();
   Frame.EndRigidityOffer();
 }
 
@@ -45,7 +47,10 @@ void MainListener::ModelReplaced() {
   Frame.Redraw(true);
 }
 
-void MainListener::FileOpened() { Frame.ResetScales(); }
+void MainListener::FileOpened() {
+  Frame.ForgetParts();
+  Frame.ResetScales();
+}
 
 void MainListener::CaptionChanged(const std::string& caption) { Frame.SetCaption(caption); }
 

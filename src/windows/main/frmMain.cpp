@@ -234,6 +234,11 @@ void frmMain::ResetEquations() {
   if (Equations != nullptr) Equations->Reset();
 }
 
+void frmMain::ForgetParts() {
+  TheDisplay.Selected.Clear();
+  if (Graph != nullptr) Graph->EndWalk();
+}
+
 void frmMain::SetCaption(const std::string& caption) {
   Caption = QString::fromStdString(caption);
   setWindowTitle(Caption);
@@ -261,13 +266,23 @@ void frmMain::resultGrids() { strutwright::resultGrids(); }
 
 void frmMain::ReleaseCommands() {
   Holds = false;
+  BeforeDrag.reset();
   for (const auto& command : std::exchange(Waiting, {})) Run(command);
 }
 
 void frmMain::FollowDrag() {
   if (IsLive()) return Live->FollowDrag();
+  if (AnalysisDone != FlagFalse) BeforeDrag.emplace(*Board);
   EndAnalysis(false);
   RebuildModelFromGrids();
+  RedrawWhatCanBeDrawn(false);
+}
+
+void frmMain::TakeBackDrag() {
+  if (IsLive()) return Live->FollowDrag();
+  RebuildModelFromGrids();
+  if (BeforeDrag) BeforeDrag->PutBack(*Board);
+  ShowStatusTexts();
   RedrawWhatCanBeDrawn(false);
 }
 

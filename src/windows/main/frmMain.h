@@ -10,6 +10,7 @@
 #include "MainListener.h"
 #include "MainStatusBar.h"
 #include "RecoveryKeeper.h"
+#include "ResultsBeforeDrag.h"
 #include "RowLink.h"
 #include "ToolWindows.h"
 #include "TrussPresenter.h"
@@ -18,6 +19,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class QMdiSubWindow;
@@ -156,6 +158,9 @@ class frmMain : public CommandFrame {
   /// The grids have changed in the middle of a drag.  Live analysis follows at once; without it the results end.
   void FollowDrag();
 
+  /// The grids hold again what they held before the drag, and the results that it ended hold again.
+  void TakeBackDrag();
+
   /// While something is dragged, commands wait for its end.
   void HoldCommands() { Holds = true; }
   void ReleaseCommands();
@@ -208,6 +213,10 @@ class frmMain : public CommandFrame {
   void LeaveResults();
   void ShowStatusTexts();
   void ResetEquations();
+
+  /// The nodes and members that were selected or walked to have other numbers now, or none.
+  void ForgetParts();
+
   void ResetScales() { Board->ResetScales(); }
   void SetCaption(const std::string& caption);
   void ShowRecentFiles();
@@ -231,6 +240,7 @@ class frmMain : public CommandFrame {
   frmEquations* Equations = nullptr; ///< likewise
   bool Holds = false;                ///< commands wait
   std::vector<std::function<void()>> Waiting;
+  std::optional<ResultsBeforeDrag> BeforeDrag; ///< while something is dragged
   QMdiSubWindow* GraphWindow = nullptr;
   QMdiSubWindow* EquationsWindow = nullptr;
   QList<RecentFilesMenu*> RecentLists; ///< one in each File menu

@@ -174,8 +174,9 @@ std::string frmVary::Fault() const {
   if (!fault.empty()) return fault;
   const std::optional<double> from = Limit(fromTxt);
   const std::optional<double> to = Limit(toTxt);
-  if (from && to && *from < *to) return "";
-  return "The range has no length: write two numbers, the smaller one first";
+  if (!from || !to || *from >= *to) return "The range has no length: write two numbers, the smaller one first";
+  if (*from > 0 || !IsStretched(Quantity().kind)) return "";
+  return "A span or a height stays above zero: begin the range above 0";
 }
 
 /// From half of what it is to twice as much.
@@ -189,7 +190,7 @@ void frmVary::ProposeRange() {
 
 void frmVary::ChooseQuantity() {
   const VariedKind kind = Quantity().kind;
-  numbersTxt->setEnabled(kind != VariedKind::Span && kind != VariedKind::Height);
+  numbersTxt->setEnabled(!IsStretched(kind));
   ProposeRange();
   MakePlot();
 }
@@ -243,6 +244,8 @@ void frmVary::Slide() {
   if (!Sliding) Frame.CommitPendingEdit();
   Sliding = true;
   Frame.HoldCommands();
+  Edits.PutBack();
+  RebuildModelFromGrids(); // a span or a height is stretched from what it was before the slider moved
   PutValue(Quantity(), SliderValue(), Edits);
   Frame.FollowDrag();
   ShowPlot();
@@ -257,6 +260,8 @@ void frmVary::Commit() {
       Edits.PutAgain();
       AfterModelEdit();
     });
+  } else {
+    Frame.TakeBackDrag();
   }
   Edits = {};
   Sliding = false;

@@ -1,0 +1,17 @@
+#include "ResultsBeforeDrag.h"
+
+#include "modCheck.h"
+
+namespace strutwright {
+
+ResultsBeforeDrag::ResultsBeforeDrag(const BoardController& board)
+    : Members(MemberTable), Check(TheCheck), Ticks(board.TickedResults()) {}
+
+void ResultsBeforeDrag::PutBack(BoardController& board) const {
+  MemberTable = Members;
+  TheCheck = Check;
+  AnalysisDone = FlagTrue;
+  board.TickResults(Ticks);
+}
+
+} // namespace strutwright
