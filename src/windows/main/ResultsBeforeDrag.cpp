@@ -1,6 +1,7 @@
 #include "ResultsBeforeDrag.h"
 
-#include "modCheck.h"
+#include "WorkbenchState.h"
+#include "modModelStore.h"
 
 namespace strutwright {
 

@@ -2,7 +2,7 @@
 
 #include "BoardController.h"
 #include "CheckState.h"
-#include "modModelStore.h"
+#include "FieldTable.h"
 
 namespace strutwright {
 
