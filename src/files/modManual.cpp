@@ -30,7 +30,7 @@ std::string InstalledPage(const std::string& name) { return FolderAbove() + Inst
 
 std::string ManualPage(const std::string& name) {
   for (const std::string& path : std::array{InstalledPage(name), ProgramFolder() + FolderBeside + name + ".html",
-                                             FolderAbove() + BuiltFolder + name + ".html"}) {
+                                            FolderAbove() + BuiltFolder + name + ".html"}) {
     if (Files().Kind(path) == FileKind::File) return path;
   }
   return {};
