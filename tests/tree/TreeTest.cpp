@@ -26,7 +26,7 @@ using testing::IsEmpty;
 constexpr std::array<const char*, 5> FoldersWithQt{"src/windows/", "src/platform/qt/", "src/app/", "src/bracefold/",
                                                    "src/cli/"};
 /// What lies in a folder with Qt and has none all the same.
-constexpr std::array<const char*, 2> PlainFolders{"src/bracefold/families/", "src/cli/plain/"};
+constexpr std::array<const char*, 1> PlainFolders{"src/cli/plain/"};
 
 struct CompiledFile {
   std::string path; ///< relative to the tree
@@ -129,7 +129,7 @@ TEST(LayerTest, WouldFindAnIncludeOfQt) {
   EXPECT_TRUE(IncludesQt("# include <QWidget>\n"));
   EXPECT_FALSE(IncludesQt("#include \"QtShell.h\"\n// a QWidget\n"));
   EXPECT_FALSE(MayUseQt("src/platform/widgets/QtClipboard.h"));
-  EXPECT_FALSE(MayUseQt("src/bracefold/families/TrussShape.h"));
+  EXPECT_FALSE(MayUseQt("src/families/TrussShape.h"));
 }
 
 /// What each folder may use of the house.
@@ -159,7 +159,7 @@ const std::map<std::string, std::set<std::string>> AllowedLayers{
      {"platform", "qt", "model", "analysis", "check", "statics", "files", "exchange", "display", "editing", "equations",
       "workbench", "report", "worked", "classset"}},
     {"app", {"platform", "native", "qt", "windows", "app"}},
-    {"bracefold/families", {"platform", "model", "analysis", "files"}},
+    {"families", {"platform", "model", "analysis", "files"}},
     {"bracefold",
      {"platform", "native", "qt", "model", "analysis", "files", "display", "workbench", "windows", "families",
       "bracefold"}},
