@@ -1,7 +1,7 @@
 #include "ModelToOpen.h"
 
+#include <cstddef>
 #include <filesystem>
-#include <string_view>
 #include <system_error>
 
 namespace strutwright {
@@ -21,10 +21,10 @@ std::string FullPath(const fs::path& path) {
 
 } // namespace
 
-std::string ModelToOpen(int count, const char* const* arguments) {
-  for (int i = 1; i + 1 < count; ++i) {
-    const std::string_view file = arguments[i + 1];
-    if (std::string_view(arguments[i]) == "--open") return file.empty() ? "" : FullPath(file);
+std::string ModelToOpen(const std::vector<std::string>& arguments) {
+  for (std::size_t i = 0; i + 1 < arguments.size(); ++i) {
+    const std::string& file = arguments[i + 1];
+    if (arguments[i] == "--open") return file.empty() ? "" : FullPath(file);
   }
   return "";
 }

@@ -1,5 +1,6 @@
 #include "EventGuard.h"
 #include "ModelToOpen.h"
+#include "NativeConsole.h"
 #include "NativeFileSystem.h"
 #include "NativeFileTypes.h"
 #include "NativePlaces.h"
@@ -22,8 +23,8 @@
 namespace {
 
 int RunProgram(int argc, char** argv) {
-  QApplication application(argc, argv); // takes its own arguments out
-  const std::string model = strutwright::ModelToOpen(argc, argv);
+  QApplication application(argc, argv);
+  const std::string model = strutwright::ModelToOpen(strutwright::ProgramArguments(argc, argv));
   strutwright::QtMessageBoxes messages;
   strutwright::QtFileDialog dialog;
   strutwright::QtClipboard clipboard;

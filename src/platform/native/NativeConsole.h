@@ -7,8 +7,12 @@ namespace strutwright {
 
 /// Makes the standard streams of a program without windows what its texts are: UTF-8 on a console, which gets its own
 /// code page back when the program ends, and exactly the bytes that are written in a file or a pipe.
+/// A program with windows that is started from a console writes there.
 /// To be called first in main().  Where the system has it so anyway, nothing is done.
 void SetUpConsole();
+
+/// Whether there is a screen for windows, as far as can be told without asking for one.
+bool HasScreen();
 
 /// The program's arguments in UTF-8, without its own name.  Where the shell leaves patterns like "*.stw" to the
 /// programs, the names that match stand in the place of the last component of one, in order; a pattern that nothing

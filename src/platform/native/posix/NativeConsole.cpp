@@ -1,8 +1,21 @@
 #include "NativeConsole.h"
 
+#include <cstdlib>
+
 namespace strutwright {
 
+namespace {
+
+bool IsSet(const char* variable) {
+  const char* value = std::getenv(variable);
+  return value != nullptr && *value != '\0';
+}
+
+} // namespace
+
 void SetUpConsole() {}
+
+bool HasScreen() { return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY") || IsSet("QT_QPA_PLATFORM"); }
 
 std::vector<std::string> ProgramArguments(int count, char* const* arguments) {
   return {arguments + 1, arguments + count};

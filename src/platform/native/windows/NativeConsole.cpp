@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdio>
 #include <cstdlib>
 
 #include <windows.h>
@@ -40,9 +41,21 @@ bool IsPattern(const std::string& argument) {
   return !argument.starts_with('-') && argument.find_first_of("*?") != std::string::npos;
 }
 
+/// A program with windows gets no console of its own; where its starter has one and the output goes nowhere else, it
+/// goes there.
+void AttachToConsoleOfStarter() {
+  if (GetStdHandle(STD_OUTPUT_HANDLE) != nullptr || AttachConsole(ATTACH_PARENT_PROCESS) == 0) return;
+  for (std::FILE* const stream : {stdout, stderr}) {
+    if (std::freopen("CONOUT$", "w", stream) == nullptr) return;
+  }
+}
+
 } // namespace
 
+bool HasScreen() { return true; }
+
 void SetUpConsole() {
+  AttachToConsoleOfStarter();
   constexpr int StandardStreams = 3;
   for (int file = 0; file < StandardStreams; ++file) {
     if (!IsTerminal(file)) _setmode(file, _O_BINARY);
