@@ -1,6 +1,7 @@
 #include "Motions.h"
 
-#include <Eigen/SPQRSupport>
+#include "Echelon.h"
+
 #include <Eigen/Sparse>
 
 #include <algorithm>
@@ -8,7 +9,6 @@
 #include <cmath>
 #include <numeric>
 #include <optional>
-#include <stdexcept>
 #include <utility>
 
 namespace strutwright {
@@ -16,10 +16,8 @@ namespace strutwright {
 namespace {
 
 using Matrix = Eigen::SparseMatrix<double>;
-using RowMatrix = Eigen::SparseMatrix<double, Eigen::RowMajor, SuiteSparse_long>;
+using RowMatrix = Echelon::RowMatrix;
 
-/// A column this close to the span of those before it depends on them, as far as double precision can show.
-constexpr double RankTolerance = 1e-12;
 /// Least eigenvalue of the product of the matrix with its transpose that inverse iteration distinguishes from rounding.
 constexpr double MinCertain = 1e-10;
 /// The roundings of coordinates that are taken to have met in the worst way.
@@ -146,37 +144,6 @@ bool IsSurelyStable(const CheckedTruss& truss, const Kinematics& kinematics) {
   return !IsFreeWithinRounding(truss, kinematics, motion, CautiousRoundings);
 }
 
-/// The factor R with its rows at hand.  The first entry of a row stands in the column that the row belongs to; a
-/// column that no row belongs to depends on those before it.
-struct Echelon {
-  RowMatrix R;
-  std::vector<Eigen::Index> leading;   ///< column of each row
-  std::vector<Eigen::Index> dependent; ///< columns without a row
-  std::vector<Eigen::Index> order;     ///< column of the matrix that was factorised, by column of R
-};
-
-Echelon Factorise(const Matrix& B) {
-  Eigen::SPQR<Matrix> QR;
-  QR.setPivotThreshold(RankTolerance);
-  QR.setSPQROrdering(SPQR_ORDERING_AMD);
-  QR.compute(B);
-  if (QR.info() != Eigen::Success) throw std::runtime_error("the rank of the truss could not be found");
-  Echelon echelon{RowMatrix(QR.matrixR()), {}, {}, {}};
-  const auto permutation = QR.colsPermutation();
-  std::vector<char> independent(static_cast<std::size_t>(B.cols()), 0);
-  for (Eigen::Index row = 0; row < QR.rank(); ++row) {
-    RowMatrix::InnerIterator entry(echelon.R, row);
-    while (entry && entry.value() == 0) ++entry;
-    echelon.leading.push_back(entry.col());
-    independent[static_cast<std::size_t>(entry.col())] = 1;
-  }
-  for (Eigen::Index column = 0; column < B.cols(); ++column) {
-    if (independent[static_cast<std::size_t>(column)] == 0) echelon.dependent.push_back(column);
-    echelon.order.push_back(permutation.indices()(column));
-  }
-  return echelon;
-}
-
 /// The motion in which a dependent column has 1, the other dependent ones nothing: R x = 0 by back substitution.
 std::vector<double> MotionOf(const Echelon& echelon, Eigen::Index dependent) {
   std::vector<double> x(echelon.order.size(), 0);
@@ -271,7 +238,7 @@ void AddMotionsWithinRounding(const CheckedTruss& truss, const Kinematics& kinem
 /// Judges the truss as its members were given these directions; rounding of coordinates may have hidden a motion.
 /// most: motions to describe.
 Motions Judge(const CheckedTruss& truss, const Kinematics& kinematics, std::size_t most) {
-  const Echelon echelon = kinematics.freedoms.empty() ? Echelon{} : Factorise(kinematics.elongations);
+  const Echelon echelon = kinematics.freedoms.empty() ? Echelon{} : EchelonOf(kinematics.elongations);
   const auto dependent = static_cast<int>(echelon.dependent.size());
   Motions motions;
   motions.mechanisms = dependent + static_cast<int>(kinematics.loose.size());

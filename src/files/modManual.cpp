@@ -9,6 +9,9 @@ namespace strutwright {
 
 namespace {
 
+/// Beside the program, as on Windows.
+constexpr const char* FolderBeside = "/manual/";
+
 constexpr const char* InstalledFolder = "/share/doc/strutwright/manual/";
 
 /// From the folder that holds the program's: where programs are built, and where the manual is.
@@ -26,7 +29,8 @@ std::string InstalledPage(const std::string& name) { return FolderAbove() + Inst
 } // namespace
 
 std::string ManualPage(const std::string& name) {
-  for (const std::string& path : std::array{InstalledPage(name), FolderAbove() + BuiltFolder + name + ".html"}) {
+  for (const std::string& path : std::array{InstalledPage(name), ProgramFolder() + FolderBeside + name + ".html",
+                                            FolderAbove() + BuiltFolder + name + ".html"}) {
     if (Files().Kind(path) == FileKind::File) return path;
   }
   return {};
