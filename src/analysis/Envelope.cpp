@@ -36,8 +36,8 @@ double Envelope::Updates() const {
   return sum;
 }
 
-// Column p exchanges and fills rows down to lowestRow[p] only, and only with each other.  Since what a column reaches
-// contains what those before it reached, all of them hold nothing right of where one of them began to.
+// Eliminating column p touches no row below lowestRow[p].  The rows reached only grow with p, so none of them gets an
+// entry to the right of the largest last column among the rows reached so far.
 Envelope EnvelopeOf(const StiffnessMatrix& K) {
   const auto size = static_cast<std::size_t>(K.Freedoms()) + 1;
   Envelope envelope{std::vector<int>(size), std::vector<int>(size)};

@@ -31,7 +31,8 @@ void Eliminate(RowEquations& equations, LongWork& work) {
   }
 }
 
-/// Nothing where a value is not finite and an entry is left out: zero times infinity would make it no number.
+/// No result where a value is not finite and entries were left out: zero times infinity is not zero.  The caller then
+/// solves with all entries.
 std::optional<SolveOutcome> SolveRows(RowEquations equations, std::vector<float>& D, LongWork& work) {
   Eliminate(equations, work);
   if (!equations.CanBeTrusted()) return std::nullopt;

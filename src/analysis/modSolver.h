@@ -16,8 +16,8 @@ enum class SolveOutcome { Solved, Unstable };
 
 /// Solves K D = P.  K: kN/mm; P, D: (0..n), entry 0 not used, in kN and mm.  D is untouched unless it is solved.
 /// work: learns how far it is; what it throws passes through.
-/// Gaussian elimination with row pivoting; every entry is rounded to a 32-bit float after each of its updates, and
-/// whatever is left out because it is zero, every bit is as if it were not.  Source: docs/method.md, 5 and 9.
+/// Gaussian elimination with row pivoting; every entry is rounded to a 32-bit float after each of its updates.
+/// Leaving out entries that are zero changes no bit of the result.  Source: docs/method.md, 5 and 9.
 SolveOutcome SolveEquations(const StiffnessMatrix& K, std::vector<float>& D, const std::vector<float>& P,
                             LongWork& work);
 

@@ -18,8 +18,8 @@ constexpr double WorthIt = 0.75;
 constexpr double WorthItForNodes = 0.9;
 /// Pairs of a node and a piece that are compared without more ado.
 constexpr std::size_t FewPairs = 4000;
-/// Comparisons of rectangles with each other, and with nodes, that are enough to say that a model is a tangle, and what
-/// a visit counts beside them.
+/// After so many comparisons of rectangles with each other, or with nodes, the model counts as a tangle and the search
+/// gives up.  A visit counts as so many comparisons.
 constexpr long MaxEffort = 6000000;
 constexpr long MaxEffortForNodes = 6000000;
 constexpr long VisitEffort = 12;

@@ -16,7 +16,7 @@ class ModelListener {
   /// The model in the tables has changed, or what is drawn of it is out of date.
   virtual void ModelChanged() {}
 
-  /// What was picked for a command is left as it is.
+  /// A command on something picked was declined: the pick is dropped, the model is unchanged.
   virtual void PickDropped() {}
 
   /// The nodes have other numbers.

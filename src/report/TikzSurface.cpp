@@ -176,7 +176,7 @@ void TikzSurface::DrawText(const std::string& text) {
 
 void TikzSurface::SavePicture(const std::string& path) { SaveWholeFile(path, Document()); }
 
-/// Whether \documentclass may still come is how the file knows that nobody has taken it in.
+/// Where \documentclass is still allowed, no document has taken the file in by \input: it makes one of itself.
 std::string TikzSurface::Document() const {
   return "% A truss, drawn by Strutwright.  Compile this file by itself, or \\input it in a document that has\n"
          "% \\usepackage{tikz}.  The styles below say how it looks; every label is a text to edit.\n"

@@ -49,8 +49,8 @@ Viewpoint ViewpointOf(const std::vector<ForceLine>& lines) {
   return view;
 }
 
-/// What is nothing beside every line given, and not beside `one`: their common point or direction, as weights.
-/// Nothing where there is no such thing.
+/// The point (or direction) that all lines in `others` pass through and `one` does not, as weights of an equation of
+/// equilibrium: only `one` has a moment about it.  Nothing if there is no such point.
 std::optional<Wrench> WeightsWithout(const std::vector<Wrench>& others, const Wrench& one, double slack) {
   if (others.empty()) return one;
   Wrench weights{};

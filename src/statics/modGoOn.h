@@ -13,8 +13,9 @@ namespace strutwright {
 // What goes on where no joint has at most two unknown forces.
 
 /// Looks for sections that go on: around a simple part of a compound truss, with or without a hinge that it shares, or,
-/// where no part has one, around one joint of whose unknown forces all but one lie on a line.  What was tried in vain
-/// is tried again only when more is known there, so that a long chain of parts takes no more than one after the other.
+/// where no part has one, around one joint of whose unknown forces all but one lie on a line.  What was tried
+/// in vain is tried again only when more is known at its nodes, so a long chain of parts isn't searched again and
+/// again.
 class SectionSearch {
  public:
   /// The truss must outlive it.

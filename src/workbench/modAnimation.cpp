@@ -32,8 +32,7 @@ void StartAnimation(Spinner& spinner) {
 
 void AnimationTick(Spinner& spinner) {
   if (!animating || MessageIsOpen()) return;
-  // Ending turns the spinner back one step too far, on purpose: the rest of the tick takes it, and the scale with it,
-  // one step up again.
+  // EndAnimation sets the spinner one step too low, on purpose: the last line here raises it, and the scale, by one.
   if (spinner.Value() == SpinnerFirst && animStep == -1) EndAnimation(spinner);
   if (spinner.Value() < SpinnerFirst) animStep = 1;
   if (spinner.Value() >= SpinnerLast) animStep = -1;

@@ -227,8 +227,8 @@ QWidget* frmEquations::BuildWorking() {
   return splWorking;
 }
 
-/// Where one stands in place of the other: a question is typed into its cell, and what the last two steps find stands
-/// in the pane alone.
+/// Where there is room for one of them only: the grids while a question is answered in a cell, the pane for forces and
+/// reactions, which stand nowhere else.
 void frmEquations::ShowPaneOrGrids() {
   const StepQuestion* question = CurrentQuestion();
   const EquationStep step = TheEquations.page.lastStep;

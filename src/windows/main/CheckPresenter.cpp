@@ -107,7 +107,7 @@ void CheckPresenter::ShowParts(const std::vector<int>& nodes, const std::vector<
   Frame.RedrawWhatCanBeDrawn(false);
 }
 
-/// Of the data or the results of nodes, 0, or members, 1, what the user has open stays.
+/// Shows a grid of nodes (0) or members (1).  Where its data or its results are shown already, nothing changes.
 void CheckPresenter::ShowGridOf(std::size_t kind) {
   QRadioButton& entered = *Board.viewOpt.at(kind);
   const QRadioButton& results = *Board.viewOpt.at(kind + 2);

@@ -104,8 +104,8 @@ std::string ExecCommand(const std::string& path) {
   const bool plain = path.find_first_of(Reserved) == std::string::npos;
   std::string word = EntryText(plain ? path : Quoted(path));
   if (path.find('%') == std::string::npos) return word;
-  // One percent sign would begin a field code, and two become one.  Some desktops look for the program before that,
-  // where it is not; env they find.
+  // "%" begins a field code in an Exec line, so it is doubled.  Some desktops look for the program before they undo
+  // that, and miss it; they do find env.
   return "env " + Escaped(word, [](char character) { return std::string(character == '%' ? 2 : 1, character); });
 }
 

@@ -94,7 +94,8 @@ class DirectPainter {
   double Ratio;
 };
 
-/// Whether nothing would be seen of a stroke; of a box or a text that is not looked into.
+/// Whether a stroke lies wholly under what is painted above it.  Only lines and circles are tested; a box or a text
+/// counts as visible.
 class HiddenStrokes {
  public:
   HiddenStrokes(const Cover& above, double ratio) : Above(above), Ratio(ratio) {}
@@ -117,7 +118,7 @@ class HiddenStrokes {
   bool operator()(const LabelStroke& /*stroke*/) const { return false; }
 
  private:
-  /// What lies in a rectangle but for half the width of its pen, or a line's pen at a corner.
+  /// Whether this rectangle is covered, grown by the pen's reach: half its width, or slightly more at a line's corner.
   bool IsHidden(double left, double top, double right, double bottom, const PenLook& pen) const {
     const double reach = 0.75 * DeviceWidth(pen, Ratio) + 0.5;
     return Above.Hides(
