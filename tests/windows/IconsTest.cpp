@@ -45,7 +45,7 @@ TEST_F(IconsTest, OfTheToolBarAreSharpOnEveryUsualScreen) {
 
 TEST_F(IconsTest, OfTheProgramsHaveTheSizesOfFramesAndListsOfWindows) {
   for (const char* name : {"strutwright", "bracefold"}) {
-    for (const int width : {16, 24, 32, 48, 64, 128}) {
+    for (const int width : {16, 18, 24, 32, 48, 64, 128}) {
       EXPECT_EQ(WidthOf(IconNamed(name), width, 1), width) << name;
       EXPECT_TRUE(IsDrawn(IconNamed(name), width)) << name << ' ' << width;
     }
