@@ -9,8 +9,9 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
-#include <numeric>
+#include <string>
 #include <utility>
+#include <vector>
 
 namespace strutwright {
 
@@ -72,9 +73,11 @@ Colour ForceColour(float force) {
 class LabelMaker {
  public:
   LabelMaker(ClearScene& scene, const ClearSettings& settings, const PixelSurface& surface)
-      : Scene(scene), Settings(settings), Surface(surface), Decimals(ForceDecimals(LargestShown())) {}
+      : Scene(scene), Settings(settings), Surface(surface), Decimals(ForceDecimals(LargestShown())),
+        Fewest(FewestDecimals()) {}
 
   void MakeAll() {
+    Scene.labels.reserve(Scene.arrows.size() + 2 * Scene.truss.bars.size() + Scene.truss.joints.size());
     for (const bool reactions : {true, false}) AddArrows(reactions);
     if (Settings.memberForces) AddForces();
     if (Settings.layers.nodeNumbers) {
@@ -96,6 +99,12 @@ class LabelMaker {
     return largest;
   }
 
+  int FewestDecimals() const {
+    return std::max(0, static_cast<int>(std::ceil(2 - std::log10(std::max(LargestShown(), 1e-6)))));
+  }
+
+  bool IsSmall() const { return Scene.truss.bars.size() <= MaxBarsForLooks; }
+
   void Add(LabelKind kind, int owner, std::string text, Colour colour, double room) {
     const int size = kind == LabelKind::MemberNumber ? Scene.text.size - 1 : Scene.text.size;
     const double width = Surface.TextWidth(text, size);
@@ -113,21 +122,22 @@ class LabelMaker {
 
   void AddForces() {
     const std::vector<ClearBar>& bars = Scene.truss.bars;
-    std::vector<int> order(bars.size());
-    std::iota(order.begin(), order.end(), 0);
-    const auto size = [&](int b) { return std::fabs(bars[static_cast<std::size_t>(b)].force); };
-    std::stable_sort(order.begin(), order.end(), [&](int a, int b) { return size(a) > size(b); });
-    for (const int b : order) {
+    std::vector<std::pair<float, int>> order; // minus its size, and the bar
+    order.reserve(bars.size());
+    for (const ClearBar& bar : bars) order.emplace_back(-std::fabs(bar.force), static_cast<int>(order.size()));
+    std::sort(order.begin(), order.end());
+    for (const auto& [size, b] : order) {
       const float force = bars[static_cast<std::size_t>(b)].force;
       Add(LabelKind::Force, b, ForceText(force, Decimals, Scene.text.compact), ForceColour(force), 0);
-      if (Scene.text.mayShorten && force != 0) AddShortTexts(Scene.labels.back(), force);
+      const bool mayShorten =
+          Scene.text.mayShorten && force != 0 && (IsSmall() || !HasNoRoom(Scene, Scene.labels.back()));
+      if (mayShorten) AddShortTexts(Scene.labels.back(), force);
     }
   }
 
   /// Without the sign, as T and C say the same; then with fewer decimals as long as a hundredth of the largest shows.
   void AddShortTexts(ClearLabel& label, float force) const {
-    const int fewest = std::max(0, static_cast<int>(std::ceil(2 - std::log10(std::max(LargestShown(), 1e-6)))));
-    for (const int decimals : {Decimals, std::min(fewest, Decimals)}) {
+    for (const int decimals : {Decimals, std::min(Fewest, Decimals)}) {
       const std::string text = ShortForceText(force, decimals);
       if (!label.shorter.empty() && text == label.shorter.back().text) continue;
       label.shorter.push_back({text, Surface.TextWidth(text, Scene.text.size) / 2 + 1});
@@ -138,6 +148,7 @@ class LabelMaker {
   const ClearSettings& Settings;
   const PixelSurface& Surface;
   int Decimals;
+  int Fewest; ///< decimals of a short text
 };
 
 /// What three of four members are longer than.
@@ -188,35 +199,38 @@ class SceneMaker {
   SceneMaker(ClearScene bare, const SceneRequest& request, const PixelSurface& surface, const ClearScene* before)
       : Bare(std::move(bare)), Request(request), Surface(surface), Before(before) {}
 
-  /// Gives how many forces find no place; with more than mostMissing the scene has no numbers.
-  int MakeIn(const TextLook& look, int mostMissing, ClearScene& scene) {
-    scene = Bare;
-    return Label(look, mostMissing, scene);
-  }
-
   /// The first look in which no force is left out, otherwise the one with the fewest, which most often is the last.
   ClearScene MakeBest(const std::vector<TextLook>& looks) {
-    constexpr int Any = std::numeric_limits<int>::max();
-    ClearScene scene;
-    TextLook best = looks.front();
-    int fewest = Any;
-    for (std::size_t look = 0; looks.size() > 1 && look < looks.size(); ++look) {
-      const int mostMissing = look + 1 < looks.size() ? 0 : std::max(0, fewest - 1);
-      const int missing = MakeIn(looks[look], mostMissing, scene);
-      if (missing <= mostMissing) return scene;
-      if (missing < fewest) best = looks[look];
-      fewest = std::min(fewest, missing);
+    ClearScene best;
+    PlacedForces fewest{Any, false};
+    for (std::size_t look = 0; looks.size() > 1 && look < looks.size() && fewest.missing > 0; ++look) {
+      const bool isLast = look + 1 == looks.size();
+      ClearScene scene = Bare;
+      const PlacedForces placed = LabelForces(looks[look], isLast ? std::max(0, fewest.missing - 1) : 0, scene);
+      if (placed.missing >= fewest.missing) continue;
+      best = std::move(scene);
+      fewest = placed;
     }
-    scene = std::move(Bare);
-    Label(best, Any, scene);
-    return scene;
+    if (!fewest.triedAll) {
+      const TextLook look = looks.size() > 1 ? best.text : looks.front();
+      best = std::move(Bare);
+      LabelForces(look, Any, best);
+    }
+    PlaceNumbers(best, BeforeIn(best.text));
+    return best;
   }
 
  private:
-  int Label(const TextLook& look, int mostMissing, ClearScene& scene) const {
+  static constexpr int Any = std::numeric_limits<int>::max();
+
+  PlacedForces LabelForces(const TextLook& look, int mostMissing, ClearScene& scene) const {
     scene.text = look;
     LabelMaker(scene, Request.settings, Surface).MakeAll();
-    return PlaceLabels(scene, Before != nullptr && Before->text == look ? &Before->labels : nullptr, mostMissing);
+    return PlaceForces(scene, BeforeIn(look), mostMissing);
+  }
+
+  const std::vector<ClearLabel>* BeforeIn(const TextLook& look) const {
+    return Before != nullptr && Before->text == look ? &Before->labels : nullptr;
   }
 
   ClearScene Bare;

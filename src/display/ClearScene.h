@@ -35,6 +35,7 @@ struct ClearLabel {
   TurnedBox box;                    ///< there, in the plane of the truss
   std::vector<ShortText> shorter{}; ///< what may be shown instead, the longest first
   int shortened = 0;                ///< how many of them have been taken instead
+  std::size_t item = 0;             ///< in the scene's plane, where it is placed
 
   /// Takes one of the shorter texts, from 1; none for 0.
   void Shorten(int times) {

@@ -19,7 +19,8 @@ std::string Digits(double size, int decimals) {
 
 /// Enough decimals that a value does not read as zero.
 int DecimalsFor(double size, int decimals) {
-  while (decimals < MaxDecimals && size < 0.5 * std::pow(10.0, -decimals)) ++decimals;
+  constexpr std::array<double, MaxDecimals + 1> Steps{1, 1e-1, 1e-2, 1e-3, 1e-4, 1e-5, 1e-6};
+  while (decimals < MaxDecimals && size < 0.5 * Steps.at(static_cast<std::size_t>(decimals))) ++decimals;
   return decimals;
 }
 

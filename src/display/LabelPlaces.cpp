@@ -179,32 +179,34 @@ std::optional<TurnedBox> LabelPlaces::AtMemberNumber(const ClearLabel& label, in
   return Upright(label, 0.5 * (bar.from + bar.to) + along * ReadingDirection(bar.along));
 }
 
-const std::vector<FreeAngle>& LabelPlaces::AnglesAt(int n) {
-  if (AnglesOf == n) return Angles;
+/// In the middle of each angle and beside it.
+const std::vector<PixelPoint>& LabelPlaces::WaysFrom(int n) {
+  constexpr std::array<double, 5> Parts{0, -0.25, 0.25, -0.1, 0.1};
+  if (WaysOf == n) return Ways;
   const auto members = Scene.truss.DirectionsAt(n);
   std::vector<double> directions(members.begin(), members.end());
   for (const PixelPoint& way : Blocked[static_cast<std::size_t>(n)]) directions.push_back(std::atan2(way.y, way.x));
-  Angles = FreeAngles(std::move(directions));
-  AnglesOf = n;
-  return Angles;
+  Ways.clear();
+  for (const FreeAngle& angle : FreeAngles(std::move(directions))) {
+    if (angle.width < MinFreeAngle) break;
+    for (std::size_t part = 0; part < (Fine ? Parts.size() : 1); ++part) {
+      const double direction = angle.middle + Parts.at(part) * angle.width;
+      Ways.push_back({std::cos(direction), std::sin(direction)});
+    }
+  }
+  WaysOf = n;
+  return Ways;
 }
 
-/// In the middle of each angle and beside it, close to the node; then the same a little farther off.
+/// Close to the node in each direction; then the same a little farther off.
 std::optional<TurnedBox> LabelPlaces::AtNodeNumber(const ClearLabel& label, int place) {
-  constexpr std::array<double, 5> Parts{0, -0.25, 0.25, -0.1, 0.1};
-  const std::vector<FreeAngle>& angles = AnglesAt(label.owner);
-  const auto wide = static_cast<std::size_t>(
-      std::count_if(angles.begin(), angles.end(), [](const FreeAngle& angle) { return angle.width >= MinFreeAngle; }));
-  const std::size_t parts = Fine ? Parts.size() : 1;
-  const std::size_t inRing = wide * parts;
+  const std::vector<PixelPoint>& ways = WaysFrom(label.owner);
   const std::size_t rings = Fine ? NumberRings.size() : 1;
   const auto index = static_cast<std::size_t>(place);
-  if (inRing == 0 || index >= inRing * rings) return std::nullopt;
-  const FreeAngle& angle = angles[index % inRing / parts];
-  const double direction = angle.middle + Parts.at(index % parts) * angle.width;
-  const PixelPoint way{std::cos(direction), std::sin(direction)};
+  if (index >= ways.size() * rings) return std::nullopt;
+  const PixelPoint way = ways[index % ways.size()];
   const PixelPoint node = Scene.truss.joints[static_cast<std::size_t>(label.owner)].at;
-  const double off = NumberGap + NumberRings.at(index / inRing) + ReachOf(label, way);
+  const double off = NumberGap + NumberRings.at(index / ways.size()) + ReachOf(label, way);
   return OffDot(Upright(label, node + off * way), node, way);
 }
 

@@ -28,7 +28,7 @@ class LabelPlaces {
   std::optional<TurnedBox> AtMemberNumber(const ClearLabel& label, int place) const;
   std::optional<TurnedBox> AtNodeNumber(const ClearLabel& label, int place);
   std::optional<TurnedBox> AtArrow(const ClearLabel& label, int place) const;
-  const std::vector<FreeAngle>& AnglesAt(int n);
+  const std::vector<PixelPoint>& WaysFrom(int n);
   double FirstSide(int bar);
   double FreeSideOf(const ClearBar& bar) const;
 
@@ -36,8 +36,8 @@ class LabelPlaces {
   bool Fine;
   std::vector<signed char> FirstSides;          ///< of each bar; 0 where it has not been asked for
   std::vector<std::vector<PixelPoint>> Blocked; ///< directions of supports and arrows, by node
-  int AnglesOf = -1;                            ///< the node of the angles below
-  std::vector<FreeAngle> Angles;
+  int WaysOf = -1;                              ///< the node of the ways below
+  std::vector<PixelPoint> Ways;                 ///< in which its number may stand, best first
 };
 
 /// The direction in which a text along a line reads from left to right; upwards where the line is upright.

@@ -17,6 +17,7 @@ OccupiedPlane::OccupiedPlane(const Bounds& area, std::size_t expected) : Area(ar
   const double height = std::max(area.Height(), 1.0);
   const double most = CellsPerItem * static_cast<double>(expected) + CellsAtLeast;
   CellSize = std::max({MinCell, std::sqrt(width * height / most), width / most, height / most});
+  PerPixel = 1 / CellSize;
   Columns = static_cast<int>(width / CellSize) + 1;
   Rows = static_cast<int>(height / CellSize) + 1;
   First.assign(static_cast<std::size_t>(Columns) * static_cast<std::size_t>(Rows), None);
@@ -24,14 +25,6 @@ OccupiedPlane::OccupiedPlane(const Bounds& area, std::size_t expected) : Area(ar
   Reaches.reserve(expected);
   Tried.reserve(expected);
   Entries.reserve(4 * expected);
-}
-
-int OccupiedPlane::ColumnOf(double x) const {
-  return static_cast<int>(std::clamp<double>(std::floor((x - Area.left) / CellSize), 0, Columns - 1));
-}
-
-int OccupiedPlane::RowOf(double y) const {
-  return static_cast<int>(std::clamp<double>(std::floor((y - Area.top) / CellSize), 0, Rows - 1));
 }
 
 void OccupiedPlane::AddTo(int row, double left, double right, std::uint32_t item) {

@@ -47,12 +47,14 @@ class OccupiedPlane {
   };
   static constexpr std::uint32_t None = 0xFFFFFFFF;
 
-  int ColumnOf(double x) const;
-  int RowOf(double y) const;
+  int ColumnOf(double x) const { return Clamped((x - Area.left) * PerPixel, Columns); }
+  int RowOf(double y) const { return Clamped((y - Area.top) * PerPixel, Rows); }
+  static int Clamped(double cell, int count) { return static_cast<int>(std::clamp<double>(cell, 0, count - 1)); }
   void AddTo(int row, double left, double right, std::uint32_t item);
 
   Bounds Area;
   double CellSize = 1;
+  double PerPixel = 1; ///< cells
   int Columns = 1;
   int Rows = 1;
   std::vector<std::uint32_t> First; ///< entry of each cell, row by row

@@ -7,15 +7,6 @@ namespace strutwright {
 
 namespace {
 
-/// Whether the shadows of two boxes on an axis lie side by side.
-bool IsPartedBy(PixelPoint axis, const TurnedBox& a, const TurnedBox& b) {
-  const auto half = [axis](const TurnedBox& box) {
-    const PixelPoint across = LeftOf(box.along);
-    return box.halfLength * std::fabs(Dot(axis, box.along)) + box.halfHeight * std::fabs(Dot(axis, across));
-  };
-  return std::fabs(Dot(axis, b.centre - a.centre)) >= half(a) + half(b);
-}
-
 /// The square of a point's distance to a line.
 double SquareToLine(PixelPoint point, PixelPoint from, PixelPoint to) {
   const PixelPoint line = to - from;
@@ -23,6 +14,19 @@ double SquareToLine(PixelPoint point, PixelPoint from, PixelPoint to) {
   const double part = square > 0 ? std::clamp(Dot(point - from, line) / square, 0.0, 1.0) : 0;
   const PixelPoint way = point - (from + part * line);
   return Dot(way, way);
+}
+
+/// The square of the distance between a line and a box that does not touch it.
+double SquareToBox(const TurnedBox& box, PixelPoint from, PixelPoint to) {
+  double least = 1e300;
+  for (const PixelPoint corner : box.Corners()) least = std::min(least, SquareToLine(corner, from, to));
+  for (const PixelPoint end : {from, to}) {
+    const double along = std::fabs(Dot(end - box.centre, box.along)) - box.halfLength;
+    const double across = std::fabs(Dot(end - box.centre, LeftOf(box.along))) - box.halfHeight;
+    const PixelPoint way{std::max(along, 0.0), std::max(across, 0.0)};
+    least = std::min(least, Dot(way, way));
+  }
+  return least;
 }
 
 /// Narrows the part of a line, from 0 to 1, to where offset + part * slope is not negative.
@@ -96,20 +100,14 @@ Bounds BoundsOf(const TurnedBox& box) {
 
 double DistanceToBox(const TurnedBox& box, PixelPoint from, PixelPoint to) {
   if (Overlap(box, StripOf(from, to, 0))) return 0;
-  double least = 1e300; // the square
-  for (const PixelPoint corner : box.Corners()) least = std::min(least, SquareToLine(corner, from, to));
-  for (const PixelPoint end : {from, to}) {
-    const double along = std::fabs(Dot(end - box.centre, box.along)) - box.halfLength;
-    const double across = std::fabs(Dot(end - box.centre, LeftOf(box.along))) - box.halfHeight;
-    const PixelPoint way{std::max(along, 0.0), std::max(across, 0.0)};
-    least = std::min(least, Dot(way, way));
-  }
-  return std::sqrt(least);
+  return std::sqrt(SquareToBox(box, from, to));
 }
 
-bool Overlap(const TurnedBox& a, const TurnedBox& b) {
-  return !IsPartedBy(a.along, a, b) && !IsPartedBy(LeftOf(a.along), a, b) && !IsPartedBy(b.along, a, b) &&
-         !IsPartedBy(LeftOf(b.along), a, b);
+bool IsNearMiddleOf(const TurnedBox& strip, const TurnedBox& box, double reach) {
+  const double gap = GapAlongSides(box, {strip.centre, strip.along, strip.halfLength, 0});
+  if (gap < 0 || gap > reach) return gap < 0;
+  const PixelPoint half = strip.halfLength * strip.along;
+  return SquareToBox(box, strip.centre - half, strip.centre + half) <= reach * reach;
 }
 
 } // namespace strutwright

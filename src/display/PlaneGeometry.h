@@ -2,6 +2,7 @@
 
 #include "PixelSurface.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <optional>
@@ -71,7 +72,25 @@ Bounds BoundsOf(const TurnedBox& box);
 /// From a box to the nearest point of a line between two; 0 where they touch.
 double DistanceToBox(const TurnedBox& box, PixelPoint from, PixelPoint to);
 
+/// How far apart two boxes are along the directions of their sides, at the side that parts them most: no more than
+/// their distance, and the same except across a corner.  Below zero where they overlap.
+inline double GapAlongSides(const TurnedBox& a, const TurnedBox& b) {
+  const PixelPoint way = b.centre - a.centre;
+  const double same = std::fabs(Dot(a.along, b.along));
+  const double turned = std::fabs(Dot(a.along, LeftOf(b.along)));
+  const double alongA = std::fabs(Dot(way, a.along)) - a.halfLength - b.halfLength * same - b.halfHeight * turned;
+  const double acrossA =
+      std::fabs(Dot(way, LeftOf(a.along))) - a.halfHeight - b.halfLength * turned - b.halfHeight * same;
+  const double alongB = std::fabs(Dot(way, b.along)) - b.halfLength - a.halfLength * same - a.halfHeight * turned;
+  const double acrossB =
+      std::fabs(Dot(way, LeftOf(b.along))) - b.halfHeight - a.halfLength * turned - a.halfHeight * same;
+  return std::max(std::max(alongA, acrossA), std::max(alongB, acrossB));
+}
+
 /// Whether two boxes share more than an edge: no side of either parts them.
-bool Overlap(const TurnedBox& a, const TurnedBox& b);
+inline bool Overlap(const TurnedBox& a, const TurnedBox& b) { return GapAlongSides(a, b) < 0; }
+
+/// Whether a box is no farther than `reach` from the middle line of a strip.
+bool IsNearMiddleOf(const TurnedBox& strip, const TurnedBox& box, double reach);
 
 } // namespace strutwright

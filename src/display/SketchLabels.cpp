@@ -137,7 +137,8 @@ void LabelSketch(PlacedSketch& placed, const PixelSurface& surface) {
   if (placed.sketch.lines.size() > MostLinesForLabels) return;
   PlaceTexts(placed, surface);
   MakeLabels(placed, surface);
-  PlaceLabels(placed.scene, nullptr, std::numeric_limits<int>::max());
+  PlaceForces(placed.scene, nullptr, std::numeric_limits<int>::max());
+  PlaceNumbers(placed.scene, nullptr);
 }
 
 } // namespace strutwright
