@@ -28,8 +28,8 @@ void EndInOrder(QtMsgType type, const QMessageLogContext& /*context*/, const QSt
 }
 
 int ShowWindow(char* programName, const TrussFamily& family, const TrussTexts& texts) {
-  // Qt ends the program where there is no display; it is asked for one only where there seems to be.
-  if (!HasScreen()) {
+  // Qt would end the program where there is none.
+  if (!HasDisplay()) {
     std::cerr << "bracefold: there is no display for the window; --out FILE writes a model without one\n";
     return BracefoldUsage;
   }

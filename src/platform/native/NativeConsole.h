@@ -11,12 +11,12 @@ namespace strutwright {
 /// To be called first in main().  Where the system has it so anyway, nothing is done.
 void SetUpConsole();
 
-/// Whether there is a screen for windows, as far as can be told without asking for one.
-bool HasScreen();
-
 /// The program's arguments in UTF-8, without its own name.  Where the shell leaves patterns like "*.stw" to the
 /// programs, the names that match stand in the place of the last component of one, in order; a pattern that nothing
 /// matches stays as it is.  count, arguments: as main() has them.
 std::vector<std::string> ProgramArguments(int count, char* const* arguments);
+
+/// Whether there seems to be a screen for windows.
+bool HasDisplay();
 
 } // namespace strutwright

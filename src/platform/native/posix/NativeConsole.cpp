@@ -15,10 +15,10 @@ bool IsSet(const char* variable) {
 
 void SetUpConsole() {}
 
-bool HasScreen() { return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY") || IsSet("QT_QPA_PLATFORM"); }
-
 std::vector<std::string> ProgramArguments(int count, char* const* arguments) {
   return {arguments + 1, arguments + count};
 }
+
+bool HasDisplay() { return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY") || IsSet("QT_QPA_PLATFORM"); }
 
 } // namespace strutwright

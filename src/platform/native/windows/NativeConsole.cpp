@@ -52,8 +52,6 @@ void AttachToConsoleOfStarter() {
 
 } // namespace
 
-bool HasScreen() { return true; }
-
 void SetUpConsole() {
   AttachToConsoleOfStarter();
   constexpr int StandardStreams = 3;
@@ -79,5 +77,7 @@ std::vector<std::string> ProgramArguments(int /*count*/, char* const* /*argument
   LocalFree(arguments);
   return texts;
 }
+
+bool HasDisplay() { return true; }
 
 } // namespace strutwright
