@@ -2,6 +2,7 @@
 #include "ClearFraming.h"
 #include "ClearTexts.h"
 #include "LabelPlaces.h"
+#include "modMember.h"
 #include "modModelStore.h"
 
 #include <gmock/gmock.h>
@@ -39,6 +40,26 @@ TEST_F(ClearLabelsTest, AnArrowWithoutRoomIsCounted) {
   EXPECT_LT(Shown(LabelKind::Arrow).shown, 7);
   EXPECT_EQ(outcome.notice, "showing " + std::to_string(Shown(LabelKind::Arrow).shown) +
                                 " of 8 loads and reactions; zoom in or point at a member");
+}
+
+// Some of the arrows stand aside, and some have no value.
+TEST_F(ClearLabelsTest, AValueStandsNearestItsOwnArrowOrIsCountedAsMissing) {
+  settings.layers.loads = true;
+  SetTables({std::vector<NodeData>(8, NodeData{4, 3, 5, -10}), {}});
+  Draw();
+  const auto distance = [](const ClearLabel& label, const ClearArrow& arrow) {
+    return DistanceToLine(label.box.centre, arrow.tail, arrow.tip);
+  };
+  int shown = 0;
+  for (const ClearLabel& label : Scene().labels) {
+    if (!label.IsPlaced()) continue;
+    ++shown;
+    for (const ClearArrow& arrow : Scene().arrows) {
+      EXPECT_LE(distance(label, Scene().arrows.at(static_cast<std::size_t>(label.owner))), distance(label, arrow));
+    }
+  }
+  EXPECT_GT(shown, 0);
+  EXPECT_EQ(Shown(LabelKind::Arrow), (ShownLabels{shown, 16}));
 }
 
 TEST_F(ClearLabelsTest, AnArrowWithoutRoomThatIsOutOfViewIsNot) {
@@ -92,6 +113,26 @@ TEST_F(ClearLabelsTest, AForceIsShortenedOnlyWhereItHasNoRoomOtherwise) {
   Draw();
   EXPECT_THAT(Texts(), Contains("+123.4 T"));
   for (const ClearLabel& label : Scene().labels) EXPECT_EQ(label.shortened, 0);
+}
+
+// In crowded drawings of many trusses; one without a minus has no room for it where it stands.
+TEST_F(ClearLabelsTest, AShortForceKeepsItsMinusWhereThereIsRoomForIt) {
+  settings.memberForces = settings.reactions = settings.layers.loads = true;
+  int kept = 0;
+  for (const int nodes : {60, 64, 68, 72}) {
+    Analyse(PrattTruss(nodes));
+    Frame();
+    for (const ClearLabel& label : Scene().labels) {
+      if (label.kind != LabelKind::Force || label.shortened == 0 || !label.IsPlaced()) continue;
+      const float force = MemberForce(Scene().truss.bars.at(static_cast<std::size_t>(label.owner)).number);
+      EXPECT_EQ(label.text.back(), force > 0 ? 'T' : 'C');
+      EXPECT_TRUE(force < 0 || label.text.front() != '-') << label.text;
+      EXPECT_EQ(label.box.halfLength, label.halfWidth);
+      EXPECT_GE(label.halfWidth, surface.TextWidth(label.text, Scene().text.size) / 2);
+      kept += label.text.front() == '-' ? 1 : 0;
+    }
+  }
+  EXPECT_GT(kept, 20);
 }
 
 TEST_F(ClearLabelsTest, ForcesGiveWayToNumbersOnlyAlongTheirMember) {
