@@ -1,7 +1,7 @@
-#include "DesktopFileTypes.h"
 #include "EventGuard.h"
 #include "ModelToOpen.h"
 #include "NativeFileSystem.h"
+#include "NativeFileTypes.h"
 #include "NativePlaces.h"
 #include "Platform.h"
 #include "QtClipboard.h"
@@ -30,7 +30,7 @@ int RunProgram(int argc, char** argv) {
   strutwright::QtShell shell;
   strutwright::QtSettingsStore settings;
   strutwright::NativeFileSystem files;
-  strutwright::DesktopFileTypes fileTypes(files, strutwright::UserDesktopPlaces(), strutwright::StartIndexTools);
+  const auto fileTypes = strutwright::MakeFileTypeRegistry(files);
   strutwright::QtPaper paper;
   strutwright::QtPrinters printers;
   strutwright::frmMain frame;
@@ -42,7 +42,7 @@ int RunProgram(int argc, char** argv) {
                                 .clipboard = &clipboard,
                                 .shell = &shell,
                                 .settings = &settings,
-                                .fileTypes = &fileTypes,
+                                .fileTypes = fileTypes.get(),
                                 .executable = strutwright::ExecutablePath(),
                                 .icon = strutwright::IconPath(strutwright::ExecutableFolder()),
                                 .paper = &paper,

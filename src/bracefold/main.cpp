@@ -1,4 +1,5 @@
 #include "BracefoldCommandLine.h"
+#include "NativeConsole.h"
 #include "NativeFileSystem.h"
 #include "NativePlaces.h"
 #include "Platform.h"
@@ -57,12 +58,13 @@ int ShowWindow(char* programName, const TrussFamily& family, const TrussTexts& t
 }
 
 int RunProgram(int argc, char** argv) {
+  SetUpConsole();
   NativeFileSystem files;
   ThePlatform().files = &files;
   const auto window = [argv](const TrussFamily& family, const TrussTexts& texts) {
     return ShowWindow(argv[0], family, texts);
   };
-  return RunBracefold(std::vector<std::string>(argv + 1, argv + argc), window, std::cout, std::cerr);
+  return RunBracefold(ProgramArguments(argc, argv), window, std::cout, std::cerr);
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "ExitStatus.h"
+#include "NativeConsole.h"
 #include "NextProgram.h"
 #include "PlainCommandLine.h"
 
@@ -15,7 +16,8 @@ const std::vector<std::string> WholePrograms{"strutwright-cli-whole", "../libexe
 } // namespace
 
 int main(int argc, char** argv) {
-  const std::vector<std::string> arguments(argv + 1, argv + argc);
+  strutwright::SetUpConsole();
+  const std::vector<std::string> arguments = strutwright::ProgramArguments(argc, argv);
   if (const auto status = strutwright::RunPlainCommand(arguments, std::cin, std::cout, std::cerr)) return *status;
   try {
     strutwright::GoOnAs(WholePrograms, argv);

@@ -4,7 +4,10 @@
 
 namespace strutwright {
 
-/// The file system of the machine, through POSIX calls.
+/// The file system of the machine, through the calls of the operating system.
+/// On Windows, what the program reads, every other program may go on reading, writing, renaming and removing; a file
+/// that another program keeps to itself is reported as such.  A symbolic link there that leads to nothing stands for
+/// itself.
 class NativeFileSystem : public FileSystem {
  public:
   FileKind Kind(const std::string& path) override;

@@ -4,7 +4,8 @@
 
 namespace strutwright {
 
-/// The file classes of Windows' registry, for everybody who uses the machine.
+/// The file classes of Windows' registry.  They are read as Windows has them in force, for everybody and for this user,
+/// and written for this user, which takes no administrator.
 class WindowsFileTypeRegistry : public FileTypeRegistry {
  public:
   /// An installer's open command passes the file with "--open".

@@ -18,7 +18,12 @@ struct SharedWork {
 
 /// Does the work in so many processes at once, 1 or more.  A process that ends early loses its piece only: another one
 /// takes its place.  Throws std::system_error where no process can be started.
+/// Windows makes no copies of a process: there this one does one piece after the other itself, whatever is asked for,
+/// and an exception loses its piece only.
 void ShareWork(const SharedWork& shared, int processes);
+
+/// What the system knows this process by.
+int ProcessNumber();
 
 /// The file number of standard error.
 inline constexpr int ErrorOutput = 2;

@@ -1,5 +1,7 @@
 #include "WindowsFileTypeRegistry.h"
 
+#include "WideText.h"
+
 #include <string>
 
 #include <windows.h>
@@ -10,26 +12,26 @@ namespace strutwright {
 
 namespace {
 
-/// UTF-8 as Windows writes it.
-std::wstring WideText(const std::string& text) {
-  const int size = static_cast<int>(text.size());
-  std::wstring wide(text.size(), L'\0');
-  const int length = MultiByteToWideChar(CP_UTF8, 0, text.data(), size, wide.data(), size);
-  wide.resize(static_cast<std::size_t>(length));
-  return wide;
-}
+/// Above the keys that are this user's.
+constexpr const char* OwnClasses = "Software\\Classes\\";
 
-/// The default value of a key; empty where there is none.
-std::wstring DefaultOf(const std::string& key) {
+/// The default value of a key below a root; empty where there is none.
+std::wstring DefaultBelow(HKEY root, const std::string& key) {
   constexpr DWORD MaxBytes = 2048;
   std::wstring value(MaxBytes / sizeof(wchar_t), L'\0');
   DWORD bytes = MaxBytes;
-  if (RegGetValueW(HKEY_CLASSES_ROOT, WideText(key).c_str(), nullptr, RRF_RT_REG_SZ, nullptr, value.data(), &bytes) !=
+  if (RegGetValueW(root, WideText(key).c_str(), nullptr, RRF_RT_REG_SZ, nullptr, value.data(), &bytes) !=
       ERROR_SUCCESS) {
     return {};
   }
   value.resize(bytes / sizeof(wchar_t) - 1); // without the zero at its end
   return value;
+}
+
+/// This user's value comes before that for everybody, as in Windows' own view of both.
+std::wstring DefaultOf(const std::string& key) {
+  const std::wstring own = DefaultBelow(HKEY_CURRENT_USER, OwnClasses + key);
+  return own.empty() ? DefaultBelow(HKEY_CLASSES_ROOT, key) : own;
 }
 
 } // namespace
@@ -42,8 +44,8 @@ bool WindowsFileTypeRegistry::IsInstalled(const std::string& typeClass, const st
 
 void WindowsFileTypeRegistry::SetDefault(const std::string& key, const std::string& value) {
   HKEY opened = nullptr;
-  if (RegCreateKeyExW(HKEY_CLASSES_ROOT, WideText(key).c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE, KEY_SET_VALUE,
-                      nullptr, &opened, nullptr) != ERROR_SUCCESS) {
+  if (RegCreateKeyExW(HKEY_CURRENT_USER, WideText(OwnClasses + key).c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
+                      KEY_SET_VALUE, nullptr, &opened, nullptr) != ERROR_SUCCESS) {
     return;
   }
   const std::wstring text = WideText(value);

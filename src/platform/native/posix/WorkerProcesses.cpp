@@ -112,6 +112,8 @@ class Worker {
 
 } // namespace
 
+int ProcessNumber() { return ::getpid(); }
+
 bool IsTerminal(int file) { return ::isatty(file) == 1; }
 
 void ShareWork(const SharedWork& shared, int processes) {

@@ -135,21 +135,6 @@ std::string NativeFileSystem::Read(const std::string& path, std::size_t offset, 
 
 void NativeFileSystem::CheckWritable(const std::string& path) { const Descriptor file(path, O_WRONLY); }
 
-std::string NativeFileSystem::CreateBeside(const std::string& path) {
-  const fs::path folder = FolderOf(path);
-  for (int attempt = 0;; ++attempt) {
-    // The name is short whatever the target's name is, so that it never exceeds what the folder allows.
-    const std::string name = ".strutwright-" + std::to_string(getpid()) + "-" + std::to_string(attempt) + ".tmp";
-    std::string candidate = (folder / name).string();
-    try {
-      const Descriptor file(candidate, O_WRONLY | O_CREAT | O_EXCL);
-      return candidate;
-    } catch (const FileError& error) {
-      if (error.code != std::errc::file_exists) throw;
-    }
-  }
-}
-
 void NativeFileSystem::Create(const std::string& path) { const Descriptor file(path, O_WRONLY | O_CREAT | O_EXCL); }
 
 void NativeFileSystem::Write(const std::string& path, const std::string& bytes) {
