@@ -135,20 +135,14 @@ class LabelMaker {
     }
   }
 
-  /// Without the sign, as T and C say the same, and a minus comes back where there is room for it; then with fewer
-  /// decimals as long as a hundredth of the largest shows.
+  /// Without the sign, as T and C say the same; then with fewer decimals as long as a hundredth of the largest shows.
   void AddShortTexts(ClearLabel& label, float force) const {
     for (const int decimals : {Decimals, std::min(Fewest, Decimals)}) {
       const std::string text = ShortForceText(force, decimals);
       if (!label.shorter.empty() && text == label.shorter.back().text) continue;
-      label.shorter.push_back({text, HalfWidthOf(text)});
-      if (force > 0) continue;
-      label.shorter.back().withMinus = "-" + text;
-      label.shorter.back().halfWithMinus = HalfWidthOf("-" + text);
+      label.shorter.push_back({text, Surface.TextWidth(text, Scene.text.size) / 2 + 1});
     }
   }
-
-  double HalfWidthOf(const std::string& text) const { return Surface.TextWidth(text, Scene.text.size) / 2 + 1; }
 
   ClearScene& Scene;
   const ClearSettings& Settings;
@@ -223,7 +217,6 @@ class SceneMaker {
       LabelForces(look, Any, best);
     }
     PlaceNumbers(best, BeforeIn(best.text));
-    AddMinusSigns(best);
     return best;
   }
 

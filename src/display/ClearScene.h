@@ -21,8 +21,6 @@ inline constexpr std::size_t LabelKinds = 4;
 struct ShortText {
   std::string text;
   double halfWidth = 0;
-  std::string withMinus{}; ///< the same with a narrow minus, where it leaves out one
-  double halfWithMinus = 0;
 };
 
 /// A text that belongs to something in the drawing.

@@ -84,23 +84,6 @@ class LabelPlacer {
     }
   }
 
-  void AddMinus(ClearLabel& label) {
-    if (!label.IsPlaced() || label.shortened == 0) return;
-    const ShortText& taken = label.shorter[static_cast<std::size_t>(label.shortened - 1)];
-    if (taken.withMinus.empty()) return;
-    const int place = label.place;
-    const TurnedBox box = label.box;
-    Leave(label);
-    label.halfWidth = taken.halfWithMinus;
-    const std::optional<TurnedBox> wider = Places.At(label, place);
-    if (wider && Take(label, place, *wider)) {
-      label.text = taken.withMinus;
-    } else {
-      label.halfWidth = taken.halfWidth;
-      Put(label, place, box);
-    }
-  }
-
   /// looks: how many places may be looked at from here on.
   void MoveFrom(int looks) { Looks = looks; }
 
@@ -234,11 +217,6 @@ void PlaceNumbers(ClearScene& scene, const std::vector<ClearLabel>* before) {
   for (ClearLabel& label : labels) placer.Place(label, former.Of(label));
   placer.MoveFrom(PatienceFor(scene.truss.bars.size()).forNumbers);
   for (ClearLabel& label : labels) placer.PlaceByMoving(label);
-}
-
-void AddMinusSigns(ClearScene& scene) {
-  LabelPlacer placer(scene);
-  for (ClearLabel& label : scene.labels) placer.AddMinus(label);
 }
 
 bool TouchesAnything(const ClearScene& scene, const TurnedBox& box) {

@@ -22,9 +22,6 @@ PlacedForces PlaceForces(ClearScene& scene, const std::vector<ClearLabel>* befor
 /// Places the numbers, in a scene whose forces all were tried.
 void PlaceNumbers(ClearScene& scene, const std::vector<ClearLabel>* before);
 
-/// Gives the short texts of compression their minus where it has room in the place that they have.
-void AddMinusSigns(ClearScene& scene);
-
 /// Whether there is no need to look for a place.  In a scene of many members only those get a look whose force is
 /// about as long as they are.
 bool HasNoRoom(const ClearScene& scene, const ClearLabel& label);

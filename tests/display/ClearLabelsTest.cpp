@@ -2,7 +2,6 @@
 #include "ClearFraming.h"
 #include "ClearTexts.h"
 #include "LabelPlaces.h"
-#include "modMember.h"
 #include "modModelStore.h"
 
 #include <gmock/gmock.h>
@@ -113,26 +112,6 @@ TEST_F(ClearLabelsTest, AForceIsShortenedOnlyWhereItHasNoRoomOtherwise) {
   Draw();
   EXPECT_THAT(Texts(), Contains("+123.4 T"));
   for (const ClearLabel& label : Scene().labels) EXPECT_EQ(label.shortened, 0);
-}
-
-// In crowded drawings of many trusses; one without a minus has no room for it where it stands.
-TEST_F(ClearLabelsTest, AShortForceKeepsItsMinusWhereThereIsRoomForIt) {
-  settings.memberForces = settings.reactions = settings.layers.loads = true;
-  int kept = 0;
-  for (const int nodes : {60, 64, 68, 72}) {
-    Analyse(PrattTruss(nodes));
-    Frame();
-    for (const ClearLabel& label : Scene().labels) {
-      if (label.kind != LabelKind::Force || label.shortened == 0 || !label.IsPlaced()) continue;
-      const float force = MemberForce(Scene().truss.bars.at(static_cast<std::size_t>(label.owner)).number);
-      EXPECT_EQ(label.text.back(), force > 0 ? 'T' : 'C');
-      EXPECT_TRUE(force < 0 || label.text.front() != '-') << label.text;
-      EXPECT_EQ(label.box.halfLength, label.halfWidth);
-      EXPECT_GE(label.halfWidth, surface.TextWidth(label.text, Scene().text.size) / 2);
-      kept += label.text.front() == '-' ? 1 : 0;
-    }
-  }
-  EXPECT_GT(kept, 20);
 }
 
 TEST_F(ClearLabelsTest, ForcesGiveWayToNumbersOnlyAlongTheirMember) {
