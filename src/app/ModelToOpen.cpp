@@ -1,5 +1,7 @@
 #include "ModelToOpen.h"
 
+#include "Utf8Path.h"
+
 #include <filesystem>
 #include <string_view>
 #include <system_error>
@@ -14,9 +16,9 @@ namespace {
 std::string FullPath(const fs::path& path) {
   std::error_code error;
   const fs::path full = fs::absolute(path, error);
-  if (error) return path.string();
+  if (error) return Utf8Of(path);
   const fs::path plain = full.lexically_normal();
-  return (fs::equivalent(plain, full, error) ? plain : full).string();
+  return Utf8Of(fs::equivalent(plain, full, error) ? plain : full);
 }
 
 } // namespace
@@ -24,7 +26,7 @@ std::string FullPath(const fs::path& path) {
 std::string ModelToOpen(int count, const char* const* arguments) {
   for (int i = 1; i + 1 < count; ++i) {
     const std::string_view file = arguments[i + 1];
-    if (std::string_view(arguments[i]) == "--open") return file.empty() ? "" : FullPath(file);
+    if (std::string_view(arguments[i]) == "--open") return file.empty() ? "" : FullPath(PathOf(std::string(file)));
   }
   return "";
 }

@@ -3,6 +3,7 @@
 #include "BracefoldParts.h"
 #include "DisplayState.h"
 #include "EventGuard.h"
+#include "Icons.h"
 #include "modNumberText.h"
 #include "modPlaces.h"
 #include "modPreview.h"
@@ -16,16 +17,12 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QShortcut>
 #include <QSpinBox>
 #include <QVBoxLayout>
-
-// Outside the namespace: the resources of a library that is linked statically have to be asked for.
-static void LoadIcon() { Q_INIT_RESOURCE(bracefold); }
 
 namespace strutwright {
 
@@ -48,10 +45,9 @@ void PutRow(QGridLayout& places, int row, QLabel& label, QWidget& control) {
 } // namespace
 
 frmBracefold::frmBracefold(const TrussFamily& family, const TrussTexts& texts) : Family(&family) {
-  LoadIcon();
   setObjectName("frmBracefold");
   setWindowTitle("Bracefold");
-  setWindowIcon(QIcon(":/bracefold/bracefold.svg"));
+  setWindowIcon(IconNamed("bracefold"));
   auto* body = new QHBoxLayout;
   body->addLayout(BuildFields());
   body->addLayout(BuildPicture(), 1);

@@ -20,14 +20,6 @@ namespace strutwright {
 
 namespace {
 
-bool IsSet(const char* variable) {
-  const char* value = std::getenv(variable);
-  return value != nullptr && *value != '\0';
-}
-
-/// Qt ends the program where there is no display; it is asked for one only where there seems to be.
-bool HasDisplay() { return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY") || IsSet("QT_QPA_PLATFORM"); }
-
 /// Where there is no display after all, Qt would abort: the program ends in order instead.
 void EndInOrder(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
   if (type != QtFatalMsg) return static_cast<void>(std::cerr << text.toStdString() << '\n');
@@ -36,6 +28,7 @@ void EndInOrder(QtMsgType type, const QMessageLogContext& /*context*/, const QSt
 }
 
 int ShowWindow(char* programName, const TrussFamily& family, const TrussTexts& texts) {
+  // Qt would end the program where there is none.
   if (!HasDisplay()) {
     std::cerr << "bracefold: there is no display for the window; --out FILE writes a model without one\n";
     return BracefoldUsage;

@@ -3,6 +3,7 @@
 #include "ClassFault.h"
 #include "ClassTexts.h"
 #include "Platform.h"
+#include "Utf8Path.h"
 
 #include <cstddef>
 
@@ -11,7 +12,7 @@ namespace strutwright {
 namespace {
 
 std::string WithoutEndingSlashes(std::string path) {
-  while (path.size() > 1 && path.ends_with('/')) path.pop_back();
+  while (path.size() > 1 && IsPathSeparator(path.back())) path.pop_back();
   return path;
 }
 

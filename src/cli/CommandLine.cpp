@@ -6,6 +6,7 @@
 #include "ModelInput.h"
 #include "Picture.h"
 #include "PlainOptions.h"
+#include "Utf8Path.h"
 #include "modNumberText.h"
 #include "modReportFiles.h"
 #include "modWorkedFiles.h"
@@ -70,7 +71,7 @@ bool IsNameOfModel(const std::string& name) { return name.ends_with(".stw") || n
 /// Whether two names of files to write, empty where there is none, mean one file.
 bool AreOneFile(const std::string& one, const std::string& other) {
   if (one.empty() || other.empty()) return false;
-  const auto whole = [](const std::string& name) { return std::filesystem::absolute(name).lexically_normal(); };
+  const auto whole = [](const std::string& name) { return std::filesystem::absolute(PathOf(name)).lexically_normal(); };
   return whole(one) == whole(other);
 }
 

@@ -1,6 +1,7 @@
 #include "OutputNames.h"
 
 #include "ModelInput.h"
+#include "Utf8Path.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -10,13 +11,13 @@ namespace strutwright {
 namespace {
 
 std::string WithSuffix(const std::string& asked, const std::string& suffix) {
-  std::filesystem::path path(asked);
-  const std::string name = path.stem().string() + suffix;
-  return path.replace_filename(name + path.extension().string()).string();
+  std::filesystem::path path = PathOf(asked);
+  const std::string name = Utf8Of(path.stem()) + suffix;
+  return Utf8Of(path.replace_filename(PathOf(name + Utf8Of(path.extension()))));
 }
 
 std::string BaseName(const std::string& model) {
-  return model == StandardStream ? "stdin" : std::filesystem::path(model).stem().string();
+  return model == StandardStream ? "stdin" : Utf8Of(PathOf(model).stem());
 }
 
 /// Names that differ in nothing else are one file on some disks.

@@ -2,20 +2,18 @@
 
 #include "FileState.h"
 #include "Platform.h"
+#include "Utf8Path.h"
 #include "modFileCommands.h"
 #include "modNumberText.h"
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <filesystem>
 #include <optional>
 #include <sstream>
 #include <utility>
 
 namespace strutwright {
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -71,7 +69,7 @@ std::vector<Example> ExamplesIn(const std::string& folder) {
   std::vector<Example> examples;
   if (names.empty()) return examples;
   const auto add = [&](const std::string& name, const std::string& title, const std::string& tip) {
-    examples.push_back({fs::path(folder + name).lexically_normal().string(), title, tip});
+    examples.push_back({TidyPath(folder + name), title, tip});
   };
   for (const IndexEntry& entry : IndexOf(folder)) {
     if (std::erase(names, entry.fileName) > 0) add(entry.fileName, entry.title, entry.tip);

@@ -1,8 +1,7 @@
 #include "modPlaces.h"
 
 #include "Platform.h"
-
-#include <filesystem>
+#include "Utf8Path.h"
 
 namespace strutwright {
 
@@ -37,7 +36,7 @@ void CreateDataFolder() {
 std::string OwnFile(const std::string& name) {
   const bool installed = !Files().TakesFiles(ProgramFolder());
   if (installed) CreateDataFolder();
-  return (std::filesystem::path(installed ? DataFolder() : ProgramFolder()) / name).string();
+  return Utf8Of(PathOf(installed ? DataFolder() : ProgramFolder()) / PathOf(name));
 }
 
 } // namespace strutwright

@@ -1,6 +1,7 @@
 #include "Markup.h"
 
 #include <array>
+#include <charconv>
 #include <cstddef>
 #include <utility>
 
@@ -98,6 +99,17 @@ std::string EscapedMarkup(std::string_view text) {
     }
   }
   return escaped;
+}
+
+std::string ShortNumber(double value) {
+  constexpr int decimals = 2;
+  std::array<char, 320> text{}; // the largest double has 309 digits before its point
+  const auto end = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, decimals).ptr;
+  std::string number(text.data(), end);
+  if (number.find('.') == std::string::npos) return number; // not finite
+  number.erase(number.find_last_not_of('0') + 1);
+  if (number.back() == '.') number.pop_back();
+  return number == "-0" ? "0" : number;
 }
 
 } // namespace strutwright

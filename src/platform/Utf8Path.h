@@ -15,4 +15,16 @@ inline std::string Utf8Of(const std::filesystem::path& path) {
   return {text.begin(), text.end()};
 }
 
+/// A path without "." and "..", as far as its text shows; a share on a network, "\\server\share", stays one.
+inline std::string TidyPath(const std::string& text) {
+  const std::string tidy = Utf8Of(PathOf(text).lexically_normal());
+  const bool isShare = std::filesystem::path::preferred_separator == '\\' && text.starts_with("\\\\");
+  return isShare && !tidy.starts_with("\\\\") ? "\\" + tidy : tidy;
+}
+
+/// Whether a character parts the components of a path on this system.
+inline bool IsPathSeparator(char character) {
+  return character == '/' || character == std::filesystem::path::preferred_separator;
+}
+
 } // namespace strutwright

@@ -7,7 +7,6 @@
 
 #include <array>
 #include <cmath>
-#include <cstdio>
 #include <numbers>
 #include <string_view>
 
@@ -45,19 +44,9 @@ constexpr std::array<NamedColour, 18> ColourNames{{{ClearPalette::Ground, "groun
                                                    {Grey, "grey line"},
                                                    {Orange, "orange line"}}};
 
-/// Two decimals at most, without trailing zeros: a hundredth of a pixel is nothing to see.
-std::string Short(double value) {
-  std::array<char, 32> text{};
-  std::snprintf(text.data(), text.size(), "%.2f", value);
-  std::string number(text.data());
-  number.erase(number.find_last_not_of('0') + 1);
-  if (number.back() == '.') number.pop_back();
-  return number == "-0" ? "0" : number;
-}
+std::string At(PixelPoint point) { return "(" + ShortNumber(point.x) + "," + ShortNumber(point.y) + ")"; }
 
-std::string At(PixelPoint point) { return "(" + Short(point.x) + "," + Short(point.y) + ")"; }
-
-std::string Points(double pixels) { return Short(pixels * PointsPerPixel) + "bp"; }
+std::string Points(double pixels) { return ShortNumber(pixels * PointsPerPixel) + "bp"; }
 
 /// The colour's own name for TeX, which takes no blanks.
 std::string TexColour(std::string_view name) {
@@ -83,10 +72,10 @@ bool HoldsAWord(const std::string& text) {
 
 std::string AngleOf(PixelPoint along) {
   const double degrees = std::atan2(-along.y, along.x) * 180 / std::numbers::pi;
-  return Short(degrees);
+  return ShortNumber(degrees);
 }
 
-std::string FontOf(int size) { return "\\trussfont{" + Short(size * PointsPerPixel) + "}"; }
+std::string FontOf(int size) { return "\\trussfont{" + ShortNumber(size * PointsPerPixel) + "}"; }
 
 } // namespace
 

@@ -239,7 +239,7 @@ TEST_F(AnalyseTest, KeepsToALineAMessageWhateverTheFilesName) {
 }
 
 TEST_F(AnalyseTest, SurvivesAFolderAndADevice) {
-  EXPECT_EQ(Run({"analyse", folder.Root().string()}), 2);
+  EXPECT_EQ(Run({"analyse", folder.Root()}), 2);
   EXPECT_THAT(err, HasSubstr(": Is a directory\n"));
   EXPECT_EQ(Run({"analyse", "/dev/null"}), 2);
 }

@@ -1,9 +1,11 @@
 #pragma once
 
-#include <cstdlib>
+#include "Utf8Path.h"
+
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <stdexcept>
 #include <string>
 
@@ -13,9 +15,9 @@ namespace strutwright {
 class ScratchFolder {
  public:
   ScratchFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "strutwright-test-XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no scratch folder could be made");
-    Folder = name;
+    do {
+      Folder = std::filesystem::temp_directory_path() / ("strutwright-test-" + std::to_string(std::random_device()()));
+    } while (!std::filesystem::create_directory(Folder));
     std::filesystem::permissions(Folder, std::filesystem::perms(0777));
   }
   ScratchFolder(const ScratchFolder&) = delete;
@@ -26,8 +28,8 @@ class ScratchFolder {
     std::filesystem::remove_all(Folder, error);
   }
 
-  std::string Path(const std::string& name) const { return (Folder / name).string(); }
-  const std::filesystem::path& Root() const { return Folder; }
+  std::string Path(const std::string& name) const { return Utf8Of(Folder / PathOf(name)); }
+  std::string Root() const { return Utf8Of(Folder); }
 
   /// Number of entries in the folder.
   auto EntryCount() const {
@@ -39,13 +41,13 @@ class ScratchFolder {
 };
 
 inline std::string FileBytes(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
+  std::ifstream file(PathOf(path), std::ios::binary);
   if (!file) throw std::runtime_error("cannot read " + path);
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
 inline void PutFile(const std::string& path, const std::string& bytes) {
-  std::ofstream(path, std::ios::binary) << bytes;
+  std::ofstream(PathOf(path), std::ios::binary) << bytes;
 }
 
 } // namespace strutwright

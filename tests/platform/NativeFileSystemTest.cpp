@@ -1,17 +1,11 @@
-#include "NativeFileSystem.h"
-#include "AsUser.h"
-#include "ScratchFolder.h"
+// What the file system does alike on every system.
 
-#include <chrono>
-#include <cstdint>
+#include "DiskFixture.h"
+#include "Utf8Path.h"
+
 #include <filesystem>
-#include <limits>
 #include <string>
-
-#include <fcntl.h>
-#include <sys/file.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -20,24 +14,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t Everything = std::numeric_limits<std::size_t>::max();
-
-class NativeFileSystemTest : public testing::Test {
- protected:
-  std::string Made(const std::string& name, const std::string& bytes) {
-    PutFile(folder.Path(name), bytes);
-    return folder.Path(name);
-  }
-
-  ScratchFolder folder;
-  NativeFileSystem disk;
-};
-
 TEST_F(NativeFileSystemTest, DistinguishesKinds) {
   EXPECT_EQ(disk.Kind(folder.Path("nothing")), FileKind::Missing);
   EXPECT_EQ(disk.Kind(Made("file", "x")), FileKind::File);
   EXPECT_EQ(disk.Kind(folder.Root()), FileKind::Folder);
-  EXPECT_EQ(disk.Kind("/dev/null"), FileKind::Special);
 }
 
 TEST_F(NativeFileSystemTest, DoesNotTakeAFileForAFolder) {
@@ -64,8 +44,6 @@ TEST_F(NativeFileSystemTest, CutsAFileOffAndFillsItUp) {
 TEST_F(NativeFileSystemTest, KnowsOtherNamesOfAFile) {
   const std::string path = Made("file", "x");
   EXPECT_FALSE(disk.HasOtherNames(path));
-  fs::create_symlink(path, folder.Path("symbolic"));
-  EXPECT_FALSE(disk.HasOtherNames(path));
   fs::create_hard_link(path, folder.Path("other"));
   EXPECT_TRUE(disk.HasOtherNames(path));
   EXPECT_THROW(disk.HasOtherNames(folder.Path("nothing")), FileError);
@@ -89,25 +67,6 @@ TEST_F(NativeFileSystemTest, DescribesWhyAFileCannotBeRead) {
 
 TEST_F(NativeFileSystemTest, RefusesToReadAFolder) { EXPECT_THROW(disk.Read(folder.Root(), 0, 1), FileError); }
 
-TEST_F(NativeFileSystemTest, FollowsChainsOfLinks) {
-  const std::string path = Made("file", "x");
-  fs::create_symlink("file", folder.Path("one"));
-  fs::create_symlink(folder.Path("one"), folder.Path("two"));
-  EXPECT_EQ(disk.FollowLinks(folder.Path("two")), path);
-  EXPECT_EQ(disk.FollowLinks(path), path);
-}
-
-TEST_F(NativeFileSystemTest, FollowsALinkToNothing) {
-  fs::create_symlink("missing", folder.Path("link"));
-  EXPECT_EQ(disk.FollowLinks(folder.Path("link")), folder.Path("missing"));
-}
-
-TEST_F(NativeFileSystemTest, GivesUpOnACircleOfLinks) {
-  fs::create_symlink("b", folder.Path("a"));
-  fs::create_symlink("a", folder.Path("b"));
-  EXPECT_THROW(disk.FollowLinks(folder.Path("a")), FileError);
-}
-
 TEST_F(NativeFileSystemTest, CreatesFilesBesideWithoutTouchingOthers) {
   const std::string first = disk.CreateBeside(folder.Path("model.stw"));
   const std::string second = disk.CreateBeside(folder.Path("model.stw"));
@@ -129,56 +88,6 @@ TEST_F(NativeFileSystemTest, WritesFromTheStartWithoutTruncating) {
 TEST_F(NativeFileSystemTest, DoesNotCreateWhatItShouldWrite) {
   EXPECT_THROW(disk.Write(folder.Path("nothing"), "x"), FileError);
   EXPECT_FALSE(fs::exists(folder.Path("nothing")));
-}
-
-TEST_F(NativeFileSystemTest, ReportsAFullDevice) {
-  try {
-    disk.Write("/dev/full", "x");
-    FAIL() << "nothing was thrown";
-  } catch (const FileError& error) {
-    EXPECT_STREQ(error.what(), "No space left on device");
-  }
-}
-
-struct stat StatusOf(const std::string& path) {
-  struct stat status = {};
-  EXPECT_EQ(stat(path.c_str(), &status), 0);
-  return status;
-}
-
-TEST_F(NativeFileSystemTest, CopiesTheMode) {
-  const std::string model = Made("model", "x");
-  fs::permissions(model, fs::perms(0640));
-  const std::string fresh = Made("fresh", "y");
-  disk.CopyMode(model, fresh);
-  EXPECT_EQ(StatusOf(fresh).st_mode & 07777U, 0640U);
-}
-
-TEST_F(NativeFileSystemTest, CopiesOwnerGroupAndEveryBitWhereThatIsAllowed) {
-  if (geteuid() != 0) GTEST_SKIP() << "only root may give a file away";
-  const std::string model = Made("model", "x");
-  ASSERT_EQ(chown(model.c_str(), 12345, 54321), 0);
-  ASSERT_EQ(chmod(model.c_str(), 06755), 0);
-  const std::string fresh = Made("fresh", "y");
-  disk.CopyMode(model, fresh);
-  EXPECT_EQ(StatusOf(fresh).st_uid, 12345U);
-  EXPECT_EQ(StatusOf(fresh).st_gid, 54321U);
-  EXPECT_EQ(StatusOf(fresh).st_mode & 07777U, 06755U);
-}
-
-TEST_F(NativeFileSystemTest, GivesAnotherGroupNoMoreThanEverybodyHas) {
-  if (geteuid() != 0) GTEST_SKIP() << "only root can make a file of another group";
-  const std::string model = Made("model", "x");
-  ASSERT_EQ(chown(model.c_str(), 0, 54321), 0);
-  ASSERT_EQ(chmod(model.c_str(), 06664), 0);
-  const std::string fresh = folder.Path("fresh");
-  EXPECT_EQ(AsUnprivilegedUser([&] {
-              PutFile(fresh, "y");
-              NativeFileSystem().CopyMode(model, fresh);
-              return 0;
-            }),
-            0);
-  EXPECT_EQ(StatusOf(fresh).st_mode & 07777U, 0644U);
 }
 
 TEST_F(NativeFileSystemTest, ReplacesAFileInOneStep) {
@@ -208,27 +117,10 @@ TEST_F(NativeFileSystemTest, LocksAFileWithoutChangingIt) {
   EXPECT_EQ(FileBytes(path), "x");
 }
 
-/// Whether another descriptor could lock the file now.
-bool IsFree(const std::string& path) {
-  const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  const bool isFree = flock(file, LOCK_EX | LOCK_NB) == 0;
-  close(file);
-  return isFree;
-}
-
-TEST_F(NativeFileSystemTest, HoldsALockAsLongAsItLives) {
-  const std::string path = Made("file", "x");
-  auto lock = disk.Lock(path);
-  EXPECT_FALSE(IsFree(path));
-  lock.reset();
-  EXPECT_TRUE(IsFree(path));
-}
-
 TEST_F(NativeFileSystemTest, TriesALockWithoutWaiting) {
   const std::string path = Made("file", "x");
   auto lock = disk.TryLock(path);
   ASSERT_NE(lock, nullptr);
-  EXPECT_FALSE(IsFree(path));
   EXPECT_EQ(disk.TryLock(path), nullptr);
   lock.reset();
   EXPECT_NE(disk.TryLock(path), nullptr);
@@ -239,11 +131,7 @@ TEST_F(NativeFileSystemTest, CannotTryALockInAMissingFolder) {
   EXPECT_THROW(disk.TryLock(folder.Path("missing/file")), FileError);
 }
 
-TEST_F(NativeFileSystemTest, ReportsWhenAFileWasModified) {
-  const std::string path = Made("file", "x");
-  const std::int64_t now = disk.ModifiedAt(path);
-  fs::last_write_time(path, fs::last_write_time(path) - std::chrono::milliseconds(1500));
-  EXPECT_EQ(disk.ModifiedAt(path), now - 1'500'000'000);
+TEST_F(NativeFileSystemTest, ReportsNoTimeOfAMissingFile) {
   EXPECT_THROW(disk.ModifiedAt(folder.Path("nothing")), FileError);
 }
 
@@ -257,11 +145,6 @@ TEST_F(NativeFileSystemTest, ReportsFoldersThatTakeFiles) {
   EXPECT_FALSE(disk.TakesFiles(Made("file", "x")));
 }
 
-TEST_F(NativeFileSystemTest, ReportsFoldersThatTakeNoFilesOfThisUser) {
-  fs::permissions(folder.Root(), fs::perms(0555));
-  EXPECT_EQ(AsUnprivilegedUser([&] { return disk.TakesFiles(folder.Root()) ? 1 : 0; }), 0);
-}
-
 TEST_F(NativeFileSystemTest, CreatesAFolderWithThoseAboveIt) {
   disk.CreateFolder(folder.Path("a/b"));
   disk.CreateFolder(folder.Path("a/b"));
@@ -272,18 +155,36 @@ TEST_F(NativeFileSystemTest, CannotCreateAFolderBelowAFile) {
   EXPECT_THROW(disk.CreateFolder(Made("file", "x") + "/a"), FileError);
 }
 
-TEST_F(NativeFileSystemTest, KnowsWhatAUserMayNotWrite) {
-  const std::string path = Made("file", "x");
-  fs::permissions(path, fs::perms(0444));
-  EXPECT_EQ(AsUnprivilegedUser([&] {
-              try {
-                NativeFileSystem().CheckWritable(path);
-                return 1;
-              } catch (const FileError& error) {
-                return error.code == std::errc::permission_denied ? 0 : 2;
-              }
-            }),
-            0);
+TEST_F(NativeFileSystemTest, TakesNamesOfEveryLanguage) {
+  const std::string folderName = folder.Path("Brücken 桥");
+  disk.CreateFolder(folderName);
+  const std::string path = folderName + "/Fachwerk äöü 🏗.stw";
+
+  disk.Create(path);
+  disk.Write(path, "model");
+
+  EXPECT_EQ(disk.Read(path, 0, Everything), "model");
+  EXPECT_EQ(disk.Names(folderName), std::vector<std::string>{"Fachwerk äöü 🏗.stw"});
+  EXPECT_EQ(disk.Kind(path), FileKind::File);
+  EXPECT_EQ(PathOf(disk.CreateBeside(path)).parent_path(), PathOf(folderName));
+  disk.RemoveFolder(folderName);
+  EXPECT_EQ(disk.Kind(folderName), FileKind::Missing);
+}
+
+TEST_F(NativeFileSystemTest, NamesNothingInAMissingFolder) {
+  EXPECT_TRUE(disk.Names(folder.Path("missing")).empty());
+  EXPECT_TRUE(disk.Names("").empty());
+}
+
+TEST_F(NativeFileSystemTest, RemovesAFolderWithAllThatItHolds) {
+  disk.CreateFolder(folder.Path("a/b"));
+  Made("a/b/file", "x");
+  fs::permissions(PathOf(Made("a/protected", "x")), fs::perms(0444));
+
+  disk.RemoveFolder(folder.Path("a"));
+
+  EXPECT_EQ(folder.EntryCount(), 0);
+  EXPECT_NO_THROW(disk.RemoveFolder(folder.Path("a")));
 }
 
 } // namespace

@@ -1,6 +1,5 @@
 #include "QtSettingsStore.h"
 
-#include "AsUser.h"
 #include "OffscreenApplication.h"
 #include "ScratchFolder.h"
 
@@ -11,10 +10,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#ifndef _WIN32
+#include "AsUser.h"
+#endif
+
 namespace strutwright {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::ContainsRegex;
 using testing::HasSubstr;
 
 /// Every store is one run of the program on the same file.
@@ -75,7 +79,7 @@ TEST_F(QtSettingsStoreTest, KeepsPathsOfEveryKind) {
 
 TEST_F(QtSettingsStoreTest, WritesNumbersAndPathsAsAPersonReadsThem) {
   Write("1", "/models/bridge.stw");
-  EXPECT_THAT(FileBytes(path), HasSubstr("1=/models/bridge.stw\n"));
+  EXPECT_THAT(FileBytes(path), ContainsRegex("\n1=/models/bridge.stw\r?\n"));
 }
 
 TEST_F(QtSettingsStoreTest, ReadsATextThatWasTypedWithACommaWhole) {
@@ -133,6 +137,14 @@ int HoldsValues(const QString& file) {
   return store.Get("Config", "MAX_FILES", "") == "7" ? 0 : 1;
 }
 
+TEST_F(QtSettingsStoreTest, GoesOnWithAFolderInThePlaceOfItsFile) {
+  fs::create_directory(path);
+  EXPECT_EQ(HoldsValues(File()), 0);
+  EXPECT_TRUE(fs::is_directory(path));
+}
+
+#ifndef _WIN32 // users who may not write, and a variable for the place of settings, as Unix has them
+
 TEST_F(QtSettingsStoreTest, HoldsValuesUntilTheEndWhereItsFolderCannotBeWritten) {
   fs::permissions(folder.Root(), fs::perms(0555));
   EXPECT_EQ(AsUnprivilegedUser([this] { return HoldsValues(File()); }), 0);
@@ -155,12 +167,6 @@ TEST_F(QtSettingsStoreTest, LeavesAFileAloneThatCannotBeRead) {
   EXPECT_EQ(Read("Config", "MAX_FILES"), "5");
 }
 
-TEST_F(QtSettingsStoreTest, GoesOnWithAFolderInThePlaceOfItsFile) {
-  fs::create_directory(path);
-  EXPECT_EQ(HoldsValues(File()), 0);
-  EXPECT_TRUE(fs::is_directory(path));
-}
-
 /// With the desktop's place for settings in a scratch folder.
 class ConfigHomeTest : public QtSettingsStoreTest {
  protected:
@@ -174,6 +180,8 @@ TEST_F(ConfigHomeTest, KeepsTheFileUnderTheNameOfTheExecutable) {
   EXPECT_EQ(folder.EntryCount(), 1);
   EXPECT_EQ(QtSettingsStore().Get("Config", "MAX_FILES", ""), "7");
 }
+
+#endif
 
 } // namespace
 } // namespace strutwright

@@ -16,9 +16,9 @@ namespace fs = std::filesystem;
 
 TEST(QtShellTest, StartsAProgramWithItsArgumentsLetterForLetter) {
   const ScratchFolder folder;
-  const std::string program = folder.Path("my program");
-  PutFile(program, "#!/bin/sh\nprintf '%s|' \"$@\" >\"$0.new\" && mv \"$0.new\" \"$0.given\"\n");
-  fs::permissions(program, fs::perms(0755));
+  const fs::path built(ECHO_ARGUMENTS);
+  const std::string program = folder.Path("my " + built.filename().string());
+  fs::copy_file(built, program);
 
   EXPECT_TRUE(QtShell().Start(program, {"--open", "/models/a \"b\" $c.stw", ""}));
 

@@ -219,9 +219,11 @@ TEST_F(ClassSetFormTest, RefusesToMakeNoFile) {
 TEST_F(ClassSetFormTest, SaysThatTheFolderCanNotBeWritten) {
   Open();
   TypeRange("load", "10", "40", "1");
-  dialog.WillChoose("/dev/null/class");
+  PutFile(folder.Path("file"), "");
+  const std::string below = folder.Path("file/class");
+  dialog.WillChoose(below);
   Click("btnMake");
-  EXPECT_THAT(Told(), testing::StartsWith("The folder \"/dev/null/class\" could not be written: "));
+  EXPECT_THAT(Told(), testing::StartsWith("The folder \"" + below + "\" could not be written: "));
 }
 
 TEST_F(ClassSetFormTest, LeavesNothingWhenItIsCancelled) {

@@ -120,7 +120,8 @@ TEST_F(ProgressFormTest, KeepsTheFramesPlaceForTheNextStart) {
 }
 
 TEST_F(ProgressFormTest, EndsWithoutAWordWhereItsPlaceCanNotBeKept) {
-  ThePlatform().dataFolder = "/dev/null/nowhere";
+  PutFile(folder.Path("file"), "");
+  ThePlatform().dataFolder = folder.Path("file/nowhere");
   EXPECT_TRUE(frame->close());
 }
 

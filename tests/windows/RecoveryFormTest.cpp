@@ -180,7 +180,8 @@ TEST_F(RecoveryFormTest, ShowsTheMessageOfOpenForADamagedFile) {
 }
 
 TEST_F(RecoveryFormTest, GoesOnWhereTheDataFolderCanNotBeMade) {
-  ThePlatform().dataFolder = "/dev/null/strutwright";
+  PutFile(folder.Path("file"), "");
+  ThePlatform().dataFolder = folder.Path("file/strutwright");
   GenerateElevenNodes();
   EXPECT_TRUE(LetTimerFire());
   EXPECT_FALSE(IsOffered("frmGraph"));

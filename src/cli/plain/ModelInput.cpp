@@ -2,6 +2,7 @@
 
 #include "DxfDrawing.h"
 #include "ImportError.h"
+#include "Utf8Path.h"
 #include "modImport.h"
 #include "modImportFile.h"
 #include "modModelFile.h"
@@ -73,7 +74,7 @@ std::string ReadInput(const std::string& name, std::istream& in) {
 
 bool IsSameFile(const std::string& one, const std::string& other) {
   std::error_code error;
-  return std::filesystem::equivalent(one, other, error);
+  return std::filesystem::equivalent(PathOf(one), PathOf(other), error);
 }
 
 bool IsText(const std::string& bytes) { return std::none_of(bytes.begin(), bytes.end(), IsControl); }

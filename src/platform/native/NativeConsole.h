@@ -15,4 +15,7 @@ void SetUpConsole();
 /// matches stays as it is.  count, arguments: as main() has them.
 std::vector<std::string> ProgramArguments(int count, char* const* arguments);
 
+/// Whether there seems to be a screen for windows.
+bool HasDisplay();
+
 } // namespace strutwright

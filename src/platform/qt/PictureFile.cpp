@@ -1,36 +1,19 @@
 #include "PictureFile.h"
 
 #include "FileSystem.h"
+#include "SvgPicture.h"
 
 #include <QBuffer>
 #include <QByteArray>
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
-#include <QPainter>
 #include <QSaveFile>
-#include <QSvgGenerator>
+#include <QString>
 
 namespace strutwright {
 
 namespace {
-
-QByteArray SvgBytes(const QSize& size, const std::function<void(QPainter&)>& paint) {
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  QSvgGenerator generator;
-  generator.setOutputDevice(&buffer);
-  generator.setSize(size);
-  generator.setViewBox(QRect(QPoint(0, 0), size));
-  generator.setResolution(96);
-  generator.setTitle(QStringLiteral("Strutwright"));
-  QPainter painter;
-  if (!painter.begin(&generator)) throw FileError("The picture could not be made");
-  painter.fillRect(QRect(QPoint(0, 0), size), Qt::white);
-  paint(painter);
-  painter.end();
-  return bytes;
-}
 
 void WriteAll(QFileDevice& file, const QByteArray& bytes) {
   if (!file.open(QIODevice::WriteOnly)) throw FileError(file.errorString().toStdString());
@@ -61,12 +44,11 @@ QByteArray ImageBytes(const QImage& image, const char* format) {
   return bytes;
 }
 
-void WritePicture(const std::string& path, const QImage& image, const QSize& size,
-                  const std::function<void(QPainter&)>& paint) {
+void WritePicture(const std::string& path, const QImage& image, const QSize& size, std::span<const Stroke> strokes) {
   const QString name = QString::fromStdString(path);
-  if (name.endsWith(QStringLiteral(".svg"), Qt::CaseInsensitive)) return WriteBytes(name, SvgBytes(size, paint));
-  const bool png = name.endsWith(QStringLiteral(".png"), Qt::CaseInsensitive);
-  WriteBytes(name, ImageBytes(image, png ? "PNG" : "BMP"));
+  const auto endsWith = [&](const char* ending) { return name.endsWith(QLatin1String(ending), Qt::CaseInsensitive); };
+  if (endsWith(".svg")) return WriteBytes(name, QByteArray::fromStdString(SvgPicture(strokes, size)));
+  WriteBytes(name, ImageBytes(image, endsWith(".png") ? "PNG" : "BMP"));
 }
 
 } // namespace strutwright

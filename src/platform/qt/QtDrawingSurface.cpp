@@ -10,7 +10,6 @@
 #include <utility>
 
 #include <QLineF>
-#include <QPainter>
 #include <QRectF>
 #include <QString>
 
@@ -210,15 +209,7 @@ void QtDrawingSurface::DrawText(const std::string& text) {
   Paint(TextStroke{corner, text, TextColour, TextAttribute});
 }
 
-void QtDrawingSurface::SavePicture(const std::string& path) {
-  WritePicture(path, Image(), Size, [this](QPainter& painter) {
-    for (const Stroke& stroke : Strokes) {
-      painter.save();
-      PaintStroke(painter, stroke);
-      painter.restore();
-    }
-  });
-}
+void QtDrawingSurface::SavePicture(const std::string& path) { WritePicture(path, Image(), Size, Strokes); }
 
 double QtDrawingSurface::TextWidth(const std::string& text, int size) const { return Canvas.WidthOf(text, size); }
 

@@ -1,9 +1,9 @@
 #include "frmAbout.h"
 
 #include "EventGuard.h"
+#include "Icons.h"
 
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -59,7 +59,7 @@ QLayout* frmAbout::BuildHead() {
   auto* picIcon = new QLabel;
   picIcon->setObjectName("picIcon");
   picIcon->setAccessibleName("The program's icon");
-  picIcon->setPixmap(QIcon(":/icons/strutwright.svg").pixmap(QSize(IconSize, IconSize), devicePixelRatio()));
+  picIcon->setPixmap(IconNamed("strutwright").pixmap(QSize(IconSize, IconSize), devicePixelRatio()));
   QLabel* title = NewText("lblTitle", "Strutwright");
   QFont large = title->font();
   large.setPointSizeF(1.6 * large.pointSizeF());

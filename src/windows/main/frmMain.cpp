@@ -8,6 +8,7 @@
 #include "EventGuard.h"
 #include "ExchangeCommands.h"
 #include "FramePlace.h"
+#include "Icons.h"
 #include "MainCentre.h"
 #include "MainStatusBar.h"
 #include "Menus.h"
@@ -36,15 +37,11 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QIcon>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QScreen>
 #include <QShortcut>
 #include <QToolBar>
-
-/// The icons lie in a static library, which has to be asked for them, and outside of any namespace.
-static void LoadIcons() { Q_INIT_RESOURCE(icons); }
 
 namespace strutwright {
 
@@ -60,10 +57,9 @@ constexpr QRectF EquationsShare{0.56, 0, 0.44, 1};
 } // namespace
 
 frmMain::frmMain() {
-  LoadIcons();
   setObjectName("frmMain");
   setWindowTitle("Strutwright");
-  setWindowIcon(QIcon(":/icons/strutwright.svg"));
+  setWindowIcon(IconNamed("strutwright"));
   stsBar = new MainStatusBar(this);
   setStatusBar(stsBar);
   stsBar->SetCheckNotice([this] { Run([this] { ShowCheck(); }); });
@@ -106,7 +102,7 @@ void frmMain::BuildToolBar() {
   bar->setMovable(false);
   bar->setIconSize({24, 24});
   const auto add = [this, bar](const QString& icon, const QString& toolTip, const std::function<void()>& command) {
-    QAction* action = bar->addAction(QIcon(":/icons/" + icon + ".svg"), toolTip);
+    QAction* action = bar->addAction(IconNamed(icon), toolTip);
     connect(action, &QAction::triggered, this, [this, command] { Run(command); });
     return action;
   };

@@ -45,7 +45,9 @@ void RemoveEven(const std::string& path, BOOL (*remove)(const wchar_t*)) {
   const DWORD attributes = GetFileAttributesW(wide.c_str());
   const bool isReadOnly = attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
   if (!isReadOnly || error.code != std::errc::permission_denied) throw error;
-  SetFileAttributesW(wide.c_str(), attributes & ~static_cast<DWORD>(FILE_ATTRIBUTE_READONLY));
+  // No attribute at all would mean that none is to change.
+  const DWORD others = attributes & ~static_cast<DWORD>(FILE_ATTRIBUTE_READONLY);
+  SetFileAttributesW(wide.c_str(), others == 0 ? FILE_ATTRIBUTE_NORMAL : others);
   if (remove(wide.c_str()) != 0) {
     SetFileAttributesW(wide.c_str(), attributes);
     throw error;

@@ -67,4 +67,6 @@ std::vector<std::string> ProgramArguments(int /*count*/, char* const* /*argument
   return texts;
 }
 
+bool HasDisplay() { return true; }
+
 } // namespace strutwright

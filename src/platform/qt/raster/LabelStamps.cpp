@@ -1,8 +1,9 @@
 #include "LabelStamps.h"
 
+#include "StrokeFonts.h"
+
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 #include <QFont>
 #include <QFontMetricsF>
@@ -16,36 +17,21 @@ namespace strutwright {
 
 namespace {
 
-constexpr double LabelHalo = 3;         // pixels, half of it on either side of a letter's edge
 constexpr std::size_t MaxStamps = 8192; // kept at a time
 constexpr double DirectionSteps = 1024;
-
-QFont LabelFont(int size) {
-  QFont font;
-  font.setPixelSize(size);
-  font.setKerning(false);
-  return font;
-}
-
-/// From the middle of the text to where its base line begins: capitals and digits stand about the middle.
-QPointF BaselineFrom(const QFontMetricsF& metrics, const QString& text) {
-  return {-metrics.horizontalAdvance(text) / 2, metrics.capHeight() / 2};
-}
-
-double DegreesOf(const QPointF& along) { return std::atan2(along.y(), along.x()) * 180 / std::numbers::pi; }
 
 /// Its frame lies on whole pixels, where the label does.
 void PaintBox(QPainter& painter, const LabelStroke& label) {
   const QRectF box(QPointF(-label.box.width() / 2, -label.box.height() / 2), label.box);
   painter.setPen(QPen(QColor(label.frame), 1));
   painter.setBrush(Qt::white);
-  painter.drawRoundedRect(box, 2, 2);
+  painter.drawRoundedRect(box, BoxCorner, BoxCorner);
 }
 
 LabelStamp MakeStamp(const LabelStroke& label, double ratio) {
   const QFontMetricsF metrics(LabelFont(label.size));
   const double width = metrics.horizontalAdvance(QString::fromStdString(label.text));
-  const int reach = static_cast<int>(std::ceil((std::hypot(width, metrics.height()) / 2 + LabelHalo) * ratio));
+  const int reach = static_cast<int>(std::ceil((std::hypot(width, metrics.height()) / 2 + HaloWidth) * ratio));
   QImage picture(2 * reach, 2 * reach, QImage::Format_ARGB32_Premultiplied);
   picture.setDevicePixelRatio(ratio);
   picture.fill(Qt::transparent);
@@ -63,14 +49,14 @@ LabelStamp MakeStamp(const LabelStroke& label, double ratio) {
 void PaintLabel(QPainter& painter, const LabelStroke& label) {
   const QString text = QString::fromStdString(label.text);
   const QFont font = LabelFont(label.size);
-  const QPointF baseline = BaselineFrom(QFontMetricsF(font), text);
+  const QPointF baseline = BaselineOf(label);
   painter.save();
   painter.translate(label.centre);
   if (label.along.y() != 0) painter.rotate(DegreesOf(label.along));
   if (label.box.isEmpty()) {
     QPainterPath letters;
     letters.addText(baseline, font, text);
-    painter.strokePath(letters, QPen(Qt::white, LabelHalo, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.strokePath(letters, QPen(Qt::white, HaloWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   } else {
     PaintBox(painter, label);
   }

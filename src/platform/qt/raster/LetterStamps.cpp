@@ -1,5 +1,7 @@
 #include "LetterStamps.h"
 
+#include "StrokeFonts.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -17,15 +19,7 @@ namespace strutwright {
 
 namespace {
 
-constexpr int TextSize = 13;    // pixels
-constexpr double HaloWidth = 3; // pixels, half of it on either side of a letter's edge
-constexpr int Margin = 3;       // pixels around a letter, for its halo and for what hangs over
-
-QFont TextFont() {
-  QFont font;
-  font.setPixelSize(TextSize);
-  return font;
-}
+constexpr int Margin = 3; // pixels around a letter, for its halo and for what hangs over
 
 void PaintHalo(QPainter& painter, const QPointF& baseline, const QString& text) {
   QPainterPath letters;
@@ -86,15 +80,15 @@ void PaintSign(QImage& picture, const QPointF& baseline, const QString& sign, co
 
 } // namespace
 
-void PaintText(QPainter& painter, const QPointF& corner, const QString& text, const QColor& colour, bool halo) {
-  const QFontMetricsF metrics(TextFont());
-  const QPointF baseline = corner + QPointF(0, metrics.ascent());
-  if (halo) {
+void PaintText(QPainter& painter, const TextStroke& stroke) {
+  const QPointF baseline = BaselineOf(stroke);
+  const QString text = QString::fromStdString(stroke.text);
+  if (stroke.halo) {
     PaintHalo(painter, baseline, text);
   } else {
-    painter.fillRect(QRectF(corner, QSizeF(metrics.horizontalAdvance(text), metrics.height())), Qt::white);
+    painter.fillRect(TextArea(stroke), Qt::white);
   }
-  PaintLetters(painter, baseline, text, colour);
+  PaintLetters(painter, baseline, text, QColor(stroke.colour));
 }
 
 bool LetterStamps::IsNumber(const TextStroke& stroke) {

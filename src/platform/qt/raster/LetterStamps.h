@@ -17,9 +17,8 @@ class QPainter;
 
 namespace strutwright {
 
-/// Paints a text as letters over a thin white halo, or over a white box where halo is false.
-/// corner: its upper left one, in logical pixels.
-void PaintText(QPainter& painter, const QPointF& corner, const QString& text, const QColor& colour, bool halo);
+/// Paints a text as letters over its halo or its white box.
+void PaintText(QPainter& painter, const TextStroke& stroke);
 
 /// A sign of a number on its halo, which goes on under it.
 struct Letter {

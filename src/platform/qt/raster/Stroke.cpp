@@ -6,7 +6,6 @@
 #include <QBrush>
 #include <QPainter>
 #include <QPen>
-#include <QString>
 
 namespace strutwright {
 
@@ -29,9 +28,7 @@ struct StrokePainter {
     painter.drawEllipse(stroke.bounds);
   }
   void operator()(const BoxStroke& stroke) const { painter.fillRect(stroke.inside, QColor(stroke.fill)); }
-  void operator()(const TextStroke& stroke) const {
-    PaintText(painter, stroke.corner, QString::fromStdString(stroke.text), QColor(stroke.colour), stroke.halo);
-  }
+  void operator()(const TextStroke& stroke) const { PaintText(painter, stroke); }
   void operator()(const DotStroke& stroke) const {
     painter.setPen(PenOf(stroke.edge));
     painter.setBrush(QColor(stroke.fill));
