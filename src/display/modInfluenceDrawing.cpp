@@ -9,6 +9,8 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
+#include <optional>
+#include <string>
 
 namespace strutwright {
 
@@ -22,7 +24,8 @@ constexpr double Gap = 56;       // below the truss: its supports, and the label
 constexpr double BandPart = 0.3; // of the surface's height
 constexpr double TextLine = 18;
 constexpr double LetterWidth = 7;
-constexpr double LabelOff = 4; // from the line to its label
+constexpr int CaptionSize = 13; // height of the letters of a caption
+constexpr double LabelOff = 4;  // from the line to its label
 constexpr double LongestArrow = 46;
 constexpr double ShortestArrow = 18;
 constexpr double ArrowHead = 6;
@@ -82,6 +85,7 @@ class InfluencePicture {
     const double top = ExtentsOfNodes().bottom - Gap * Pixel;
     Base = highest > lowest ? top - highest * Scale : top - band / 2;
     Bottom = top - band;
+    FindExtremes();
   }
 
   void Draw() {
@@ -112,12 +116,26 @@ class InfluencePicture {
     Thin(X(0), Base, X(Shape.nodes.size() - 1), Base, Black, LineStyle::Solid);
     for (std::size_t k = 0; k < Shape.nodes.size(); ++k) Thin(X(k), Base, X(k), Y(k), LineColour, LineStyle::Solid);
     for (const std::size_t k : {std::size_t{0}, Shape.nodes.size() - 1}) Plumb(k);
+    if (Highest) Plumb(*Highest);
+    if (Lowest) Plumb(*Lowest);
   }
 
   /// From the line up to its node.
   void Plumb(std::size_t k) {
-    const double from = std::max(Base, Y(k));
+    const double from = AboveLabel(X(k), std::max(Base, Y(k)));
     Thin(X(k), from, X(k), NodeTable(Shape.nodes[k], NodeY), Grey, LineStyle::Dashed);
+  }
+
+  /// Where a plumb line begins, that would begin here, so that it does not run through the label of the largest
+  /// ordinate.
+  double AboveLabel(double x, double from) const {
+    if (!Highest || std::abs(x - X(*Highest)) > HalfWidthOf(*Highest) + LabelOff * Pixel) return from;
+    const double label = Y(*Highest) + LabelOff * Pixel;
+    return from <= label + TextLine * Pixel ? label + TextLine * Pixel : from;
+  }
+
+  double HalfWidthOf(std::size_t k) const {
+    return LetterWidth / 2 * Pixel * static_cast<double>(LabelText(Shape.values[k]).size());
   }
 
   void DrawCurve() {
@@ -126,19 +144,23 @@ class InfluencePicture {
     for (std::size_t k = 1; k < Shape.nodes.size(); ++k) Surface.DrawLine(X(k - 1), -Y(k - 1), X(k), -Y(k));
   }
 
-  void LabelExtremes() {
+  /// A line that is zero everywhere is labelled once, above.
+  void FindExtremes() {
     const auto index = [this](auto at) { return static_cast<std::size_t>(at - Shape.values.begin()); };
     const std::size_t highest = index(std::max_element(Shape.values.begin(), Shape.values.end()));
     const std::size_t lowest = index(std::min_element(Shape.values.begin(), Shape.values.end()));
-    if (Shape.values[highest] > 0 || Shape.values[lowest] == 0) Label(highest, LabelOff + TextLine);
-    if (Shape.values[lowest] < 0) Label(lowest, -LabelOff);
+    if (Shape.values[highest] > 0 || Shape.values[lowest] == 0) Highest = highest;
+    if (Shape.values[lowest] < 0) Lowest = lowest;
+  }
+
+  void LabelExtremes() {
+    if (Highest) Label(*Highest, LabelOff + TextLine);
+    if (Lowest) Label(*Lowest, -LabelOff);
   }
 
   /// up: of the text's upper edge, in pixels.
   void Label(std::size_t k, double up) {
-    const std::string text = LabelText(Shape.values[k]);
-    Plumb(k);
-    Print(X(k) - LetterWidth / 2 * Pixel * static_cast<double>(text.size()), Y(k) + up * Pixel, text, LineColour);
+    Print(X(k) - HalfWidthOf(k), Y(k) + up * Pixel, LabelText(Shape.values[k]), LineColour);
   }
 
   void DrawQuantity() {
@@ -150,7 +172,7 @@ class InfluencePicture {
     if (!Shape.mark) return;
     const double x = Shape.mark->x;
     const double y = Base + Scale * Shape.mark->value;
-    Thin(x, std::max(Base, y), x, PathY(x), Grey, LineStyle::Dashed);
+    Thin(x, AboveLabel(x, std::max(Base, y)), x, PathY(x), Grey, LineStyle::Dashed);
     Thin(x, Base, x, y, Red, LineStyle::Solid);
     Surface.SetPenWidth(2);
     Surface.DrawCircle(x, -y, MarkRadius * Pixel);
@@ -193,18 +215,29 @@ class InfluencePicture {
   void PrintCaptions() {
     double y = Bottom - (LabelOff + TextLine) * Pixel;
     for (const std::string& caption : Shape.captions) {
-      Print(std::min(X(0), X(Shape.nodes.size() - 1)), y, caption, Black);
+      Print(LeftOfCaption(caption), y, caption, Black);
       y -= TextLine * Pixel;
     }
+  }
+
+  /// Below the line's left end; where it would be cut at the right border, as far left as it must be.
+  double LeftOfCaption(const std::string& caption) const {
+    const ViewWindow window = Surface.Window();
+    const double border = LabelOff * Pixel;
+    const double room = static_cast<double>(window.width) - border - Surface.TextWidth(caption, CaptionSize) * Pixel;
+    const double left = std::min(std::min(X(0), X(Shape.nodes.size() - 1)), window.left + room);
+    return std::max(left, window.left + border);
   }
 
   DrawingSurface& Surface;
   const InfluenceShape& Shape;
   DrawingStyle Style;
-  double Pixel;      ///< m
-  double Scale = 0;  ///< m for an ordinate of 1
-  double Base = 0;   ///< y of the ordinate 0
-  double Bottom = 0; ///< y of the lowest ordinate
+  double Pixel;                       ///< m
+  double Scale = 0;                   ///< m for an ordinate of 1
+  double Base = 0;                    ///< y of the ordinate 0
+  double Bottom = 0;                  ///< y of the lowest ordinate
+  std::optional<std::size_t> Highest; ///< the ordinates that are labelled
+  std::optional<std::size_t> Lowest;
 };
 
 } // namespace

@@ -41,6 +41,26 @@ TEST_F(ClearLabelsTest, AnArrowWithoutRoomIsCounted) {
                                 " of 8 loads and reactions; zoom in or point at a member");
 }
 
+// Some of the arrows stand aside, and some have no value.
+TEST_F(ClearLabelsTest, AValueStandsNearestItsOwnArrowOrIsCountedAsMissing) {
+  settings.layers.loads = true;
+  SetTables({std::vector<NodeData>(8, NodeData{4, 3, 5, -10}), {}});
+  Draw();
+  const auto distance = [](const ClearLabel& label, const ClearArrow& arrow) {
+    return DistanceToLine(label.box.centre, arrow.tail, arrow.tip);
+  };
+  int shown = 0;
+  for (const ClearLabel& label : Scene().labels) {
+    if (!label.IsPlaced()) continue;
+    ++shown;
+    for (const ClearArrow& arrow : Scene().arrows) {
+      EXPECT_LE(distance(label, Scene().arrows.at(static_cast<std::size_t>(label.owner))), distance(label, arrow));
+    }
+  }
+  EXPECT_GT(shown, 0);
+  EXPECT_EQ(Shown(LabelKind::Arrow), (ShownLabels{shown, 16}));
+}
+
 TEST_F(ClearLabelsTest, AnArrowWithoutRoomThatIsOutOfViewIsNot) {
   settings.layers.loads = true;
   SetTables({std::vector<NodeData>(8, NodeData{2, 2, 0, -10}), {}});

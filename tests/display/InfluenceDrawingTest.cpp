@@ -76,9 +76,10 @@ TEST_F(InfluenceDrawingTest, LabelsWithFourDigits) {
 
 TEST_F(InfluenceDrawingTest, LeadsFromItsEndsAndExtremesToTheNodes) {
   Drawn(Shape({0, 1, -0.5}));
-  EXPECT_THAT(surface.Ink("line", "grey"),
-              AllOf(Contains("line 0 3.52 0 0 grey 1 dashed"), Contains("line 3 1.12 3 -4 grey 1 dashed"),
-                    Contains("line 6 3.52 6 0 grey 1 dashed")));
+  EXPECT_THAT(surface.Ink("line", "grey"), AllOf(Contains("line 0 3.52 0 0 grey 1 dashed"),
+                                                 Contains("line 3 0.68 3 -4 grey 1 dashed"), // above its label
+
+                                                 Contains("line 6 3.52 6 0 grey 1 dashed")));
 }
 
 TEST_F(InfluenceDrawingTest, MarksWhatItIsOf) {
@@ -134,6 +135,26 @@ TEST_F(InfluenceDrawingTest, PutsItsCaptionsBelow) {
   Drawn(shape);
   EXPECT_THAT(surface.Ink("text", "black"),
               ElementsAre("text 0 5.16 'Force of member 1' black", "text 0 5.52 'Maximum' black"));
+}
+
+// The window ends at 11 m, a letter is 0.6 of 13 pixels wide.
+TEST_F(InfluenceDrawingTest, MovesACaptionThatTheBorderWouldCut) {
+  InfluenceShape shape = Shape({0, 1, -0.5});
+  shape.captions = {std::string(80, 'x'), std::string(200, 'x')};
+  Drawn(shape);
+  EXPECT_THAT(surface.Ink("text", "black"),
+              ElementsAre(HasSubstr("text -1.56 "), HasSubstr("text -4.92 "))); // 624 and 4 pixels from the border
+}
+
+TEST_F(InfluenceDrawingTest, LetsNoPlumbLineRunThroughTheLabelOfTheLargestOrdinate) {
+  InfluenceShape shape = Shape({1, 0, 0});
+  shape.mark = LineMark{0.02, 0.99};
+  Drawn(shape);
+  EXPECT_THAT(surface.Ink("line", "grey"),
+              AllOf(Contains("line 0 0.68 0 0 grey 1 dashed"), Contains(HasSubstr("line 0.02 0.68 "))));
+  shape.mark = LineMark{1, 0.7};
+  Drawn(shape);
+  EXPECT_THAT(surface.Ink("line", "grey"), Not(Contains(HasSubstr("line 1 0.68 "))));
 }
 
 TEST_F(InfluenceDrawingTest, MayBeOfASingleNode) {
