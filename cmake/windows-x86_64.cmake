@@ -1,4 +1,4 @@
-# Cross-compiles for 64-bit Windows; the programs run under Wine.
+# Cross-compiles for 64-bit Windows.
 # STRUTWRIGHT_WINDOWS_PARTS in the environment: the folder in which tools/windows-parts has put Qt for Windows, and
 # copies of the libraries that are headers alone; those of this system must not be found.
 set(CMAKE_SYSTEM_NAME Windows)
@@ -17,6 +17,3 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
-# Sources that are joined have more sections than the old format of object files can count.
-set(CMAKE_CXX_FLAGS_INIT -Wa,-mbig-obj)
-set(CMAKE_CROSSCOMPILING_EMULATOR /usr/lib/wine/wine64)
