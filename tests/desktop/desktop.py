@@ -147,6 +147,10 @@ class Desktop:
     def click(self, window, x, y):
         self.run("xdotool", "mousemove", "--window", window, str(x), str(y), "click", "1")
 
+    def clipboard(self):
+        """The text that was copied last."""
+        return (self.run("xclip", "-o", "-selection", "clipboard") or b"").decode()
+
     def open_example(self, position=0):
         """Chooses it by its position in the File menu, whose title stands in the window's upper left corner."""
         self.open_file_menu(self.focus("^Strutwright$"))

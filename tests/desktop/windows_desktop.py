@@ -1,6 +1,5 @@
 """The programs for Windows under Wine, on an X display and in a registry of their own, driven as a user does."""
 
-import os
 import pathlib
 import subprocess
 
@@ -13,15 +12,14 @@ OVERRIDES = "mscoree,mshtml,winemenubuilder.exe="
 
 
 class WindowsDesktop(Desktop):
-    """Its program is the path of strutwright.exe in an unpacked zip, or where the installer puts it."""
+    """Its program lies where the installer puts it."""
 
-    def __init__(self, program, size="1280x900"):
-        super().__init__(program, size=size, fresh_home=True, installed=True)
+    def __init__(self, size="1280x900"):
+        super().__init__("strutwright.exe", size=size, fresh_home=True, installed=True)
 
     def _environment(self, size):
         environment = super()._environment(size)
-        environment.update(WINEPREFIX=str(self.prefix), WINEDEBUG="-all", WINEDLLOVERRIDES=OVERRIDES, USER="student",
-                           LOGNAME="student")
+        environment.update(WINEPREFIX=str(self.prefix), WINEDEBUG="-all", WINEDLLOVERRIDES=OVERRIDES)
         return environment
 
     @property
@@ -41,6 +39,8 @@ class WindowsDesktop(Desktop):
         subprocess.run([WINE, "wineboot", "-i"], env=self.environment, check=True, timeout=DEADLINE * 2,
                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         self.settle()
+        self.program = self.user_folder("AppData", "Local", "Programs", "Strutwright", "strutwright.exe")
+        (self.drive / "models").mkdir()
         return self
 
     def __exit__(self, *failure):
@@ -62,17 +62,13 @@ class WindowsDesktop(Desktop):
                                         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
     def leave(self):
-        self.press("alt+f", "x")
+        self.press("alt+F4")
         expect(self.process.wait(timeout=DEADLINE) == 0, f"the program ended with {self.process.returncode}")
 
     def kill(self):
         """Ends the program at once, as a power cut does."""
         self.wine("taskkill", "/f", "/im", pathlib.Path(self.program).name)
         self.process.wait(timeout=DEADLINE)
-
-    def clipboard(self):
-        """The text that was copied last; Wine passes it on to X."""
-        return (self.run("xclip", "-o", "-selection", "clipboard") or b"").decode()
 
     def registry(self):
         """Every value of the user's registry: (key, name) to data."""

@@ -1,65 +1,187 @@
-"""Installs the program on Windows, as Wine is, does in its window what a student does, and removes it.
+"""Installs the program for Windows under Wine, does in its window what a student does, and removes it.
 
-Usage: windows_test.py FOLDER PROGRAM PICTURES
+Usage: windows_test.py FOLDER PROGRAM EXAMPLES PICTURES
 FOLDER: where tools/windows has put the installer.  PROGRAM: the desktop program of this system, whose grids must show the
-same texts.  PICTURES: the folder for pictures of the screen, to look at.
+same texts.  EXAMPLES: the folder of the example models.  PICTURES: the folder for pictures of the screen, to look at.
 """
 
 import pathlib
-import stat
+import shutil
+import subprocess
 import sys
 
 from desktop import Desktop, expect, wait_for
 from settings_test import close_welcome
-from windows_desktop import WindowsDesktop
+from windows_desktop import WINE, WindowsDesktop
 
 SCREEN = "1280x900+0+0"
-EXAMPLE = 2  # its position in the menu: three bars, worked by hand
-GRIDS = ((640, 600), 4)
+EXAMPLE = "fink_roof.stw"
+GRIDS = {"j": "the joints", "m": "the members", "u": "the results of joints", "l": "the results of members"}
 
 
-def pictured(desktop, pictures, name):
-    desktop.save_picture(pictures / f"windows-{name}.png", SCREEN)
+class Course:
+    """The steps, in order, with a picture of the screen where there is something to look at."""
+
+    def __init__(self, desktop, pictures):
+        self.desktop = desktop
+        self.pictures = pictures
+        self.before = desktop.registry()
+
+    def picture(self, name):
+        self.desktop.save_picture(self.pictures / f"windows-{name}.png", SCREEN)
+
+    @property
+    def folder(self):
+        return self.desktop.program.parent
+
+    def look_at_the_installer(self, setup):
+        """Its first page, and away again."""
+        with subprocess.Popen([WINE, setup], env=self.desktop.environment, stderr=subprocess.DEVNULL):
+            window = self.desktop.focus("^Strutwright .* Setup")
+            self.picture("setup")
+            self.desktop.press("Escape")
+            wait_for("the question whether to leave", lambda: len(self.desktop.windows("Strutwright .* Setup")) > 1)
+            self.desktop.press("Return")
+            wait_for("the end of the installer", lambda: window not in self.desktop.windows("Setup"))
+
+    def install(self, setup):
+        self.desktop.wine(setup, "/S")
+        for name in ("strutwright.exe", "Bracefold.exe", "strutwright-cli.exe", "Qt6Core.dll", "manual/index.html",
+                     "examples/index.txt", "licences/LICENSE", "platforms/qwindows.dll"):
+            expect((self.folder / name).is_file(), f"the installer has not brought {name}")
+
+    def expect_open_command(self):
+        """A double click starts the program with --open, also after the first run."""
+        command = self.desktop.wine("reg", "query", "HKCU\\Software\\Classes\\Strutwright.File\\shell\\open\\command", "/ve")
+        expect('strutwright.exe" --open "%1"' in command, f"a double click starts {command}")
+
+    def use_the_command_line(self):
+        version = self.desktop.wine(self.folder / "strutwright-cli.exe", "--version")
+        expect(version.startswith("strutwright-cli "), f"the command line says {version}")
+        report = self.desktop.drive / "models" / "report.pdf"
+        self.desktop.wine(self.folder / "strutwright-cli.exe", "analyse", self.folder / "examples" / EXAMPLE, "--report",
+                          r"C:\models\report.pdf")
+        expect(report.read_bytes().startswith(b"%PDF"), "the report is no PDF")
+
+    def compare_grids(self, expected):
+        analyse_example(self.desktop, self.folder / "examples")
+        self.picture("analysed")
+        found = read_grids(self.desktop)
+        for key, what in GRIDS.items():
+            expect(found[key] == expected[key], f"{what} are\n{found[key]!r}\nand not\n{expected[key]!r}")
+
+    def save_as(self, name):
+        self.desktop.press("ctrl+shift+s")
+        self.desktop.focus("^Save As$")
+        self.desktop.type("C:\\models\\" + name)
+        self.desktop.press("Return")
+
+    def save(self):
+        self.save_as("my roof.stw")
+        self.desktop.focus("^my roof.stw$")
+        saved = self.desktop.drive / "models" / "my roof.stw"
+        expect(saved.read_bytes() == (self.folder / "examples" / EXAMPLE).read_bytes(), "the saved model is another")
+
+    def save_over_a_read_only_file(self):
+        kept = self.desktop.drive / "models" / "kept.stw"
+        kept.write_bytes(b"kept")
+        self.desktop.wine("attrib", "+r", r"C:\models\kept.stw")
+        self.save_as("kept.stw")
+        wait_for("a message", lambda: len(self.desktop.windows("^Strutwright$|^Save As$|^Confirm")) > 0)
+        self.picture("read-only")
+        while self.desktop.windows("^Save As$|^Confirm|^Strutwright$"):
+            self.desktop.press("Escape")
+        expect(kept.read_bytes() == b"kept", "the file that is read-only was written")
+        self.desktop.focus("^my roof.stw$")
+
+    def kill_and_restore(self):
+        """What was typed and not saved comes back after the program was ended at once."""
+        self.desktop.press("alt+j", "Tab", "9", "Return")
+        left = self.desktop.user_folder("AppData", "Roaming", "strutwright")
+        wait_for("the copy of the unsaved model", lambda: list(left.glob("unsaved-*.stw")))
+        self.desktop.kill()
+        self.desktop.start()
+        self.desktop.focus("^Strutwright$")
+        self.desktop.press("alt+f", "r")
+        self.desktop.focus("^Restored model$")
+        self.desktop.press("alt+j", "Tab", "ctrl+a", "ctrl+c")
+        wait_for("the number that was typed", lambda: self.desktop.clipboard().startswith("9\t"))
+        self.desktop.kill()
+
+    def open_a_file(self):
+        """As the file manager does at a double click."""
+        self.desktop.start("--open", r"C:\models\my roof.stw")
+        self.desktop.focus("^my roof.stw$")
+        self.desktop.press("F5")
+        self.desktop.press("alt+a", "r")
+        self.desktop.focus("Report")
+        self.picture("report")
+        self.desktop.press("Escape")
+        self.desktop.focus("^my roof.stw$")
+        self.desktop.leave()
+
+    def uninstall(self):
+        """Nothing of the installer is left; what the user made is."""
+        self.desktop.wine(self.folder / "uninstall.exe", "/S")
+        wait_for("the end of the uninstaller", lambda: not self.desktop.program.exists())
+        after = self.desktop.registry()
+        left = {key: value for key, value in after.items()
+                if self.before.get(key) != value and "strutwright" in f"{key} {value}".lower()}
+        print("keys that the installer has left:", left or "none")
+        expect(not left, f"the registry still has {left}")
+        expect((self.desktop.drive / "models" / "my roof.stw").is_file(), "the uninstaller has removed a model")
+        files = sorted(str(path.relative_to(self.folder)) for path in self.folder.rglob("*"))
+        expect(files in ([], ["temp_truss.stw"]), f"the uninstaller has left {files}")
 
 
-def install(desktop, setup):
-    """Without a question, as an administrator of a class room does; gives the registry before and after."""
-    before = desktop.registry()
-    desktop.wine(setup, "/S")
-    expect(desktop.program.is_file(), "the installer has not put the program where a user's programs are")
-    for name in ("Bracefold.exe", "strutwright-cli.exe", "Qt6Core.dll", "manual/index.html", "examples/index.txt",
-                 "licences/LICENSE", "platforms/qwindows.dll"):
-        expect((desktop.program.parent / name).is_file(), f"the installer has not brought {name}")
-    return before
-
-
-def expect_open_command(desktop):
-    command = desktop.wine("reg", "query", r"HKCU\Software\Classes\Strutwright.File\shell\open\command", "/ve")
-    expect('strutwright.exe" --open "%1"' in command, f"a double click starts {command}")
+def analyse_example(desktop, examples):
+    names = [line.split(" | ")[0] + ".stw" for line in (examples / "index.txt").read_text().splitlines()]
+    desktop.start()
+    close_welcome(desktop)
+    desktop.open_example(names.index(EXAMPLE))
+    desktop.press("F5")
 
 
 def read_grids(desktop):
-    """The texts of the four grids, copied one after the other."""
-    texts = []
-    for key in ("j", "m", "r", "e"):
-        desktop.press(f"alt+{key}")
-        desktop.press("ctrl+a", "ctrl+c")
-        texts.append(desktop.clipboard())
+    """The texts of the four grids by the keys that show them."""
+    texts = {}
+    for key in GRIDS:
+        before = desktop.clipboard()
+        desktop.press(f"alt+{key}", "Tab", "ctrl+a", "ctrl+c")
+        wait_for(f"the copy of {GRIDS[key]}", lambda last=before: desktop.clipboard() not in ("", last))
+        texts[key] = desktop.clipboard()
     return texts
 
 
-def analyse_example(desktop):
-    desktop.start()
-    close_welcome(desktop)
-    desktop.open_example(EXAMPLE)
-    desktop.press("F5")
-    wait_for("the analysis", lambda: any(desktop.scratch_copies()))
+def grids_here(program, examples):
+    """What the program of this system shows."""
+    with Desktop(program, fresh_home=True) as desktop:
+        shutil.copytree(examples, desktop.root / "share" / "strutwright" / "examples", dirs_exist_ok=True)
+        analyse_example(desktop, pathlib.Path(examples))
+        return read_grids(desktop)
 
 
-def uninstall(desktop, before):
-    """Nothing of the installer is left; what the user made is."""
-    desktop.wine(desktop.program.parent / "uninstall.exe", "/S")
-    wait_for("the end of the uninstaller", lambda: not desktop.program.exists())
-    after = desktop.registry()
-    ours = {key: value for key, value in after.items() if before.get(key) != value and "trutwright" in str(key) + value}
-    expect(not ours, f"the registry still has {ours}")
+def main(folder, program, examples, pictures):
+    setup = next(pathlib.Path(folder).resolve().glob("*-setup.exe"))
+    pathlib.Path(pictures).mkdir(parents=True, exist_ok=True)
+    expected = grids_here(program, examples)
+    with WindowsDesktop() as desktop:
+        course = Course(desktop, pathlib.Path(pictures))
+        try:
+            course.look_at_the_installer(setup)
+            course.install(setup)
+            course.use_the_command_line()
+            course.compare_grids(expected)
+            course.expect_open_command()
+            course.save()
+            course.save_over_a_read_only_file()
+            course.kill_and_restore()
+            course.open_a_file()
+            course.uninstall()
+        except Exception:
+            course.picture("failed")
+            raise
+
+
+if __name__ == "__main__":
+    main(*sys.argv[1:])
