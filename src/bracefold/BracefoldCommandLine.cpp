@@ -62,6 +62,7 @@ std::optional<int> Parse(const std::vector<std::string>& texts, Arguments& argum
   program.set_version_flag("--version", std::string("bracefold ") + STRUTWRIGHT_VERSION);
   program.footer("Exit status: 0 all well, 1 the window can't be shown, 2 wrong usage or an unwritable file.");
   program.failure_message(FailureMessage);
+  program.allow_windows_style_options(false); // what begins with "/" is a path on every system
   AddOptions(program, arguments);
   try {
     // The parser takes the arguments last one first.

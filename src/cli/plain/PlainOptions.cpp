@@ -77,6 +77,7 @@ void DescribeProgram(CLI::App& program) {
   program.footer("Exit status: 0 all well, 1 a model is unstable or failed, 2 usage or an unreadable or unwritable "
                  "file, 3 a checked answer is misleading.");
   program.require_subcommand(1);
+  program.allow_windows_style_options(false); // what begins with "/" is a path on every system
 }
 
 CLI::App& AddAnalyse(CLI::App& program, PlainRequests& requests) {
