@@ -24,7 +24,8 @@ inline std::string TidyPath(const std::string& text) {
 
 /// Whether a character parts the components of a path on this system.
 inline bool IsPathSeparator(char character) {
-  return character == '/' || character == std::filesystem::path::preferred_separator;
+  constexpr bool BackslashParts = std::filesystem::path::preferred_separator == '\\';
+  return character == '/' || (BackslashParts && character == '\\');
 }
 
 } // namespace strutwright

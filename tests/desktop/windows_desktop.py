@@ -38,6 +38,9 @@ class WindowsDesktop(Desktop):
     def __enter__(self):
         subprocess.run([WINE, "wineboot", "-i"], env=self.environment, check=True, timeout=DEADLINE * 2,
                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        # The fonts of Windows are not here; what stands for them should look like them.
+        for name in ("Segoe UI", "MS Shell Dlg 2"):
+            self.wine("reg", "add", r"HKCU\Software\Wine\Fonts\Replacements", "/v", name, "/d", "DejaVu Sans", "/f")
         self.settle()
         self.program = self.user_folder("AppData", "Local", "Programs", "Strutwright", "strutwright.exe")
         (self.drive / "models").mkdir()

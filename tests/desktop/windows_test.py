@@ -9,6 +9,7 @@ import pathlib
 import shutil
 import subprocess
 import sys
+import time
 
 from desktop import DEADLINE, Desktop, expect, wait_for
 from settings_test import close_welcome
@@ -16,6 +17,8 @@ from windows_desktop import WINE, WindowsDesktop
 
 SCREEN = "1280x900+0+0"
 EXAMPLE = "fink_roof.stw"
+DIALOG_READY = 2  # s; the dialog of the system shows before it takes keys
+FIRST_CELL = (140, 558)  # of the grid of joints, in the window
 GRIDS = {"j": "the joints", "m": "the members", "u": "the results of joints", "l": "the results of members"}
 
 
@@ -64,14 +67,16 @@ class Course:
 
     def compare_grids(self, expected):
         analyse_example(self.desktop, self.folder / "examples")
-        self.picture("analysed")
         found = read_grids(self.desktop)
+        self.picture("analysed")
         for key, what in GRIDS.items():
             expect(found[key] == expected[key], f"{what} are\n{found[key]!r}\nand not\n{expected[key]!r}")
 
     def save_as(self, name):
         self.desktop.press("ctrl+shift+s")
         self.desktop.focus("^Save As$")
+        time.sleep(DIALOG_READY)
+        self.desktop.press("Home", "shift+End")
         self.desktop.type("C:\\models\\" + name)
         self.desktop.press("Return")
 
@@ -95,12 +100,15 @@ class Course:
 
     def kill_and_restore(self):
         """What was typed and not saved comes back after the program was ended at once."""
-        self.desktop.press("alt+j", "Tab", "9", "Return")
+        self.desktop.press("alt+j")
+        self.desktop.click(self.desktop.focus("^my roof.stw$"), *FIRST_CELL)
+        self.desktop.press("9", "Return")
         left = self.desktop.user_folder("AppData", "Roaming", "strutwright")
         wait_for("the copy of the unsaved model", lambda: list(left.glob("unsaved-*.stw")))
         self.desktop.kill()
         self.desktop.start()
         self.desktop.focus("^Strutwright$")
+        self.picture("after-a-kill")
         self.desktop.press("alt+f", "r")
         self.desktop.focus("^Restored model$")
         self.desktop.press("alt+j", "Tab", "ctrl+a", "ctrl+c")
