@@ -17,8 +17,9 @@ from windows_desktop import WINE, WindowsDesktop
 
 SCREEN = "1280x900+0+0"
 EXAMPLE = "fink_roof.stw"
-DIALOG_READY = 2  # s; the dialog of the system shows before it takes keys
-FIRST_CELL = (140, 558)  # of the grid of joints, in the window
+READY = 2  # s; a dialog of the system shows before it takes keys, and a click is done before it is passed on
+JOINTS_DATA = (16, 498)  # the button of the grid of joints, in the window
+FIRST_CELL = (140, 558)
 GRIDS = {"j": "the joints", "m": "the members", "u": "the results of joints", "l": "the results of members"}
 
 
@@ -75,7 +76,7 @@ class Course:
     def save_as(self, name):
         self.desktop.press("ctrl+shift+s")
         self.desktop.focus("^Save As$")
-        time.sleep(DIALOG_READY)
+        time.sleep(READY)
         self.desktop.press("Home", "shift+End")
         self.desktop.type("C:\\models\\" + name)
         self.desktop.press("Return")
@@ -91,20 +92,26 @@ class Course:
         kept.write_bytes(b"kept")
         self.desktop.wine("attrib", "+r", r"C:\models\kept.stw")
         self.save_as("kept.stw")
-        wait_for("a message", lambda: len(self.desktop.windows("^Strutwright$|^Save As$|^Confirm")) > 0)
+        time.sleep(READY)
+        self.desktop.press("Return")  # yes, replace it
+        wait_for("the message", lambda: self.desktop.windows("^Strutwright$"))
         self.picture("read-only")
-        while self.desktop.windows("^Save As$|^Confirm|^Strutwright$"):
-            self.desktop.press("Escape")
+        self.desktop.focus("^Strutwright$")
+        self.desktop.press("Return")
         expect(kept.read_bytes() == b"kept", "the file that is read-only was written")
         self.desktop.focus("^my roof.stw$")
 
     def kill_and_restore(self):
         """What was typed and not saved comes back after the program was ended at once."""
-        self.desktop.press("alt+j")
-        self.desktop.click(self.desktop.focus("^my roof.stw$"), *FIRST_CELL)
+        window = self.desktop.focus("^my roof.stw$")
+        for place in (JOINTS_DATA, FIRST_CELL):
+            self.desktop.click(window, *place)
+            time.sleep(READY)
         self.desktop.press("9", "Return")
         left = self.desktop.user_folder("AppData", "Roaming", "strutwright")
-        wait_for("the copy of the unsaved model", lambda: list(left.glob("unsaved-*.stw")))
+        model = (self.desktop.drive / "models" / "my roof.stw").read_bytes()
+        wait_for("the copy of the unsaved model",
+                 lambda: any(copy.read_bytes() not in (b"", model) for copy in left.glob("unsaved-*.stw")))
         self.desktop.kill()
         self.desktop.start()
         self.desktop.focus("^Strutwright$")
