@@ -17,7 +17,8 @@ from windows_desktop import WINE, WindowsDesktop
 
 SCREEN = "1280x900+0+0"
 EXAMPLE = "fink_roof.stw"
-READY = 2  # s; a dialog of the system shows before it takes keys, and a click is done before it is passed on
+SHOW_GLOBAL_K = (958, 92)
+READY = 2  # s; a window shows before it is drawn and takes keys, and a click is done before it is passed on
 JOINTS_DATA = (16, 498)  # the button of the grid of joints, in the window
 FIRST_CELL = (140, 558)
 GRIDS = {"j": "the joints", "m": "the members", "u": "the results of joints", "l": "the results of members"}
@@ -32,6 +33,7 @@ class Course:
         self.before = desktop.registry()
 
     def picture(self, name):
+        time.sleep(READY)
         self.desktop.save_picture(self.pictures / f"windows-{name}.png", SCREEN)
 
     @property
@@ -125,13 +127,15 @@ class Course:
     def open_a_file(self):
         """As the file manager does at a double click."""
         self.desktop.start("--open", r"C:\models\my roof.stw")
-        self.desktop.focus("^my roof.stw$")
+        window = self.desktop.focus("^my roof.stw$")
         self.desktop.press("F5")
         self.desktop.press("alt+a", "r")
         self.desktop.focus("Report")
         self.picture("report")
         self.desktop.press("Escape")
         self.desktop.focus("^my roof.stw$")
+        self.desktop.click(window, *SHOW_GLOBAL_K)
+        self.picture("equations")
         self.desktop.leave()
 
     def uninstall(self):
