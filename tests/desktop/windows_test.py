@@ -140,6 +140,28 @@ class Course:
         self.picture("equations")
         self.desktop.leave()
 
+    def make_a_truss(self):
+        """In Bracefold, from the menu: ten bays, saved by keys."""
+        self.desktop.start()
+        self.desktop.focus("^Strutwright$")
+        self.desktop.press("alt+t", "b")
+        self.desktop.focus("^Bracefold$")
+        self.picture("bracefold")
+        self.desktop.press("alt+b")
+        self.desktop.type("10")
+        self.desktop.press("ctrl+s")
+        self.desktop.focus("^Save As$")
+        time.sleep(READY)
+        self.desktop.press("Home", "shift+End")
+        self.desktop.type(r"C:\models\bridge.stw")
+        self.desktop.press("Return")
+        saved = self.desktop.drive / "models" / "bridge.stw"
+        wait_for("the saved truss", lambda: saved.exists() and saved.stat().st_size > 0)
+        counts = [int.from_bytes(saved.read_bytes()[at:at + 2], "little") for at in (2, 4)]
+        expect(counts == [20, 37], f"the saved truss has {counts} nodes and members")
+        self.desktop.wine("taskkill", "/f", "/im", "Bracefold.exe")
+        self.desktop.kill()
+
     def uninstall(self):
         """Nothing of the installer is left; what the user made is."""
         self.desktop.wine(self.folder / "uninstall.exe", "/S")
@@ -167,10 +189,15 @@ def read_grids(desktop):
     texts = {}
     for key in GRIDS:
         before = desktop.clipboard()
-        desktop.press(f"alt+{key}", "Tab", "ctrl+a", "ctrl+c")
-        wait_for(f"the copy of {GRIDS[key]}", lambda last=before: desktop.clipboard() not in ("", last))
+        wait_for(f"the copy of {GRIDS[key]}", lambda key=key, last=before: copied(desktop, key) not in ("", last))
         texts[key] = desktop.clipboard()
     return texts
+
+
+def copied(desktop, key):
+    desktop.press(f"alt+{key}", "Tab", "ctrl+a", "ctrl+c")
+    time.sleep(READY / 4)
+    return desktop.clipboard()
 
 
 def print_start(desktop, where):
@@ -215,6 +242,7 @@ def main(folder, program, examples, pictures):
             course.save_over_a_read_only_file()
             course.kill_and_restore()
             course.open_a_file()
+            course.make_a_truss()
             print_start(desktop, "on Windows")
             course.uninstall()
         except Exception:
