@@ -48,7 +48,7 @@ void RemoveEven(const std::string& path, BOOL (*remove)(const wchar_t*)) {
   // No attribute at all would mean that none is to change.
   const DWORD others = attributes & ~static_cast<DWORD>(FILE_ATTRIBUTE_READONLY);
   SetFileAttributesW(wide.c_str(), others == 0 ? FILE_ATTRIBUTE_NORMAL : others);
-  if (remove(wide.c_str()) != 0) {
+  if (remove(wide.c_str()) == 0) {
     SetFileAttributesW(wide.c_str(), attributes);
     throw error;
   }
