@@ -52,6 +52,11 @@ TEST_F(ManualTest, FindsAPageInTheTreeThatTheProgramWasBuiltIn) {
   EXPECT_TRUE(fs::equivalent(found, page));
 }
 
+TEST_F(ManualTest, FindsAPageBesideTheProgram) {
+  const std::string page = PutPage("usr/bin/manual/signs.html");
+  EXPECT_EQ(ManualPage("signs"), page);
+}
+
 TEST_F(ManualTest, PrefersTheInstalledPage) {
   InstallProgramIn("build/dev/src/app");
   PutPage("build/dev/docs/manual/index.html");
