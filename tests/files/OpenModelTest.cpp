@@ -14,8 +14,6 @@
 #include <limits>
 #include <string>
 
-#include <sys/stat.h>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -167,7 +165,7 @@ TEST_F(OpenModelTest, GivesTheReasonToWhoAsks) {
 
 TEST_F(OpenModelTest, RefusesAFileThatTheUserMayNotRead) {
   SavedTriangle();
-  fs::permissions(path, fs::perms(0000));
+  const UnreadableFile unreadable(path);
   EXPECT_EQ(AsUnprivilegedUser([&] { return openModel(path) ? 1 : static_cast<int>(messages.shown.size()) - 1; }), 0);
 }
 

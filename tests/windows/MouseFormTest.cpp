@@ -2,6 +2,7 @@
 
 #include "AnalysisState.h"
 #include "DisplayState.h"
+#include "Pattern.h"
 #include "modModelStore.h"
 
 #include <functional>
@@ -34,7 +35,7 @@ class MouseFormTest : public DisplayFormTest {
 
 TEST_F(MouseFormTest, ShowsWhereTheMouseIsWithYUpwards) {
   QTest::mouseMove(&Area(), At(2, 1.5));
-  EXPECT_THAT(LabelText("stsBar_Coords"), testing::MatchesRegex("x: (1.99|2.0[01])   y: (1.49|1.5[01])"));
+  EXPECT_THAT(LabelText("stsBar_Coords"), MatchesPattern("x: (1.99|2.0[01])   y: (1.49|1.5[01])"));
 }
 
 TEST_F(MouseFormTest, DrawsNodesAtGridPointsOnly) {
