@@ -2,6 +2,7 @@
 #include "FakePlatform.h"
 #include "FullStream.h"
 #include "NativeFileSystem.h"
+#include "PathSpelling.h"
 #include "ScratchFolder.h"
 #include "SystemShell.h"
 #include "TrussFixture.h"
@@ -212,7 +213,7 @@ TEST_F(BracefoldCommandLineTest, GivesTheStatusOfTheWindow) {
 }
 
 TEST_F(BracefoldCommandLineTest, IsTheProgramToo) {
-  const std::string program = Native(BRACEFOLD_PROGRAM);
+  const std::string program = NativePath(BRACEFOLD_PROGRAM);
   EXPECT_EQ(StatusOfCommand(program + " --family fink --bays 12 --out " + File()), 0);
   EXPECT_EQ(LoadModelFile(File()).nodes, MakeTruss(Family("fink"), WithBays(Family("fink"), 12)).nodes);
   EXPECT_EQ(StatusOfCommand(program + " --family fink --bays 13 --out " + File() + " 2> " + Nowhere), 2);
@@ -222,8 +223,8 @@ TEST_F(BracefoldCommandLineTest, MakesWhatTheOtherProgramAnalyses) {
   for (const TrussFamily& family : TrussFamilies()) {
     const std::string name(family.name);
     const std::string printed = folder.Path(name + ".txt");
-    EXPECT_EQ(StatusOfCommand(Native(BRACEFOLD_PROGRAM) + " --family " + name + " --bays 60 --out " + File()), 0);
-    EXPECT_EQ(StatusOfCommand(Native(CLI_PROGRAM) + " analyse " + File() + " > " + printed), 0) << name;
+    EXPECT_EQ(StatusOfCommand(NativePath(BRACEFOLD_PROGRAM) + " --family " + name + " --bays 60 --out " + File()), 0);
+    EXPECT_EQ(StatusOfCommand(NativePath(CLI_PROGRAM) + " analyse " + File() + " > " + printed), 0) << name;
     EXPECT_THAT(FileBytes(printed), StartsWith(File() + ": ok\n")) << name;
     std::filesystem::remove(File());
   }

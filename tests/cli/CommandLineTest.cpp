@@ -1,5 +1,6 @@
 #include "CliTest.h"
 #include "FullStream.h"
+#include "PathSpelling.h"
 #include "SystemShell.h"
 
 #include <sstream>
@@ -62,7 +63,7 @@ TEST_F(CommandLineTest, ReportsWhenItsOutputIsLost) {
   EXPECT_EQ(RunCommandLine({"--help"}, inStream, alsoFull, errStream), 2);
 }
 
-int StatusOfProgram(const std::string& arguments) { return StatusOfCommand(Native(CLI_PROGRAM) + " " + arguments); }
+int StatusOfProgram(const std::string& arguments) { return StatusOfCommand(NativePath(CLI_PROGRAM) + " " + arguments); }
 
 TEST_F(CommandLineTest, IsTheProgramToo) {
   const std::string printed = folder.Path("printed");

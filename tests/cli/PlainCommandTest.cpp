@@ -4,6 +4,7 @@
 
 #include "CliTest.h"
 #include "FullStream.h"
+#include "PathSpelling.h"
 #include "Pattern.h"
 #include "SystemShell.h"
 
@@ -98,7 +99,7 @@ TEST_F(PlainCommandTest, SaysThatItsOutputCouldNotBeWritten) {
 /// The built program, in a process of its own.
 class PlainProgramTest : public CliTest {
  protected:
-  const std::filesystem::path program = PathOf(Native(CLI_PROGRAM));
+  const std::filesystem::path program = PathOf(CLI_PROGRAM).make_preferred();
   const std::string ending = Utf8Of(program.extension()); ///< of programs on this system
 };
 
@@ -119,8 +120,8 @@ TEST_F(PlainProgramTest, LoadsNothingThatDrawsOrChecks) {
 TEST_F(PlainProgramTest, GoesOnAsTheWholeProgram) {
   Run({"statics", Reference("triangle")});
   EXPECT_EQ(OutcomeOfCommand(program.string() + " statics " + Reference("triangle")), std::pair(0, out));
-  const auto [status, printed] = OutcomeOfCommand(PrintFile + Native(Reference("mechanism_square")) + " | " +
-                                                  program.string() + " analyse --check - --format json");
+  const auto [status, printed] = OutcomeOfCommand(program.string() + " analyse --check - --format json < " +
+                                                  NativePath(Reference("mechanism_square")));
   EXPECT_EQ(status, 1);
   EXPECT_THAT(printed, HasSubstr("\"mechanisms\":1"));
   EXPECT_EQ(OutcomeOfCommand(program.string() + " nonsense").first, 2);

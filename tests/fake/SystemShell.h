@@ -1,7 +1,5 @@
 #pragma once
 
-#include "Utf8Path.h"
-
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -15,9 +13,8 @@ namespace strutwright {
 
 #ifdef _WIN32
 
-/// What swallows everything, and what prints a file, in commands of the system's shell.
+/// What swallows everything.
 constexpr const char* Nowhere = "NUL";
-constexpr const char* PrintFile = "type ";
 
 inline int ExitStatusOf(int status) { return status; }
 inline std::FILE* OpenPipe(const std::string& command) { return _popen(command.c_str(), "rb"); }
@@ -26,16 +23,12 @@ inline int ClosePipe(std::FILE* pipe) { return _pclose(pipe); }
 #else
 
 constexpr const char* Nowhere = "/dev/null";
-constexpr const char* PrintFile = "cat ";
 
 inline int ExitStatusOf(int status) { return WIFEXITED(status) ? WEXITSTATUS(status) : -1; }
 inline std::FILE* OpenPipe(const std::string& command) { return popen(command.c_str(), "r"); }
 inline int ClosePipe(std::FILE* pipe) { return pclose(pipe); }
 
 #endif
-
-/// A path as the system's shell takes it for a program.
-inline std::string Native(const std::string& path) { return Utf8Of(PathOf(path).make_preferred()); }
 
 /// The exit status of a command of the system's shell; -1 where it was killed.
 inline int StatusOfCommand(const std::string& command) {
@@ -44,7 +37,7 @@ inline int StatusOfCommand(const std::string& command) {
 
 /// The same with what the command prints in both of its outputs.
 inline std::pair<int, std::string> OutcomeOfCommand(const std::string& command) {
-  std::FILE* const pipe = OpenPipe("(" + command + ") 2>&1");
+  std::FILE* const pipe = OpenPipe(command + " 2>&1");
   std::string printed;
   for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe)) printed += static_cast<char>(c);
   return {ExitStatusOf(ClosePipe(pipe)), printed};

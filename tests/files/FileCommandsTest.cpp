@@ -289,6 +289,8 @@ TEST_F(OpenTest, EndsTheAnalysisOfTheOldModelAndDrawsTheNewOneFromTheGrids) {
   EXPECT_EQ(watching.rowsAtReplacement, 5);
 }
 
+#ifndef _WIN32 // where no name may hold a separator
+
 TEST_F(OpenTest, ShowsTheLastComponentWithEitherSeparator) {
   SaveSquare();
   const std::string foreign = folder.Path("C:\\models\\bridge.stw");
@@ -296,6 +298,8 @@ TEST_F(OpenTest, ShowsTheLastComponentWithEitherSeparator) {
   EXPECT_TRUE(openModel(foreign));
   EXPECT_THAT(events, testing::Contains("CaptionChanged(bridge.stw)"));
 }
+
+#endif
 
 TEST_F(OpenTest, ThatIsCancelledChangesNothing) {
   CurrentFileName = path;

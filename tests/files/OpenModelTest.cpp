@@ -166,7 +166,7 @@ TEST_F(OpenModelTest, GivesTheReasonToWhoAsks) {
 TEST_F(OpenModelTest, RefusesAFileThatTheUserMayNotRead) {
   SavedTriangle();
   const UnreadableFile unreadable(path);
-  EXPECT_EQ(AsUnprivilegedUser([&] { return openModel(path) ? 1 : static_cast<int>(messages.shown.size()) - 1; }), 0);
+  EXPECT_EQ(AsUnprivilegedUser([&] { return openModel(path) ? 1 : static_cast<int>(TakeMessages().size()) - 1; }), 0);
 }
 
 } // namespace

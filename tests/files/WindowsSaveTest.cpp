@@ -71,7 +71,9 @@ TEST_F(WindowsSaveTest, GoesIntoAFileThatAnotherProgramLetsNobodyReplace) {
   EXPECT_EQ(FailureOf(path, SaveWholeFile), "Another program holds the file open: close it there and try again");
   CloseHandle(held);
   EXPECT_EQ(FileBytes(path), "new and longer");
-  EXPECT_EQ(folder.EntryCount(), 1);
+  for (const std::string& name : disk.Names(folder.Root())) {
+    EXPECT_FALSE(name.starts_with(".strutwright-")) << name; // Wine leaves a file of its own where it can't replace one
+  }
 }
 
 TEST_F(WindowsSaveTest, KeepsAllNamesOfAFile) {

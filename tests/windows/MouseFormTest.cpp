@@ -3,8 +3,11 @@
 #include "AnalysisState.h"
 #include "DisplayState.h"
 #include "Pattern.h"
+#include "Platform.h"
 #include "modModelStore.h"
+#include "modPlaces.h"
 
+#include <filesystem>
 #include <functional>
 
 #include <QMenu>
@@ -230,7 +233,8 @@ TEST_F(MouseFormTest, SaysThatThereIsNoResultsReport) {
 
 TEST_F(MouseFormTest, LaunchesTheCompanionProgramInTheProgramsFolder) {
   Command("mnuGenerator").trigger();
-  EXPECT_THAT(shell.opened, ElementsAre(ProgramFolder() + "/bracefold"));
+  constexpr char separator = static_cast<char>(std::filesystem::path::preferred_separator);
+  EXPECT_THAT(shell.opened, ElementsAre(CompanionProgram(ProgramFolder(), separator)));
 }
 
 TEST_F(MouseFormTest, DoesNothingOnHelp) {
