@@ -3,7 +3,6 @@
 #include "ModelBuilder.h"
 #include "Pattern.h"
 #include "PublishedBars.h"
-#include "frmEquations.h"
 #include "modEquationCells.h"
 #include "modModelStore.h"
 
@@ -13,6 +12,7 @@
 
 #include <QHeaderView>
 #include <QMdiSubWindow>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QScrollBar>
 
@@ -327,9 +327,9 @@ TEST_F(EquationsFormTest, CopiesNothingFromAnEmptyGrid) {
 }
 
 TEST_F(EquationsFormTest, OffersItsCommandsInItsMenus) {
+  Command("mnuEquations").trigger();
   QStringList names;
-  for (const QMenu* menu : static_cast<frmEquations&>(Find<QWidget>("frmEquations")).Menus())
-    names << menu->objectName();
+  for (const QAction* each : frame->menuBar()->actions()) names << each->menu()->objectName();
 
   EXPECT_EQ(names, (QStringList{"mnuFile", "mnuEdit", "mnuView", "mnuAnalysis", "mnuHelp"}));
   EXPECT_EQ(View("grK").actions().size(), 6) << "the grids' own menu offers what the Edit menu does";
