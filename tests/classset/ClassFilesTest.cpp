@@ -1,6 +1,7 @@
 #include "ClassFixture.h"
 #include "FaultyFileSystem.h"
 #include "NativeFileSystem.h"
+#include "Pattern.h"
 #include "RecordedDrawing.h"
 #include "RecordingSurface.h"
 #include "ScratchFolder.h"
@@ -32,7 +33,7 @@ class ClassFilesTest : public ClassTest {
   static std::set<std::string> FilesIn(const std::string& place) {
     std::set<std::string> files;
     for (const auto& each : std::filesystem::recursive_directory_iterator(place)) {
-      if (each.is_regular_file()) files.insert(std::filesystem::relative(each.path(), place).string());
+      if (each.is_regular_file()) files.insert(std::filesystem::relative(each.path(), place).generic_string());
     }
     return files;
   }
@@ -116,7 +117,7 @@ TEST_F(ClassFilesTest, DrawLoadsAndNumbersButNoResult) {
   EXPECT_THAT(texts, testing::Contains("35 kN"));
   EXPECT_THAT(texts, testing::IsSupersetOf({"1", "10"}));
   for (const std::string& text : texts) {
-    EXPECT_THAT(text, testing::AnyOf("35 kN", testing::MatchesRegex("[0-9]+"))) << "only loads and numbers";
+    EXPECT_THAT(text, testing::AnyOf("35 kN", MatchesPattern("[0-9]+"))) << "only loads and numbers";
   }
 }
 

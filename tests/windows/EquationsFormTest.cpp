@@ -1,6 +1,7 @@
 #include "EquationModel.h"
 #include "FormFixture.h"
 #include "ModelBuilder.h"
+#include "Pattern.h"
 #include "PublishedBars.h"
 #include "modEquationCells.h"
 #include "modModelStore.h"
@@ -300,7 +301,7 @@ TEST_F(EquationsFormTest, CopiesEveryDigitAndLatexFromTheMenu) {
   ClickCell(View("grDisp"), 5, 1);
 
   EquationsCommand("mnuCopyFullPrecision").trigger();
-  EXPECT_THAT(clipboard.text, testing::MatchesRegex("-0\\.39792[0-9]+\r\n"));
+  EXPECT_THAT(clipboard.text, MatchesPattern("-0\\.39792[0-9]+\r\n"));
 
   EquationsCommand("mnuCopyLatex").trigger();
   EXPECT_EQ(clipboard.text, "\\begin{bmatrix}\n  -0.4\n\\end{bmatrix}\n");
