@@ -235,7 +235,10 @@ TEST_F(AnalyseTest, KeepsToALineAMessageWhateverTheFilesName) {
   const std::string odd = folder.Root() + "/no\nsuch\xFF";
   EXPECT_EQ(Run({"analyse", "--format", "json", odd}), 2);
   EXPECT_EQ(Lines(err, "\n").size(), 1U);
+  EXPECT_THAT(err, HasSubstr("no; such\xEF\xBF\xBD: "));
+#ifndef _WIN32 // which has its own words for a name that nothing can have
   EXPECT_THAT(err, HasSubstr("no; such\xEF\xBF\xBD: No such file or directory\n"));
+#endif
 }
 
 TEST_F(AnalyseTest, SurvivesAFolderAndADevice) {
