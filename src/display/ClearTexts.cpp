@@ -1,5 +1,7 @@
 #include "ClearTexts.h"
 
+#include "modNumberText.h"
+
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -11,10 +13,11 @@ namespace {
 constexpr int MaxDecimals = 6;
 constexpr const char* Minus = "\u2212";
 
-std::string Digits(double size, int decimals) {
-  std::array<char, 400> text{}; // the largest double has 309 digits before its point
-  const auto end = std::to_chars(text.data(), text.data() + text.size(), size, std::chars_format::fixed, decimals).ptr;
-  return {text.data(), end};
+/// Of a force, rounded as the grids and the other drawing round it, so that it reads the same everywhere.
+std::string Digits(float size, int decimals) {
+  std::string text = FormatNumber(size, "0." + std::string(static_cast<std::size_t>(decimals), '0'));
+  if (decimals == 0) text.pop_back(); // the point of a pattern always shows
+  return text;
 }
 
 /// Enough decimals that a value does not read as zero.
@@ -42,7 +45,7 @@ int ForceDecimals(double largest) {
 std::string ForceText(float force, int decimals, bool compact) {
   constexpr double FourDigits = 99.95;
   if (force == 0) return "0";
-  const double size = std::fabs(static_cast<double>(force));
+  const float size = std::fabs(force);
   const std::string digits = Digits(size, compact && size >= FourDigits ? 0 : DecimalsFor(size, decimals));
   const std::string blank = compact ? "" : " ";
   return force > 0 ? "+" + digits + blank + "T" : Minus + digits + blank + "C";
@@ -55,12 +58,15 @@ std::string ShortForceText(float force, int decimals) {
 }
 
 std::string LoadText(float force, int decimals) {
-  const double size = std::fabs(static_cast<double>(force));
+  const float size = std::fabs(force);
   return WithoutZeros(Digits(size, DecimalsFor(size, decimals))) + " kN";
 }
 
 std::string PlainText(double value, int decimals) {
-  const std::string digits = WithoutZeros(Digits(std::fabs(value), decimals));
+  std::array<char, 400> text{}; // the largest double has 309 digits before its point
+  const auto end =
+      std::to_chars(text.data(), text.data() + text.size(), std::fabs(value), std::chars_format::fixed, decimals).ptr;
+  const std::string digits = WithoutZeros({text.data(), end});
   return value < 0 && digits != "0" ? Minus + digits : digits;
 }
 

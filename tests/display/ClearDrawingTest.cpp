@@ -154,6 +154,15 @@ TEST_F(ClearDrawingTest, TextsOfForcesSayAllThatTheyNeed) {
   EXPECT_EQ(PlainText(-0.001, 2), "0");
 }
 
+// A half goes away from zero in the grids and in the other drawing; a decimal of seven digits is what they round.
+TEST_F(ClearDrawingTest, ForcesAreRoundedAsInTheGrids) {
+  EXPECT_EQ(ForceText(-6.25F, 1), "\u22126.3 C");
+  EXPECT_EQ(ForceText(6.2499998F, 1), "+6.3 T");
+  EXPECT_EQ(ForceText(12.5F, 0), "+13 T");
+  EXPECT_EQ(ShortForceText(-0.125F, 2), "0.13C");
+  EXPECT_EQ(LoadText(2.25F, 1), "2.3 kN");
+}
+
 // 0.0001 kN is none, as the tables have it; nor is what a 32-bit float leaves of a large force.
 TEST_F(ClearDrawingTest, NoForceIsWhatTheResultsCannotTellFromZero) {
   EXPECT_TRUE(IsZeroForce(0.0001F, 1));
