@@ -11,6 +11,8 @@ namespace strutwright {
 namespace {
 
 constexpr int MaxDecimals = 6;
+constexpr double LeastInPowers = 1e7; // from there on, and below the other, numbers show a power of ten
+constexpr double MostInPowers = 1e-6;
 constexpr const char* Minus = "\u2212";
 
 /// Of a force, rounded as the grids and the other drawing round it, so that it reads the same everywhere.
@@ -63,11 +65,19 @@ std::string LoadText(float force, int decimals) {
 }
 
 std::string PlainText(double value, int decimals) {
-  std::array<char, 400> text{}; // the largest double has 309 digits before its point
-  const auto end =
-      std::to_chars(text.data(), text.data() + text.size(), std::fabs(value), std::chars_format::fixed, decimals).ptr;
+  const double size = std::fabs(value);
+  const bool isPlain = size < LeastInPowers && (size >= MostInPowers || decimals <= MaxDecimals);
+  if (!isPlain && size > 0) return (value < 0 ? Minus : "") + NumberText(static_cast<float>(size));
+  std::array<char, 32> text{};
+  const auto end = std::to_chars(text.data(), text.data() + text.size(), size, std::chars_format::fixed, decimals).ptr;
   const std::string digits = WithoutZeros({text.data(), end});
   return value < 0 && digits != "0" ? Minus + digits : digits;
+}
+
+std::string ReadingText(double value, int digits) {
+  if (static_cast<float>(value) == 0) return "0";
+  const double unit = std::pow(10.0, std::floor(std::log10(std::fabs(value))) + 1 - digits);
+  return NumberText(static_cast<float>(std::round(value / unit) * unit));
 }
 
 } // namespace strutwright

@@ -1,10 +1,10 @@
 #include "modInfluenceDrawing.h"
 
+#include "ClearTexts.h"
 #include "modClearDrawing.h"
 #include "modDrawing.h"
 #include "modMarks.h"
 #include "modModelStore.h"
-#include "modNumberText.h"
 
 #include <algorithm>
 #include <array>
@@ -70,11 +70,7 @@ double RoomBelow(const DrawingSurface& surface, const InfluenceShape& shape) {
 }
 
 /// Four digits are enough to read off a picture.
-std::string LabelText(double value) {
-  if (value == 0) return "0";
-  const double unit = std::pow(10.0, std::floor(std::log10(std::abs(value))) - 3);
-  return NumberText(static_cast<float>(std::round(value / unit) * unit));
-}
+std::string LabelText(double value) { return ReadingText(value, 4); }
 
 /// Draws in the world of the truss, with distances in pixels.
 class InfluencePicture {

@@ -163,6 +163,22 @@ TEST_F(ClearDrawingTest, ForcesAreRoundedAsInTheGrids) {
   EXPECT_EQ(LoadText(2.25F, 1), "2.3 kN");
 }
 
+TEST_F(ClearDrawingTest, HugeAndTinyNumbersShowAPowerOfTen) {
+  EXPECT_EQ(PlainText(9999999, 0), "9999999");
+  EXPECT_EQ(PlainText(-4e30, 0), "\u22124E+30");
+  EXPECT_EQ(PlainText(2e-30, 9), "2E-30");
+  EXPECT_EQ(PlainText(0.000002, 9), "0.000002");
+  EXPECT_EQ(PlainText(2e-7, 6), "0");
+  EXPECT_EQ(PlainText(0, 9), "0");
+}
+
+TEST_F(ClearDrawingTest, AReadingHasItsDigitsAndNoMore) {
+  EXPECT_EQ(ReadingText(33.75006, 5), "33.75");
+  EXPECT_EQ(ReadingText(-123456, 4), "-123500");
+  EXPECT_EQ(ReadingText(0, 5), "0");
+  EXPECT_EQ(ReadingText(1e-50, 5), "0");
+}
+
 // 0.0001 kN is none, as the tables have it; nor is what a 32-bit float leaves of a large force.
 TEST_F(ClearDrawingTest, NoForceIsWhatTheResultsCannotTellFromZero) {
   EXPECT_TRUE(IsZeroForce(0.0001F, 1));
