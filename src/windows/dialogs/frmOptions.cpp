@@ -114,7 +114,8 @@ QWidget* frmOptions::BuildCapacity() {
   note->setObjectName("capacityNote");
   note->setWordWrap(true);
   constexpr int linesOfNote = 3;
-  note->setMinimumHeight(linesOfNote * note->fontMetrics().lineSpacing()); // pages of tabs know no height for a width
+  note->setMinimumHeight(linesOfNote *
+                         (note->fontMetrics().lineSpacing() + 1)); // pages of tabs know no height for a width
   auto* frame = new QGroupBox("&Maximum No. of Nodes or Members");
   auto* row = new QHBoxLayout(frame);
   row->addWidget(note, 1);
