@@ -138,10 +138,10 @@ void frmGraph::AddSelectionMenu(MenuBuilder& build, QMenu& drawing) {
       "mnuCopies", "Cop&y and Repeat...", {}, [this] { AskForCopies(); },
       "Copies what is selected, once or in a row, with its loads and supports");
   add(
-      "mnuMirrorX", "Mirror to the Si&de...", {}, [this] { AskForMirror(false); },
+      "mnuMirrorX", "Mirror to the S&ide...", {}, [this] { AskForMirror(false); },
       "Adds the mirror image of what is selected on the other side of an upright line");
   add(
-      "mnuMirrorY", "Mirror &Up or Down...", {}, [this] { AskForMirror(true); },
+      "mnuMirrorY", "Mirror Up or Do&wn...", {}, [this] { AskForMirror(true); },
       "Adds the mirror image of what is selected above or below a level line");
 }
 
@@ -191,7 +191,7 @@ void frmGraph::BuildPopUp(MenuBuilder& build) {
   PopUp->addSeparator();
   for (const char* name : {"mnuPan", "mnuZW"}) take(name);
   build.Add(*PopUp, "mnuZo", "Zoom &Out", {}, [this] { Frame.ZoomOut(); });
-  build.Add(*PopUp, "mnuZE", "Zoom &Extents", {}, [this] { Frame.Redraw(true); });
+  build.Add(*PopUp, "mnuZE", "&Zoom Extents", {}, [this] { Frame.Redraw(true); });
   PopUp->addSeparator();
   take("mnuRefresh");
   take("mnuClearDrawing");
