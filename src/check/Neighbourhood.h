@@ -52,6 +52,8 @@ class NeighbourVisitor {
 
 /// Nodes and members of a truss in rectangular cells, halved as long as that saves comparisons, so that only what is
 /// near is compared with each other.  Neither scale nor place of the truss matters, nor single nodes far away.
+/// An R-tree (Boost.Geometry's) over the members' rectangles is a third of the code, and the findings take twice to
+/// seven times as long: rectangles of sloping members are large, and all members of a node lie near each other.
 class Neighbourhood {
  public:
   /// tolerances: MemberTolerances.  All three must outlive this.

@@ -4,8 +4,9 @@
 #include "ClassTexts.h"
 #include "Ensure.h"
 #include "Platform.h"
-#include "modModelStore.h"
+#include "modModelFile.h"
 #include "modNumberText.h"
+#include "modOtherModel.h"
 #include "modPlaces.h"
 #include "modSheet.h"
 #include "modStudents.h"
@@ -49,9 +50,7 @@ const FieldDescription* NumberNamed(const std::string& quantity) {
   return found == TrussFields.end() ? nullptr : &*found;
 }
 
-ClassSource OpenModel(const std::string& model) {
-  return {LastComponent(model), {GridCapacity, NodeCount, MemberCount, NodeTable, MemberTable}, nullptr, {}};
-}
+ClassSource OpenModel(const std::string& model) { return {LastComponent(model), ModelInTables(), nullptr, {}}; }
 
 ClassSource FamilyEntered(const ClassEntry& entry) {
   const TrussFamily* family = FamilyNamed(entry.family);
@@ -125,14 +124,10 @@ std::vector<ClassVariant> FirstVariants(ClassPlan plan, std::size_t most) {
 
 bool CanVaryInModel(const std::string& quantity) { return IsModelQuantity(quantity); }
 
-std::string PresentSize(const std::string& quantity) {
-  return SizeText({GridCapacity, NodeCount, MemberCount, NodeTable, MemberTable}, quantity);
-}
+std::string PresentSize(const std::string& quantity) { return SizeText(ModelInTables(), quantity); }
 
 void DrawVariant(const ClassVariant& variant, DrawingSurface& surface) {
-  const KeptModel kept;
-  PutInTables(variant.model);
-  ProblemPicture().draw(surface);
+  WithModel({variant.model.nodes, variant.model.members}, [&] { ProblemPicture(variant.model).draw(surface); });
 }
 
 } // namespace strutwright

@@ -10,6 +10,7 @@
 #include "modKey.h"
 #include "modModelFile.h"
 #include "modMoodle.h"
+#include "modOtherModel.h"
 #include "modSheet.h"
 #include "modTeacherKey.h"
 #include "modWorkedFiles.h"
@@ -105,14 +106,13 @@ class SetWriter {
   }
 
   Making BeginStudent(const ClassVariant& variant) {
-    const KeptModel kept;
-    PutInTables(variant.model);
     MadeFiles made;
-    if (Maker.Has(ClassFormat::Stw)) made.files.emplace_back(variant.student + "/model.stw", WriteModel());
+    if (Maker.Has(ClassFormat::Stw)) made.files.emplace_back(variant.student + "/model.stw", WriteModel(variant.model));
     const bool isDrawn = Maker.HasDocuments() || Maker.Has(ClassFormat::Moodle);
     if (!isDrawn) return Threads.Do<MadeFiles>([made] { return made; });
-    WorkedPicture picture = ProblemPicture();
-    picture.draw = Recorded(picture.width, picture.height, picture.draw);
+    WorkedPicture picture = ProblemPicture(variant.model);
+    picture.draw = WithModel({variant.model.nodes, variant.model.members},
+                             [&picture] { return Recorded(picture.width, picture.height, picture.draw); });
     const auto sheet = std::make_shared<WorkedDocument>(SheetOf(Plan, variant, picture));
     const std::string text = MoodleText(variant, picture.width, picture.height);
     return Threads.Do<MadeFiles>([this, &variant, made, picture, sheet, text]() mutable {

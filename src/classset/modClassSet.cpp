@@ -6,7 +6,7 @@
 #include "SeededDraws.h"
 #include "modAnalysis.h"
 #include "modCheckAnswer.h"
-#include "modModelStore.h"
+#include "modOtherModel.h"
 #include "modTables.h"
 
 #include <algorithm>
@@ -129,14 +129,13 @@ class VariantMaker {
       }
       if (!Models.Insert(varied.model->nodes, varied.model->members)) continue;
       ClassVariant variant{"", *varied.model, VariedText(Plan.variations, *values), {}};
-      if (IsUsable(variant)) return variant;
+      if (WithModel({variant.model.nodes, variant.model.members}, [&] { return IsUsable(variant); })) return variant;
     }
     return std::nullopt;
   }
 
-  /// Analyses and judges the variant, and answers its questions.
+  /// Analyses and judges the variant, whose model is in the tables, and answers its questions.
   bool IsUsable(ClassVariant& variant) {
-    PutInTables(variant.model);
     if (AnalyseTruss() != AnalysisEnd::Done) return KeepReason("the truss is a mechanism, or can't be analysed");
     const CheckReport check = CheckAnswer(AnalysisOutcome::Done);
     if (!check.stability.Stable()) return KeepReason(MechanismReason(check));
@@ -144,7 +143,7 @@ class VariantMaker {
       return KeepReason("rounding leaves fewer than four digits that are sure");
     }
     try {
-      variant.questions = Answered(QuestionsAbout(Plan.asks), check, Plan.percent);
+      variant.questions = Answered(QuestionsAbout(variant.model, Plan.asks), check, Plan.percent);
     } catch (const ClassFault& fault) {
       return KeepReason(InsideSentence(fault.what()));
     }
@@ -211,38 +210,16 @@ void CheckSource(const ClassPlan& plan) {
   if (!ofFamily && plan.source.model.nodeCount == 0) throw ClassFault("The model has no nodes: build a truss first");
   CheckVariations(plan.source, plan.variations);
   if (ofFamily) return;
-  const KeptModel kept;
-  PutInTables(plan.source.model);
-  const CheckReport check = CheckAnswer(AnalysisOutcome::None);
+  const StoredModel& model = plan.source.model;
+  const CheckReport check = WithModel({model.nodes, model.members}, [] { return CheckAnswer(AnalysisOutcome::None); });
   if (!check.stability.Stable()) {
     throw ClassFault(check.verdict +
                      (check.stability.mechanisms.empty() ? "" : ": " + check.stability.mechanisms.front().sentence));
   }
-  QuestionsAbout(plan.asks);
+  QuestionsAbout(model, plan.asks);
 }
 
 } // namespace
-
-KeptModel::KeptModel()
-    : Model{GridCapacity, NodeCount, MemberCount, NodeTable, MemberTable}, HadResults(AnalysisDone),
-      Analysis(std::exchange(TheAnalysis, AnalysisState{})) {
-  AnalysisDone = FlagFalse;
-}
-
-KeptModel::~KeptModel() {
-  PutInTables(Model);
-  AnalysisDone = HadResults;
-  TheAnalysis = std::move(Analysis);
-}
-
-void PutInTables(const StoredModel& model) {
-  GridCapacity = model.capacity;
-  NodeCount = model.nodeCount;
-  MemberCount = model.memberCount;
-  NodeTable = model.nodes;
-  MemberTable = model.members;
-  AnalysisDone = FlagFalse;
-}
 
 std::vector<ClassVariant> MakeVariants(const ClassPlan& plan) {
   CheckSource(plan);
@@ -250,10 +227,7 @@ std::vector<ClassVariant> MakeVariants(const ClassPlan& plan) {
   VariantMaker maker(plan);
   std::vector<ClassVariant> variants;
   for (const std::string& student : plan.students) {
-    {
-      const KeptModel kept; // the open model is back whenever a window may draw it
-      variants.push_back(maker.VariantFor(student));
-    }
+    variants.push_back(maker.VariantFor(student));
     work.Done(static_cast<double>(variants.size()) / static_cast<double>(plan.students.size()));
   }
   return variants;

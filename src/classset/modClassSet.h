@@ -1,6 +1,5 @@
 #pragma once
 
-#include "AnalysisState.h"
 #include "modQuestions.h"
 #include "modVariations.h"
 
@@ -28,23 +27,6 @@ struct ClassVariant {
   std::string varied;                   ///< "span 24 m, load 15 kN"
   std::vector<KeyedQuestion> questions; ///< in the order in which they were asked
 };
-
-/// Keeps the open model and its results, and puts them back when it goes.  Meanwhile there is no result to show.
-class KeptModel {
- public:
-  KeptModel();
-  ~KeptModel();
-  KeptModel(const KeptModel&) = delete;
-  KeptModel& operator=(const KeptModel&) = delete;
-
- private:
-  StoredModel Model;
-  std::int16_t HadResults;
-  AnalysisState Analysis;
-};
-
-/// Puts a model into the tables, where there are no results then; the grids stay.
-void PutInTables(const StoredModel& model);
 
 /// Fewest digits that the check must find right in a variant.
 inline constexpr int DigitsOfVariant = 4;

@@ -96,7 +96,7 @@ std::string QuestionsHtml(const ClassVariant& variant) {
   std::string html;
   for (const KeyedQuestion& each : variant.questions) {
     const std::string unit = UnitOf(each.question);
-    html += "<p>" + EscapedMarkup(TextOf(each.question)) + ": " + ClozeOf(each) + " " + unit + "</p>\n";
+    html += "<p>" + EscapedMarkup(TextOf(variant.model, each.question)) + ": " + ClozeOf(each) + " " + unit + "</p>\n";
   }
   return html;
 }
@@ -120,7 +120,7 @@ std::string MoodleText(const ClassVariant& variant, int width, int height) {
                      "also of loads, reactions and displacements. A member force is positive in tension.</p>\n";
   html += "<p><img src=\"@@PLUGINFILE@@/" + std::string(PictureName) + "\" alt=\"The truss\" width=\"" +
           std::to_string(width) + "\" height=\"" + std::to_string(height) + "\"></p>\n";
-  for (const WorkedTable& table : DataTables()) html += TableHtml(table);
+  for (const WorkedTable& table : DataTables(variant.model)) html += TableHtml(table);
   return html + QuestionsHtml(variant);
 }
 

@@ -64,8 +64,8 @@ void ReadItems(Ask& ask, std::string_view part, const std::string& whole) {
   for (int number = *first; number <= *last; ++number) ask.items.push_back({number, direction});
 }
 
-bool HoldsIn(int node, char direction) {
-  const float code = NodeTable(node, NodeSupport);
+bool HoldsIn(const StoredModel& model, int node, char direction) {
+  const float code = model.nodes(node, NodeSupport);
   return code != 0 && code != (direction == 'x' ? 1.0F : 2.0F);
 }
 
@@ -80,12 +80,12 @@ std::string ThereIsNo(const char* what, int number, int count) {
 
 std::string Place(int number, char direction) { return std::to_string(number) + direction; }
 
-void AddOfNode(std::vector<Question>& questions, AskKind kind, const Ask::Item& item) {
-  if (item.number > NodeCount) throw ClassFault(ThereIsNo("node", item.number, NodeCount));
+void AddOfNode(std::vector<Question>& questions, const StoredModel& model, AskKind kind, const Ask::Item& item) {
+  if (item.number > model.nodeCount) throw ClassFault(ThereIsNo("node", item.number, model.nodeCount));
   bool any = false;
   for (const char direction : {'x', 'y'}) {
     if (item.direction != ' ' && item.direction != direction) continue;
-    if (kind == AskKind::Reaction && !HoldsIn(item.number, direction)) continue;
+    if (kind == AskKind::Reaction && !HoldsIn(model, item.number, direction)) continue;
     AddOnce(questions, {kind, item.number, direction});
     any = true;
   }
@@ -95,43 +95,43 @@ void AddOfNode(std::vector<Question>& questions, AskKind kind, const Ask::Item& 
                    ": ask for a reaction that there is");
 }
 
-void AddOfMember(std::vector<Question>& questions, AskKind kind, int member) {
-  if (member > MemberCount) throw ClassFault(ThereIsNo("member", member, MemberCount));
+void AddOfMember(std::vector<Question>& questions, const StoredModel& model, AskKind kind, int member) {
+  if (member > model.memberCount) throw ClassFault(ThereIsNo("member", member, model.memberCount));
   if (kind == AskKind::Force) return AddOnce(questions, {kind, member});
   for (int row = 1; row <= MatrixRows; ++row) {
     for (int column = 1; column <= MatrixRows; ++column) AddOnce(questions, {kind, member, ' ', row, column});
   }
 }
 
-std::vector<Ask::Item> AllOf(AskKind kind) {
+std::vector<Ask::Item> AllOf(const StoredModel& model, AskKind kind) {
   std::vector<Ask::Item> all;
-  for (int m = 1; IsOfMembers(kind) && m <= MemberCount; ++m) all.push_back({m, ' '});
-  for (int n = 1; IsOfNodes(kind) && n <= NodeCount; ++n) {
-    if (kind == AskKind::Displacement || HoldsIn(n, 'x') || HoldsIn(n, 'y')) all.push_back({n, ' '});
+  for (int m = 1; IsOfMembers(kind) && m <= model.memberCount; ++m) all.push_back({m, ' '});
+  for (int n = 1; IsOfNodes(kind) && n <= model.nodeCount; ++n) {
+    if (kind == AskKind::Displacement || HoldsIn(model, n, 'x') || HoldsIn(model, n, 'y')) all.push_back({n, ' '});
   }
   return all;
 }
 
-void AddQuestions(std::vector<Question>& questions, const Ask& ask) {
+void AddQuestions(std::vector<Question>& questions, const StoredModel& model, const Ask& ask) {
   if (!IsOfNodes(ask.kind) && !IsOfMembers(ask.kind)) return AddOnce(questions, {ask.kind});
-  for (const Ask::Item& item : ask.items.empty() ? AllOf(ask.kind) : ask.items) {
+  for (const Ask::Item& item : ask.items.empty() ? AllOf(model, ask.kind) : ask.items) {
     if (IsOfNodes(ask.kind)) {
-      AddOfNode(questions, ask.kind, item);
+      AddOfNode(questions, model, ask.kind, item);
     } else {
-      AddOfMember(questions, ask.kind, item.number);
+      AddOfMember(questions, model, ask.kind, item.number);
     }
   }
 }
 
-std::string FreedomName(int member, int row) {
-  const int node = RoundNodeNumber(MemberTable(member, row <= 2 ? MemberNodeI : MemberNodeJ));
+std::string FreedomName(const StoredModel& model, int member, int row) {
+  const int node = RoundNodeNumber(model.members(member, row <= 2 ? MemberNodeI : MemberNodeJ));
   return std::to_string(node) + (row % 2 == 1 ? "x" : "y");
 }
 
-std::string MatrixText(const Question& question) {
+std::string MatrixText(const StoredModel& model, const Question& question) {
   const std::string member = std::to_string(question.number);
-  return "Stiffness of member " + member + " in global axes, row " + FreedomName(question.number, question.row) +
-         ", column " + FreedomName(question.number, question.column);
+  return "Stiffness of member " + member + " in global axes, row " + FreedomName(model, question.number, question.row) +
+         ", column " + FreedomName(model, question.number, question.column);
 }
 
 const char* PositiveIn(char direction) { return direction == 'x' ? "positive to the right" : "positive upwards"; }
@@ -167,7 +167,7 @@ std::string NameOf(const Question& question) {
   return "k " + std::to_string(question.number) + " " + std::to_string(question.row) + std::to_string(question.column);
 }
 
-std::string TextOf(const Question& question) {
+std::string TextOf(const StoredModel& model, const Question& question) {
   const std::string number = std::to_string(question.number);
   switch (question.kind) {
   case AskKind::Force: return "Force of member " + number + ", tension positive";
@@ -179,7 +179,7 @@ std::string TextOf(const Question& question) {
   case AskKind::Determinacy: return "Degree of static indeterminacy, 0 for a determinate truss";
   case AskKind::Stiffness: break;
   }
-  return MatrixText(question);
+  return MatrixText(model, question);
 }
 
 std::string UnitOf(const Question& question) {
@@ -196,9 +196,9 @@ bool IsMeasured(const Question& question) {
   return question.kind != AskKind::ZeroMembers && question.kind != AskKind::Determinacy;
 }
 
-std::vector<Question> QuestionsAbout(const std::vector<Ask>& asks) {
+std::vector<Question> QuestionsAbout(const StoredModel& model, const std::vector<Ask>& asks) {
   std::vector<Question> questions;
-  for (const Ask& ask : asks) AddQuestions(questions, ask);
+  for (const Ask& ask : asks) AddQuestions(questions, model, ask);
   if (questions.empty())
     throw ClassFault("There is nothing in the model to ask for: build a truss with supports first");
   return questions;

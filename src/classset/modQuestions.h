@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CheckReport.h"
+#include "modModelFile.h"
 
 #include <string>
 #include <vector>
@@ -38,8 +39,8 @@ struct Question {
 /// What it is called in the key: "force 7", "reaction 1x", "displacement 4y", "zero-members", "determinacy", "k 2 12".
 std::string NameOf(const Question& question);
 
-/// What is asked, with unit and sign rule.  The model's tables tell which nodes a member joins.
-std::string TextOf(const Question& question);
+/// What is asked, with unit and sign rule.  The model tells which nodes a member joins.
+std::string TextOf(const StoredModel& model, const Question& question);
 
 /// "kN", "mm" or "kN/mm"; empty where there is none.
 std::string UnitOf(const Question& question);
@@ -47,8 +48,8 @@ std::string UnitOf(const Question& question);
 /// Whether the answer is a measured number, and no count or list.
 bool IsMeasured(const Question& question);
 
-/// The questions about the model in the tables, each once.  Throws ClassFault where the model lacks what is asked for.
-std::vector<Question> QuestionsAbout(const std::vector<Ask>& asks);
+/// The questions about a model, each once.  Throws ClassFault where the model lacks what is asked for.
+std::vector<Question> QuestionsAbout(const StoredModel& model, const std::vector<Ask>& asks);
 
 /// A question with its answer.
 struct KeyedQuestion {

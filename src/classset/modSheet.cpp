@@ -22,16 +22,16 @@ constexpr int LinesToWrite = 12;
 constexpr const char* Blank = "____________";
 
 /// As high as the truss needs when it fills the width.
-int HeightOfPicture() {
-  double left = NodeTable(1, NodeX);
+int HeightOfPicture(const StoredModel& model) {
+  double left = model.nodes(1, NodeX);
   double right = left;
-  double bottom = NodeTable(1, NodeY);
+  double bottom = model.nodes(1, NodeY);
   double top = bottom;
-  for (int n = 2; n <= NodeCount; ++n) {
-    left = std::min<double>(left, NodeTable(n, NodeX));
-    right = std::max<double>(right, NodeTable(n, NodeX));
-    bottom = std::min<double>(bottom, NodeTable(n, NodeY));
-    top = std::max<double>(top, NodeTable(n, NodeY));
+  for (int n = 2; n <= model.nodeCount; ++n) {
+    left = std::min<double>(left, model.nodes(n, NodeX));
+    right = std::max<double>(right, model.nodes(n, NodeX));
+    bottom = std::min<double>(bottom, model.nodes(n, NodeY));
+    top = std::max<double>(top, model.nodes(n, NodeY));
   }
   const double width = right - left;
   const double needed = width > 0 ? (top - bottom) / width * (ReportWidth - HeightBeside) + HeightBeside : MostHeight;
@@ -60,52 +60,52 @@ std::string Cell(float value) { return NumberText(value); }
 /// Zero loads are left out, so that the others stand out.
 std::string LoadCell(float value) { return value == 0 ? "" : NumberText(value); }
 
-WorkedTable NodesTable() {
+WorkedTable NodesTable(const StoredModel& model) {
   WorkedTable table{{{"Node"}, {"x (m)"}, {"y (m)"}, {"Load in x (kN)"}, {"Load in y (kN)"}, {"Support", true}}, {}};
-  for (int n = 1; n <= NodeCount; ++n) {
-    table.rows.push_back({std::to_string(n), Cell(NodeTable(n, NodeX)), Cell(NodeTable(n, NodeY)),
-                          LoadCell(NodeTable(n, NodeForceX)), LoadCell(NodeTable(n, NodeForceY)),
-                          SupportText(NodeTable(n, NodeSupport))});
+  for (int n = 1; n <= model.nodeCount; ++n) {
+    table.rows.push_back({std::to_string(n), Cell(model.nodes(n, NodeX)), Cell(model.nodes(n, NodeY)),
+                          LoadCell(model.nodes(n, NodeForceX)), LoadCell(model.nodes(n, NodeForceY)),
+                          SupportText(model.nodes(n, NodeSupport))});
   }
   return table;
 }
 
-bool HasPrestress() {
-  for (int m = 1; m <= MemberCount; ++m) {
-    if (MemberTable(m, MemberPS) != 0) return true;
+bool HasPrestress(const StoredModel& model) {
+  for (int m = 1; m <= model.memberCount; ++m) {
+    if (model.members(m, MemberPS) != 0) return true;
   }
   return false;
 }
 
-WorkedTable MembersTable() {
-  const bool prestressed = HasPrestress();
+WorkedTable MembersTable(const StoredModel& model) {
+  const bool prestressed = HasPrestress(model);
   WorkedTable table{{{"Member"}, {"From node"}, {"To node"}, {"E (kN/mm\u00B2)"}, {"A (mm\u00B2)"}}, {}};
   if (prestressed) table.columns.push_back({"Prestress (kN)"});
-  for (int m = 1; m <= MemberCount; ++m) {
-    std::vector<std::string> row{std::to_string(m), Cell(MemberTable(m, MemberNodeI)),
-                                 Cell(MemberTable(m, MemberNodeJ)), Cell(MemberTable(m, MemberE)),
-                                 Cell(MemberTable(m, MemberA))};
-    if (prestressed) row.push_back(Cell(MemberTable(m, MemberPS)));
+  for (int m = 1; m <= model.memberCount; ++m) {
+    std::vector<std::string> row{std::to_string(m), Cell(model.members(m, MemberNodeI)),
+                                 Cell(model.members(m, MemberNodeJ)), Cell(model.members(m, MemberE)),
+                                 Cell(model.members(m, MemberA))};
+    if (prestressed) row.push_back(Cell(model.members(m, MemberPS)));
     table.rows.push_back(row);
   }
   return table;
 }
 
-WorkedTable QuestionsTable(const std::vector<KeyedQuestion>& questions) {
+WorkedTable QuestionsTable(const ClassVariant& variant) {
   WorkedTable table{{{"Question", true}, {"What is asked", true}, {"Answer", true}, {"Unit", true}}, {}};
-  for (const KeyedQuestion& each : questions) {
+  for (const KeyedQuestion& each : variant.questions) {
     if (each.question.kind == AskKind::Stiffness) continue;
-    table.rows.push_back({NameOf(each.question), TextOf(each.question), Blank, UnitOf(each.question)});
+    table.rows.push_back({NameOf(each.question), TextOf(variant.model, each.question), Blank, UnitOf(each.question)});
   }
   return table;
 }
 
 /// The matrix of a member to fill in, with the freedoms that its rows and columns belong to.
-void AddMatrix(WorkedDocument& sheet, int member) {
+void AddMatrix(WorkedDocument& sheet, const StoredModel& model, int member) {
   const std::string number = std::to_string(member);
   std::vector<std::string> freedoms;
   for (const MemberField field : {MemberNodeI, MemberNodeJ}) {
-    const std::string node = std::to_string(RoundNodeNumber(MemberTable(member, field)));
+    const std::string node = std::to_string(RoundNodeNumber(model.members(member, field)));
     freedoms.push_back(node + "x");
     freedoms.push_back(node + "y");
   }
@@ -121,20 +121,20 @@ void AddMatrix(WorkedDocument& sheet, int member) {
   sheet.blocks.emplace_back(table);
 }
 
-void AddMatrices(WorkedDocument& sheet, const std::vector<KeyedQuestion>& questions) {
+void AddMatrices(WorkedDocument& sheet, const ClassVariant& variant) {
   int last = 0;
-  for (const KeyedQuestion& each : questions) {
+  for (const KeyedQuestion& each : variant.questions) {
     if (each.question.kind != AskKind::Stiffness || each.question.number == last) continue;
     last = each.question.number;
-    AddMatrix(sheet, last);
+    AddMatrix(sheet, variant.model, last);
   }
 }
 
 } // namespace
 
-WorkedPicture ProblemPicture() { return {ReportWidth, HeightOfPicture(), DrawProblem}; }
+WorkedPicture ProblemPicture(const StoredModel& model) { return {ReportWidth, HeightOfPicture(model), DrawProblem}; }
 
-std::vector<WorkedTable> DataTables() { return {NodesTable(), MembersTable()}; }
+std::vector<WorkedTable> DataTables(const StoredModel& model) { return {NodesTable(model), MembersTable(model)}; }
 
 std::string SetName(const ClassPlan& plan) {
   return "Class set of " + plan.source.name + ", seed " + std::to_string(plan.seed);
@@ -148,11 +148,11 @@ WorkedDocument SheetOf(const ClassPlan& plan, const ClassVariant& variant, const
   add(WorkedParagraph{"All joints are pins, and all members weigh nothing. x is positive to the right and y upwards, "
                       "also of loads, reactions and displacements. A member force is positive in tension."});
   add(WorkedHeading{2, "Questions"});
-  const WorkedTable questions = QuestionsTable(variant.questions);
+  const WorkedTable questions = QuestionsTable(variant);
   if (!questions.rows.empty()) add(questions);
-  AddMatrices(sheet, variant.questions);
+  AddMatrices(sheet, variant);
   add(WorkedHeading{2, "Data"});
-  for (const WorkedTable& table : DataTables()) {
+  for (const WorkedTable& table : DataTables(variant.model)) {
     add(WorkedParagraph{table.columns.front().heading + "s"});
     add(table);
   }

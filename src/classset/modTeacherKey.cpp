@@ -7,7 +7,7 @@
 #include "modAnalysis.h"
 #include "modHandSolution.h"
 #include "modMember.h"
-#include "modModelStore.h"
+#include "modOtherModel.h"
 #include "modSheet.h"
 #include "modWorking.h"
 
@@ -104,7 +104,9 @@ void AddSolutionByStiffness(WorkedDocument& key, const ClassVariant& variant) {
   }
 }
 
+/// Of the model in the tables, which is the variant's.
 void AddSolution(WorkedDocument& key, const ClassVariant& variant) {
+  AnalyseTruss();
   const HandSolution solution = SolveByHand(ReadHandTruss());
   AddLine(key, solution.determinacy.sentence);
   const bool byHand = solution.determinacy.IsDeterminate();
@@ -124,16 +126,11 @@ WorkedDocument TeacherKey(const ClassPlan& plan, const std::vector<ClassVariant>
   WorkedDocument key{"Key: " + SetName(plan), {}};
   for (std::size_t v = 0; v < variants.size(); ++v) {
     const ClassVariant& variant = variants[v];
-    {
-      const KeptModel kept;
-      PutInTables(variant.model);
-      AnalyseTruss();
-      if (v > 0) key.blocks.emplace_back(WorkedNewPage{});
-      key.blocks.emplace_back(WorkedHeading{2, variant.student});
-      if (!variant.varied.empty()) AddLine(key, "Varied: " + variant.varied + ".");
-      AddAnswers(key, variant);
-      AddSolution(key, variant);
-    }
+    if (v > 0) key.blocks.emplace_back(WorkedNewPage{});
+    key.blocks.emplace_back(WorkedHeading{2, variant.student});
+    if (!variant.varied.empty()) AddLine(key, "Varied: " + variant.varied + ".");
+    AddAnswers(key, variant);
+    WithModel({variant.model.nodes, variant.model.members}, [&] { AddSolution(key, variant); });
     done(v + 1);
   }
   return key;

@@ -42,7 +42,7 @@ ClassSource FamilySource(const ClassRequest& request) {
 
 /// The model that is open.
 ClassSource OpenSource(const std::string& file) {
-  return {ValidText(LastComponent(file)), {GridCapacity, NodeCount, MemberCount, NodeTable, MemberTable}, nullptr, {}};
+  return {ValidText(LastComponent(file)), ModelInTables(), nullptr, {}};
 }
 
 std::vector<std::string> StudentsOf(const std::string& text, std::istream& in) {

@@ -4,6 +4,7 @@
 #include "Commands.h"
 #include "Completion.h"
 #include "ModelInput.h"
+#include "PathSpelling.h"
 #include "Picture.h"
 #include "PlainOptions.h"
 #include "Utf8Path.h"
@@ -71,8 +72,10 @@ bool IsNameOfModel(const std::string& name) { return name.ends_with(".stw") || n
 /// Whether two names of files to write, empty where there is none, mean one file.
 bool AreOneFile(const std::string& one, const std::string& other) {
   if (one.empty() || other.empty()) return false;
-  const auto whole = [](const std::string& name) { return std::filesystem::absolute(PathOf(name)).lexically_normal(); };
-  return whole(one) == whole(other);
+  const auto whole = [](const std::string& name) {
+    return Utf8Of(std::filesystem::absolute(PathOf(name)).lexically_normal());
+  };
+  return NameOneFile(whole(one), whole(other));
 }
 
 void AddPictureFile(CLI::App& command, PictureRequest& picture, const char* help) {

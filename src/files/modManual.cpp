@@ -1,5 +1,6 @@
 #include "modManual.h"
 
+#include "PathSpelling.h"
 #include "Platform.h"
 
 #include <array>
@@ -24,13 +25,16 @@ std::string FolderAbove() {
   return end == std::string::npos ? std::string() : folder.substr(0, end);
 }
 
-std::string InstalledPage(const std::string& name) { return FolderAbove() + InstalledFolder + name + ".html"; }
+std::string InstalledPage(const std::string& name) {
+  return NativePath(FolderAbove() + InstalledFolder + name + ".html");
+}
 
 } // namespace
 
 std::string ManualPage(const std::string& name) {
-  for (const std::string& path : std::array{InstalledPage(name), ProgramFolder() + FolderBeside + name + ".html",
-                                            FolderAbove() + BuiltFolder + name + ".html"}) {
+  for (const std::string& path :
+       std::array{InstalledPage(name), NativePath(ProgramFolder() + FolderBeside + name + ".html"),
+                  NativePath(FolderAbove() + BuiltFolder + name + ".html")}) {
     if (Files().Kind(path) == FileKind::File) return path;
   }
   return {};

@@ -87,7 +87,11 @@ void ReadTable(const std::string& bytes, StoredModel& model, FieldTable& table) 
 
 } // namespace
 
-std::string WriteModel() { return Bytes({GridCapacity, NodeCount, MemberCount}, NodeTable, MemberTable); }
+StoredModel ModelInTables() { return {GridCapacity, NodeCount, MemberCount, NodeTable, MemberTable}; }
+
+std::string WriteModel(const StoredModel& model) {
+  return Bytes({model.capacity, model.nodeCount, model.memberCount}, model.nodes, model.members);
+}
 
 std::string ModelInGrids() {
   const ModelTables model = ReadGrids();

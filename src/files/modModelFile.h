@@ -23,8 +23,11 @@ struct StoredModel {
   std::size_t notFiniteValues = 0; ///< values that were infinite or not a number and are read as zero
 };
 
-/// The open model as the bytes of a file: GridCapacity, both counts, both tables.
-std::string WriteModel();
+/// The open model as a value: GridCapacity, both counts, both tables.
+StoredModel ModelInTables();
+
+/// A model as the bytes of a file.
+std::string WriteModel(const StoredModel& model = ModelInTables());
 
 /// The model as the grids hold it, as the bytes of a file; member fields 6 to 9 are zero.  The tables stay as they are.
 std::string ModelInGrids();

@@ -1,6 +1,7 @@
 #include "modRecentFiles.h"
 
 #include "FileEvents.h"
+#include "PathSpelling.h"
 #include "Platform.h"
 #include "RecentFiles.h"
 #include "modFirstRun.h"
@@ -72,15 +73,15 @@ void Grow() {
 
 /// Keys beyond the limit stay as they are, and so does what stands twice.
 void StoreAtTop(const std::string& path) {
-  if (StoredPath(1) == path) return;
+  if (NameOneFile(StoredPath(1), path)) return;
   for (int place = MAX_FILES - 1; place >= 1; --place) StorePath(place + 1, StoredPath(place));
   StorePath(1, path);
 }
 
 /// The place of a path in the menu, from 1; nothing when it is not there.
 std::optional<int> PlaceInMenu(const std::string& path) {
-  const auto found =
-      std::find_if(mnuRUF.begin(), mnuRUF.end(), [&path](const RecentFileEntry& entry) { return entry.tag == path; });
+  const auto found = std::find_if(mnuRUF.begin(), mnuRUF.end(),
+                                  [&path](const RecentFileEntry& entry) { return NameOneFile(entry.tag, path); });
   if (found == mnuRUF.end()) return std::nullopt;
   return static_cast<int>(found - mnuRUF.begin()) + 1;
 }

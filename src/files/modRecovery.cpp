@@ -2,6 +2,7 @@
 
 #include "FileEvents.h"
 #include "FileState.h"
+#include "PathSpelling.h"
 #include "Platform.h"
 #include "modFileCommands.h"
 #include "modModelFile.h"
@@ -27,7 +28,7 @@ constexpr std::string_view Suffix = ".stw";
 bool HasDataFolder() { return !ThePlatform().dataFolder.empty(); }
 
 std::string InDataFolder(std::string_view prefix, int number, std::string_view suffix) {
-  return DataFolder() + "/" + std::string(prefix) + std::to_string(number) + std::string(suffix);
+  return NativePath(DataFolder() + "/" + std::string(prefix) + std::to_string(number) + std::string(suffix));
 }
 
 /// The number in the name of a recovery file; 0 for every other file.

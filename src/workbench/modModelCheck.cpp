@@ -1,30 +1,16 @@
 #include "modModelCheck.h"
 
 #include "modCheckAnswer.h"
-#include "modModelStore.h"
+#include "modOtherModel.h"
 
 #include <algorithm>
 #include <cstddef>
-#include <utility>
 
 namespace strutwright {
 
 namespace {
 
 constexpr std::size_t MotionsTold = 3;
-
-/// Puts the tables of the open model back when it goes.  The grids, which a window may show meanwhile, stay all the
-/// time.
-class TablesAside {
- public:
-  TablesAside() : Kept{GridCapacity, NodeCount, MemberCount, NodeTable, MemberTable} {}
-  ~TablesAside() { TakeModel(std::move(Kept)); }
-  TablesAside(const TablesAside&) = delete;
-  TablesAside& operator=(const TablesAside&) = delete;
-
- private:
-  StoredModel Kept;
-};
 
 void AddMotions(const StabilityReport& stability, std::vector<std::string>& findings) {
   const std::size_t told = std::min(stability.mechanisms.size(), MotionsTold);
@@ -48,9 +34,7 @@ std::vector<std::string> FindingsOf(const StoredModel& model) {
     return {"A truss of more than " + std::to_string(MostNodesCheckedAside) +
             " nodes is checked once it is imported, after Run Analysis"};
   }
-  const TablesAside aside;
-  TakeModel(model);
-  return FindingsInTables();
+  return WithModel({model.nodes, model.members}, FindingsInTables);
 }
 
 } // namespace strutwright

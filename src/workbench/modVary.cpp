@@ -7,6 +7,7 @@
 #include "modMember.h"
 #include "modModelStore.h"
 #include "modNumberText.h"
+#include "modOtherModel.h"
 
 #include <algorithm>
 #include <charconv>
@@ -14,7 +15,6 @@
 #include <cstddef>
 #include <limits>
 #include <sstream>
-#include <utility>
 
 namespace strutwright {
 
@@ -106,30 +106,15 @@ std::vector<NewValue> NewValues(const Varied& varied, double value) {
   return values;
 }
 
-FieldTable& TableOf(VariedKind kind) { return IsOfMembers(kind) ? MemberTable : NodeTable; }
-
-/// Puts model and results back when it goes.
-class KeptModel {
- public:
-  KeptModel() : Nodes(NodeTable), Members(MemberTable), Analysis(std::exchange(TheAnalysis, AnalysisState{})) {}
-  ~KeptModel() {
-    NodeTable = Nodes;
-    MemberTable = Members;
-    TheAnalysis = std::move(Analysis);
+/// The open model once the quantity has a value.
+ModelTables ModelWith(const Varied& varied, double value) {
+  ModelTables model{NodeTable, MemberTable};
+  FieldTable& table = IsOfMembers(varied.kind) ? model.members : model.nodes;
+  for (const NewValue& each : NewValues(varied, value)) {
+    table(each.row, FieldOf(varied.kind)) = NumericValue(each.text).value_or(0.0F);
   }
-  KeptModel(const KeptModel&) = delete;
-  KeptModel& operator=(const KeptModel&) = delete;
-
-  void Restore() const {
-    NodeTable = Nodes;
-    MemberTable = Members;
-  }
-
- private:
-  FieldTable Nodes;
-  FieldTable Members;
-  AnalysisState Analysis;
-};
+  return model;
+}
 
 double Read(const ChosenResult& result) {
   switch (result.kind) {
@@ -140,6 +125,11 @@ double Read(const ChosenResult& result) {
   case ResultKind::ReactionY: break;
   }
   return Reactions.at(YFreedom(result.number));
+}
+
+std::optional<double> FiniteResult(const ChosenResult& result) {
+  const double value = Read(result);
+  return std::isfinite(value) ? std::optional(value) : std::nullopt;
 }
 
 bool IsReaction(ResultKind kind) { return kind == ResultKind::ReactionX || kind == ResultKind::ReactionY; }
@@ -184,7 +174,8 @@ double ValueOf(const Varied& varied) {
     const Range range = RangeOf(FieldOf(varied.kind));
     return range.most - range.least;
   }
-  return TableOf(varied.kind)(Rows(varied).front(), FieldOf(varied.kind));
+  const FieldTable& table = IsOfMembers(varied.kind) ? MemberTable : NodeTable;
+  return table(Rows(varied).front(), FieldOf(varied.kind));
 }
 
 void PutValue(const Varied& varied, double value, CellEdits& edits) {
@@ -229,19 +220,14 @@ std::string VariedName(const Varied& varied) {
 }
 
 std::vector<VaryPoint> PlotOf(const Varied& varied, const ChosenResult& result, double from, double to, int points) {
-  const KeptModel kept;
   LongWork work("Computing the plot");
   std::vector<VaryPoint> plot;
   for (int k = 0; k < points; ++k) {
     const double share = points == 1 ? 0 : static_cast<double>(k) / (points - 1);
     const double value = (1 - share) * from + share * to;
-    kept.Restore();
-    const std::vector<NewValue> values = NewValues(varied, value);
-    for (const NewValue& each : values) {
-      TableOf(varied.kind)(each.row, FieldOf(varied.kind)) = NumericValue(each.text).value_or(0.0F);
-    }
-    const bool done = AnalyseTruss() == AnalysisEnd::Done;
-    plot.push_back({value, done && std::isfinite(Read(result)) ? std::optional(Read(result)) : std::nullopt});
+    plot.push_back({value, WithModel(ModelWith(varied, value), [&result]() -> std::optional<double> {
+                      return AnalyseTruss() == AnalysisEnd::Done ? FiniteResult(result) : std::nullopt;
+                    })});
     work.Done(share);
   }
   return plot;
@@ -249,8 +235,7 @@ std::vector<VaryPoint> PlotOf(const Varied& varied, const ChosenResult& result, 
 
 std::optional<double> ResultNow(const ChosenResult& result) {
   if (AnalysisDone == FlagFalse || !ResultFault(result).empty()) return std::nullopt;
-  const double value = Read(result);
-  return std::isfinite(value) ? std::optional(value) : std::nullopt;
+  return FiniteResult(result);
 }
 
 std::string PlotCsv(const Varied& varied, const ChosenResult& result, const std::vector<VaryPoint>& points) {

@@ -1,16 +1,16 @@
 #include "BracefoldCommandLine.h"
 #include "FakePlatform.h"
+#include "FullStream.h"
 #include "NativeFileSystem.h"
+#include "PathSpelling.h"
 #include "ScratchFolder.h"
+#include "SystemShell.h"
 #include "TrussFixture.h"
 #include "modNumberText.h"
 
-#include <cstdlib>
 #include <sstream>
 #include <string>
 #include <vector>
-
-#include <sys/wait.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -180,7 +180,7 @@ TEST_F(BracefoldCommandLineTest, ReportsWhenTheFileCannotBeWritten) {
 }
 
 TEST_F(BracefoldCommandLineTest, ReportsWhenItsOutputIsLost) {
-  std::ofstream full("/dev/full");
+  FullStream full;
   std::ostringstream errStream;
   EXPECT_EQ(RunBracefold({"--list"}, nullptr, full, errStream), 2);
   EXPECT_EQ(errStream.str(), "bracefold: the output could not be written\n");
@@ -212,33 +212,30 @@ TEST_F(BracefoldCommandLineTest, GivesTheStatusOfTheWindow) {
             1);
 }
 
-int StatusOf(const std::string& command) {
-  const int status = std::system(command.c_str()); // NOLINT: fixed commands
-  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
 TEST_F(BracefoldCommandLineTest, IsTheProgramToo) {
-  const std::string program = BRACEFOLD_PROGRAM;
-  EXPECT_EQ(StatusOf(program + " --family fink --bays 12 --out " + File()), 0);
+  const std::string program = NativePath(BRACEFOLD_PROGRAM);
+  EXPECT_EQ(StatusOfCommand(program + " --family fink --bays 12 --out " + File()), 0);
   EXPECT_EQ(LoadModelFile(File()).nodes, MakeTruss(Family("fink"), WithBays(Family("fink"), 12)).nodes);
-  EXPECT_EQ(StatusOf(program + " --family fink --bays 13 --out " + File() + " 2>/dev/null"), 2);
+  EXPECT_EQ(StatusOfCommand(program + " --family fink --bays 13 --out " + File() + " 2> " + Nowhere), 2);
 }
 
 TEST_F(BracefoldCommandLineTest, MakesWhatTheOtherProgramAnalyses) {
   for (const TrussFamily& family : TrussFamilies()) {
     const std::string name(family.name);
     const std::string printed = folder.Path(name + ".txt");
-    EXPECT_EQ(StatusOf(std::string(BRACEFOLD_PROGRAM) + " --family " + name + " --bays 60 --out " + File()), 0);
-    EXPECT_EQ(StatusOf(std::string(CLI_PROGRAM) + " analyse " + File() + " > " + printed), 0) << name;
+    EXPECT_EQ(StatusOfCommand(NativePath(BRACEFOLD_PROGRAM) + " --family " + name + " --bays 60 --out " + File()), 0);
+    EXPECT_EQ(StatusOfCommand(NativePath(CLI_PROGRAM) + " analyse " + File() + " > " + printed), 0) << name;
     EXPECT_THAT(FileBytes(printed), StartsWith(File() + ": ok\n")) << name;
     std::filesystem::remove(File());
   }
 }
 
+#ifndef _WIN32 // where there is always a display
+
 TEST_F(BracefoldCommandLineTest, SaysWhenThereIsNoDisplay) {
   const std::string printed = folder.Path("printed");
-  EXPECT_EQ(StatusOf("env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM " + std::string(BRACEFOLD_PROGRAM) + " 2> " +
-                     printed),
+  EXPECT_EQ(StatusOfCommand("env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM " + std::string(BRACEFOLD_PROGRAM) +
+                            " 2> " + printed),
             2);
   EXPECT_EQ(FileBytes(printed),
             "bracefold: there is no display for the window; --out FILE writes a model without one\n");
@@ -246,12 +243,14 @@ TEST_F(BracefoldCommandLineTest, SaysWhenThereIsNoDisplay) {
 
 TEST_F(BracefoldCommandLineTest, EndsInOrderWhereTheDisplayIsNotThere) {
   const std::string printed = folder.Path("printed");
-  EXPECT_EQ(StatusOf("env -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM DISPLAY=:9999 " + std::string(BRACEFOLD_PROGRAM) +
-                     " 2> " + printed),
+  EXPECT_EQ(StatusOfCommand("env -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM DISPLAY=:9999 " +
+                            std::string(BRACEFOLD_PROGRAM) + " 2> " + printed),
             1);
   EXPECT_THAT(FileBytes(printed),
               HasSubstr("bracefold: the window can't be shown; --out FILE writes a model without one\n"));
 }
+
+#endif
 
 } // namespace
 } // namespace strutwright

@@ -3,7 +3,9 @@
 #include "BracefoldFormFixture.h"
 #include "DisplayState.h"
 #include "TrussFixture.h"
+#include "modPlaces.h"
 
+#include <filesystem>
 #include <set>
 
 #include <QAbstractButton>
@@ -335,6 +337,8 @@ TEST_F(BracefoldFormTest, SavesByKeys) {
   EXPECT_EQ(folder.EntryCount(), 1);
 }
 
+constexpr char Separator = static_cast<char>(std::filesystem::path::preferred_separator);
+
 TEST_F(BracefoldFormTest, SavesAndOpensTheModelInStrutwright) {
   EXPECT_EQ(Button("btnSaveOpen").text(), "Save and O&pen in Strutwright");
   ThePlatform().programFolder = "/opt/truss";
@@ -342,7 +346,7 @@ TEST_F(BracefoldFormTest, SavesAndOpensTheModelInStrutwright) {
   dialog.WillChoose(path);
   Click("btnSaveOpen");
   EXPECT_EQ(LoadModelFile(path).nodeCount, 16);
-  EXPECT_THAT(shell.started, ElementsAre(ElementsAre("/opt/truss/strutwright", "--open", path)));
+  EXPECT_THAT(shell.started, ElementsAre(ElementsAre(MainProgram("/opt/truss", Separator), "--open", path)));
   EXPECT_EQ(Label("summaryLbl"), "Saved as my bridge.stw: 16 nodes, 29 members, statically determinate");
   EXPECT_TRUE(window->isVisible());
 }
@@ -362,8 +366,9 @@ TEST_F(BracefoldFormTest, SaysWhereStrutwrightIsMissing) {
   shell.startsPrograms = false;
   dialog.WillChoose(folder.Path("bridge.stw"));
   Click("btnSaveOpen");
-  EXPECT_THAT(TakeMessages(), ElementsAre(Box(MessageIcon::Information,
-                                              "Strutwright can't be started. It would be at\n/opt/truss/strutwright")));
+  EXPECT_THAT(TakeMessages(),
+              ElementsAre(Box(MessageIcon::Information, "Strutwright can't be started. It would be at\n" +
+                                                            MainProgram("/opt/truss", Separator))));
   EXPECT_EQ(folder.EntryCount(), 1);
 }
 

@@ -1,5 +1,6 @@
 #include "FindingsFixture.h"
 #include "LargeModels.h"
+#include "Pattern.h"
 #include "TrussFamilies.h"
 
 #include <cmath>
@@ -140,7 +141,7 @@ TEST_F(OddPlacesTest, SayWhereTheyGaveUp) {
   const auto texts = TextsOf(FindingKind::CrossingMembers, Mikado(3500));
   ASSERT_THAT(texts, SizeIs(52));
   EXPECT_EQ(texts[0], CrossText(1, 2));
-  EXPECT_THAT(texts[50], testing::MatchesRegex("And at least [0-9]+ more of this kind"));
+  EXPECT_THAT(texts[50], MatchesPattern("And at least [0-9]+ more of this kind"));
   EXPECT_EQ(texts[51], TooMany);
 }
 

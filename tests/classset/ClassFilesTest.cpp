@@ -1,6 +1,7 @@
 #include "ClassFixture.h"
 #include "FaultyFileSystem.h"
 #include "NativeFileSystem.h"
+#include "Pattern.h"
 #include "RecordedDrawing.h"
 #include "RecordingSurface.h"
 #include "ScratchFolder.h"
@@ -23,6 +24,8 @@ using testing::HasSubstr;
 using testing::Not;
 using testing::UnorderedElementsAre;
 
+const WorkedPicture NoPicture{640, 300, [](DrawingSurface&) {}};
+
 class ClassFilesTest : public ClassTest {
  protected:
   ClassFilesTest() { ThePlatform().files = &disk; }
@@ -30,7 +33,7 @@ class ClassFilesTest : public ClassTest {
   static std::set<std::string> FilesIn(const std::string& place) {
     std::set<std::string> files;
     for (const auto& each : std::filesystem::recursive_directory_iterator(place)) {
-      if (each.is_regular_file()) files.insert(std::filesystem::relative(each.path(), place).string());
+      if (each.is_regular_file()) files.insert(std::filesystem::relative(each.path(), place).generic_string());
     }
     return files;
   }
@@ -96,8 +99,7 @@ TEST_F(ClassFilesTest, LeaveNothingWhenTheDiskIsFull) {
 TEST_F(ClassFilesTest, ShowOnTheSheetWhatIsAskedAndNoResult) {
   const ClassPlan plan = PrattPlan(1);
   const auto variants = MakeVariants(plan);
-  PutInTables(variants[0].model);
-  const std::string html = WorkedPage(SheetOf(plan, variants[0])).html;
+  const std::string html = WorkedPage(SheetOf(plan, variants[0], NoPicture)).html;
   EXPECT_THAT(html, HasSubstr("Truss problem of s1"));
   EXPECT_THAT(html, HasSubstr("Class set of bridge.stw, seed 7"));
   EXPECT_THAT(html, HasSubstr("Force of member 5, tension positive"));
@@ -107,15 +109,15 @@ TEST_F(ClassFilesTest, ShowOnTheSheetWhatIsAskedAndNoResult) {
 
 TEST_F(ClassFilesTest, DrawLoadsAndNumbersButNoResult) {
   const auto variants = MakeVariants(PlanFor(SourceOf(PrattTruss(10)), 1, {"load:35..35:1"}, {"forces"}));
-  PutInTables(variants[0].model);
+  TakeModel(variants[0].model);
   RecordingSurface surface;
-  ProblemPicture().draw(surface);
+  ProblemPicture(variants[0].model).draw(surface);
   std::set<std::string> texts;
   for (const PixelLabel& label : surface.pixelTexts) texts.insert(label.text);
   EXPECT_THAT(texts, testing::Contains("35 kN"));
   EXPECT_THAT(texts, testing::IsSupersetOf({"1", "10"}));
   for (const std::string& text : texts) {
-    EXPECT_THAT(text, testing::AnyOf("35 kN", testing::MatchesRegex("[0-9]+"))) << "only loads and numbers";
+    EXPECT_THAT(text, testing::AnyOf("35 kN", MatchesPattern("[0-9]+"))) << "only loads and numbers";
   }
 }
 
@@ -197,11 +199,11 @@ std::vector<std::string> MarksOf(const Drawing& draw) {
 
 TEST_F(ClassFilesTest, DrawAgainWhatWasRecorded) {
   const auto variants = MakeVariants(PlanFor(SourceOf(PrattTruss(10)), 1, {"load:35..35:1"}, {"forces"}));
-  PutInTables(variants[0].model);
+  TakeModel(variants[0].model);
   const RecordingSurface surface;
   const auto width = static_cast<int>(surface.PixelWidth());
   const auto height = static_cast<int>(surface.PixelHeight());
-  const Drawing draw = ProblemPicture().draw;
+  const Drawing draw = ProblemPicture(variants[0].model).draw;
   const auto direct = MarksOf(draw);
   const Drawing again = Recorded(width, height, draw);
   ResetModel(); // the recorded drawing needs none
@@ -222,9 +224,10 @@ TEST_F(ClassFilesTest, KeepHostileNamesTexts) {
   ClassPlan plan = PrattPlan(1);
   plan.students = {"<b> & 100% $x_1$ {y} ]]>"};
   const auto variants = MakeVariants(plan);
-  PutInTables(variants[0].model);
-  EXPECT_THAT(WorkedPage(SheetOf(plan, variants[0])).html, HasSubstr("&lt;b&gt; &amp; 100% $x_1$ {y} ]]&gt;"));
-  EXPECT_THAT(WorkedLatex(SheetOf(plan, variants[0])), HasSubstr("$<$b$>$ \\& 100\\% \\$x\\_1\\$ \\{y\\} ]]$>$"));
+  EXPECT_THAT(WorkedPage(SheetOf(plan, variants[0], NoPicture)).html,
+              HasSubstr("&lt;b&gt; &amp; 100% $x_1$ {y} ]]&gt;"));
+  EXPECT_THAT(WorkedLatex(SheetOf(plan, variants[0], NoPicture)),
+              HasSubstr("$<$b$>$ \\& 100\\% \\$x\\_1\\$ \\{y\\} ]]$>$"));
 }
 
 } // namespace

@@ -25,7 +25,7 @@ class ClassTest : public PlatformTest {
   /// The model as a source of variants; the tables keep it.
   static ClassSource SourceOf(const ModelData& model) {
     SetTables(model);
-    return {"bridge.stw", {GridCapacity, NodeCount, MemberCount, NodeTable, MemberTable}, nullptr, {}};
+    return {"bridge.stw", ModelInTables(), nullptr, {}};
   }
 
   static ClassSource SourceOf(const std::string& family) {

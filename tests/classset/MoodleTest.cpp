@@ -57,8 +57,6 @@ class MoodleTest : public ClassTest {
   static std::string XmlOf(const ClassPlan& plan, const std::string& category = "Set") {
     std::string xml = MoodleBegin(category);
     for (const ClassVariant& variant : MakeVariants(plan)) {
-      const KeptModel kept;
-      PutInTables(variant.model);
       xml += MoodleQuestion(plan, variant, MoodleText(variant, 640, 300), Png);
     }
     return xml + MoodleEnd();

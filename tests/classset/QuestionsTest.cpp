@@ -14,7 +14,7 @@ class QuestionsTest : public ClassTest {
     std::vector<Ask> read;
     for (const std::string& text : asks) read.push_back(ReadAsk(text));
     std::vector<std::string> names;
-    for (const Question& question : QuestionsAbout(read)) names.push_back(NameOf(question));
+    for (const Question& question : QuestionsAbout(ModelInTables(), read)) names.push_back(NameOf(question));
     return names;
   }
 
@@ -23,7 +23,7 @@ class QuestionsTest : public ClassTest {
     EXPECT_EQ(AnalyseTruss(), AnalysisEnd::Done);
     std::vector<Ask> read;
     for (const std::string& text : asks) read.push_back(ReadAsk(text));
-    return Answered(QuestionsAbout(read), CheckAnswer(AnalysisOutcome::Done), 1);
+    return Answered(QuestionsAbout(ModelInTables(), read), CheckAnswer(AnalysisOutcome::Done), 1);
   }
 };
 
@@ -43,10 +43,11 @@ TEST_F(QuestionsTest, NamesThemAsTheKeyDoes) {
 
 TEST_F(QuestionsTest, SayWhatIsAskedWithItsSign) {
   SetTables(Triangle());
-  EXPECT_EQ(TextOf({AskKind::Force, 3}), "Force of member 3, tension positive");
-  EXPECT_EQ(TextOf({AskKind::Reaction, 1, 'x'}), "Reaction at node 1 in x, positive to the right");
-  EXPECT_EQ(TextOf({AskKind::Displacement, 3, 'y'}), "Displacement of node 3 in y, positive upwards");
-  EXPECT_EQ(TextOf({AskKind::Stiffness, 1, ' ', 1, 4}), "Stiffness of member 1 in global axes, row 1x, column 2y");
+  EXPECT_EQ(TextOf(ModelInTables(), {AskKind::Force, 3}), "Force of member 3, tension positive");
+  EXPECT_EQ(TextOf(ModelInTables(), {AskKind::Reaction, 1, 'x'}), "Reaction at node 1 in x, positive to the right");
+  EXPECT_EQ(TextOf(ModelInTables(), {AskKind::Displacement, 3, 'y'}), "Displacement of node 3 in y, positive upwards");
+  EXPECT_EQ(TextOf(ModelInTables(), {AskKind::Stiffness, 1, ' ', 1, 4}),
+            "Stiffness of member 1 in global axes, row 1x, column 2y");
   EXPECT_EQ(UnitOf({AskKind::Stiffness, 1, ' ', 1, 4}), "kN/mm");
 }
 

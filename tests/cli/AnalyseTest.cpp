@@ -232,7 +232,7 @@ TEST_F(AnalyseTest, SurvivesEveryLengthOfASmallModel) {
 }
 
 TEST_F(AnalyseTest, KeepsToALineAMessageWhateverTheFilesName) {
-  const std::string odd = folder.Path("no\nsuch\xFF");
+  const std::string odd = folder.Root() + "/no\nsuch\xFF";
   EXPECT_EQ(Run({"analyse", "--format", "json", odd}), 2);
   EXPECT_EQ(Lines(err, "\n").size(), 1U);
   EXPECT_THAT(err, HasSubstr("no; such\xEF\xBF\xBD: No such file or directory\n"));

@@ -2,7 +2,10 @@
 
 #include "CommandLine.h"
 #include "ScratchFolder.h"
+#include "Utf8Path.h"
 
+#include <cstdint>
+#include <filesystem>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -22,6 +25,17 @@ class CliTest : public testing::Test {
     out = outStream.str();
     err = errStream.str();
     return status;
+  }
+
+  /// A file that is larger than any model: it has no end where the system has such a thing.
+  std::string TooLargeFile() const {
+#ifdef _WIN32
+    PutFile(folder.Path("large"), "");
+    std::filesystem::resize_file(PathOf(folder.Path("large")), (std::uintmax_t{64} << 20U) + 1);
+    return folder.Path("large");
+#else
+    return "/dev/zero";
+#endif
   }
 
   static std::string Reference(const std::string& name) { return std::string(REFERENCE_DIR) + "/" + name + ".stw"; }

@@ -1,12 +1,11 @@
 #include "CliTest.h"
+#include "FullStream.h"
+#include "PathSpelling.h"
+#include "SystemShell.h"
 
-#include <cstdlib>
-#include <fstream>
 #include <sstream>
 #include <string>
 #include <vector>
-
-#include <sys/wait.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -55,27 +54,24 @@ TEST_F(CommandLineTest, RefusesWrongUsage) {
 }
 
 TEST_F(CommandLineTest, ReportsWhenItsOutputIsLost) {
-  std::ofstream full("/dev/full");
+  FullStream full;
   std::ostringstream errStream;
   std::istringstream inStream;
   EXPECT_EQ(RunCommandLine({"analyse", Reference("triangle")}, inStream, full, errStream), 2);
   EXPECT_THAT(errStream.str(), HasSubstr("could not be written"));
-  std::ofstream alsoFull("/dev/full");
+  FullStream alsoFull;
   EXPECT_EQ(RunCommandLine({"--help"}, inStream, alsoFull, errStream), 2);
 }
 
-int StatusOfProgram(const std::string& arguments) {
-  const int status = std::system((std::string(CLI_PROGRAM) + " " + arguments).c_str()); // NOLINT: fixed arguments
-  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
+int StatusOfProgram(const std::string& arguments) { return StatusOfCommand(NativePath(CLI_PROGRAM) + " " + arguments); }
 
 TEST_F(CommandLineTest, IsTheProgramToo) {
   const std::string printed = folder.Path("printed");
   EXPECT_EQ(StatusOfProgram("analyse " + Reference("triangle") + " > " + printed), 0);
   Run({"analyse", Reference("triangle")});
   EXPECT_EQ(FileBytes(printed), out);
-  EXPECT_EQ(StatusOfProgram("analyse " + Reference("empty") + " > /dev/null 2>&1"), 1);
-  EXPECT_EQ(StatusOfProgram("> /dev/null 2>&1"), 2);
+  EXPECT_EQ(StatusOfProgram("analyse " + Reference("empty") + " > " + Nowhere + " 2>&1"), 1);
+  EXPECT_EQ(StatusOfProgram(std::string("> ") + Nowhere + " 2>&1"), 2);
 }
 
 } // namespace

@@ -207,8 +207,9 @@ TEST_F(MakeTest, ReadsTheJsonThatShowPrints) {
 }
 
 TEST_F(MakeTest, RefusesAnInputWithoutEnd) {
-  EXPECT_EQ(Run({"make", "/dev/zero", output}), 2);
-  EXPECT_EQ(err, "/dev/zero: The file is larger than any model\n");
+  const std::string large = TooLargeFile();
+  EXPECT_EQ(Run({"make", large, output}), 2);
+  EXPECT_EQ(err, large + ": The file is larger than any model\n");
 }
 
 TEST_F(MakeTest, NamesTheFirstMemberTooMany) {
@@ -248,6 +249,20 @@ TEST_F(MakeTest, ReportsWhyTheModelCannotBeWritten) {
   const std::string bad = folder.Path("missing/out.stw");
   EXPECT_EQ(Run({"make", input, bad}), 2);
   EXPECT_EQ(err, bad + ": Error while saving file " + bad + "; No such file or directory\n");
+}
+
+TEST_F(MakeTest, ReportsThatTheModelMayNotBeReplaced) {
+  PutFile(input, Nodes + Members);
+  PutFile(output, "an older model");
+  fs::permissions(output, fs::perms(0444));
+  EXPECT_EQ(AsUnprivilegedUser([&] { return Run({"make", input, output}); }), 2);
+  EXPECT_EQ(FileBytes(output), "an older model");
+}
+
+#ifndef _WIN32 // a full device, and a folder that its user may not write
+
+TEST_F(MakeTest, ReportsAFullDevice) {
+  PutFile(input, Nodes + Members);
   EXPECT_EQ(Run({"make", input, "/dev/full"}), 2);
   EXPECT_THAT(err, HasSubstr("No space left on device"));
 }
@@ -257,6 +272,8 @@ TEST_F(MakeTest, ReportsThatTheUserMayNotWrite) {
   fs::permissions(folder.Root(), fs::perms(0555));
   EXPECT_EQ(AsUnprivilegedUser([&] { return Run({"make", input, output}); }), 2);
 }
+
+#endif
 
 } // namespace
 } // namespace strutwright

@@ -1,3 +1,4 @@
+#include "FaultyFileSystem.h"
 #include "GridFixture.h"
 #include "ModelBuilder.h"
 #include "NativeFileSystem.h"
@@ -108,7 +109,11 @@ TEST_F(RunAnalysisTest, LeavesNoScratchCopyWhereNoneIsWanted) {
 
 TEST_F(RunAnalysisTest, StopsWhereTheScratchCopyCannotBeWritten) {
   SetModel(Triangle());
-  std::filesystem::create_symlink("/dev/full", scratch);
+  FaultyFileSystem full{disk};
+  full.before = [](const std::string& step, int) {
+    if (step == "Write") throw FileError(std::make_error_code(std::errc::no_space_on_device));
+  };
+  ThePlatform().files = &full;
 
   EXPECT_FALSE(runAnalysis());
 
@@ -123,7 +128,11 @@ TEST_F(RunAnalysisTest, StopsWhereTheScratchCopyCannotBeWritten) {
 
 TEST_F(RunAnalysisTest, StopsWhereTheScratchCopyCannotBeReadBack) {
   SetModel(Triangle());
-  std::filesystem::create_symlink("/dev/null", scratch);
+  FaultyFileSystem forgetful{disk};
+  forgetful.before = [this](const std::string& step, int) {
+    if (step == "Read") std::filesystem::resize_file(scratch, 0);
+  };
+  ThePlatform().files = &forgetful;
 
   EXPECT_FALSE(runAnalysis());
 

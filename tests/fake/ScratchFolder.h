@@ -25,10 +25,12 @@ class ScratchFolder {
   ~ScratchFolder() {
     std::error_code error;
     std::filesystem::permissions(Folder, std::filesystem::perms(0777), error);
+    Unprotect();
     std::filesystem::remove_all(Folder, error);
   }
 
-  std::string Path(const std::string& name) const { return Utf8Of(Folder / PathOf(name)); }
+  /// A path in the folder, with the separators of this system.
+  std::string Path(const std::string& name) const { return Utf8Of((Folder / PathOf(name)).make_preferred()); }
   std::string Root() const { return Utf8Of(Folder); }
 
   /// Number of entries in the folder.
@@ -37,6 +39,15 @@ class ScratchFolder {
   }
 
  private:
+  /// Windows removes no file that is read-only.
+  void Unprotect() const {
+    if (std::filesystem::path::preferred_separator == '/') return;
+    std::error_code error;
+    for (const auto& each : std::filesystem::recursive_directory_iterator(Folder, error)) {
+      std::filesystem::permissions(each.path(), std::filesystem::perms(0777), error);
+    }
+  }
+
   std::filesystem::path Folder;
 };
 

@@ -14,8 +14,6 @@
 #include <limits>
 #include <string>
 
-#include <sys/stat.h>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -167,8 +165,8 @@ TEST_F(OpenModelTest, GivesTheReasonToWhoAsks) {
 
 TEST_F(OpenModelTest, RefusesAFileThatTheUserMayNotRead) {
   SavedTriangle();
-  fs::permissions(path, fs::perms(0000));
-  EXPECT_EQ(AsUnprivilegedUser([&] { return openModel(path) ? 1 : static_cast<int>(messages.shown.size()) - 1; }), 0);
+  const UnreadableFile unreadable(path);
+  EXPECT_EQ(AsUnprivilegedUser([&] { return openModel(path) ? 1 : static_cast<int>(TakeMessages().size()) - 1; }), 0);
 }
 
 } // namespace

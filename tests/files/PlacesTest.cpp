@@ -39,9 +39,10 @@ TEST_F(OwnFileTest, LiesInTheProgramsFolder) {
 }
 
 TEST_F(OwnFileTest, HasANameEvenWhereNoFolderTakesIt) {
-  ThePlatform().programFolder = "/dev/null/bin";
-  ThePlatform().dataFolder = "/dev/null/share";
-  EXPECT_EQ(OwnFile("newTruss.stw"), "/dev/null/share/newTruss.stw");
+  PutFile(folder.Path("file"), "");
+  ThePlatform().programFolder = folder.Path("file/bin");
+  ThePlatform().dataFolder = folder.Path("file/share");
+  EXPECT_EQ(OwnFile("newTruss.stw"), folder.Path("file/share/newTruss.stw"));
 }
 
 TEST_F(OwnFileTest, LiesInTheDataFolderWhereTheProgramsTakesNone) {

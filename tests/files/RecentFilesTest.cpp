@@ -430,5 +430,18 @@ TEST_F(LimitTest, ShowsTheShorterListInTheMenus) {
   EXPECT_THAT(events, ElementsAre("RecentFilesChanged"));
 }
 
+#ifdef _WIN32 // where the case of letters makes no other file
+
+TEST_F(RecentFilesTest, HaveOneEntryForAFileHoweverItIsSpelled) {
+  Stored({"C:\\models\\bridge.stw"}, "3", "1");
+  StartRun();
+  addRecentFile("c:\\Models\\BRIDGE.stw");
+  addRecentFile("C:\\models\\roof.stw");
+  addRecentFile("C:/MODELS/bridge.stw");
+  EXPECT_THAT(Shown(), ElementsAre("C:\\models\\bridge.stw", "C:\\models\\roof.stw"));
+}
+
+#endif
+
 } // namespace
 } // namespace strutwright

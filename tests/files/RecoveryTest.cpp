@@ -1,30 +1,12 @@
-#include "AnalysisState.h"
-#include "AsUser.h"
-#include "EventsTest.h"
-#include "FaultyFileSystem.h"
-#include "FileState.h"
-#include "ModelBuilder.h"
-#include "NativeFileSystem.h"
-#include "RecentFiles.h"
-#include "RunSeed.h"
-#include "ScratchFolder.h"
+#include "RecoveryFixture.h"
 #include "modExamples.h"
 #include "modFileCommands.h"
 #include "modModelFile.h"
-#include "modModelStore.h"
-#include "modRecovery.h"
 #include "modSavedModels.h"
 
-#include <chrono>
-#include <csignal>
 #include <filesystem>
-#include <random>
 #include <string>
-#include <thread>
 #include <utility>
-
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -35,55 +17,7 @@ namespace {
 namespace fs = std::filesystem;
 using testing::ElementsAre;
 
-/// Runs of the program in one process: what a run holds, its lock above all, lies in TheFiles.
-class RecoveryTest : public EventsTest {
- protected:
-  RecoveryTest() {
-    ThePlatform().files = &files;
-    ThePlatform().programFolder = folder.Root();
-    ThePlatform().dataFolder = folder.Path("data/strutwright");
-    StartRun();
-  }
-  ~RecoveryTest() override {
-    TheFiles = FileState{};
-    TheRecentFiles = RecentFiles{};
-  }
-
-  /// Ends the run before, however it stood, and starts another one with an empty model.
-  static void StartRun() {
-    TheFiles = FileState{};
-    TheRecentFiles = RecentFiles{};
-    TheAnalysis = AnalysisState{};
-    ResetModel();
-    SetModel({});
-  }
-
-  std::string DataFile(const std::string& name) const { return folder.Path("data/strutwright/" + name); }
-  bool IsKept(int number) const { return fs::exists(DataFile("unsaved-" + std::to_string(number) + ".stw")); }
-
-  /// A run that ended with this model unsaved.
-  static void LeaveUnsaved(const ModelData& model) {
-    StartRun();
-    SetModel(model);
-    KeepRecovery();
-    StartRun();
-  }
-
-  /// Makes a recovery file so many seconds older than it is.
-  void Age(int number, int seconds) const {
-    const std::string path = DataFile("unsaved-" + std::to_string(number) + ".stw");
-    fs::last_write_time(path, fs::last_write_time(path) - std::chrono::seconds(seconds));
-  }
-
-  void SaveAs(const std::string& name) {
-    dialog.WillChoose(folder.Path(name));
-    SaveAsFromMenu();
-  }
-
-  ScratchFolder folder;
-  NativeFileSystem disk;
-  FaultyFileSystem files{disk};
-};
+using RecoveryTest = RecoveryFixture;
 
 TEST_F(RecoveryTest, KeepsAModelThatWasNeverSaved) {
   SetModel(Triangle());
@@ -390,21 +324,10 @@ TEST_F(RecoveryTest, TakesNoOtherFileForARecoveryFile) {
   EXPECT_FALSE(HasUnsavedModel());
 }
 
-TEST_F(RecoveryTest, SaysNothingWhereTheDataFolderCanNotBeWritten) {
-  fs::create_directories(DataFile(""));
-  fs::permissions(DataFile(""), fs::perms(0555));
-  SetModel(Triangle());
-  const int shown = AsUnprivilegedUser([this] {
-    KeepRecovery();
-    return static_cast<int>(messages.shown.size()) + (HasUnsavedModel() ? 10 : 0);
-  });
-  EXPECT_EQ(shown, 0);
-  EXPECT_TRUE(fs::is_empty(DataFile("")));
-}
-
 TEST_F(RecoveryTest, SaysNothingWithoutADataFolder) {
   SetModel(Triangle());
-  for (const char* place : {"", "/dev/null/strutwright"}) {
+  PutFile(folder.Path("file"), "");
+  for (const std::string& place : {std::string(), folder.Path("file/strutwright")}) {
     ThePlatform().dataFolder = place;
     KeepRecovery();
     EXPECT_FALSE(HasUnsavedModel()) << place;
@@ -445,50 +368,6 @@ TEST_F(RecoveryTest, TakesNoFileWhoseLockCanNotBeHad) {
   files.before = nullptr;
   EXPECT_EQ(LoadModelFile(DataFile("unsaved-1.stw")).nodeCount, 3);
   EXPECT_FALSE(IsKept(2));
-}
-
-/// Types one node after the other, keeps each state and then writes its number into the pipe, until it is killed.
-[[noreturn]] void TypeUntilKilled(int numbers) {
-  for (int nodes = 4;; nodes += 2) {
-    SetModel(PrattTruss(nodes));
-    KeepRecovery();
-    if (write(numbers, &nodes, sizeof nodes) != sizeof nodes) _exit(1);
-  }
-}
-
-/// Kills a typing child after so many microseconds; gives the last number that it wrote, 2 when there was none.
-int KillTypist(int microseconds) {
-  int ends[2];
-  EXPECT_EQ(pipe(ends), 0);
-  const pid_t child = fork();
-  if (child == 0) TypeUntilKilled(ends[1]);
-  close(ends[1]);
-  std::this_thread::sleep_for(std::chrono::microseconds(microseconds));
-  kill(child, SIGKILL);
-  waitpid(child, nullptr, 0);
-  int last = 2;
-  for (int nodes = 0; read(ends[0], &nodes, sizeof nodes) == sizeof nodes;) last = nodes;
-  close(ends[0]);
-  return last;
-}
-
-TEST_F(RecoveryTest, BringsBackTheLastKeptStateAfterAKillAtAnyMoment) {
-  const unsigned seed = RunSeed();
-  SCOPED_TRACE("seed " + std::to_string(seed));
-  std::mt19937 random(seed);
-  for (int kill = 1; kill <= 50; ++kill) {
-    StartRun();
-    fs::remove_all(folder.Path("data"));
-    const int kept = KillTypist(static_cast<int>(random() % 30000));
-    const bool any = HasUnsavedModel();
-    EXPECT_TRUE(any || kept == 2) << "kill " << kill;
-    RestoreUnsavedModel();
-    if (!any) continue;
-    EXPECT_TRUE(NodeCount == kept || NodeCount == kept + 2) << "kill " << kill << ": " << NodeCount << " of " << kept;
-    const std::string restored = WriteModel();
-    SetModel(PrattTruss(NodeCount));
-    EXPECT_EQ(restored, WriteModel()) << "kill " << kill;
-  }
 }
 
 } // namespace

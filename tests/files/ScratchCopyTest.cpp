@@ -1,19 +1,9 @@
 #include "AsUser.h"
-#include "EventsTest.h"
-#include "FaultyFileSystem.h"
-#include "ModelBuilder.h"
-#include "NativeFileSystem.h"
-#include "ScratchFolder.h"
-#include "modFileCommands.h"
+#include "ScratchCopyFixture.h"
 #include "modModelFile.h"
-#include "modModelStore.h"
 
-#include <chrono>
+#include <filesystem>
 #include <string>
-#include <thread>
-
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -24,31 +14,7 @@ namespace {
 namespace fs = std::filesystem;
 using testing::ElementsAre;
 
-class ScratchCopyTest : public EventsTest {
- protected:
-  ScratchCopyTest() {
-    ThePlatform().files = &files;
-    ThePlatform().programFolder = folder.Root();
-    ThePlatform().dataFolder = folder.Path("data/strutwright");
-    ResetModel();
-    SetModel(Triangle());
-  }
-
-  /// What the scratch copy fails with; empty when it does not.
-  static std::string Failure() {
-    try {
-      writeScratchCopy();
-      return {};
-    } catch (const FileError& error) {
-      return error.what();
-    }
-  }
-
-  ScratchFolder folder;
-  NativeFileSystem disk;
-  FaultyFileSystem files{disk};
-  std::string path = folder.Path("temp_truss.stw");
-};
+using ScratchCopyTest = ScratchCopyFixture;
 
 TEST_F(ScratchCopyTest, IsLeftInTheProgramsFolder) {
   writeScratchCopy();
@@ -93,27 +59,6 @@ TEST_F(ScratchCopyTest, AsksAndTellsNobody) {
   EXPECT_TRUE(dialog.shown.empty());
 }
 
-TEST_F(ScratchCopyTest, GoesToTheDataFolderWhereTheProgramsFolderTakesNoFile) {
-  fs::create_directory(folder.Path("program"));
-  fs::permissions(folder.Path("program"), fs::perms(0555));
-  ThePlatform().programFolder = folder.Path("program");
-  EXPECT_EQ(AsUnprivilegedUser([] { return Failure().empty() ? 0 : 1; }), 0);
-  EXPECT_EQ(FileBytes(folder.Path("data/strutwright/temp_truss.stw")), WriteModel());
-  EXPECT_TRUE(fs::is_empty(folder.Path("program")));
-}
-
-TEST_F(ScratchCopyTest, OnAFullDeviceFailsAndLeavesTheModel) {
-  fs::create_symlink("/dev/full", path);
-  EXPECT_EQ(Failure(), path + ": No space left on device");
-  EXPECT_EQ(NodeCount, 3);
-}
-
-TEST_F(ScratchCopyTest, ThatCannotBeReadBackFailsAndLeavesTheModel) {
-  fs::create_symlink("/dev/null", path);
-  EXPECT_EQ(Failure(), path + ": The file is too short for a model");
-  EXPECT_EQ(NodeTable(3, NodeForceY), -10.0F);
-}
-
 TEST_F(ScratchCopyTest, ThatComesBackIncompleteFailsAndLeavesTheModel) {
   files.before = [this](const std::string& step, int) {
     if (step == "Read") fs::resize_file(path, 100);
@@ -130,37 +75,9 @@ TEST_F(ScratchCopyTest, ThatTheUserMayNotWriteFails) {
 
 TEST_F(ScratchCopyTest, WithoutAnyFolderFails) {
   ThePlatform().programFolder = folder.Path("missing");
-  ThePlatform().dataFolder = "/dev/null/strutwright";
+  PutFile(folder.Path("file"), "");
+  ThePlatform().dataFolder = folder.Path("file/strutwright");
   EXPECT_THROW(writeScratchCopy(), FileError);
-}
-
-/// Starts a process that writes scratch copies of a truss of so many nodes; it gives 0 when it only ever read its own.
-pid_t StartWriter(int nodes) {
-  const pid_t child = fork();
-  if (child != 0) return child;
-  for (int copy = 0; copy < 100; ++copy) {
-    SetTables(PrattTruss(nodes));
-    const std::string own = WriteModel();
-    writeScratchCopy();
-    if (WriteModel() != own) _exit(1);
-  }
-  _exit(0);
-}
-
-int ResultOf(pid_t child) {
-  int status = 0;
-  waitpid(child, &status, 0);
-  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
-TEST_F(ScratchCopyTest, IsNeverThatOfAnotherRunningCopyOfTheProgram) {
-  files.before = [](const std::string& step, int) {
-    if (step == "Read") std::this_thread::sleep_for(std::chrono::milliseconds(1)); // time to come in between
-  };
-  const pid_t small = StartWriter(10);
-  const pid_t large = StartWriter(200);
-  EXPECT_EQ(ResultOf(small), 0);
-  EXPECT_EQ(ResultOf(large), 0);
 }
 
 } // namespace

@@ -62,6 +62,20 @@ TEST_F(WindowsSaveTest, LosesNothingWhereAnotherProgramHoldsTheFile) {
   EXPECT_EQ(folder.EntryCount(), 1);
 }
 
+TEST_F(WindowsSaveTest, GoesIntoAFileThatAnotherProgramLetsNobodyReplace) {
+  PutFile(path, "old and longer");
+  constexpr DWORD NoDelete = FILE_SHARE_READ | FILE_SHARE_WRITE;
+  const HANDLE held = CreateFileW(wide.c_str(), GENERIC_READ, NoDelete, nullptr, OPEN_EXISTING, 0, nullptr);
+  EXPECT_EQ(FailureOf(path, SaveBytes), "");
+  EXPECT_EQ(FileBytes(path), "new and longer");
+  EXPECT_EQ(FailureOf(path, SaveWholeFile), "Another program holds the file open: close it there and try again");
+  CloseHandle(held);
+  EXPECT_EQ(FileBytes(path), "new and longer");
+  for (const std::string& name : disk.Names(folder.Root())) {
+    EXPECT_FALSE(name.starts_with(".strutwright-")) << name; // Wine leaves a file of its own where it can't replace one
+  }
+}
+
 TEST_F(WindowsSaveTest, KeepsAllNamesOfAFile) {
   PutFile(path, "old");
   ASSERT_NE(CreateHardLinkW(PathOf(folder.Path("other.stw")).c_str(), wide.c_str(), nullptr), 0);

@@ -1,4 +1,6 @@
 #include "Utf8Path.h"
+#include "PathSpelling.h"
+#include "ScratchFolder.h"
 
 #include <filesystem>
 #include <string>
@@ -25,6 +27,37 @@ TEST(Utf8PathTest, KnowsTheSystemsSeparators) {
   EXPECT_TRUE(IsPathSeparator('/'));
   EXPECT_EQ(IsPathSeparator('\\'), std::filesystem::path::preferred_separator == '\\');
   EXPECT_FALSE(IsPathSeparator(':'));
+}
+
+class PathSpellingTest : public testing::Test {
+ protected:
+  ScratchFolder folder;
+};
+
+TEST_F(PathSpellingTest, HasTheSeparatorsOfTheSystem) {
+  EXPECT_EQ(NativePath("a/b"), HasBackslashPaths ? "a\\b" : "a/b");
+  EXPECT_EQ(NativePath("a\\b"), "a\\b");
+  EXPECT_EQ(NativePath(""), "");
+}
+
+TEST_F(PathSpellingTest, TellsAFileByItsLettersOrWhereWindowsDoesSoByTheFile) {
+  const std::string path = folder.Path("Bridge.stw");
+  PutFile(path, "");
+  PutFile(folder.Path("other.stw"), "");
+  std::filesystem::create_directory(folder.Path("lesson"));
+  EXPECT_TRUE(NameOneFile(path, path));
+  EXPECT_FALSE(NameOneFile(path, folder.Path("other.stw")));
+  EXPECT_FALSE(NameOneFile(path, ""));
+  for (const char* spelling : {"bridge.STW", "lesson/../Bridge.stw", "./Bridge.stw"}) {
+    EXPECT_EQ(NameOneFile(path, folder.Root() + "/" + spelling), HasBackslashPaths) << spelling;
+  }
+}
+
+TEST_F(PathSpellingTest, TellsAMissingFileByItsName) {
+  EXPECT_EQ(NameOneFile(folder.Path("Bridge.stw"), folder.Path("BRIDGE.stw")), HasBackslashPaths);
+  EXPECT_EQ(NameOneFile("/models/a[1].stw", "/models/a[1].stw"), true);
+  EXPECT_FALSE(NameOneFile(folder.Path("a[.stw"), folder.Path("a{.stw")));
+  EXPECT_FALSE(NameOneFile(folder.Path("a.stw"), folder.Path("a.stw2")));
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "QtSettingsStore.h"
 
 #include "OffscreenApplication.h"
+#include "Pattern.h"
 #include "ScratchFolder.h"
 
 #include <string>
@@ -18,7 +19,6 @@ namespace strutwright {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::ContainsRegex;
 using testing::HasSubstr;
 
 /// Every store is one run of the program on the same file.
@@ -79,7 +79,7 @@ TEST_F(QtSettingsStoreTest, KeepsPathsOfEveryKind) {
 
 TEST_F(QtSettingsStoreTest, WritesNumbersAndPathsAsAPersonReadsThem) {
   Write("1", "/models/bridge.stw");
-  EXPECT_THAT(FileBytes(path), ContainsRegex("\n1=/models/bridge.stw\r?\n"));
+  EXPECT_THAT(FileBytes(path), ContainsPattern("\n1=/models/bridge.stw\r?\n"));
 }
 
 TEST_F(QtSettingsStoreTest, ReadsATextThatWasTypedWithACommaWhole) {

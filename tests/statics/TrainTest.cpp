@@ -160,13 +160,15 @@ TEST(TrainTest, MayPassASingleNode) {
   EXPECT_EQ(envelope.maximum.value, 0);
 }
 
-/// Extremes at positions a millimetre apart.
+constexpr double TrialStep = 0.005; ///< between two positions that are tried, m
+
+/// Extremes at positions so far apart.
 TrainEnvelope ByTrial(const Train& train, const InfluenceLine& line, Heading heading) {
   const double length = train.back().distance;
-  const int steps = static_cast<int>((line.x.back() - line.x.front() + 2 * length) * 1000) + 2;
+  const int steps = static_cast<int>((line.x.back() - line.x.front() + 2 * length) / TrialStep) + 2;
   TrainEnvelope envelope;
   for (int step = 0; step <= steps; ++step) {
-    const double position = line.x.front() - length + step / 1000.0 + 0.0003;
+    const double position = line.x.front() - length + step * TrialStep + 0.0003;
     const double value = ValueUnder(train, line, heading, position);
     if (value < envelope.minimum.value) envelope.minimum = {heading, position, value};
     if (value > envelope.maximum.value) envelope.maximum = {heading, position, value};
@@ -210,7 +212,7 @@ TEST(TrainTest, IsWhatTrialsFind) {
     for (const Heading heading : {Heading::Right, Heading::Left}) {
       const TrainEnvelope exact = EnvelopeOf(each.train, each.line, heading);
       const TrainEnvelope trial = ByTrial(each.train, each.line, heading);
-      const double step = each.steepest * 0.001;
+      const double step = each.steepest * TrialStep;
       EXPECT_LE(trial.maximum.value, exact.maximum.value + 1e-9) << number;
       EXPECT_GE(trial.maximum.value, exact.maximum.value - step) << number;
       EXPECT_GE(trial.minimum.value, exact.minimum.value - 1e-9) << number;

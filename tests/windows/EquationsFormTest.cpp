@@ -1,8 +1,8 @@
 #include "EquationModel.h"
 #include "FormFixture.h"
 #include "ModelBuilder.h"
+#include "Pattern.h"
 #include "PublishedBars.h"
-#include "frmEquations.h"
 #include "modEquationCells.h"
 #include "modModelStore.h"
 
@@ -12,6 +12,7 @@
 
 #include <QHeaderView>
 #include <QMdiSubWindow>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QScrollBar>
 
@@ -300,7 +301,7 @@ TEST_F(EquationsFormTest, CopiesEveryDigitAndLatexFromTheMenu) {
   ClickCell(View("grDisp"), 5, 1);
 
   EquationsCommand("mnuCopyFullPrecision").trigger();
-  EXPECT_THAT(clipboard.text, testing::MatchesRegex("-0\\.39792[0-9]+\r\n"));
+  EXPECT_THAT(clipboard.text, MatchesPattern("-0\\.39792[0-9]+\r\n"));
 
   EquationsCommand("mnuCopyLatex").trigger();
   EXPECT_EQ(clipboard.text, "\\begin{bmatrix}\n  -0.4\n\\end{bmatrix}\n");
@@ -326,9 +327,9 @@ TEST_F(EquationsFormTest, CopiesNothingFromAnEmptyGrid) {
 }
 
 TEST_F(EquationsFormTest, OffersItsCommandsInItsMenus) {
+  Command("mnuEquations").trigger();
   QStringList names;
-  for (const QMenu* menu : static_cast<frmEquations&>(Find<QWidget>("frmEquations")).Menus())
-    names << menu->objectName();
+  for (const QAction* each : frame->menuBar()->actions()) names << each->menu()->objectName();
 
   EXPECT_EQ(names, (QStringList{"mnuFile", "mnuEdit", "mnuView", "mnuAnalysis", "mnuHelp"}));
   EXPECT_EQ(View("grK").actions().size(), 6) << "the grids' own menu offers what the Edit menu does";

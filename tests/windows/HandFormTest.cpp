@@ -1,5 +1,6 @@
 #include "DisplayFormFixture.h"
 
+#include "Pattern.h"
 #include "PictureArea.h"
 #include "frmHand.h"
 #include "modModelStore.h"
@@ -201,7 +202,7 @@ TEST_F(HandFormTest, CutsWhereALineIsDragged) {
   Choose(HandTopic::Sections);
   Drag(At(0, 1, 2.5), At(0, 1, -0.5));
   EXPECT_THAT(Told(), StartsWith("Section through members 1 and 3"));
-  EXPECT_THAT(Find<QLineEdit>("strokeX0Txt").text().toStdString(), testing::MatchesRegex("(1|0[.]99.*|1[.]00.*)"));
+  EXPECT_THAT(Find<QLineEdit>("strokeX0Txt").text().toStdString(), MatchesPattern("(1|0[.]99.*|1[.]00.*)"));
   Drag(At(0, 1, 1), At(0, 1, 1) + QPoint(2, 2)); // too short for a line
   EXPECT_THAT(Told(), StartsWith("Section through members 1 and 3"));
 }
@@ -331,7 +332,7 @@ TEST_F(HandFormTest, OfTheCheckSaysHowFarBothAgree) {
   Command("mnuAnalyse").trigger();
   Command("mnuCheck").trigger();
   EXPECT_THAT(LabelText("byHandLbl"),
-              testing::MatchesRegex("Joints by hand and stiffness agree to [67] digits of the largest force."));
+              MatchesPattern("Joints by hand and stiffness agree to [67] digits of the largest force."));
 }
 
 } // namespace

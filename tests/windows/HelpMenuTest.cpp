@@ -1,5 +1,7 @@
 #include "FormFixture.h"
 
+#include "PathSpelling.h"
+
 #include <filesystem>
 
 #include <QMenu>
@@ -21,7 +23,7 @@ class HelpMenuTest : public FormTest {
     for (const char* page : {"index", "signs", "keys"}) PutFile(Page(page), "<html></html>");
   }
 
-  std::string Page(const std::string& name) const { return manual + "/" + name + ".html"; }
+  std::string Page(const std::string& name) const { return NativePath(manual + "/" + name + ".html"); }
 
   /// Opens the Help menu of a child window and types the keys that lead to an entry.
   void Choose(const QString& child, const QString& keys) {

@@ -2,6 +2,7 @@
 
 #include "InfluencePicture.h"
 #include "ModelBuilder.h"
+#include "Pattern.h"
 #include "frmInfluence.h"
 #include "modModelStore.h"
 
@@ -57,7 +58,7 @@ TEST_F(InfluenceFormTest, ShowsTheValueWhereThePointerIs) {
   Open();
   QMouseEvent move(QEvent::MouseMove, At(2, 1), Picture().mapToGlobal(At(2, 1)), Qt::NoButton, {}, {});
   QCoreApplication::sendEvent(&Picture(), &move);
-  EXPECT_THAT(Line(), testing::MatchesRegex("x = (2|1[.]9[0-9]+|2[.]0[0-9]+) m: -0[.](69|70)[0-9]* kN per kN"));
+  EXPECT_THAT(Line(), MatchesPattern("x = (2|1[.]9[0-9]+|2[.]0[0-9]+) m: -0[.](69|70)[0-9]* kN per kN"));
   QEvent leave(QEvent::Leave);
   QCoreApplication::sendEvent(&Picture(), &leave);
   EXPECT_EQ(Line(), Invitation);

@@ -2,8 +2,12 @@
 
 #include "AnalysisState.h"
 #include "DisplayState.h"
+#include "Pattern.h"
+#include "Platform.h"
 #include "modModelStore.h"
+#include "modPlaces.h"
 
+#include <filesystem>
 #include <functional>
 
 #include <QMenu>
@@ -34,7 +38,7 @@ class MouseFormTest : public DisplayFormTest {
 
 TEST_F(MouseFormTest, ShowsWhereTheMouseIsWithYUpwards) {
   QTest::mouseMove(&Area(), At(2, 1.5));
-  EXPECT_THAT(LabelText("stsBar_Coords"), testing::MatchesRegex("x: (1.99|2.0[01])   y: (1.49|1.5[01])"));
+  EXPECT_THAT(LabelText("stsBar_Coords"), MatchesPattern("x: (1.99|2.0[01])   y: (1.49|1.5[01])"));
 }
 
 TEST_F(MouseFormTest, DrawsNodesAtGridPointsOnly) {
@@ -229,7 +233,8 @@ TEST_F(MouseFormTest, SaysThatThereIsNoResultsReport) {
 
 TEST_F(MouseFormTest, LaunchesTheCompanionProgramInTheProgramsFolder) {
   Command("mnuGenerator").trigger();
-  EXPECT_THAT(shell.opened, ElementsAre(ProgramFolder() + "/bracefold"));
+  constexpr char separator = static_cast<char>(std::filesystem::path::preferred_separator);
+  EXPECT_THAT(shell.opened, ElementsAre(CompanionProgram(ProgramFolder(), separator)));
 }
 
 TEST_F(MouseFormTest, DoesNothingOnHelp) {

@@ -1,6 +1,7 @@
 #include "DisplayState.h"
 #include "FileState.h"
 #include "FormFixture.h"
+#include "PathSpelling.h"
 #include "RecentFiles.h"
 #include "modModelStore.h"
 
@@ -97,9 +98,9 @@ TEST_F(RecentFilesFormTest, ShowsTheCaptionWithItsKeyAndTheWholePathAsToolTip) {
   std::filesystem::create_directories(folder.Path("a & b"));
   const std::string path = Model("a & b/bridge & tunnel, long.stw");
   Open(path);
-  EXPECT_EQ(Command("mnuRUF_1").text().toStdString(), "&1   .../bridge && tunnel, long.stw");
+  EXPECT_EQ(Command("mnuRUF_1").text().toStdString(), "&1   ..." + NativePath("/bridge && tunnel, long.stw"));
   EXPECT_EQ(Command("mnuRUF_1").toolTip().toStdString(), path);
-  EXPECT_EQ(mnuRUF[0].caption, "&1   .../bridge & tunnel, long.stw");
+  EXPECT_EQ(mnuRUF[0].caption, "&1   ..." + NativePath("/bridge & tunnel, long.stw"));
 }
 
 TEST_F(RecentFilesFormTest, OpensTheChosenEntryByKeyboard) {

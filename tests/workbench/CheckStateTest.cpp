@@ -1,4 +1,5 @@
 #include "ModelBuilder.h"
+#include "Pattern.h"
 #include "WorkbenchFixture.h"
 #include "modCheck.h"
 #include "modRunAnalysis.h"
@@ -62,7 +63,7 @@ TEST_F(CheckStateTest, SaysHowManyDigitsAreRight) {
 
 TEST_F(CheckStateTest, PointsToTheCheckWhereDigitsAreFew) {
   AnalyseAndCheck(FlatGirder());
-  EXPECT_THAT(CheckStatusText(), testing::MatchesRegex("[012] digits? - see Check"));
+  EXPECT_THAT(CheckStatusText(), MatchesPattern("[012] digits? - see Check"));
   EXPECT_EQ(CheckStatusLevel(), CheckLevel::Doubtful);
 }
 

@@ -1,5 +1,6 @@
 #include "HandStrokes.h"
 #include "ModelBuilder.h"
+#include "Pattern.h"
 #include "WorkbenchFixture.h"
 #include "modHandAgreement.h"
 #include "modHandLesson.h"
@@ -176,7 +177,7 @@ TEST_F(HandLessonTest, OffersTheForcesOfTheAnalysisAtTheEnd) {
   const HandTelling computed = lesson.TellComputed(lesson.LastStep(HandTopic::Joints));
   EXPECT_EQ(computed.heading, "By hand and computed");
   EXPECT_THAT(computed.sentences.front(), HasSubstr("indeterminate to degree 1"));
-  EXPECT_THAT(computed.solution.at(4), testing::MatchesRegex("F5 = .* kN .*, by hand left open"));
+  EXPECT_THAT(computed.solution.at(4), MatchesPattern("F5 = .* kN .*, by hand left open"));
   EXPECT_NE(computed.sheet.front().sketch.lines.at(4).tone, SketchTone::Ink);
 }
 
@@ -196,7 +197,7 @@ TEST_F(HandLessonTest, SaysHowManyDigitsBothWaysShare) {
   EXPECT_EQ(HandAgreementText(), ""); // before the analysis
   ASSERT_TRUE(runAnalysis(ScratchCopy::None));
   EXPECT_THAT(HandAgreementText(),
-              testing::MatchesRegex("Joints by hand and stiffness agree to [67] digits of the largest force."));
+              MatchesPattern("Joints by hand and stiffness agree to [67] digits of the largest force."));
   EXPECT_THAT(ToldLast(HandTopic::Joints), HasSubstr(HandAgreementText()));
   MemberTable(1, MemberFieldForce) += 0.01F;
   EXPECT_EQ(DigitsShared(lesson.Truss(), lesson.Solution()), 2); // 0.01 of 7.5

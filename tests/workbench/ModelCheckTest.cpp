@@ -21,7 +21,7 @@ class ModelCheckTest : public WorkbenchFixture {
   /// The model as it is when it is not the open one.
   static StoredModel Stored(const ModelData& data) {
     SetModel(data);
-    StoredModel stored{GridCapacity, NodeCount, MemberCount, NodeTable, MemberTable};
+    StoredModel stored = ModelInTables();
     SetModel(Square());
     return stored;
   }

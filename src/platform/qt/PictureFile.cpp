@@ -1,10 +1,14 @@
 #include "PictureFile.h"
 
 #include "FileSystem.h"
+#include "PathSpelling.h"
 #include "SvgPicture.h"
+
+#include <system_error>
 
 #include <QBuffer>
 #include <QByteArray>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
@@ -15,8 +19,16 @@ namespace strutwright {
 
 namespace {
 
+/// Windows has words of its own, in its user's language, for a folder that is not there.
+[[noreturn]] void ThrowReason(const QFileDevice& file) {
+  if (HasBackslashPaths && !QFileInfo(file.fileName()).absoluteDir().exists()) {
+    throw FileError(std::make_error_code(std::errc::no_such_file_or_directory));
+  }
+  throw FileError(file.errorString().toStdString());
+}
+
 void WriteAll(QFileDevice& file, const QByteArray& bytes) {
-  if (!file.open(QIODevice::WriteOnly)) throw FileError(file.errorString().toStdString());
+  if (!file.open(QIODevice::WriteOnly)) ThrowReason(file);
   if (file.write(bytes) != bytes.size() || !file.flush()) throw FileError(file.errorString().toStdString());
 }
 

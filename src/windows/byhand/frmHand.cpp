@@ -1,12 +1,12 @@
 #include "frmHand.h"
 
+#include "CommandFrame.h"
 #include "EventGuard.h"
 #include "FileState.h"
 #include "FormParts.h"
 #include "HandStrokes.h"
 #include "PictureArea.h"
 #include "Platform.h"
-#include "frmMain.h"
 #include "modHandDocument.h"
 #include "modSketchFiles.h"
 #include "modWorkedFiles.h"
@@ -65,7 +65,7 @@ QWidget* RowOfParts(const std::initializer_list<QWidget*>& parts) {
 
 } // namespace
 
-frmHand::frmHand(frmMain& frame) : QDialog(&frame), Frame(frame) {
+frmHand::frmHand(CommandFrame& frame) : QDialog(&frame), Frame(frame) {
   setObjectName("frmHand");
   setWindowTitle("Hand Methods");
   topicTab = NamedPart(new QTabBar, "topicTab", "The pages of the lesson");

@@ -22,14 +22,14 @@ class QTimer;
 
 namespace strutwright {
 
+class CommandFrame;
 class PictureArea;
-class frmMain;
 
 /// The hand methods, a window beside the frame: reactions, members without force, joints, sections and the force
 /// diagram of the truss, step by step.  It follows the model while it is open.
 class frmHand : public QDialog {
  public:
-  explicit frmHand(frmMain& frame);
+  explicit frmHand(CommandFrame& frame);
 
   /// Reads the model where it has become another one, and shows the page that was shown last.
   void Begin();
@@ -68,7 +68,7 @@ class frmHand : public QDialog {
   void SavePicture();
   std::string ModelFile() const;
 
-  frmMain& Frame;
+  CommandFrame& Frame;
   HandLesson Lesson;
   std::array<int, HandTopicCount> Steps{};
   int Joint = 0;                       ///< the joint that is shown in place of a step; 0 for none

@@ -1,12 +1,12 @@
 #include "MechanismBox.h"
 
 #include "CheckParts.h"
+#include "CommandFrame.h"
 #include "DisplayState.h"
 #include "EventGuard.h"
 #include "FormParts.h"
 #include "Platform.h"
 #include "WorkbenchState.h"
-#include "frmMain.h"
 #include "modCheck.h"
 #include "modMotionView.h"
 
@@ -31,7 +31,7 @@ bool IsDrawingWithMouse() {
 
 } // namespace
 
-MechanismBox::MechanismBox(frmMain& frame, std::function<void()> fillInRigidity)
+MechanismBox::MechanismBox(CommandFrame& frame, std::function<void()> fillInRigidity)
     : QGroupBox("Mechanism"), Frame(frame), FillInRigidity(std::move(fillInRigidity)) {
   setObjectName("mechanismBox");
   auto* column = new QVBoxLayout(this);

@@ -12,14 +12,14 @@ class QPushButton;
 
 namespace strutwright {
 
+class CommandFrame;
 class LineList;
-class frmMain;
 
 /// The mechanisms in the check window: one motion at a time, which swings in the display, and what would stop it.
 class MechanismBox : public QGroupBox {
  public:
   /// fillInRigidity: what the cure that is no part of the truss does.
-  MechanismBox(frmMain& frame, std::function<void()> fillInRigidity);
+  MechanismBox(CommandFrame& frame, std::function<void()> fillInRigidity);
 
   /// Shows the motion that the display shows.
   void Refresh();
@@ -45,7 +45,7 @@ class MechanismBox : public QGroupBox {
   const Cure* ChosenCure() const;
   void ApplyChosenCure();
 
-  frmMain& Frame;
+  CommandFrame& Frame;
   std::function<void()> FillInRigidity;
   bool RigidityUsable = false;
   QLabel* motionLbl = nullptr;

@@ -1,12 +1,11 @@
 #include "frmCheck.h"
 
 #include "CheckParts.h"
+#include "CommandFrame.h"
 #include "EventGuard.h"
 #include "FormParts.h"
 #include "Platform.h"
 #include "WorkbenchState.h"
-#include "frmMain.h"
-#include "modCheck.h"
 #include "modHandAgreement.h"
 #include "modMotionView.h"
 
@@ -33,7 +32,8 @@ std::vector<int> OnlyIf(int number) { return number == 0 ? std::vector<int>{} : 
 
 } // namespace
 
-frmCheck::frmCheck(frmMain& frame) : QDialog(&frame), Frame(frame) {
+frmCheck::frmCheck(CommandFrame& frame, std::function<RigidityOffer()> offer, std::function<void()> fillIn)
+    : QDialog(&frame), Frame(frame), Offer(std::move(offer)), FillIn(std::move(fillIn)) {
   setObjectName("frmCheck");
   setWindowTitle("Check");
   new QVBoxLayout(this);
@@ -127,7 +127,7 @@ void frmCheck::Refresh() {
 }
 
 void frmCheck::ShowRigidityOffer() {
-  const RigidityOffer offer = Frame.RigidityOnBoard();
+  const RigidityOffer offer = Offer();
   rigidityLbl->setText(QString::fromStdString(offer.text));
   rigidityPart->setVisible(!offer.text.empty());
   btnFillRigidity->setEnabled(offer.usable);
@@ -175,7 +175,7 @@ void frmCheck::DeselectAllBut(const QWidget* chosen) {
 }
 
 void frmCheck::FillInRigidity() {
-  Frame.Run([this] { Frame.Edit("Fill In E and A", [this] { Frame.FillInRigidity(); }); });
+  Frame.Run([this] { Frame.Edit("Fill In E and A", FillIn); });
 }
 
 void frmCheck::Copy() { TheClipboard().SetText(CheckReportText(), ""); }

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "MechanismBox.h"
+#include "modCheck.h"
+
+#include <functional>
 
 #include <QDialog>
 
@@ -10,20 +13,22 @@ class QPushButton;
 
 namespace strutwright {
 
+class CommandFrame;
 class FigureTable;
 class LineList;
-class frmMain;
 
 /// The check of the answer, a window beside the frame: verdict, figures, what is odd about the model, zero bars and
 /// mechanisms.  It follows each analysis and each edit while it is open; a mechanism swings in the display meanwhile.
 class frmCheck : public QDialog {
  public:
-  explicit frmCheck(frmMain& frame);
+  /// offer: what can be done about members without rigidity, by what the control board's fields hold now.
+  /// fillIn: does it.
+  frmCheck(CommandFrame& frame, std::function<RigidityOffer()> offer, std::function<void()> fillIn);
 
   /// Shows the check of the model as it is now, and its first mechanism.
   void Refresh();
 
-  /// Shows what can be done about members without rigidity, by what the control board's fields hold now.
+  /// Shows what can be done about members without rigidity.
   void ShowRigidityOffer();
 
  protected:
@@ -43,7 +48,9 @@ class frmCheck : public QDialog {
   void FillInRigidity();
   void Copy();
 
-  frmMain& Frame;
+  CommandFrame& Frame;
+  std::function<RigidityOffer()> Offer;
+  std::function<void()> FillIn;
   QLabel* verdictLbl = nullptr;
   QLabel* byHandLbl = nullptr;
   QWidget* rigidityPart = nullptr;

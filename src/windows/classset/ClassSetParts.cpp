@@ -1,8 +1,8 @@
+#include "CommandFrame.h"
 #include "EventGuard.h"
 #include "FormParts.h"
 #include "ProgressRow.h"
 #include "frmClassSet.h"
-#include "frmMain.h"
 
 #include <array>
 #include <cstddef>
@@ -44,7 +44,7 @@ void MakeNarrow(QLineEdit& field) { field.setFixedWidth(6 * field.fontMetrics().
 
 } // namespace
 
-frmClassSet::frmClassSet(frmMain& frame) : QDialog(&frame), Frame(frame) {
+frmClassSet::frmClassSet(CommandFrame& frame) : QDialog(&frame), Frame(frame) {
   setObjectName("frmClassSet");
   setWindowTitle("Class Set");
   auto* entries = new QHBoxLayout;

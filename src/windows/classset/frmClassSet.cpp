@@ -2,13 +2,12 @@
 
 #include "ClassFault.h"
 #include "ClassTexts.h"
+#include "CommandFrame.h"
 #include "FileDialog.h"
 #include "LongWork.h"
-#include "MainListener.h"
 #include "Platform.h"
 #include "ProgressRow.h"
 #include "QtDrawingSurface.h"
-#include "frmMain.h"
 #include "modClassFiles.h"
 #include "modKeepResults.h"
 
@@ -36,13 +35,13 @@ constexpr double Reduction = 1.5; // of a preview, so that most numbers have roo
 /// Progress shows in the window while this lives.
 class ProgressHere {
  public:
-  ProgressHere(MainStatus& status, Progress& place) : Status(status) { Status.ShowProgressIn(&place); }
-  ~ProgressHere() { Status.ShowProgressIn(nullptr); }
+  ProgressHere(CommandFrame& frame, Progress& place) : Frame(frame) { Frame.ShowProgressIn(&place); }
+  ~ProgressHere() { Frame.ShowProgressIn(nullptr); }
   ProgressHere(const ProgressHere&) = delete;
   ProgressHere& operator=(const ProgressHere&) = delete;
 
  private:
-  MainStatus& Status;
+  CommandFrame& Frame;
 };
 
 } // namespace
@@ -141,7 +140,7 @@ void frmClassSet::Try(const std::function<void()>& command) {
   RebuildKeepingResults();
   DropPreview();
   ShowSizes();
-  const ProgressHere here(Frame.Status(), *Work);
+  const ProgressHere here(Frame, *Work);
   try {
     command();
   } catch (const ClassFault& fault) {

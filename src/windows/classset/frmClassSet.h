@@ -22,13 +22,13 @@ class QSpinBox;
 
 namespace strutwright {
 
+class CommandFrame;
 class ProgressRow;
-class frmMain;
 
 /// Makes a class set of the open model: what the command `class` does, with a preview.
 class frmClassSet : public QDialog {
  public:
-  explicit frmClassSet(frmMain& frame);
+  explicit frmClassSet(CommandFrame& frame);
 
   /// Begins with the model as it is; what was entered for the last set stays.
   void Begin();
@@ -89,7 +89,7 @@ class frmClassSet : public QDialog {
   void Make();
   void Say(const std::string& sentence);
 
-  frmMain& Frame;
+  CommandFrame& Frame;
   ModelAsEntered ShownFor;        ///< the model whose sizes and variants are shown
   QComboBox* sourceCmb = nullptr; ///< the open model, or a family of trusses
   QLabel* fixedLbl = nullptr;     ///< heads the numbers of a family

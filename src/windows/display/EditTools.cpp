@@ -1,9 +1,10 @@
 #include "EditTools.h"
 
+#include "CommandFrame.h"
 #include "DisplayState.h"
 #include "EventGuard.h"
+#include "Platform.h"
 #include "frmGraph.h"
-#include "frmMain.h"
 #include "modModelEditing.h"
 #include "modModelStore.h"
 #include "modMouseModes.h"
@@ -45,7 +46,7 @@ bool IsInside(const MouseEvent& event) {
 
 } // namespace
 
-EditTools::EditTools(frmMain& frame, frmGraph& graph) : Frame(frame), Graph(graph) {
+EditTools::EditTools(CommandFrame& frame, frmGraph& graph) : Frame(frame), Graph(graph) {
   FollowTimer.setParent(&Graph);
   FollowTimer.setSingleShot(true);
   OnSignal(&FollowTimer, &QTimer::timeout, &Graph, [this] { Follow(); });
@@ -77,7 +78,7 @@ void EditTools::Take(std::unique_ptr<Drag> drag) {
 bool EditTools::PressForSupport(WorldPoint point) {
   const int n = NodeInReach(point);
   if (n == 0) {
-    Frame.ShowHint("There is no node here: click a node to give it the support");
+    ShowHint("There is no node here: click a node to give it the support");
   } else {
     Frame.Edit("Support", [n] { EnterSupport(n, TheMouse.SupportSymbol); });
   }
@@ -88,12 +89,12 @@ bool EditTools::PressForLoad(WorldPoint point) {
   const LoadEnd end = LoadEndAt(point.x, point.y, ReachPixels * MetresAPixel());
   if (end.node != 0) {
     Take(DragLoad(end, point, MetresAPixel()));
-    Frame.ShowHint(Dragged->Text());
+    ShowHint(Dragged->Text());
     return true;
   }
   const int n = NodeInReach(point);
   if (n == 0) {
-    Frame.ShowHint("There is no node here: click a node to load it, or drag the end of a load's arrow");
+    ShowHint("There is no node here: click a node to load it, or drag the end of a load's arrow");
   } else {
     Frame.Edit("Load", [n] { EnterSymbolLoad(n, TheMouse.ClickedLoad); });
   }
@@ -157,10 +158,10 @@ void EditTools::Follow() {
   if (Copies) {
     const std::string text = "Copy: " + Dragged->Text();
     Dragged->Edits.PutBack();
-    return Frame.ShowHint(text);
+    return ShowHint(text);
   }
   Frame.FollowDrag();
-  Frame.ShowHint(Dragged->Text());
+  ShowHint(Dragged->Text());
 }
 
 bool EditTools::Release(const MouseEvent& event) {
@@ -193,7 +194,7 @@ void EditTools::Finish() {
   const std::string refusal = Copies ? "" : Dragged->Refusal();
   if (!refusal.empty()) {
     Cancel();
-    return Frame.ShowHint(refusal);
+    return ShowHint(refusal);
   }
   if (Copies) return StartCopy();
   const std::unique_ptr<Drag> done = std::move(Dragged);
@@ -224,7 +225,7 @@ bool EditTools::Cancel() {
     Dragged->Edits.PutBack();
     Dragged.reset();
     if (Moved) Frame.TakeBackDrag();
-    Frame.ShowHint("");
+    ShowHint("");
   }
   HideRubberBand(RubberBand::ZoomBox);
   EndDrag();
@@ -255,7 +256,7 @@ bool EditTools::KeyOfDrag(const QKeyEvent& key) {
   if (!Dragged->Type(back ? BackspaceCode : static_cast<char32_t>(characters.first()))) return true;
   Moved = true;
   Frame.FollowDrag();
-  Frame.ShowHint(Dragged->Text());
+  ShowHint(Dragged->Text());
   return true;
 }
 
@@ -288,7 +289,7 @@ void EditTools::Nudge(int right, int up, bool fine) {
   CellEdits edits;
   const std::string refusal =
       MoveNodesBy(NodesOf(TheDisplay.Selected), right * step(GridSpacingX), up * step(GridSpacingY), edits);
-  if (!refusal.empty()) return Frame.ShowHint(refusal);
+  if (!refusal.empty()) return ShowHint(refusal);
   edits.PutBack();
   Frame.Edit("Move Nodes", [&edits] {
     edits.PutAgain();

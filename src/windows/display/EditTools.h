@@ -11,14 +11,14 @@ class QKeyEvent;
 
 namespace strutwright {
 
+class CommandFrame;
 class frmGraph;
-class frmMain;
 
 /// The mouse modes that edit where one looks: Supports, Loads, Select and Move.  While something is dragged, commands
 /// wait for its end.
 class EditTools {
  public:
-  EditTools(frmMain& frame, frmGraph& graph);
+  EditTools(CommandFrame& frame, frmGraph& graph);
 
   // Each returns whether the event was theirs.
   bool Press(const MouseEvent& event);
@@ -49,7 +49,7 @@ class EditTools {
   void Nudge(int right, int up, bool fine);
   double MetresAPixel() const;
 
-  frmMain& Frame;
+  CommandFrame& Frame;
   frmGraph& Graph;
   std::unique_ptr<Drag> Dragged; ///< nullptr while nothing is
   bool Moved = false;            ///< since the press, by more than a tremble

@@ -1,9 +1,9 @@
 #include "PartMenu.h"
 
 #include "CellEdits.h"
+#include "CommandFrame.h"
 #include "DisplayState.h"
-#include "Menus.h"
-#include "frmMain.h"
+#include "MenuBuilder.h"
 #include "frmValues.h"
 #include "modModelEditing.h"
 #include "modModelStore.h"
@@ -22,7 +22,7 @@ std::string TextOf(const FieldTable& table, int number, int field) { return Numb
 
 } // namespace
 
-PartMenu::PartMenu(frmMain& frame, QMenu& popUp, MenuBuilder& build) : Frame(frame) {
+PartMenu::PartMenu(CommandFrame& frame, QMenu& popUp, MenuBuilder& build) : Frame(frame) {
   Title = popUp.addSection("");
   AddSupport(popUp, build, "mnuNodeFree", "&Free", 0);
   AddSupport(popUp, build, "mnuNodePin", "P&in", 3);

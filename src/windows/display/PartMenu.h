@@ -7,13 +7,13 @@ class QMenu;
 
 namespace strutwright {
 
+class CommandFrame;
 class MenuBuilder;
-class frmMain;
 
 /// What the pop-up menu of the display offers for the node or the member under the pointer: entries before its own.
 class PartMenu {
  public:
-  PartMenu(frmMain& frame, QMenu& popUp, MenuBuilder& build);
+  PartMenu(CommandFrame& frame, QMenu& popUp, MenuBuilder& build);
 
   /// Shows the entries of the node at a world point, or else of the member there; none where there is neither.
   void Offer(float x, float y);
@@ -30,7 +30,7 @@ class PartMenu {
   bool HasNode() const;
   bool HasMember() const;
 
-  frmMain& Frame;
+  CommandFrame& Frame;
   int Node = 0; ///< 0 where none is meant
   int Member = 0;
   QAction* Title = nullptr;

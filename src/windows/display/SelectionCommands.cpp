@@ -1,8 +1,9 @@
 // What the Drawing menu does with what is selected.
 
+#include "CommandFrame.h"
 #include "DisplayState.h"
+#include "Platform.h"
 #include "frmGraph.h"
-#include "frmMain.h"
 #include "frmValues.h"
 #include "modCopies.h"
 #include "modModelStore.h"
@@ -42,7 +43,7 @@ double NumberOfText(const std::string& text) { return NumericValue(text).value_o
 bool frmGraph::HasSelection() {
   DropMissing(TheDisplay.Selected);
   if (!NodesOf(TheDisplay.Selected).empty()) return true;
-  Frame.ShowHint("Nothing is selected: choose Drawing > Select and Move and select nodes or members first");
+  ShowHint("Nothing is selected: choose Drawing > Select and Move and select nodes or members first");
   return false;
 }
 
@@ -68,7 +69,7 @@ void frmGraph::AskForCopies() {
   const double dx = NumberOfText(texts[1]);
   const double dy = NumberOfText(texts[2]);
   if (count == 0 || (dx == 0 && dy == 0)) {
-    return Frame.ShowHint("Nothing was copied: a copy needs a number of at least 1 and a step");
+    return ShowHint("Nothing was copied: a copy needs a number of at least 1 and a step");
   }
   CopySelection(dx, dy, count);
 }

@@ -2,11 +2,11 @@
 
 #include "AnalysisState.h"
 #include "BusyPointer.h"
+#include "CommandFrame.h"
 #include "DisplayState.h"
 #include "EventGuard.h"
 #include "MainStatusBar.h"
 #include "Platform.h"
-#include "frmMain.h"
 #include "frmMemberDetails.h"
 #include "frmNodeDetails.h"
 #include "frmReport.h"
@@ -25,6 +25,8 @@
 
 #include <QCloseEvent>
 #include <QCursor>
+#include <QMenu>
+#include <QUndoStack>
 #include <QVBoxLayout>
 
 namespace strutwright {
@@ -48,7 +50,7 @@ bool IsPlainPress(const MouseEvent& event) {
 
 } // namespace
 
-frmGraph::frmGraph(frmMain& frame, MainStatusBar& status) : Frame(frame), Status(status), Tools(frame, *this) {
+frmGraph::frmGraph(CommandFrame& frame, MainStatusBar& status) : Frame(frame), Status(status), Tools(frame, *this) {
   setObjectName("frmGraph");
   setWindowTitle("Truss Display");
   Disp = new DisplayArea(*this, this);
@@ -56,7 +58,6 @@ frmGraph::frmGraph(frmMain& frame, MainStatusBar& status) : Frame(frame), Status
   auto* whole = new QVBoxLayout(this);
   whole->setContentsMargins(0, 0, 0, 0);
   whole->addWidget(Disp);
-  BuildMenus();
   ShowMouseState();
 }
 
@@ -243,6 +244,13 @@ void frmGraph::ShowMouseState() {
   Disp->update();
 }
 
+QMenu& frmGraph::MakePopUp(MenuBuilder& build) {
+  PopUp = new QMenu(this);
+  PopUp->setObjectName("mnuPopUp");
+  Parts = std::make_unique<PartMenu>(Frame, *PopUp, build);
+  return *PopUp;
+}
+
 /// What lies under the press that asked for the menu comes first in it.
 void frmGraph::ShowPopUp() {
   Parts->Offer(TheMouse.PressX, -TheMouse.PressY);
@@ -262,7 +270,7 @@ void frmGraph::DrawMemberBetween(int i, int j) {
   const std::string hint = MemberHint(i, j);
   Frame.Edit("Draw Member", [&] { Frame.DrawMember(i, j); });
   Frame.OfferRigidityOnDrawing();
-  if (!hint.empty()) Frame.ShowHint(hint);
+  if (!hint.empty()) ShowHint(hint);
 }
 
 void frmGraph::Choose(MouseMode mode) {

@@ -12,13 +12,12 @@
 #include <utility>
 #include <vector>
 
-#include <QList>
 #include <QMenu>
 #include <QWidget>
 
 namespace strutwright {
 
-class frmMain;
+class CommandFrame;
 class MainStatusBar;
 class MenuBuilder;
 class frmReport;
@@ -26,7 +25,7 @@ class frmReport;
 /// The truss display, a child window of the main frame.
 class frmGraph : public QWidget, private DisplayListener {
  public:
-  frmGraph(frmMain& frame, MainStatusBar& status);
+  frmGraph(CommandFrame& frame, MainStatusBar& status);
 
   /// What the display does once, as the program starts: takes the recent files, which may welcome the user, and the
   /// scales.  To be called while it is on screen, so that a box stands over a whole window.
@@ -68,8 +67,18 @@ class frmGraph : public QWidget, private DisplayListener {
   /// Leaves the mouse mode.
   void LeaveMode();
 
-  /// The menus that the frame's menu bar shows while this window is active, in their order.
-  const QList<QMenu*>& Menus() const { return MenuList; }
+  /// Begins a mouse mode.
+  void Choose(MouseMode mode);
+
+  /// Shows the mouse mode in the status bar, by the cursor and in the drawing.
+  void ShowMouseState();
+
+  /// Ask how what is selected is copied, or mirrored, and do it; level: up or down.
+  void AskForCopies();
+  void AskForMirror(bool level);
+
+  /// Makes the pop-up menu, with the entries for what is under the pointer.
+  QMenu& MakePopUp(MenuBuilder& build);
 
   /// Takes away the mark on what keys have walked to.
   void EndWalk();
@@ -99,29 +108,13 @@ class frmGraph : public QWidget, private DisplayListener {
   void Do(const MouseVerdict& verdict);
   void InspectNode(int n);
   void InspectMember(int m);
-  void ShowMouseState();
   void ShowPopUp();
   bool OfferNode(float x, float y);
   void DrawMemberBetween(int i, int j);
-  void Choose(MouseMode mode);
-
-  void BuildMenus();
-  void AddLive(MenuBuilder& build, QMenu& analysis);
-  void AddEditMenu(MenuBuilder& build);
-  void AddDrawingMenu(MenuBuilder& build);
-  void AddSymbolMenus(MenuBuilder& build, QMenu& drawing);
-  void AddSelectionMenu(MenuBuilder& build, QMenu& drawing);
-  void ChooseSupports(int code);
-  void ChooseLoads(LoadSymbol symbol);
-  void AskForCopies();
-  void AskForMirror(bool level);
   bool HasSelection();
-  void AddViewMenu(MenuBuilder& build);
-  void BuildPopUp(MenuBuilder& build);
-  void Refresh();
   void ShowReport();
 
-  frmMain& Frame;
+  CommandFrame& Frame;
   MainStatusBar& Status;
   DisplayArea* Disp = nullptr;
   std::unique_ptr<PointingHelp> Pointing;
@@ -129,7 +122,6 @@ class frmGraph : public QWidget, private DisplayListener {
   std::unique_ptr<PartMenu> Parts; ///< the entries of the pop-up menu for what is under the pointer
   QMenu* PopUp = nullptr;
   frmReport* ReportWindow = nullptr; ///< nullptr until the first report; the frame owns it
-  QList<QMenu*> MenuList;
 };
 
 } // namespace strutwright

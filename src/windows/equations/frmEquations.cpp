@@ -1,15 +1,15 @@
 #include "frmEquations.h"
 
 #include "BusyPointer.h"
+#include "CommandFrame.h"
 #include "EquationGrids.h"
 #include "EquationsState.h"
 #include "EventGuard.h"
-#include "Menus.h"
+#include "MenuBuilder.h"
 #include "Platform.h"
 #include "TryPanel.h"
 #include "WorkingPane.h"
 #include "WorkingSplit.h"
-#include "frmMain.h"
 #include "modEquationCopy.h"
 #include "modEquationSteps.h"
 #include "modEquationTexts.h"
@@ -40,7 +40,7 @@ constexpr int ButtonsInARow = 4; // of a narrow one
 
 } // namespace
 
-frmEquations::frmEquations(frmMain& frame) : Frame(frame) {
+frmEquations::frmEquations(CommandFrame& frame) : Frame(frame) {
   setObjectName("frmEquations");
   setWindowTitle("Stiffness Equations");
   TheEquations = EquationsState{};
@@ -56,7 +56,6 @@ frmEquations::frmEquations(frmMain& frame) : Frame(frame) {
   whole->addWidget(BuildWorking(), 1);
   lblOrigin = AddLine("lblOrigin", "Where the selected cell of K comes from");
   whole->addWidget(lblOrigin);
-  BuildMenus();
   Arrange();
   Reset();
 }
@@ -238,16 +237,9 @@ void frmEquations::ShowPaneOrGrids() {
   splWorking->PreferPane(!isInCell && (chkWorking->isChecked() || (isInPane && question == nullptr)));
 }
 
-void frmEquations::BuildMenus() {
-  MenuBuilder build(*this, Frame);
-  build.AddFileMenu();
+void frmEquations::AddMenus(MenuBuilder& build) {
   BuildEditMenu(build);
   BuildViewMenu(build);
-  QMenu& analysis = *build.AddMenu("mnuAnalysis", "&Analysis");
-  build.AddAnalyse(analysis);
-  build.AddCheck(analysis);
-  build.AddHelpMenu();
-  MenuList = build.Menus();
 }
 
 void frmEquations::BuildViewMenu(MenuBuilder& build) {

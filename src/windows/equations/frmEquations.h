@@ -17,19 +17,19 @@ class QPushButton;
 
 namespace strutwright {
 
+class CommandFrame;
 class EquationGrids;
 enum class AnswerMove;
 class TryPanel;
 class WorkingPane;
 class WorkingSplit;
-class frmMain;
 class MenuBuilder;
 
 /// The stiffness equations, a child window of the main frame: the method one step at a time, its arrays in three
 /// grids, and in words what each step did.
 class frmEquations : public QWidget {
  public:
-  explicit frmEquations(frmMain& frame);
+  explicit frmEquations(CommandFrame& frame);
 
   /// Empties every value of the three grids; their labels stay.
   void Reset();
@@ -43,8 +43,8 @@ class frmEquations : public QWidget {
   /// The user has pointed at a member or a node of the drawing: where Try It asks about it, that question has its turn.
   void ChooseQuestionOf(Element element);
 
-  /// The menus that the frame's menu bar shows while this window is active, in their order.
-  const QList<QMenu*>& Menus() const { return MenuList; }
+  /// Adds the menus that are its own: Edit and View.
+  void AddMenus(MenuBuilder& build);
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -60,7 +60,6 @@ class frmEquations : public QWidget {
   QWidget* BuildWorking();
   QLabel* AddLine(const QString& name, const QString& description);
   QCheckBox* AddSwitch(const QString& name, const QString& caption, const QString& toolTip);
-  void BuildMenus();
   void BuildViewMenu(MenuBuilder& build);
   void BuildEditMenu(MenuBuilder& build);
   void Arrange();
@@ -81,7 +80,7 @@ class frmEquations : public QWidget {
   void Copy(CopyCommand copy);
   void CopyOrigin();
 
-  frmMain& Frame;
+  CommandFrame& Frame;
   QGridLayout* ButtonPlaces = nullptr;
   QList<QPushButton*> Buttons; ///< the steps, in the order in which they stand
   QPushButton* btnAddMember = nullptr;
@@ -98,7 +97,6 @@ class frmEquations : public QWidget {
   QLabel* lblStepDone = nullptr;
   QLabel* lblStepToCome = nullptr;
   QLabel* lblOrigin = nullptr;
-  QList<QMenu*> MenuList;
   int ShownMember = 0; ///< what the frame was last asked to show in the truss display; 0 for none
   int AskedNode = 0;   ///< marked over the drawing because a question is about it; 0 for none
 };

@@ -1,9 +1,9 @@
 #include "ExchangeCommands.h"
 
+#include "CommandFrame.h"
 #include "FileState.h"
 #include "Platform.h"
 #include "frmImport.h"
-#include "frmMain.h"
 #include "modExport.h"
 #include "modImportFile.h"
 
@@ -41,7 +41,7 @@ void AcceptCopy(QDropEvent& event) {
 /// Sees what is dragged over the frame before the frame does.
 class DropFilter : public QObject {
  public:
-  explicit DropFilter(frmMain& frame) : QObject(&frame), Frame(frame) {}
+  explicit DropFilter(CommandFrame& frame) : QObject(&frame), Frame(frame) {}
 
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {
     if (event->type() == QEvent::DragEnter) return LetIn(static_cast<QDropEvent&>(*event));
@@ -64,12 +64,12 @@ class DropFilter : public QObject {
     return QMetaObject::invokeMethod(this, import, Qt::QueuedConnection);
   }
 
-  frmMain& Frame;
+  CommandFrame& Frame;
 };
 
 } // namespace
 
-void ImportChosen(frmMain& frame) {
+void ImportChosen(CommandFrame& frame) {
   const FileQuestion question{.title = "Import",
                               .flags = FileMustExist,
                               .defaultExtension = "",
@@ -80,7 +80,7 @@ void ImportChosen(frmMain& frame) {
   if (!path.empty()) ImportFile(frame, path);
 }
 
-void ImportFile(frmMain& frame, const std::string& path) {
+void ImportFile(CommandFrame& frame, const std::string& path) {
   try {
     frmImport preview(&frame, path, ReadFileToImport(path));
     if (!preview.Fault().empty()) return Refuse(path, preview.Fault());
@@ -92,9 +92,9 @@ void ImportFile(frmMain& frame, const std::string& path) {
   }
 }
 
-void ExportFrom(frmMain& frame) { ExportModel(CurrentFileName.empty() ? frame.ModelName() : CurrentFileName); }
+void ExportFrom(CommandFrame& frame) { ExportModel(CurrentFileName.empty() ? frame.ModelName() : CurrentFileName); }
 
-void ImportDroppedFiles(frmMain& frame) {
+void ImportDroppedFiles(CommandFrame& frame) {
   frame.setAcceptDrops(true);
   frame.installEventFilter(new DropFilter(frame)); // the frame owns it
 }

@@ -1,10 +1,10 @@
 #include "frmInfluence.h"
 
+#include "CommandFrame.h"
 #include "EventGuard.h"
 #include "FormParts.h"
 #include "InfluencePicture.h"
 #include "Platform.h"
-#include "frmMain.h"
 #include "modModelStore.h"
 #include "modPath.h"
 
@@ -55,7 +55,7 @@ Control* Named(Control* control, const QString& name, const QString& description
 
 } // namespace
 
-frmInfluence::frmInfluence(frmMain& frame) : QDialog(&frame), Frame(frame) {
+frmInfluence::frmInfluence(CommandFrame& frame) : QDialog(&frame), Frame(frame) {
   setObjectName("frmInfluence");
   setWindowTitle("Influence Lines");
   InfluencePictureNotices notices;

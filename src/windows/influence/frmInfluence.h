@@ -14,14 +14,14 @@ class QSpinBox;
 
 namespace strutwright {
 
+class CommandFrame;
 class InfluencePicture;
-class frmMain;
 
 /// Influence lines, a window beside the frame: what one quantity hears of a load that moves along a path of nodes, and
 /// the extremes under a train of loads.  It follows the model while it is open.
 class frmInfluence : public QDialog {
  public:
-  explicit frmInfluence(frmMain& frame);
+  explicit frmInfluence(CommandFrame& frame);
 
   /// Proposes the loaded chord where the path that is shown can't be taken in this model.
   void Propose();
@@ -44,7 +44,7 @@ class frmInfluence : public QDialog {
   InfluenceQuestion Question() const;
   Quantity ChosenQuantity() const;
 
-  frmMain& Frame;
+  CommandFrame& Frame;
   InfluenceSheet Sheet;
   std::optional<double> At; ///< x that the user points at, or where the load walks
   int WalkStep = 0;

@@ -88,7 +88,8 @@ void CheckPresenter::ShowStatus() { Status.ShowCheck(QString::fromStdString(Chec
 void CheckPresenter::Open(const QPoint& place) {
   RebuildKeepingResults();
   if (Window == nullptr) {
-    Window = new frmCheck(Frame);
+    Window = new frmCheck(
+        Frame, [this] { return RigidityOnBoard(); }, [this] { FillInRigidity(); });
     Window->move(place);
     BringOntoScreen(*Window);
   }

@@ -4,6 +4,7 @@
 #include "CheckPresenter.h"
 #include "EventGuard.h"
 #include "MainStatusBar.h"
+#include "Platform.h"
 #include "WorkbenchState.h"
 #include "frmMain.h"
 #include "modLive.h"
@@ -86,8 +87,8 @@ void LivePresenter::Analyse() {
 }
 
 void LivePresenter::SayThatItPauses() {
-  Frame.ShowHint("Live pauses, since an analysis of this truss takes too long: Tools > Renumber Nodes Along the Span "
-                 "may make it faster");
+  ShowHint("Live pauses, since an analysis of this truss takes too long: Tools > Renumber Nodes Along the Span "
+           "may make it faster");
 }
 
 void LivePresenter::Judge() {

@@ -4,13 +4,12 @@
 #include "ExchangeCommands.h"
 #include "RecentFilesMenu.h"
 #include "frmAbout.h"
+#include "frmEquations.h"
 #include "frmMain.h"
 #include "modExamples.h"
 #include "modFileCommands.h"
 #include "modManual.h"
 #include "modRecovery.h"
-
-#include <utility>
 
 namespace strutwright {
 
@@ -24,37 +23,9 @@ QKeySequence Keys(QKeySequence::StandardKey command, QKeyCombination common) {
 
 } // namespace
 
-QMenu* MenuBuilder::AddMenu(const QString& name, const QString& title) {
-  MenuList << NewMenu(name, title);
-  return MenuList.last();
-}
+FrameMenus::FrameMenus(QWidget& owner, frmMain& frame) : MenuBuilder(owner, frame), Owner(owner), Frame(frame) {}
 
-QMenu* MenuBuilder::NewMenu(const QString& name, const QString& title) {
-  auto* menu = new QMenu(title, &Owner);
-  menu->setObjectName(name);
-  menu->setToolTipsVisible(true);
-  return menu;
-}
-
-QMenu* MenuBuilder::AddSubmenu(QMenu& menu, const QString& name, const QString& title) {
-  QMenu* submenu = NewMenu(name, title);
-  menu.addMenu(submenu);
-  return submenu;
-}
-
-QAction* MenuBuilder::Add(QMenu& menu, const QString& name, const QString& text, const QKeySequence& shortcut,
-                          std::function<void()> command, const QString& toolTip) {
-  auto* action = new QAction(text, &Owner);
-  action->setObjectName(name);
-  action->setShortcut(shortcut);
-  if (!toolTip.isEmpty()) action->setToolTip(toolTip);
-  QObject::connect(action, &QAction::triggered, &Owner,
-                   [&frame = Frame, command = std::move(command)] { frame.Run(command); });
-  menu.addAction(action);
-  return action;
-}
-
-void MenuBuilder::AddFileMenu() {
+void FrameMenus::AddFileMenu() {
   QMenu& file = *AddMenu("mnuFile", "&File");
   Add(
       file, "mnuNew", "&New", QKeySequence::New, [&frame = Frame] { frame.BeginNewModel(NewFromMenu); },
@@ -79,13 +50,13 @@ void MenuBuilder::AddFileMenu() {
 }
 
 /// Lists the examples when the menu is opened: looking for them would only delay the start.
-void MenuBuilder::AddExamples(QMenu& menu) {
+void FrameMenus::AddExamples(QMenu& menu) {
   QMenu* examples = AddSubmenu(menu, "mnuExamples", "Open &Example");
   OnSignal(&menu, &QMenu::aboutToShow, examples, [this_ = *this, examples] {
     if (!examples->isEmpty()) return;
     for (const Example& each : Examples()) {
       const QString text = QString::fromStdString(each.title).replace('&', "&&");
-      MenuBuilder(this_).Add(
+      FrameMenus(this_).Add(
           *examples, "mnuExample_" + QString::number(examples->actions().size() + 1), text, {},
           [path = each.path, &frame = this_.Frame] { frame.Edit("Open", [&] { OpenExample(path); }); },
           QString::fromStdString(each.tip));
@@ -95,7 +66,7 @@ void MenuBuilder::AddExamples(QMenu& menu) {
 }
 
 /// The entry is enabled as things are when the menu is opened: another copy of the program may have taken the model.
-void MenuBuilder::AddRestore(QMenu& menu) {
+void FrameMenus::AddRestore(QMenu& menu) {
   QAction* restore = Add(
       menu, "mnuRestore", "&Restore Unsaved Model", {},
       [&frame = Frame] { frame.Edit("Restore", RestoreUnsavedModel); },
@@ -104,19 +75,19 @@ void MenuBuilder::AddRestore(QMenu& menu) {
   OnSignal(&menu, &QMenu::aboutToShow, restore, [restore] { restore->setEnabled(HasUnsavedModel()); });
 }
 
-void MenuBuilder::AddAnalyse(QMenu& menu) {
+void FrameMenus::AddAnalyse(QMenu& menu) {
   Add(
       menu, "mnuAnalyse", "&Analyse", Qt::Key_F5, [&frame = Frame] { frame.runAnalysis(); },
       "Computes displacements, member forces and reactions");
 }
 
-void MenuBuilder::AddCheck(QMenu& menu) {
+void FrameMenus::AddCheck(QMenu& menu) {
   Add(
       menu, "mnuCheck", "Chec&k", Qt::Key_F6, [&frame = Frame] { frame.ShowCheck(); },
       "How far the results can be trusted, and what is wrong with the model where they can't");
 }
 
-void MenuBuilder::AddHelpMenu() {
+void FrameMenus::AddHelpMenu() {
   QMenu& help = *AddMenu("mnuHelp", "&Help");
   Add(help, "mnuSWHelp", "&Strutwright Help", QKeySequence::HelpContents, [] {});
   const auto add = [&](const QString& name, const QString& text, const char* page, const QString& toolTip) {
@@ -127,6 +98,17 @@ void MenuBuilder::AddHelpMenu() {
   add("mnuSigns", "Sign Conventions and &Units", "signs", "Which way is positive, and what is in which unit");
   add("mnuKeys", "&Keyboard Shortcuts", "keys", "Every key of the program");
   Add(help, "mnuAbout", "&About Strutwright", {}, [&frame = Frame] { frmAbout(&frame).exec(); });
+}
+
+QList<QMenu*> BuildEquationMenus(frmMain& frame, frmEquations& equations) {
+  FrameMenus build(equations, frame);
+  build.AddFileMenu();
+  equations.AddMenus(build);
+  QMenu& analysis = *build.AddMenu("mnuAnalysis", "&Analysis");
+  build.AddAnalyse(analysis);
+  build.AddCheck(analysis);
+  build.AddHelpMenu();
+  return build.Menus();
 }
 
 } // namespace strutwright

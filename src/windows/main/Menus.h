@@ -1,47 +1,34 @@
 #pragma once
 
-#include <functional>
-
-#include <QAction>
-#include <QKeySequence>
-#include <QList>
-#include <QMenu>
+#include "MenuBuilder.h"
 
 namespace strutwright {
 
+class frmEquations;
+class frmGraph;
 class frmMain;
 
-/// Builds the menus of one child window.  Every command first takes a pending edit, and runs inside the guard.
-class MenuBuilder {
+/// The menus of a child window, with the entries that both children show.
+class FrameMenus : public MenuBuilder {
  public:
-  /// owner: the child window, which the menus and their actions belong to.
-  MenuBuilder(QWidget& owner, frmMain& frame) : Owner(owner), Frame(frame) {}
+  FrameMenus(QWidget& owner, frmMain& frame);
 
-  /// Adds a menu to the owner's menu bar, or below another menu.
-  QMenu* AddMenu(const QString& name, const QString& title);
-  QMenu* AddSubmenu(QMenu& menu, const QString& name, const QString& title);
-
-  /// Adds a command.  toolTip: what it does, where the text does not say it.
-  QAction* Add(QMenu& menu, const QString& name, const QString& text, const QKeySequence& shortcut,
-               std::function<void()> command, const QString& toolTip = {});
-
-  /// The menus of the menu bar that were added, in their order.
-  const QList<QMenu*>& Menus() const { return MenuList; }
-
-  /// The entries that both children show.
   void AddFileMenu();
   void AddAnalyse(QMenu& menu);
   void AddCheck(QMenu& menu);
   void AddHelpMenu();
 
  private:
-  QMenu* NewMenu(const QString& name, const QString& title);
   void AddExamples(QMenu& menu);
   void AddRestore(QMenu& menu);
 
   QWidget& Owner;
   frmMain& Frame;
-  QList<QMenu*> MenuList;
 };
+
+/// Build the menus that the frame's menu bar shows while a child window is active, in their order; those of the truss
+/// display with its pop-up menu.
+QList<QMenu*> BuildGraphMenus(frmMain& frame, frmGraph& graph);
+QList<QMenu*> BuildEquationMenus(frmMain& frame, frmEquations& equations);
 
 } // namespace strutwright

@@ -67,7 +67,7 @@ frmMain::frmMain() {
   stsBar->SetRigidityNotice([this] {
     Run([this] {
       TheEditing.rigidityFromBoard = true;
-      Edit("Fill In E and A", [this] { FillInRigidity(); });
+      Edit("Fill In E and A", [this] { Check->FillInRigidity(); });
     });
   });
   BuildToolBar();
@@ -158,7 +158,7 @@ void frmMain::ShowMenus(QMdiSubWindow* active) {
   if (Graph == nullptr || Ending) return;
   menuBar()->clear();
   const bool equations = active != nullptr && active == EquationsWindow;
-  for (QMenu* menu : equations ? Equations->Menus() : Graph->Menus()) menuBar()->addMenu(menu);
+  for (QMenu* menu : equations ? EquationMenus : GraphMenus) menuBar()->addMenu(menu);
 }
 
 void frmMain::MDIForm_Load() {
@@ -175,8 +175,10 @@ void frmMain::MDIForm_Load() {
   TakeOptions();
   initGrids();
   Equations = new frmEquations(*this);
+  EquationMenus = BuildEquationMenus(*this, *Equations);
   EquationsWindow = Centre->Children().AddChild(*Equations, EquationsShare);
   Graph = new frmGraph(*this, *stsBar);
+  GraphMenus = BuildGraphMenus(*this, *Graph);
   GraphWindow = Centre->Children().AddChild(*Graph, DisplayShare);
   ActivateDisplay();
   Graph->Load();

@@ -77,24 +77,34 @@ class frmMain : public CommandFrame {
 
   void Run(const std::function<void()>& command) override;
   void Edit(const QString& what, const std::function<void()>& command) override;
+  const QUndoStack& EditSteps() const override { return History.Steps(); }
+  void CommitPendingEdit() override;
+  std::string ModelName() const override;
+  bool IsWorking() const override { return StatusView->IsWorking(); }
+  bool IsEnding() const override { return Ending; }
+  void ShowProgressIn(Progress* place) override { StatusView->ShowProgressIn(place); }
+  void HoldCommands() override { Holds = true; }
+  void ReleaseCommands() override;
+  void FollowDrag() override;
+  void TakeBackDrag() override;
+  void Redraw(bool zoomToExtents) override { Truss->Redraw(zoomToExtents); }
+  void RedrawWhatCanBeDrawn(bool zoomToExtents) override { Truss->RedrawWhatCanBeDrawn(zoomToExtents); }
+  void ShowAddedMember(int m) override { Check->ShowAddedMember(m); }
+  void ShowParts(const std::vector<int>& nodes, const std::vector<int>& members) override {
+    Check->ShowParts(nodes, members);
+  }
+  void ShowNoParts() override { Check->ShowNoParts(); }
+  void MarkElements(std::vector<Element> elements) override;
+  void ChooseRowOf(Element element) override;
+  void ForgetParts() override;
+  void DrawNode(float x, float y) override { Drawn->DrawNode(x, y); }
+  void DrawMember(int i, int j) override { Drawn->DrawMember(i, j); }
+  void OfferRigidityOnDrawing() override { Drawn->OfferRigidity(); }
+  void ActivateDisplay() override;
+  void ShowJointByHand(int node) override { Tools->ShowJointByHand(node); }
 
   /// Runs one of the commands that begin an empty model, and leaves the keyboard where its first node is typed.
   void BeginNewModel(void (*command)());
-
-  /// What the user calls the model: its file's name, or what the title says in its place.
-  std::string ModelName() const;
-
-  /// The steps that changed the model, so that it can be known when it changes.
-  const QUndoStack& EditSteps() const { return History.Steps(); }
-
-  void CommitPendingEdit();
-
-  /// What Tab and Shift+Tab do: gives the keyboard to the next or previous control of the whole frame, wherever it is.
-  bool MoveFocus(bool next) { return focusNextPrevChild(next); }
-
-  /// Add a node or a member to the model as it stands in the grids, and draw it.
-  void DrawNode(float x, float y) { Drawn->DrawNode(x, y); }
-  void DrawMember(int i, int j) { Drawn->DrawMember(i, j); }
 
   /// Fill the Edit menu of a child window.
   void AddHistoryActions(MenuBuilder& build, QMenu& menu);
@@ -106,8 +116,6 @@ class frmMain : public CommandFrame {
   /// Shows the options dialog until the user closes it.
   void ShowOptions();
 
-  bool IsEnding() const { return Ending; }
-  void ActivateDisplay();
   void ActivateEquations();
 
   /// Offers the clear drawing in the status bar where the drawing on screen prints numbers over each other.
@@ -122,30 +130,6 @@ class frmMain : public CommandFrame {
   /// Sets the forces scale so that the longest arrow is about a sixth of the truss.
   void FitArrows() { Board->FitArrows(); }
 
-  /// Draws the truss again; what can't be drawn is said in the status bar and not in a box.
-  void RedrawWhatCanBeDrawn(bool zoomToExtents) { Truss->RedrawWhatCanBeDrawn(zoomToExtents); }
-
-  /// Draws the truss with member m, which the stiffness equations have just added, highlighted until the model changes
-  /// or is analysed; 0: without that highlight.
-  void ShowAddedMember(int m) { Check->ShowAddedMember(m); }
-
-  /// Draws the truss with these nodes and members highlighted until the model is edited, and selects their rows in the
-  /// grids, of which one that has such rows is shown.  What the model does not have is passed over.
-  void ShowParts(const std::vector<int>& nodes, const std::vector<int>& members) { Check->ShowParts(nodes, members); }
-
-  /// Draws the truss without what ShowParts has highlighted; what is selected stays.
-  void ShowNoParts() { Check->ShowNoParts(); }
-
-  /// Chooses the row of an element in the grid that is shown, if that has such rows.
-  /// Where the stiffness equations ask about it, that question has its turn.
-  void ChooseRowOf(Element element);
-
-  /// Marks nodes and members over the drawing, those and no others.
-  void MarkElements(std::vector<Element> elements);
-
-  /// What the control board's E and A can do for members without rigidity, and doing it.
-  RigidityOffer RigidityOnBoard() const { return Check->RigidityOnBoard(); }
-  void FillInRigidity() { Check->FillInRigidity(); }
   void NoteRigidity() { Check->ShowRigidityOffer(); }
 
   /// Switches live analysis on or off.
@@ -155,18 +139,6 @@ class frmMain : public CommandFrame {
   void FollowModel() { Live->Follow(); }
   void ResumeLive() { Live->Resume(); }
 
-  /// The grids have changed in the middle of a drag.  Live analysis follows at once; without it the results end.
-  void FollowDrag();
-
-  /// The grids hold again what they held before the drag, and the results that it ended hold again.
-  void TakeBackDrag();
-
-  /// While something is dragged, commands wait for its end.
-  void HoldCommands() { Holds = true; }
-  void ReleaseCommands();
-
-  /// After a member was drawn without E and A: offers to give new members those of the control board.
-  void OfferRigidityOnDrawing() { Drawn->OfferRigidity(); }
   void EndRigidityOffer() { stsBar->EndOffer(); }
 
   /// Opens the window that varies a quantity, or brings it to the front.
@@ -175,9 +147,8 @@ class frmMain : public CommandFrame {
   /// Opens the window that makes a class set, or brings it to the front.
   void ShowClassSet() { Tools->ShowClassSet(); }
 
-  /// Open the hand methods, or there the joint of a node.
+  /// Opens the hand methods, or brings them to the front.
   void ShowHand() { Tools->ShowHand(); }
-  void ShowJointByHand(int node) { Tools->ShowJointByHand(node); }
 
   /// Brings the stiffness equations up to the model, at the stage that they show.
   void FollowEquations();
@@ -197,14 +168,6 @@ class frmMain : public CommandFrame {
   /// Opens the window of the influence lines, or brings it to the front, on the model as it stands in the grids.
   void ShowInfluence() { Tools->ShowInfluence(); }
 
-  /// Draws the truss, unless long work is changing the results.  zoomToExtents: frame the whole model first.
-  void Redraw(bool zoomToExtents) { Truss->Redraw(zoomToExtents); }
-
-  /// Long work shows its progress.
-  bool IsWorking() const { return StatusView->IsWorking(); }
-
-  void ShowHint(const std::string& text) { StatusView->ShowHint(text); }
-
   /// The status bar, for the platform.
   MainStatus& Status() { return *StatusView; }
 
@@ -213,10 +176,6 @@ class frmMain : public CommandFrame {
   void LeaveResults();
   void ShowStatusTexts();
   void ResetEquations();
-
-  /// The nodes and members that were selected or walked to have other numbers now, or none.
-  void ForgetParts();
-
   void ResetScales() { Board->ResetScales(); }
   void SetCaption(const std::string& caption);
   void ShowRecentFiles();
@@ -243,6 +202,8 @@ class frmMain : public CommandFrame {
   std::optional<ResultsBeforeDrag> BeforeDrag; ///< while something is dragged
   QMdiSubWindow* GraphWindow = nullptr;
   QMdiSubWindow* EquationsWindow = nullptr;
+  QList<QMenu*> GraphMenus; ///< of the menu bar while the truss display is active
+  QList<QMenu*> EquationMenus;
   QList<RecentFilesMenu*> RecentLists; ///< one in each File menu
   QString Caption{"Strutwright"};      ///< without what a child window that fills the frame adds to the title
   EditHistory History{Caption};

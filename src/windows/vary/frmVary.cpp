@@ -1,11 +1,11 @@
 #include "frmVary.h"
 
+#include "CommandFrame.h"
 #include "EventGuard.h"
 #include "FileDialog.h"
 #include "FormParts.h"
 #include "Platform.h"
 #include "PlotArea.h"
-#include "frmMain.h"
 #include "modModelEditing.h"
 #include "modModelStore.h"
 #include "modNumberText.h"
@@ -70,7 +70,7 @@ void SayThatItFailed(const std::string& path, const std::exception& failure) {
 
 } // namespace
 
-frmVary::frmVary(frmMain& frame) : QDialog(&frame), Frame(frame) {
+frmVary::frmVary(CommandFrame& frame) : QDialog(&frame), Frame(frame) {
   setObjectName("frmVary");
   setWindowTitle("Vary");
   Area = new PlotArea(this);

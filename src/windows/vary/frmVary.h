@@ -19,13 +19,13 @@ class QSpinBox;
 
 namespace strutwright {
 
+class CommandFrame;
 class PlotArea;
-class frmMain;
 
 /// Varies one quantity of the truss with a slider and plots a result over its range.
 class frmVary : public QDialog {
  public:
-  explicit frmVary(frmMain& frame);
+  explicit frmVary(CommandFrame& frame);
 
   /// Begins anew with the model as it is.
   void Begin();
@@ -57,7 +57,7 @@ class frmVary : public QDialog {
   void ExportCsv();
   void ExportPicture();
 
-  frmMain& Frame;
+  CommandFrame& Frame;
   std::vector<VaryPoint> Points; ///< empty where there is a fault
   ModelAsEntered PlottedIn;      ///< the model that the plot begins from
   CellEdits Edits;               ///< of the slider while it is held

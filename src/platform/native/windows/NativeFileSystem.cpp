@@ -97,10 +97,6 @@ std::string NativeFileSystem::Read(const std::string& path, std::size_t offset, 
 
 void NativeFileSystem::CheckWritable(const std::string& path) {
   const OpenFile file(path, GENERIC_WRITE, OPEN_EXISTING);
-  // Some disks do not mind whether a file is protected.
-  const DWORD attributes = AttributesOf(path);
-  const bool isProtected = attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
-  if (isProtected) throw WindowsError(ERROR_ACCESS_DENIED);
 }
 
 void NativeFileSystem::Create(const std::string& path) { const OpenFile file(path, GENERIC_WRITE, CREATE_NEW); }

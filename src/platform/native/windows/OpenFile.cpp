@@ -25,10 +25,25 @@ bool IsFolder(const std::string& path) {
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
+namespace {
+
+/// Some disks do not mind whether a file is protected.
+bool IsProtected(const std::string& path) {
+  const DWORD attributes = AttributesOf(path);
+  constexpr DWORD Looked = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY;
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & Looked) == FILE_ATTRIBUTE_READONLY;
+}
+
+} // namespace
+
 OpenFile::OpenFile(const std::string& path, DWORD access, DWORD how, DWORD flags)
     : Handle(
           CreateFileW(WidePath(path).c_str(), access, ShareAll, nullptr, how, FILE_ATTRIBUTE_NORMAL | flags, nullptr)) {
-  if (Handle != INVALID_HANDLE_VALUE) return;
+  if (Handle != INVALID_HANDLE_VALUE) {
+    if ((access & GENERIC_WRITE) == 0 || !IsProtected(path)) return;
+    CloseHandle(Handle);
+    throw WindowsError(ERROR_ACCESS_DENIED);
+  }
   const DWORD error = GetLastError();
   // Windows refuses a folder as it refuses the file of somebody else.
   if (error == ERROR_ACCESS_DENIED && how != CREATE_NEW && IsFolder(path)) {

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "Utf8Path.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+namespace strutwright {
+
+/// Whether paths are written as on Windows.
+inline constexpr bool HasBackslashPaths = std::filesystem::path::preferred_separator == '\\';
+
+/// A path with the separators of this system.
+inline std::string NativePath(const std::string& text) { return Utf8Of(PathOf(text).make_preferred()); }
+
+/// Whether two texts differ in no more than the case of letters of ASCII.
+inline bool DifferInCaseOnly(const std::string& one, const std::string& other) {
+  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
+  return std::equal(one.begin(), one.end(), other.begin(), other.end(),
+                    [lower](char a, char b) { return lower(a) == lower(b); });
+}
+
+/// Whether two paths name one file, which need not exist.  Where paths are written as on Windows, several spellings
+/// lead to one file; elsewhere the letters of the paths tell.
+inline bool NameOneFile(const std::string& one, const std::string& other) {
+  if (!HasBackslashPaths || one == other) return one == other;
+  if (one.empty() || other.empty()) return false;
+  std::error_code error;
+  const bool areOne = std::filesystem::equivalent(PathOf(one), PathOf(other), error);
+  return error ? DifferInCaseOnly(NativePath(one), NativePath(other)) : areOne;
+}
+
+} // namespace strutwright
