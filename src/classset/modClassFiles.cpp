@@ -125,11 +125,11 @@ class SetWriter {
   void MakeStudent(MadeFiles& made, const ClassVariant& variant, WorkedPicture& picture, WorkedDocument& sheet,
                    const std::string& text) const {
     const bool isShown = Maker.HasPages() || Maker.Has(ClassFormat::Moodle); // LaTeX draws by itself
-    if (isShown) picture.png = ThePaper().Picture(picture.width, picture.height, picture.draw);
-    if (Maker.Has(ClassFormat::Moodle)) made.question = MoodleQuestion(Plan, variant, text, picture.png);
+    if (isShown) picture.made = ThePaper().Picture(picture.width, picture.height, picture.draw);
+    if (Maker.Has(ClassFormat::Moodle)) made.question = MoodleQuestion(Plan, variant, text, picture.made.png);
     if (!Maker.HasDocuments()) return;
     for (WorkedBlock& block : sheet.blocks) {
-      if (auto* drawing = std::get_if<WorkedPicture>(&block)) drawing->png = picture.png;
+      if (auto* drawing = std::get_if<WorkedPicture>(&block)) drawing->made = picture.made;
     }
     Maker.AddDocument(made, variant.student + "/sheet", sheet);
   }

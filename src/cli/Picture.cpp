@@ -64,11 +64,14 @@ TrussView ViewOn(DrawingSurface& surface, const PictureRequest& request, bool an
 
 } // namespace
 
-/// Fonts need an application.  It is kept for the life of the process, as Qt allows only one.
+/// Fonts need an application.  It is kept for the life of the process, as Qt allows only one.  It needs no screen: on
+/// Windows the usual one does without, and no other knows the fonts there.
 void EnsureApplication() {
   if (QCoreApplication::instance() != nullptr) return;
   qInstallMessageHandler(DropMessage);
+#ifndef Q_OS_WIN
   qputenv("QT_QPA_PLATFORM", "offscreen");
+#endif
   static int count = 1;
   static char name[] = "strutwright-cli";
   static char* arguments[] = {name, nullptr};

@@ -68,7 +68,11 @@ Report MakeReport(const std::string& name, DrawingStyle style) {
     parts.checkFailure = failure.what(); // the results are there all the same
   }
   const bool landscape = style == DrawingStyle::Clear && parts.sheets.landscape;
-  return {{ReportTitle(parts.name), ReportHtml(parts), landscape}, name, CurrentFileName, parts.date, EnteredModel()};
+  return {{ReportTitle(parts.name), ReportHtml(parts), landscape, parts.pictures},
+          name,
+          CurrentFileName,
+          parts.date,
+          EnteredModel()};
 }
 
 bool IsUpToDate(const Report& report) { return EnteredModel() == report.model; }

@@ -123,7 +123,7 @@ std::string SheetsHtml(const ReportParts& parts) {
   std::string html;
   for (std::size_t index = 0; index < parts.pictures.size(); ++index) {
     if (parts.pictures.size() > 1) html += HtmlHeading(3, PartText(sheets, index));
-    html += HtmlPicture(parts.pictures[index], sheets.width, sheets.height);
+    html += HtmlPicture(parts.pictures[index].png, sheets.width, sheets.height);
   }
   return html + HtmlParagraph(ClearLegendText(sheets));
 }
@@ -132,7 +132,7 @@ std::string DrawingSection(const ReportParts& parts) {
   if (parts.style == DrawingStyle::Clear) return HtmlHeading(2, "Drawing") + SheetsHtml(parts);
   const ReportFrame& frame = parts.frame;
   return HtmlHeading(2, "Drawing") +
-         HtmlPicture(parts.pictures.front(), ReportWidth, frame.height * ReportWidth / frame.width) +
+         HtmlPicture(parts.pictures.front().png, ReportWidth, frame.height * ReportWidth / frame.width) +
          HtmlParagraph(Legend(frame));
 }
 

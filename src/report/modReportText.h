@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CheckReport.h"
+#include "Paper.h"
 #include "modReportDrawing.h"
 #include "modReportSheets.h"
 
@@ -16,9 +17,9 @@ struct ReportParts {
   std::string name; ///< of the model, as a user calls it; UTF-8
   std::string date; ///< "2026-11-21"
   DrawingStyle style = DrawingStyle::Clear;
-  std::vector<std::string> pictures; ///< PNG of DrawReport, or of each sheet of the clear drawing
-  ReportFrame frame;                 ///< of the described drawing
-  ReportSheets sheets;               ///< of the clear one
+  std::vector<PaperPicture> pictures; ///< of DrawReport, or of each sheet of the clear drawing
+  ReportFrame frame;                  ///< of the described drawing
+  ReportSheets sheets;                ///< of the clear one
   CheckReport check;
   std::string checkFailure; ///< why there is no check; empty where there is one
 };

@@ -9,6 +9,7 @@
 #include "modSafeSave.h"
 
 #include <variant>
+#include <vector>
 
 namespace strutwright {
 
@@ -17,6 +18,7 @@ namespace {
 /// Writes each kind of block as HTML.
 struct HtmlBlocks {
   const FormulaInk& ink;
+  std::vector<PaperPicture>& pictures;
 
   std::string operator()(const WorkedHeading& heading) const { return HtmlHeading(heading.level, heading.text); }
   std::string operator()(const WorkedParagraph& paragraph) const { return HtmlParagraph(paragraph.text); }
@@ -30,9 +32,9 @@ struct HtmlBlocks {
     return HtmlTable(columns, table.rows);
   }
   std::string operator()(const WorkedPicture& picture) const {
-    const std::string png =
-        picture.png.empty() ? ThePaper().Picture(picture.width, picture.height, picture.draw) : picture.png;
-    return HtmlPicture(png, picture.width, picture.height);
+    pictures.push_back(picture.made.png.empty() ? ThePaper().Picture(picture.width, picture.height, picture.draw)
+                                                : picture.made);
+    return HtmlPicture(pictures.back().png, picture.width, picture.height);
   }
   std::string operator()(const WorkedRoom& room) const { return HtmlRoom(room.lines); }
   std::string operator()(const WorkedNewPage& /*page*/) const { return std::string(HtmlNewPage) + "\n"; }
@@ -95,17 +97,23 @@ struct LatexBlocks {
   std::string operator()(const WorkedNewPage& /*page*/) const { return "\\clearpage\n"; }
 };
 
-} // namespace
-
-std::string WorkedHtml(const WorkedDocument& document, const FormulaInk& ink) {
+std::string HtmlOfBlocks(const WorkedDocument& document, const FormulaInk& ink, std::vector<PaperPicture>& pictures) {
   std::string html;
-  for (const WorkedBlock& block : document.blocks) html += std::visit(HtmlBlocks{ink}, block);
+  for (const WorkedBlock& block : document.blocks) html += std::visit(HtmlBlocks{ink, pictures}, block);
   return html;
 }
 
+} // namespace
+
+std::string WorkedHtml(const WorkedDocument& document, const FormulaInk& ink) {
+  std::vector<PaperPicture> pictures;
+  return HtmlOfBlocks(document, ink, pictures);
+}
+
 PaperDocument WorkedPage(const WorkedDocument& document) {
-  const std::string body = HtmlHeading(1, document.title) + WorkedHtml(document);
-  return {document.title, HtmlPage(document.title, document.landscape, body), document.landscape};
+  std::vector<PaperPicture> pictures;
+  const std::string body = HtmlHeading(1, document.title) + HtmlOfBlocks(document, {}, pictures);
+  return {document.title, HtmlPage(document.title, document.landscape, body), document.landscape, pictures};
 }
 
 std::string WorkedLatex(const WorkedDocument& document) {

@@ -2,6 +2,7 @@
 
 #include "DrawingSurface.h"
 #include "Formula.h"
+#include "Paper.h"
 
 #include <functional>
 #include <string>
@@ -42,7 +43,7 @@ struct WorkedPicture {
   int width = 0;
   int height = 0;
   std::function<void(DrawingSurface&)> draw;
-  std::string png = {}; ///< its bytes where they have been made already
+  PaperPicture made = {}; ///< where it has been made already
 };
 
 /// Blank lines to write on by hand.

@@ -152,6 +152,20 @@ class Desktop:
     def click(self, window, x, y):
         self.run("xdotool", "mousemove", "--window", window, str(x), str(y), "click", "1")
 
+    def drag(self, window, start, end):
+        """With the left button, by way of the middle: a drag begins with its first move."""
+        self.run("xdotool", "mousemove", "--window", window, *map(str, start), "mousedown", "1")
+        for part in (0.5, 1):
+            x, y = (round(a + (b - a) * part) for a, b in zip(start, end))
+            self.run("xdotool", "mousemove", "--window", window, str(x), str(y))
+            time.sleep(0.1)
+        self.run("xdotool", "mouseup", "1")
+
+    def copy(self, text):
+        """Puts a text into the clipboard, as another program does."""
+        subprocess.run(["xclip", "-selection", "clipboard", "-i"], env=self.environment, input=text.encode(), check=True,
+                       timeout=DEADLINE, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
     def clipboard(self):
         """The text that was copied last."""
         return (self.run("xclip", "-o", "-selection", "clipboard") or b"").decode()

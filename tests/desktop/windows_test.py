@@ -23,6 +23,9 @@ STARTS = 5
 READY = 2  # s; a window shows before it is drawn and takes keys, and a click is done before it is passed on
 JOINTS_DATA = (16, 498)  # the button of the grid of joints, in the window
 FIRST_CELL = (140, 558)
+RIDGE = (330, 196)  # node 4 of the example in the display, and where the drawing grid has the point (5, 4)
+ABOVE_THE_RIDGE = (356, 145)
+FROM_A_SPREADSHEET = "1\t2\r\n3\t4\r\n"  # x and y of the first two nodes
 GRIDS = {"j": "the joints", "m": "the members", "u": "the results of joints", "l": "the results of members"}
 
 
@@ -140,6 +143,21 @@ class Course:
         self.picture("equations")
         self.desktop.leave()
 
+    def drag_and_paste(self):
+        """A node by the mouse; cells that another program has copied."""
+        self.desktop.start("--open", r"C:\models\my roof.stw")
+        window = self.desktop.focus("^my roof.stw$")
+        time.sleep(READY)
+        self.desktop.press("F12")
+        self.desktop.drag(window, RIDGE, ABOVE_THE_RIDGE)
+        wait_for("the node that was dragged", lambda: "\r5\t4\t" in copied(self.desktop, "j"))
+        self.desktop.copy(FROM_A_SPREADSHEET)
+        self.desktop.press("Home", "ctrl+Home", "ctrl+v")
+        wait_for("the cells that were pasted", lambda: copied(self.desktop, "j").startswith("1\t2\t"))
+        expect("\r3\t4\t" in self.desktop.clipboard(), f"pasted was {self.desktop.clipboard()!r}")
+        self.picture("dragged-and-pasted")
+        self.desktop.kill()
+
     def make_a_truss(self):
         """In Bracefold, from the menu: ten bays, saved by keys."""
         self.desktop.start()
@@ -242,6 +260,7 @@ def main(folder, program, examples, pictures):
             course.save_over_a_read_only_file()
             course.kill_and_restore()
             course.open_a_file()
+            course.drag_and_paste()
             course.make_a_truss()
             print_start(desktop, "on Windows")
             course.uninstall()

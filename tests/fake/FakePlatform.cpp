@@ -26,7 +26,7 @@ bool FakeStatusBar::ShowProgress(const std::string& text, double fraction) {
   return reportsUntilCancel-- > 0;
 }
 
-std::string FakePaper::Picture(int width, int height, const std::function<void(DrawingSurface&)>& draw) {
+PaperPicture FakePaper::Picture(int width, int height, const std::function<void(DrawingSurface&)>& draw) {
   static std::mutex mutex; // pictures may be made by several threads
   const std::lock_guard lock(mutex);
   RecordingSurface surface;
@@ -34,7 +34,7 @@ std::string FakePaper::Picture(int width, int height, const std::function<void(D
   surface.height = static_cast<float>(height);
   draw(surface);
   drawn = surface.ink;
-  return "PNG " + std::to_string(width) + "x" + std::to_string(height);
+  return {"PNG " + std::to_string(width) + "x" + std::to_string(height)};
 }
 
 bool FakePaper::Print(const PaperDocument& document) {

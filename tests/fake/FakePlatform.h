@@ -104,7 +104,7 @@ class FakeFileTypes : public FileTypeRegistry {
 /// Makes texts that say what they were made of, and keeps what was drawn and printed.
 class FakePaper : public Paper, public Printers {
  public:
-  std::string Picture(int width, int height, const std::function<void(DrawingSurface&)>& draw) override;
+  PaperPicture Picture(int width, int height, const std::function<void(DrawingSurface&)>& draw) override;
   std::string Pdf(const PaperDocument& document) override { return "%PDF of " + document.title; }
   bool Print(const PaperDocument& document) override;
 

@@ -1,20 +1,24 @@
 #include "FileSystem.h"
 #include "HtmlNewPage.h"
+#include "PageDrawings.h"
 #include "PaperPages.h"
 #include "QtPaper.h"
 #include "QtPrinters.h"
 #include "ScratchFolder.h"
 #include "WidgetsFixture.h"
 
+#include <cstdlib>
 #include <stdexcept>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include <QAbstractTextDocumentLayout>
 #include <QBuffer>
 #include <QComboBox>
 #include <QImage>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPdfWriter>
 #include <QPrintDialog>
 #include <QTextBlock>
@@ -132,7 +136,7 @@ TEST_F(PaperTest, KeepsAHeadingWithWhatItHeads) {
 
 TEST_F(PaperTest, KeepsAHeadingWithAPicture) {
   const std::string png =
-      QByteArray::fromStdString(paper.Picture(64, 58, [](DrawingSurface&) {})).toBase64().toStdString();
+      QByteArray::fromStdString(paper.Picture(64, 58, [](DrawingSurface&) {}).png).toBase64().toStdString();
   const std::string picture =
       "<h2>Drawing</h2><p><img width=\"640\" height=\"576\" src=\"data:image/png;base64," + png + "\"></p>";
   for (int before = 0; before < 60; before += 3) {
@@ -178,9 +182,12 @@ TEST_F(PaperTest, MakesTheSameOnAnotherThread) {
 
 TEST_F(PaperTest, SparesGreyPicturesTheColours) {
   const auto formatOf = [this](Colour colour) {
-    const std::string png = paper.Picture(20, 20, [colour](DrawingSurface& surface) {
-      surface.PixelLine({0, 0}, {20, 20}, {colour, 2});
-    });
+    const std::string png =
+        paper.Picture(20, 20,
+                      [colour](DrawingSurface& surface) {
+                        surface.PixelLine({0, 0}, {20, 20}, {colour, 2});
+                      })
+            .png;
     return QImage::fromData(QByteArray::fromStdString(png), "PNG").format();
   };
   EXPECT_EQ(formatOf({90, 90, 90}), QImage::Format_Grayscale8);
@@ -194,13 +201,16 @@ TEST_F(PaperTest, CutsNoRowOfATable) {
 }
 
 TEST_F(PaperTest, MakesPicturesFineEnoughForPrint) {
-  const std::string png = paper.Picture(200, 100, [](DrawingSurface& surface) {
-    EXPECT_EQ(surface.PixelWidth(), 200.0F);
-    EXPECT_EQ(surface.PixelHeight(), 100.0F);
-    surface.SetWindow({0, 0, 2, 1});
-    surface.SetPenColour(Red);
-    surface.DrawLine(0, 0, 2, 1);
-  });
+  const std::string png = paper
+                              .Picture(200, 100,
+                                       [](DrawingSurface& surface) {
+                                         EXPECT_EQ(surface.PixelWidth(), 200.0F);
+                                         EXPECT_EQ(surface.PixelHeight(), 100.0F);
+                                         surface.SetWindow({0, 0, 2, 1});
+                                         surface.SetPenColour(Red);
+                                         surface.DrawLine(0, 0, 2, 1);
+                                       })
+                              .png;
   const QImage image = QImage::fromData(QByteArray::fromStdString(png), "PNG");
   EXPECT_EQ(image.size(), QSize(600, 300));
   EXPECT_EQ(image.pixelColor(300, 150), QColor(Qt::red));
@@ -212,7 +222,82 @@ TEST_F(PaperTest, MakesTheSamePictureTwice) {
     surface.MoveTo(0.2, 0.2);
     surface.DrawText("12.3");
   };
-  EXPECT_EQ(paper.Picture(60, 60, draw), paper.Picture(60, 60, draw));
+  EXPECT_EQ(paper.Picture(60, 60, draw).png, paper.Picture(60, 60, draw).png);
+}
+
+/// All kinds of strokes.
+void DrawBracket(DrawingSurface& surface) {
+  surface.SetWindow({0, 0, 10, 5});
+  surface.SetPenColour(Red);
+  surface.DrawLine(1, 1, 9, 4);
+  surface.DrawCircle(5, 2.5, 1);
+  surface.DrawBox(7, 1, 8, 2);
+  surface.MoveTo(2, 3);
+  surface.DrawText("12.3");
+  surface.PixelPolygon(std::vector<PixelPoint>{{20, 70}, {40, 70}, {30, 90}}, Blue);
+  surface.PixelDot({150, 80}, 4, {Blue, 2}, {255, 255, 255});
+  surface.PixelText({{160, 20}, {0.8, 0.6}, "F = 7.5 kN", Blue, 12});
+}
+
+PaperDocument WithPicture(const PaperPicture& picture, const std::string& before = "") {
+  return {"a title",
+          before + "<p>above</p><p><img width=\"200\" height=\"100\" src=\"data:image/png;base64," +
+              QByteArray::fromStdString(picture.png).toBase64().toStdString() + "\"></p><p>below</p>",
+          false,
+          {picture}};
+}
+
+bool HasPixels(const std::string& pdf) { return pdf.find("/Subtype /Image") != std::string::npos; }
+
+TEST_F(PaperTest, DrawsPicturesOnPagesAsStrokes) {
+  const PaperPicture picture = paper.Picture(200, 100, DrawBracket);
+  EXPECT_FALSE(HasPixels(paper.Pdf(WithPicture(picture))));
+  EXPECT_FALSE(HasPixels(paper.Pdf(WithPicture(picture, "<p>a page</p>" + std::string(HtmlNewPage)))));
+  EXPECT_TRUE(HasPixels(paper.Pdf(WithPicture({picture.png})))) << "without its strokes";
+}
+
+TEST_F(PaperTest, KeepsThePixelsOfAPictureOfManyStrokes) {
+  const auto hasStrokes = [this](std::size_t lines) {
+    return paper
+               .Picture(20, 20,
+                        [lines](DrawingSurface& surface) {
+                          for (std::size_t k = 0; k < lines; ++k) surface.PixelLine({0, 0}, {20, 20}, {Red, 2});
+                        })
+               .strokes != nullptr;
+  };
+  EXPECT_TRUE(hasStrokes(MostStrokesOnPage));
+  EXPECT_FALSE(hasStrokes(MostStrokesOnPage + 1));
+}
+
+/// What stands on the first page, a fifth of its dots wide.
+QImage FirstPage(const PaperDocument& document, QPdfWriter& writer) {
+  QTextDocument text;
+  LayOut(text, document, writer);
+  QImage page((text.pageSize() / 5).toSize(), QImage::Format_RGB32);
+  page.fill(Qt::white);
+  QPainter painter(&page);
+  painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+  painter.scale(0.2, 0.2);
+  text.documentLayout()->draw(&painter, {});
+  return page;
+}
+
+TEST_F(PaperTest, DrawsAsStrokesWhatThePixelsShow) {
+  const PaperPicture picture = paper.Picture(200, 100, DrawBracket);
+  const QImage strokes = FirstPage(WithPicture(picture), writer);
+  const QImage pixels = FirstPage(WithPicture({picture.png}), writer);
+  ASSERT_EQ(strokes.size(), pixels.size());
+  int inked = 0;
+  int different = 0;
+  for (int y = 0; y < pixels.height(); ++y) {
+    for (int x = 0; x < pixels.width(); ++x) {
+      const int lightness = qGray(pixels.pixel(x, y));
+      if (lightness < 200) ++inked;
+      if (std::abs(qGray(strokes.pixel(x, y)) - lightness) > 120) ++different;
+    }
+  }
+  EXPECT_GT(inked, 500);
+  EXPECT_LT(different, inked / 20) << "edges may be blurred otherwise";
 }
 
 #ifndef _WIN32 // where the dialog for printers is the system's own

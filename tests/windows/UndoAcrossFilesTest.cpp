@@ -3,6 +3,7 @@
 #include "FileEvents.h"
 #include "FileState.h"
 #include "MemoryFileSystem.h"
+#include "PathSpelling.h"
 #include "RecentFiles.h"
 #include "modFileCommands.h"
 #include "modModelFile.h"
@@ -211,7 +212,7 @@ class UndoAcrossFilesTest : public PlatformTest, public testing::WithParamInterf
     TheRecentFiles = RecentFiles{};
   }
 
-  static std::string PlainName(const std::string& path) { return path.substr(path.find_last_of('/') + 1); }
+  static std::string PlainName(const std::string& path) { return path.substr(path.find_last_of("\\/") + 1); }
 
   /// Does the commands in the program and in the plain model, compares them after each, and saves at the end.
   void Run(const Commands& commands) {
@@ -227,7 +228,7 @@ class UndoAcrossFilesTest : public PlatformTest, public testing::WithParamInterf
     }
     Save(program, plain);
     for (const auto& [file, text] : plain.Files()) {
-      const std::string path = file == "newTruss.stw" ? "/program/newTruss.stw" : file;
+      const std::string path = file == "newTruss.stw" ? NativePath("/program/newTruss.stw") : file;
       ASSERT_EQ(program.Held(path), text) << file << " after " << Written(commands) << "Save";
     }
     dialog.shown.clear();

@@ -3,6 +3,7 @@
 #include "BusyPointer.h"
 #include "FileSystem.h"
 #include "HtmlNewPage.h"
+#include "PageDrawings.h"
 
 #include <algorithm>
 #include <memory>
@@ -146,7 +147,7 @@ std::vector<PaperDocument> PartsOf(const PaperDocument& document) {
   for (std::size_t begin = 0; begin != html.npos;) {
     const std::size_t end = html.find(HtmlNewPage, begin);
     const std::string part(html.substr(begin, end == html.npos ? end : end - begin));
-    parts.push_back({document.title, parts.empty() ? part : styles + part, document.landscape});
+    parts.push_back({document.title, parts.empty() ? part : styles + part, document.landscape, document.pictures});
     begin = end == html.npos ? end : end + HtmlNewPage.size();
   }
   return parts;
@@ -188,6 +189,7 @@ void LayOut(QTextDocument& text, const PaperDocument& document, QPagedPaintDevic
   text.documentLayout()->setPaintDevice(&device);
   text.setDocumentMargin(0);
   text.setHtml(QString::fromStdString(document.html));
+  DrawPictures(text, document.pictures);
   text.setPageSize(QSizeF(device.width(), device.height() - FootHeight(device)));
   KeepTogether(text);
 }

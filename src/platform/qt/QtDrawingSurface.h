@@ -30,6 +30,9 @@ class QtDrawingSurface : public DrawingSurface {
   /// The picture, in device pixels.
   const QImage& Image() const;
 
+  /// What was drawn since the picture was empty, without what was inverted.
+  const std::vector<Stroke>& Drawn() const { return Strokes; }
+
   /// Between logical pixels, from the upper left corner, and surface coordinates.
   QPointF ToPixel(double x, double y) const;
   QPointF ToSurface(const QPointF& pixel) const;
@@ -72,7 +75,7 @@ class QtDrawingSurface : public DrawingSurface {
 
   mutable StrokeCanvas Canvas;     ///< catches up with the strokes when somebody looks at it
   mutable std::size_t Painted = 0; ///< strokes that are on the canvas
-  std::vector<Stroke> Strokes;     ///< what was drawn since the picture was empty, without what was inverted
+  std::vector<Stroke> Strokes;     ///< Drawn
   QSize Size;
   double Ratio = 1;
   ViewWindow View;

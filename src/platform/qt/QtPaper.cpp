@@ -1,10 +1,12 @@
 #include "QtPaper.h"
 
 #include "FileSystem.h"
+#include "PageDrawings.h"
 #include "PaperPages.h"
 #include "PictureFile.h"
 #include "QtDrawingSurface.h"
 
+#include <memory>
 #include <string_view>
 
 #include <QBuffer>
@@ -43,13 +45,17 @@ QImage Slim(const QImage& image) { return image.allGray() ? image.convertToForma
 
 } // namespace
 
-std::string QtPaper::Picture(int width, int height, const std::function<void(DrawingSurface&)>& draw) {
+PaperPicture QtPaper::Picture(int width, int height, const std::function<void(DrawingSurface&)>& draw) {
   QtDrawingSurface surface(width, height, PixelsInPrint);
   draw(surface);
   QImage image = Slim(surface.Image());
   image.setDotsPerMeterX(DotsPerMeter);
   image.setDotsPerMeterY(DotsPerMeter);
-  return ImageBytes(image, "PNG").toStdString();
+  PaperPicture picture{ImageBytes(image, "PNG").toStdString()};
+  if (surface.Drawn().size() <= MostStrokesOnPage) {
+    picture.strokes = std::make_shared<PictureStrokes>(PictureStrokes{QSize(width, height), surface.Drawn()});
+  }
+  return picture;
 }
 
 std::string QtPaper::Pdf(const PaperDocument& document) {

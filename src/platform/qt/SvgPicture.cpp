@@ -19,7 +19,7 @@ namespace strutwright {
 
 namespace {
 
-constexpr QRgb Paper = 0xFFFFFF;
+constexpr QRgb PaperColour = 0xFFFFFF;
 
 std::string Hex(QRgb colour) {
   constexpr QRgb opaque = 0xFFFFFF;
@@ -84,7 +84,7 @@ class SvgWriter {
   void operator()(const BoxStroke& stroke) { Add(Attribute("fill", Hex(stroke.fill)), Rectangle(stroke.inside)); }
 
   void operator()(const TextStroke& stroke) {
-    if (!stroke.halo) Add(Attribute("fill", Hex(Paper)), Rectangle(TextArea(stroke)));
+    if (!stroke.halo) Add(Attribute("fill", Hex(PaperColour)), Rectangle(TextArea(stroke)));
     const QPointF baseline = BaselineOf(stroke);
     AddText({stroke.text, TextSize, stroke.colour, stroke.halo}, Place(baseline));
   }
@@ -142,7 +142,8 @@ class SvgWriter {
     std::string name;
     if (words.halo) {
       const std::string id = IdStart + std::to_string(++TextCount);
-      Add(Attribute("fill", Hex(Paper)) + Attribute("stroke", Hex(Paper)) + Attribute("stroke-width", HaloWidth),
+      Add(Attribute("fill", Hex(PaperColour)) + Attribute("stroke", Hex(PaperColour)) +
+              Attribute("stroke-width", HaloWidth),
           "<use" + Attribute("xlink:href", '#' + id) + "/>");
       name = Attribute("id", id);
     }
@@ -152,7 +153,7 @@ class SvgWriter {
 
   void AddBox(const LabelStroke& stroke) {
     const QRectF around(-stroke.box.width() / 2, -stroke.box.height() / 2, stroke.box.width(), stroke.box.height());
-    Add(Attribute("fill", Hex(Paper)) + Attribute("stroke", Hex(stroke.frame)) + Attribute("stroke-width", 1),
+    Add(Attribute("fill", Hex(PaperColour)) + Attribute("stroke", Hex(stroke.frame)) + Attribute("stroke-width", 1),
         Rectangle(around.translated(stroke.centre), Attribute("rx", BoxCorner)));
   }
 
@@ -164,7 +165,7 @@ class SvgWriter {
 
 std::string ContentOf(std::span<const Stroke> strokes, const QSize& size, const std::string& idStart) {
   SvgWriter writer(idStart);
-  writer(BoxStroke{QRectF(QPointF(0, 0), QSizeF(size)), Paper});
+  writer(BoxStroke{QRectF(QPointF(0, 0), QSizeF(size)), PaperColour});
   for (const Stroke& stroke : strokes) std::visit(writer, stroke);
   return writer.Content();
 }
