@@ -5,6 +5,7 @@
 #include "QtDrawingSurface.h"
 #include "QtPaper.h"
 #include "TikzSurface.h"
+#include "modClearDrawing.h"
 #include "modRedraw.h"
 #include "modViewTransform.h"
 
@@ -130,14 +131,16 @@ void MakeInfluencePicture(const PictureRequest& request, const InfluenceShape& s
   QtDrawingSurface surface(request.width, request.height);
   surface.SetWindow(FrameInfluence(surface, shape));
   const ReadableNumbers readable = NumbersWithRoom(surface);
+  ClearMemory memory;
   const TrussView view{
       .layers = {.loads = false, .grid = false, .memberNumbers = readable.ofMembers, .nodeNumbers = readable.ofNodes},
       .extents = ExtentsOfModel(1),
       .style = request.style,
-      .legend = false};
+      .legend = false,
+      .memory = &memory};
   DrawInto(surface, request.file, [&](DrawingSurface& target) {
     Draw(target, view);
-    DrawInfluence(target, shape, request.style);
+    DrawInfluence(target, shape, request.style == DrawingStyle::Clear ? &memory : nullptr);
   });
 }
 

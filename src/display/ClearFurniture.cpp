@@ -181,20 +181,29 @@ std::optional<Bounds> FreePlaceOf(const std::string& notice, const FurniturePlac
   return std::nullopt;
 }
 
-/// Before the legend, which can do without a place.  Where it has room nowhere it says less, and last it hides labels.
+/// The notice that says most of those that have a free place: first the kinds that it counts give way, last the hint.
+bool PlaceFreeNotice(ClearFurniture& furniture, FurniturePlacer& placer) {
+  for (const bool hint : {!furniture.onPaper, false}) {
+    for (int kinds = static_cast<int>(LabelKinds); kinds > 0; --kinds) {
+      const std::string notice = NoticeOf(furniture.labels, !hint, kinds);
+      if (notice.size() > furniture.notice.size()) continue;
+      furniture.noticeBox = FreePlaceOf(notice, placer);
+      if (!furniture.noticeBox) continue;
+      furniture.notice = notice;
+      return true;
+    }
+  }
+  return false;
+}
+
+/// Before the legend, which can do without a place.  Where it has room nowhere it hides labels.
 void PlaceNotice(ClearFurniture& furniture, FurniturePlacer& placer) {
   furniture.notice = NoticeWithin(furniture, placer.Surface, placer.View.width - 60);
   if (furniture.notice.empty()) return;
-  for (int kinds = static_cast<int>(LabelKinds); kinds > 0; --kinds) {
-    const std::string notice = NoticeOf(furniture.labels, furniture.onPaper, kinds);
-    if (notice.size() > furniture.notice.size()) continue;
-    furniture.noticeBox = FreePlaceOf(notice, placer);
-    if (!furniture.noticeBox) continue;
-    furniture.notice = notice;
-    return placer.Take(*furniture.noticeBox);
+  if (!PlaceFreeNotice(furniture, placer)) {
+    furniture.noticeBox = placer.At(3, NoticeWidth(furniture.notice, placer.Surface), NoticeHeight);
+    furniture.noticeHides = true;
   }
-  furniture.noticeBox = placer.At(3, NoticeWidth(furniture.notice, placer.Surface), NoticeHeight);
-  furniture.noticeHides = true;
   placer.Take(*furniture.noticeBox);
 }
 

@@ -27,7 +27,7 @@ double SampleForce(const LegendFacts& facts) {
   return least * facts.pixelsPerForce <= std::max(2 * ClearSize::MinArrow, facts.longestArrow) ? least : 0;
 }
 
-std::string ScaleText(double force) { return PlainText(force, force < 1 ? 6 : 0) + " kN"; }
+std::string ScaleText(double force) { return PlainText(force, force < 1e-6 ? 7 : (force < 1 ? 6 : 0)) + " kN"; }
 
 double WidthOfEntry(const LegendEntry& entry, const ClearLegend& legend, const PixelSurface& surface) {
   const double sample = entry.sample == LegendSample::None ? 0 : std::max(SampleWidth, legend.arrow) + SampleGap;

@@ -1,5 +1,7 @@
 #include "ClearTexts.h"
 
+#include "modNumberText.h"
+
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -9,12 +11,15 @@ namespace strutwright {
 namespace {
 
 constexpr int MaxDecimals = 6;
+constexpr double LeastInPowers = 1e7; // from there on, and below the other, numbers show a power of ten
+constexpr double MostInPowers = 1e-6;
 constexpr const char* Minus = "\u2212";
 
-std::string Digits(double size, int decimals) {
-  std::array<char, 400> text{}; // the largest double has 309 digits before its point
-  const auto end = std::to_chars(text.data(), text.data() + text.size(), size, std::chars_format::fixed, decimals).ptr;
-  return {text.data(), end};
+/// Of a force, rounded as the grids and the other drawing round it, so that it reads the same everywhere.
+std::string Digits(float size, int decimals) {
+  std::string text = FormatNumber(size, "0." + std::string(static_cast<std::size_t>(decimals), '0'));
+  if (decimals == 0) text.pop_back(); // the point of a pattern always shows
+  return text;
 }
 
 /// Enough decimals that a value does not read as zero.
@@ -42,7 +47,7 @@ int ForceDecimals(double largest) {
 std::string ForceText(float force, int decimals, bool compact) {
   constexpr double FourDigits = 99.95;
   if (force == 0) return "0";
-  const double size = std::fabs(static_cast<double>(force));
+  const float size = std::fabs(force);
   const std::string digits = Digits(size, compact && size >= FourDigits ? 0 : DecimalsFor(size, decimals));
   const std::string blank = compact ? "" : " ";
   return force > 0 ? "+" + digits + blank + "T" : Minus + digits + blank + "C";
@@ -55,13 +60,24 @@ std::string ShortForceText(float force, int decimals) {
 }
 
 std::string LoadText(float force, int decimals) {
-  const double size = std::fabs(static_cast<double>(force));
+  const float size = std::fabs(force);
   return WithoutZeros(Digits(size, DecimalsFor(size, decimals))) + " kN";
 }
 
 std::string PlainText(double value, int decimals) {
-  const std::string digits = WithoutZeros(Digits(std::fabs(value), decimals));
+  const double size = std::fabs(value);
+  const bool isPlain = size < LeastInPowers && (size >= MostInPowers || decimals <= MaxDecimals);
+  if (!isPlain && size > 0) return (value < 0 ? Minus : "") + NumberText(static_cast<float>(size));
+  std::array<char, 32> text{};
+  const auto end = std::to_chars(text.data(), text.data() + text.size(), size, std::chars_format::fixed, decimals).ptr;
+  const std::string digits = WithoutZeros({text.data(), end});
   return value < 0 && digits != "0" ? Minus + digits : digits;
+}
+
+std::string ReadingText(double value, int digits) {
+  if (static_cast<float>(value) == 0) return "0";
+  const double unit = std::pow(10.0, std::floor(std::log10(std::fabs(value))) + 1 - digits);
+  return NumberText(static_cast<float>(std::round(value / unit) * unit));
 }
 
 } // namespace strutwright

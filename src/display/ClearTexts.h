@@ -20,7 +20,11 @@ std::string ShortForceText(float force, int decimals);
 /// The size of a load or a reaction with its unit, without trailing zeros: "12.5 kN".
 std::string LoadText(float force, int decimals);
 
-/// A number without trailing zeros.
+/// A number without trailing zeros; with a power of ten from 10000000 on, and below 0.000001 where more than six
+/// decimals are asked for.
 std::string PlainText(double value, int decimals);
+
+/// A value that is read off a picture, rounded to so many digits: what follows is what the computing leaves.
+std::string ReadingText(double value, int digits);
 
 } // namespace strutwright

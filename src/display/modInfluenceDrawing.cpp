@@ -1,16 +1,19 @@
 #include "modInfluenceDrawing.h"
 
+#include "ClearTexts.h"
+#include "modClearDrawing.h"
 #include "modDrawing.h"
 #include "modMarks.h"
 #include "modModelStore.h"
-#include "modNumberText.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
 #include <limits>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace strutwright {
 
@@ -67,17 +70,13 @@ double RoomBelow(const DrawingSurface& surface, const InfluenceShape& shape) {
 }
 
 /// Four digits are enough to read off a picture.
-std::string LabelText(double value) {
-  if (value == 0) return "0";
-  const double unit = std::pow(10.0, std::floor(std::log10(std::abs(value))) - 3);
-  return NumberText(static_cast<float>(std::round(value / unit) * unit));
-}
+std::string LabelText(double value) { return ReadingText(value, 4); }
 
 /// Draws in the world of the truss, with distances in pixels.
 class InfluencePicture {
  public:
-  InfluencePicture(DrawingSurface& surface, const InfluenceShape& shape, DrawingStyle style)
-      : Surface(surface), Shape(shape), Style(style), Pixel(PixelSize(surface)) {
+  InfluencePicture(DrawingSurface& surface, const InfluenceShape& shape, const ClearMemory* drawn)
+      : Surface(surface), Shape(shape), Drawn(drawn), Pixel(PixelSize(surface)) {
     const double highest = std::max(0.0, *std::max_element(shape.values.begin(), shape.values.end()));
     const double lowest = std::min(0.0, *std::min_element(shape.values.begin(), shape.values.end()));
     const double band = BandHeight(surface) * Pixel;
@@ -164,8 +163,12 @@ class InfluencePicture {
   }
 
   void DrawQuantity() {
-    if (Shape.member > 0) MarkMember(Surface, Shape.member, Orange, Style);
-    if (Shape.node > 0) MarkNode(Surface, Shape.node, Orange, Style);
+    const DrawingStyle style = Drawn != nullptr ? DrawingStyle::Clear : DrawingStyle::Described;
+    if (Shape.member > 0) MarkMember(Surface, Shape.member, Orange, style);
+    if (Shape.member > 0 && Drawn != nullptr) {
+      DrawLabelsOfMember(Surface, ViewOf(Surface, Surface.Window()), *Drawn, Shape.member);
+    }
+    if (Shape.node > 0) MarkNode(Surface, Shape.node, Orange, style);
   }
 
   void DrawMark() {
@@ -196,20 +199,73 @@ class InfluencePicture {
     return NodeTable(Shape.nodes[0], NodeY);
   }
 
-  void DrawLoads() {
+  /// A load on the path with its arrow.
+  struct StandingLoad {
+    double x = 0;
+    double force = 0;
+    double tip = 0;  ///< y
+    double tail = 0; ///< y
+  };
+
+  std::vector<StandingLoad> StandingLoads() const {
     double largest = 0;
     for (const PathLoad& load : Shape.loads) largest = std::max(largest, load.force);
-    double numbered = -std::numeric_limits<double>::infinity();
+    std::vector<StandingLoad> standing;
     for (const PathLoad& load : Shape.loads) {
       if (!IsOverPath(load.x)) continue;
       const double tip = PathY(load.x);
-      const double tail = tip + Pixel * std::max(ShortestArrow, LongestArrow * load.force / largest);
+      const double length = std::max(ShortestArrow, LongestArrow * load.force / largest);
+      standing.push_back({load.x, load.force, tip, tip + Pixel * length});
+    }
+    return standing;
+  }
+
+  void DrawLoads() {
+    const std::vector<StandingLoad> loads = StandingLoads();
+    for (const StandingLoad& load : loads) {
       Surface.SetPenWidth(2);
-      DrawArrow(Surface, ArrowHead * Pixel, load.x, -tail, load.x, -tip, Red);
+      DrawArrow(Surface, ArrowHead * Pixel, load.x, -load.tail, load.x, -load.tip, Red);
+      Taken.push_back({load.x / Pixel - ArrowHead, -load.tail / Pixel, load.x / Pixel + ArrowHead, -load.tip / Pixel});
+    }
+    double numbered = -std::numeric_limits<double>::infinity();
+    for (const StandingLoad& load : loads) {
       if (std::abs(load.x - numbered) < LoadWidth * Pixel) continue;
       numbered = load.x;
-      Print(load.x - LoadWidth / 2 * Pixel, tail + TextLine * Pixel, LabelText(load.force), Red);
+      PrintLoad(load);
     }
+  }
+
+  /// Above the arrow; where a number of the truss or of another load stands there, beside it or higher.
+  void PrintLoad(const StandingLoad& load) {
+    const std::string text = LabelText(load.force);
+    const double width = Surface.TextWidth(text, CaptionSize);
+    const PixelPoint above{load.x / Pixel - width / 2, -load.tail / Pixel - TextLine};
+    const double aside = width / 2 + ArrowHead + 1;
+    const std::array<PixelPoint, 7> offsets{{{0, 0},
+                                             {aside, TextLine},
+                                             {-aside, TextLine},
+                                             {aside, 2 * TextLine},
+                                             {-aside, 2 * TextLine},
+                                             {0, -TextLine},
+                                             {0, -2 * TextLine}}};
+    PixelPoint place = above;
+    for (const PixelPoint offset : offsets) {
+      const PixelPoint corner = above + offset;
+      if (!IsFree({corner.x, corner.y, corner.x + width, corner.y + TextLine})) continue;
+      place = corner;
+      break;
+    }
+    Taken.push_back({place.x, place.y, place.x + width, place.y + TextLine});
+    Print(place.x * Pixel, -place.y * Pixel, text, Red);
+  }
+
+  /// Whether no number, node or load stands in a box, in pixels; the described drawing keeps no note of its own.
+  bool IsFree(const Bounds& box) const {
+    const auto touches = [&box](const Bounds& other) { return other.Touches(box); };
+    if (Drawn == nullptr) return true;
+    if (std::any_of(Taken.begin(), Taken.end(), touches)) return false;
+    return !Drawn->Last().plane.Any(
+        box, [&box](const OccupiedBox& item) { return item.kind != Occupant::Bar && Overlap(item.box, BoxOf(box)); });
   }
 
   void PrintCaptions() {
@@ -231,13 +287,14 @@ class InfluencePicture {
 
   DrawingSurface& Surface;
   const InfluenceShape& Shape;
-  DrawingStyle Style;
+  const ClearMemory* Drawn;
   double Pixel;                       ///< m
   double Scale = 0;                   ///< m for an ordinate of 1
   double Base = 0;                    ///< y of the ordinate 0
   double Bottom = 0;                  ///< y of the lowest ordinate
   std::optional<std::size_t> Highest; ///< the ordinates that are labelled
   std::optional<std::size_t> Lowest;
+  std::vector<Bounds> Taken; ///< by loads and their numbers, in pixels from the origin of the truss
 };
 
 } // namespace
@@ -276,9 +333,9 @@ ReadableNumbers NumbersWithRoom(const DrawingSurface& surface) {
   return {pixels >= MinForNodeNumbers, pixels >= MinForMemberNumbers};
 }
 
-void DrawInfluence(DrawingSurface& surface, const InfluenceShape& shape, DrawingStyle style) {
+void DrawInfluence(DrawingSurface& surface, const InfluenceShape& shape, const ClearMemory* drawn) {
   if (shape.nodes.empty() || shape.nodes.size() != shape.values.size()) return;
-  TryDrawing([&] { InfluencePicture(surface, shape, style).Draw(); });
+  TryDrawing([&] { InfluencePicture(surface, shape, drawn).Draw(); });
 }
 
 } // namespace strutwright

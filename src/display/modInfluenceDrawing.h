@@ -44,7 +44,8 @@ ReadableNumbers NumbersWithRoom(const DrawingSurface& surface);
 
 /// Draws the line below the truss as the surface shows it: each ordinate under its node, positive ones upward, in a
 /// height that does not depend on the view, its extremes labelled; over it what it is of, and the loads on their path.
-/// The truss itself is drawn before, in this style.  A failure has been reported by then, and nothing is thrown.
-void DrawInfluence(DrawingSurface& surface, const InfluenceShape& shape, DrawingStyle style = DrawingStyle::Described);
+/// The truss itself is drawn before.  A failure has been reported by then, and nothing is thrown.
+/// drawn: what that drawing kept, where it is the clear one; then no load's number stands on the truss's numbers.
+void DrawInfluence(DrawingSurface& surface, const InfluenceShape& shape, const ClearMemory* drawn = nullptr);
 
 } // namespace strutwright

@@ -1,6 +1,7 @@
 #include "modPlotDrawing.h"
 
 #include "AxisValues.h"
+#include "ClearTexts.h"
 #include "modNumberText.h"
 
 #include <algorithm>
@@ -124,7 +125,7 @@ class PlotPicture {
     if (!Shown.mark->y) return;
     const PixelPoint at = At(x, *Shown.mark->y);
     Surface.PixelDot(at, DotSize, {Red, 1}, Red);
-    const std::string text = PlotValueText(*Shown.mark->y);
+    const std::string text = PlotReading(*Shown.mark->y);
     const double half = Surface.TextWidth(text, PlotTextSize) / 2;
     const bool room = at.x + 2 * half + 16 < PlotLeft + Width;
     Text(at + PixelPoint{(room ? 1 : -1) * (half + 10), -12}, text, Red);
@@ -141,5 +142,7 @@ class PlotPicture {
 } // namespace
 
 void DrawPlot(PixelSurface& surface, const Plot& plot) { PlotPicture(surface, plot).Draw(); }
+
+std::string PlotReading(double value) { return ReadingText(value, 5); }
 
 } // namespace strutwright

@@ -26,4 +26,7 @@ struct Plot {
 /// value.  The range of y holds 0 where that is near.
 void DrawPlot(PixelSurface& surface, const Plot& plot);
 
+/// How the mark's value reads: with the five digits that an analysis is good for at most.
+std::string PlotReading(double value);
+
 } // namespace strutwright

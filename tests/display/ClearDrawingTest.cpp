@@ -154,6 +154,31 @@ TEST_F(ClearDrawingTest, TextsOfForcesSayAllThatTheyNeed) {
   EXPECT_EQ(PlainText(-0.001, 2), "0");
 }
 
+// A half goes away from zero in the grids and in the other drawing; a decimal of seven digits is what they round.
+TEST_F(ClearDrawingTest, ForcesAreRoundedAsInTheGrids) {
+  EXPECT_EQ(ForceText(-6.25F, 1), "\u22126.3 C");
+  EXPECT_EQ(ForceText(6.2499998F, 1), "+6.3 T");
+  EXPECT_EQ(ForceText(12.5F, 0), "+13 T");
+  EXPECT_EQ(ShortForceText(-0.125F, 2), "0.13C");
+  EXPECT_EQ(LoadText(2.25F, 1), "2.3 kN");
+}
+
+TEST_F(ClearDrawingTest, HugeAndTinyNumbersShowAPowerOfTen) {
+  EXPECT_EQ(PlainText(9999999, 0), "9999999");
+  EXPECT_EQ(PlainText(-4e30, 0), "\u22124E+30");
+  EXPECT_EQ(PlainText(2e-30, 9), "2E-30");
+  EXPECT_EQ(PlainText(0.000002, 9), "0.000002");
+  EXPECT_EQ(PlainText(2e-7, 6), "0");
+  EXPECT_EQ(PlainText(0, 9), "0");
+}
+
+TEST_F(ClearDrawingTest, AReadingHasItsDigitsAndNoMore) {
+  EXPECT_EQ(ReadingText(33.75006, 5), "33.75");
+  EXPECT_EQ(ReadingText(-123456, 4), "-123500");
+  EXPECT_EQ(ReadingText(0, 5), "0");
+  EXPECT_EQ(ReadingText(1e-50, 5), "0");
+}
+
 // 0.0001 kN is none, as the tables have it; nor is what a 32-bit float leaves of a large force.
 TEST_F(ClearDrawingTest, NoForceIsWhatTheResultsCannotTellFromZero) {
   EXPECT_TRUE(IsZeroForce(0.0001F, 1));

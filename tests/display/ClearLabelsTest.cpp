@@ -41,6 +41,20 @@ TEST_F(ClearLabelsTest, AnArrowWithoutRoomIsCounted) {
                                 " of 8 loads and reactions; zoom in or point at a member");
 }
 
+// The load's value is cut by the upper border, and a notice of full length would lie on the values of the reactions.
+TEST_F(ClearLabelsTest, TheNoticeLeavesOutItsHintRatherThanHideLabels) {
+  settings.layers = {true, true, true, true, true};
+  settings.reactions = settings.memberForces = settings.legend = true;
+  Analyse({{{0, 0, 0, 0, 3}, {6, 0, 0, 0, 1}, {3, 4, 0, -10}}, {{1, 2}, {1, 3}, {2, 3}}});
+  surface.width = 650;
+  surface.height = 310;
+  surface.window = {-3.26F, -5.34F, 650 / 42.1F, 310 / 42.1F};
+  DrawHere();
+  EXPECT_EQ(Shown(LabelKind::Arrow).shown, 2);
+  EXPECT_EQ(outcome.notice, "showing 2 of 3 loads and reactions");
+  EXPECT_THAT(Texts(), testing::Contains("5 kN").Times(2));
+}
+
 // Some of the arrows stand aside, and some have no value.
 TEST_F(ClearLabelsTest, AValueStandsNearestItsOwnArrowOrIsCountedAsMissing) {
   settings.layers.loads = true;

@@ -1,4 +1,4 @@
-#include "DisplayFixture.h"
+#include "ClearFixture.h"
 #include "modInfluenceDrawing.h"
 #include "modModelStore.h"
 
@@ -237,6 +237,53 @@ TEST_F(InfluenceDrawingTest, HasNumbersWhereTheyCanBeRead) {
   EXPECT_THAT(room(72), ElementsAre(true, false));
   EXPECT_THAT(room(177), ElementsAre(true, false));
   EXPECT_THAT(room(179), ElementsAre(false, false));
+}
+
+// The truss and the line in the clear style, 50 pixels a metre.
+class ClearInfluenceTest : public ClearFixture {
+ protected:
+  void DrawWith(const InfluenceShape& shape) {
+    settings.layers.nodeNumbers = settings.layers.memberNumbers = true;
+    DrawHere();
+    DrawInfluence(surface, shape, &memory);
+  }
+
+  /// How many numbers of loads lie on a number or a node of the truss.
+  int CountOnTruss() const {
+    int count = 0;
+    for (const std::string& text : surface.Ink("text", "red")) {
+      std::istringstream words(text);
+      std::string word;
+      double x = 0;
+      double y = 0;
+      words >> word >> x >> y;
+      const Bounds box{x * 50, y * 50, x * 50 + 3 * 0.6 * 13, y * 50 + 13};
+      const auto touches = [&box](const OccupiedBox& item) {
+        return item.kind != Occupant::Bar && Overlap(item.box, BoxOf(box));
+      };
+      count += Scene().plane.Any(box, touches) ? 1 : 0;
+    }
+    return count;
+  }
+};
+
+// Node 4 lies where the number of a load over it would stand.
+TEST_F(ClearInfluenceTest, PutsNoNumberOfALoadOnOneOfTheTruss) {
+  SetTables({{{0, 0, 0, 0, 3}, {6, 0, 0, 0, 1}, {3, 4}, {3, 1.1F}, {3.5F, 1.1F}}, {{1, 2}, {1, 3}, {2, 3}}});
+  surface.window = {-5, -6, 16, 12};
+  DrawWith({{1, 2}, {0, 0}, 0, 0, {{3, 100}, {4, 200}}, {}});
+  EXPECT_THAT(surface.Ink("text", "red"), SizeIs(2));
+  EXPECT_EQ(CountOnTruss(), 0);
+}
+
+TEST_F(ClearInfluenceTest, PrintsTheNumberOfTheMemberAgainThatItMarks) {
+  SetTables(Gable());
+  surface.window = {-5, -6, 16, 12};
+  DrawWith({{1, 2}, {0, 0}, 0, 0, {}, {}});
+  const std::size_t before = surface.pixelTexts.size();
+  DrawWith({{1, 2}, {0, 0}, 2, 0, {}, {}});
+  ASSERT_EQ(surface.pixelTexts.size(), before + 1);
+  EXPECT_EQ(surface.pixelTexts.back().text, "2");
 }
 
 // At x = 1.5 the ordinate is 0.5, drawn 1.2 m long from 3.52 below.

@@ -177,6 +177,16 @@ TEST_F(SvgPictureTest, LaysATextOnAHaloOfItsOwnShape) {
   EXPECT_FALSE(elements[1].own.hasAttribute("fill")); // or its halo would have its colour
 }
 
+// Pasted into one web page they would take each other's texts for their halos.
+TEST_F(SvgPictureTest, SharesNoIdWithAnotherPicture) {
+  const auto idIn = [](const std::string& text) {
+    return ElementsOf(Svg({TextStroke{{10, 20}, text, RedInk, true}}))[1].Value("id");
+  };
+  EXPECT_NE(idIn("1.5"), idIn("2.5"));
+  EXPECT_EQ(idIn("1.5"), idIn("1.5")); // the same picture has the same bytes
+  EXPECT_THAT(idIn("1.5"), StartsWith("t"));
+}
+
 TEST_F(SvgPictureTest, LaysATextWithoutAHaloOnAWhiteBox) {
   const std::vector<Element> elements = ElementsOf(Svg({TextStroke{{10, 20}, "1.5", RedInk, false}}));
   ASSERT_THAT(Names(elements), ElementsAre("rect", "text"));

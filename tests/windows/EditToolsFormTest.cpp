@@ -10,6 +10,7 @@
 
 #include <QCheckBox>
 #include <QDialog>
+#include <QKeySequence>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMouseEvent>
@@ -105,6 +106,30 @@ TEST_F(EditToolsTest, OffersWhatANodeCanBeMade) {
   EXPECT_EQ(UndoText(), "&Undo Support");
   Command("mnuUndo").trigger();
   EXPECT_EQ(GrJoints.Text(3, 5), "0");
+}
+
+/// The underlined letters of a menu that stand there more than once: such a key chooses nothing at its first press.
+QStringList SharedKeysOf(const QMenu& menu) {
+  QStringList keys;
+  QStringList shared;
+  for (const QAction* each : menu.actions()) {
+    const QString key = QKeySequence::mnemonic(each->text()).toString();
+    if (!each->isVisible() || each->isSeparator() || key.isEmpty()) continue;
+    if (keys.contains(key)) shared << menu.objectName() + " " + key;
+    keys << key;
+  }
+  return shared;
+}
+
+TEST_F(EditToolsTest, NoTwoEntriesOfAMenuShareTheirKey) {
+  for (const QMenu* menu : frame->findChildren<QMenu*>()) {
+    if (menu->objectName() == "mnuPopUp") continue; // nothing is offered there yet
+    EXPECT_EQ(SharedKeysOf(*menu).join(", ").toStdString(), "");
+  }
+  const auto look = [](QMenu& menu) { EXPECT_EQ(SharedKeysOf(menu).join(", ").toStdString(), ""); };
+  RightClick(2, 2, look); // a node
+  RightClick(1, 1, look); // a member
+  RightClick(5, 3, look);
 }
 
 TEST_F(EditToolsTest, OffersNothingMoreBesideTheTruss) {

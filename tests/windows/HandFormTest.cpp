@@ -12,6 +12,7 @@
 #include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QSpinBox>
 #include <QTabBar>
 #include <QTimer>
@@ -60,6 +61,13 @@ class HandFormTest : public DisplayFormTest {
     QCoreApplication::sendEvent(&Picture(), &move);
   }
 };
+
+TEST_F(HandFormTest, OpensNoLargerThanItsScreen) {
+  Open();
+  const QSize room = Window().screen()->availableSize();
+  EXPECT_LT(Window().width(), room.width());
+  EXPECT_LT(Window().height(), room.height());
+}
 
 TEST_F(HandFormTest, BeginsWithTheReactions) {
   Open();

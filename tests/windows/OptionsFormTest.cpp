@@ -9,9 +9,11 @@
 
 #include <functional>
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -72,6 +74,19 @@ TEST_F(OptionsFormTest, HasTwoPagesWithTheirFrames) {
   EXPECT_THAT(titles("picOptions_0"),
               ElementsAre("File Handling", "Grid line style", "Maximum No. of Nodes or Members"));
   EXPECT_THAT(titles("picOptions_1"), ElementsAre("Node Snap Settings"));
+}
+
+TEST_F(OptionsFormTest, HasRoomForItsNoteInEveryFont) {
+  const QFont before = QApplication::font();
+  for (int pixels = 9; pixels <= 30; ++pixels) {
+    QFont font = before;
+    font.setPixelSize(pixels);
+    QApplication::setFont(font);
+    Open();
+    const QLabel& note = Part<QLabel>("capacityNote");
+    EXPECT_GE(note.height(), note.heightForWidth(note.width())) << pixels;
+  }
+  QApplication::setFont(before);
 }
 
 TEST_F(OptionsFormTest, CaptionsItsFields) {

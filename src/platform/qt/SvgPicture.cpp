@@ -5,7 +5,10 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
+#include <cstdint>
 #include <cstdio>
+#include <utility>
 #include <variant>
 
 #include <QFontInfo>
@@ -65,6 +68,9 @@ std::string XmlText(const std::string& text) {
 /// Writes strokes, and what follows each other and looks alike as one group.
 class SvgWriter {
  public:
+  /// idStart: what the ids of the texts begin with.
+  explicit SvgWriter(std::string idStart) : IdStart(std::move(idStart)) {}
+
   void operator()(const LineStroke& stroke) {
     Add(Attribute("fill", "none") + PenAttributes(stroke.pen),
         "<polyline" + Attribute("points", PointText(stroke.line.p1()) + ' ' + PointText(stroke.line.p2())) + "/>");
@@ -135,7 +141,7 @@ class SvgWriter {
   void AddText(const Words& words, const std::string& place) {
     std::string name;
     if (words.halo) {
-      const std::string id = "t" + std::to_string(++TextCount);
+      const std::string id = IdStart + std::to_string(++TextCount);
       Add(Attribute("fill", Hex(PaperColour)) + Attribute("stroke", Hex(PaperColour)) +
               Attribute("stroke-width", HaloWidth),
           "<use" + Attribute("xlink:href", '#' + id) + "/>");
@@ -151,25 +157,41 @@ class SvgWriter {
         Rectangle(around.translated(stroke.centre), Attribute("rx", BoxCorner)));
   }
 
+  std::string IdStart;
   std::string Svg;
   std::string Look; ///< of the group that is open; none where it is empty
   int TextCount = 0;
 };
 
+std::string ContentOf(std::span<const Stroke> strokes, const QSize& size, const std::string& idStart) {
+  SvgWriter writer(idStart);
+  writer(BoxStroke{QRectF(QPointF(0, 0), QSizeF(size)), PaperColour});
+  for (const Stroke& stroke : strokes) std::visit(writer, stroke);
+  return writer.Content();
+}
+
+/// Different for other contents, so that pictures which stand in one web page do not share their ids.
+std::string IdStartFor(const std::string& content) {
+  constexpr std::uint64_t start = 0xcbf29ce484222325;
+  constexpr std::uint64_t prime = 0x100000001b3;
+  std::uint64_t hash = start;
+  for (const char byte : content) hash = (hash ^ static_cast<unsigned char>(byte)) * prime;
+  std::array<char, 2 * sizeof hash> text{};
+  return "t" + std::string(text.data(), std::to_chars(text.data(), text.data() + text.size(), hash, 16).ptr) + '-';
+}
+
 } // namespace
 
 std::string SvgPicture(std::span<const Stroke> strokes, const QSize& size) {
-  SvgWriter writer;
-  writer(BoxStroke{QRectF(QPointF(0, 0), QSizeF(size)), PaperColour});
-  for (const Stroke& stroke : strokes) std::visit(writer, stroke);
+  const std::string content = ContentOf(strokes, size, IdStartFor(ContentOf(strokes, size, "")));
   const std::string width = std::to_string(size.width());
   const std::string height = std::to_string(size.height());
   return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
          "<svg xmlns=\"http://www.w3.org/2000/svg\" xmlns:xlink=\"http://www.w3.org/1999/xlink\"" +
          Attribute("width", width) + Attribute("height", height) + Attribute("viewBox", "0 0 " + width + ' ' + height) +
          Attribute("font-family", XmlText(QFontInfo(TextFont()).family().toStdString()) + ", sans-serif") +
-         Attribute("stroke-linejoin", "round") + " xml:space=\"preserve\">\n<title>Strutwright</title>\n" +
-         writer.Content() + "</svg>\n";
+         Attribute("stroke-linejoin", "round") + " xml:space=\"preserve\">\n<title>Strutwright</title>\n" + content +
+         "</svg>\n";
 }
 
 } // namespace strutwright

@@ -111,7 +111,7 @@ frmHand::frmHand(CommandFrame& frame) : QDialog(&frame), Frame(frame) {
   playTimer->setInterval(PlayPause);
   OnSignal(playTimer, &QTimer::timeout, this, [this] { PlayOn(); });
   OnSignal(topicTab, &QTabBar::currentChanged, this, [this] { ChooseTopic(); });
-  resize(HandWindow);
+  resize(SizeOnScreen(*this, HandWindow));
 }
 
 QWidget* frmHand::BuildSteps() {

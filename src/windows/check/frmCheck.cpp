@@ -51,7 +51,7 @@ frmCheck::frmCheck(CommandFrame& frame, std::function<RigidityOffer()> offer, st
   BuildButtons();
   for (const char* command : {"mnuAnalyse", "mnuCheck", "mnuUndo", "mnuRedo"})
     addAction(Frame.findChild<QAction*>(command));
-  resize(FirstSize);
+  resize(SizeOnScreen(*this, FirstSize));
 }
 
 void frmCheck::BuildVerdict() {

@@ -111,7 +111,11 @@ QWidget* frmOptions::BuildCapacity() {
   maxTxt = AddField("maxTxt", "Rows of the grids of joints and members, below 5000", TheOptions.maxTxt);
   OnSignal(maxTxt, &QLineEdit::textChanged, this, [](const QString& text) { ChangeCapacity(text.toStdString()); });
   auto* note = new QLabel(CapacityNote);
+  note->setObjectName("capacityNote");
   note->setWordWrap(true);
+  constexpr int linesOfNote = 3;
+  note->setMinimumHeight(linesOfNote *
+                         (note->fontMetrics().lineSpacing() + 1)); // pages of tabs know no height for a width
   auto* frame = new QGroupBox("&Maximum No. of Nodes or Members");
   auto* row = new QHBoxLayout(frame);
   row->addWidget(note, 1);

@@ -70,7 +70,7 @@ frmReport::frmReport(CommandFrame& frame, const std::function<void()>& renew)
   whole->addWidget(lblState);
   whole->addWidget(reportTxt, 1);
   whole->addLayout(BuildButtons(renew));
-  resize(WindowSize);
+  resize(SizeOnScreen(*this, WindowSize));
 }
 
 QLayout* frmReport::BuildButtons(const std::function<void()>& renew) {
@@ -104,7 +104,7 @@ void frmReport::ShowReport(Report report) {
   setWindowTitle("Results Report - " + QString::fromStdString(Shown.name));
   static_cast<ReportView*>(reportTxt)->Landscape = Shown.document.landscape;
   if (Shown.document.landscape && width() < WidthForLandscape) {
-    resize(qMin(WidthForLandscape, screen()->availableSize().width()), height());
+    resize(SizeOnScreen(*this, {WidthForLandscape, height()}));
   }
   reportTxt->setHtml(QString::fromStdString(Shown.document.html));
   lblState->hide();

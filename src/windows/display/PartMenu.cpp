@@ -28,12 +28,12 @@ PartMenu::PartMenu(CommandFrame& frame, QMenu& popUp, MenuBuilder& build) : Fram
   AddSupport(popUp, build, "mnuNodePin", "P&in", 3);
   AddSupport(popUp, build, "mnuNodeRollerX", "Roller (free in &x)", 1);
   AddSupport(popUp, build, "mnuNodeRollerY", "Roller (free in &y)", 2);
-  OfNode << Add(popUp, build, "mnuNodeLoad", "L&oad...", &PartMenu::ChangeLoad)
+  OfNode << Add(popUp, build, "mnuNodeLoad", "Lo&ad...", &PartMenu::ChangeLoad)
          << Add(popUp, build, "mnuNodeHand", "&Joint by Hand...", &PartMenu::ShowJoint)
-         << Add(popUp, build, "mnuNodeDelete", "&Delete", &PartMenu::RemoveNode);
-  OfMember << Add(popUp, build, "mnuMemberEA", "&E and A...", &PartMenu::ChangeRigidity)
-           << Add(popUp, build, "mnuMemberPS", "P&restress...", &PartMenu::ChangePrestress)
-           << Add(popUp, build, "mnuMemberDelete", "&Delete", &PartMenu::RemoveMember);
+         << Add(popUp, build, "mnuNodeDelete", "Dele&te", &PartMenu::RemoveNode);
+  OfMember << Add(popUp, build, "mnuMemberEA", "E and &A...", &PartMenu::ChangeRigidity)
+           << Add(popUp, build, "mnuMemberPS", "Pr&estress...", &PartMenu::ChangePrestress)
+           << Add(popUp, build, "mnuMemberDelete", "Dele&te", &PartMenu::RemoveMember);
   End = popUp.addSeparator();
   Offer(HUGE_VALF, HUGE_VALF);
 }

@@ -64,7 +64,7 @@ frmImport::frmImport(QWidget* parent, const std::string& path, std::string text)
   note->setWordWrap(true);
   whole->addWidget(note);
   whole->addLayout(BuildButtons());
-  resize(ImportSize);
+  resize(SizeOnScreen(*this, ImportSize));
   Preview();
 }
 

@@ -46,8 +46,9 @@ void InfluencePicture::Draw() {
        .extents = ExtentsOfModel(1),
        .style = DrawingStyle::Clear,
        .legend = false,
+       .memory = &Memory,
        .failures = [](const std::string& /*failure*/) {}});
-  DrawInfluence(Surface, Shape);
+  DrawInfluence(Surface, Shape, &Memory);
   IsDrawn = true;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "QtDrawingSurface.h"
+#include "modClearDrawing.h"
 #include "modInfluenceDrawing.h"
 
 #include <functional>
@@ -45,6 +46,7 @@ class InfluencePicture : public QWidget {
   InfluencePictureNotices Notices;
   InfluenceShape Shape;
   QtDrawingSurface Surface;
+  ClearMemory Memory; ///< of the truss as it was drawn last
   bool IsDrawn = false;
 };
 

@@ -175,10 +175,10 @@ void GraphMenus::AddSelectionMenu(QMenu& drawing) {
       "mnuCopies", "Cop&y and Repeat...", {}, [&graph = Graph] { graph.AskForCopies(); },
       "Copies what is selected, once or in a row, with its loads and supports");
   add(
-      "mnuMirrorX", "Mirror to the Si&de...", {}, [&graph = Graph] { graph.AskForMirror(false); },
+      "mnuMirrorX", "Mirror to the S&ide...", {}, [&graph = Graph] { graph.AskForMirror(false); },
       "Adds the mirror image of what is selected on the other side of an upright line");
   add(
-      "mnuMirrorY", "Mirror &Up or Down...", {}, [&graph = Graph] { graph.AskForMirror(true); },
+      "mnuMirrorY", "Mirror Up or Do&wn...", {}, [&graph = Graph] { graph.AskForMirror(true); },
       "Adds the mirror image of what is selected above or below a level line");
 }
 
@@ -220,7 +220,7 @@ void GraphMenus::BuildPopUp() {
   popUp.addSeparator();
   for (const char* name : {"mnuPan", "mnuZW"}) take(name);
   Add(popUp, "mnuZo", "Zoom &Out", {}, [&frame = Frame] { frame.ZoomOut(); });
-  Add(popUp, "mnuZE", "Zoom &Extents", {}, [&frame = Frame] { frame.Redraw(true); });
+  Add(popUp, "mnuZE", "&Zoom Extents", {}, [&frame = Frame] { frame.Redraw(true); });
   popUp.addSeparator();
   take("mnuRefresh");
   take("mnuClearDrawing");

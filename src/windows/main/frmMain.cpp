@@ -7,6 +7,7 @@
 #include "EditingState.h"
 #include "EventGuard.h"
 #include "ExchangeCommands.h"
+#include "FormParts.h"
 #include "FramePlace.h"
 #include "Icons.h"
 #include "MainCentre.h"
@@ -48,7 +49,6 @@ namespace strutwright {
 namespace {
 
 constexpr QSize StartSize{1180, 800};
-constexpr QSize WindowFrame{8, 40}; // what the desktop puts around a window, at most
 
 // The child windows' shares of the room above the board.
 constexpr QRectF DisplayShare{0, 0, 0.56, 1};
@@ -85,7 +85,7 @@ frmMain::frmMain() {
   ConnectKeys();
   ImportDroppedFiles(*this);
   OnSignal(&History.Steps(), &QUndoStack::indexChanged, this, [this] { ShowEntryNote(); });
-  resize(StartSize.boundedTo(screen()->availableSize() - WindowFrame));
+  resize(SizeOnScreen(*this, StartSize));
 }
 
 frmMain::~frmMain() {

@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 
 namespace strutwright {
 
@@ -22,6 +23,11 @@ QLabel* Caption(const QString& text, QWidget* field) {
   auto* caption = new QLabel(text);
   caption->setBuddy(field);
   return caption;
+}
+
+QSize SizeOnScreen(const QWidget& window, QSize wanted) {
+  constexpr QSize frame{8, 40}; // at most
+  return wanted.boundedTo(window.screen()->availableSize() - frame);
 }
 
 } // namespace strutwright

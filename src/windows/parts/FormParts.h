@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QSize>
 #include <QString>
 
 class QLabel;
@@ -28,5 +29,8 @@ QLineEdit* NewField(const QString& name, const QString& description);
 
 /// A caption, with the key that leads to its field where it has one.
 QLabel* Caption(const QString& text, QWidget* field = nullptr);
+
+/// The size that a new window asks for, or what its screen has room for beside the desktop's frame of it.
+QSize SizeOnScreen(const QWidget& window, QSize wanted);
 
 } // namespace strutwright

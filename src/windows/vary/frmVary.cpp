@@ -232,7 +232,7 @@ void frmVary::ShowPlot() {
     const std::vector<VaryPoint> here = PlotOf(Quantity(), Result(), value, value, 1);
     plot.mark = CurvePoint{value, here.front().result};
     text = plot.nameX + ": " + TextOfNumber(value) + "   " + plot.nameY + ": " +
-           (plot.mark->y ? TextOfNumber(*plot.mark->y) : "none, since the truss is not stable");
+           (plot.mark->y ? PlotReading(*plot.mark->y) : "none, since the truss is not stable");
   }
   valueLbl->setText(QString::fromStdString(text));
   Area->ShowPlot(std::move(plot));
