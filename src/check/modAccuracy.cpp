@@ -11,8 +11,8 @@ namespace strutwright {
 
 namespace {
 
-/// What is this small beside its cause is rounding, and no measure for other rounding.
-constexpr double Nothing = 1e-9;
+/// A value below this share of the loads that cause it is itself rounding; differences are then measured by the cause.
+constexpr double NegligibleShare = 1e-9;
 
 /// The largest difference among values of a kind, the largest value, and whose difference it is.
 class Kind {
@@ -29,7 +29,7 @@ class Kind {
   /// cause: what the values would be measured by if all of them were zero.
   double Relative(double cause) const {
     if (Difference == 0) return 0;
-    return Difference / (Largest > Nothing * cause ? Largest : cause);
+    return Difference / (Largest > NegligibleShare * cause ? Largest : cause);
   }
   int Worst() const { return Owner; }
 

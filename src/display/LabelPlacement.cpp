@@ -19,7 +19,7 @@ constexpr double MinNearerBy = 0.25;  // pixels by which a label must be nearer 
 constexpr double PlainlyNearerBy = 4; // and where there is a choice
 constexpr int MaxToMoveFor = 24;      // forces without a place: where more are missing, moving is of little help
 constexpr std::size_t MaxBarsForMoving = 300;
-constexpr std::size_t MaxBarsForPatience = 60;
+constexpr std::size_t MaxBarsForManyTrials = 60;
 constexpr double ShortestBar = 8;    // pixels; a shorter member has no room beside it that is its own
 constexpr double ShortestPart = 0.9; // of a force's width: beside a member that is shorter it seldom fits
 
@@ -46,22 +46,22 @@ class FormerPlaces {
   std::array<std::vector<const ClearLabel*>, LabelKinds> Labels; ///< by kind and owner
 };
 
-/// How many places may be looked at to move labels, all together: what does not fit soon does not fit.
-struct Patience {
+/// How many places may be tried to move labels, all together: what does not fit soon does not fit.
+struct TrialLimits {
   int forForces = 0;
   int forNumbers = 0;
 };
 
-Patience PatienceFor(std::size_t bars) {
+TrialLimits TrialLimitsFor(std::size_t bars) {
   if (bars > MaxBarsForMoving) return {};
-  return bars > MaxBarsForPatience ? Patience{1200, 600} : Patience{20000, 8000};
+  return bars > MaxBarsForManyTrials ? TrialLimits{1200, 600} : TrialLimits{20000, 8000};
 }
 
 class LabelPlacer {
  public:
   explicit LabelPlacer(ClearScene& scene)
       : Scene(scene), IsSmall(scene.truss.bars.size() <= MaxBarsForMoving),
-        Places(scene, scene.truss.bars.size() <= MaxBarsForPatience || (IsSmall && scene.text.mayShorten)) {}
+        Places(scene, scene.truss.bars.size() <= MaxBarsForManyTrials || (IsSmall && scene.text.mayShorten)) {}
 
   void Place(ClearLabel& label, const ClearLabel* former) {
     if (IsHopeless(label)) return;
@@ -72,7 +72,7 @@ class LabelPlacer {
   /// Finds a place for a label by moving another one that is in its way, which in turn may move a third one.
   void PlaceByMoving(ClearLabel& label) {
     Moving = label.kind;
-    if (Looks > 0 && !label.IsPlaced() && !IsHopeless(label)) MoveFor(label, 2);
+    if (TrialsLeft > 0 && !label.IsPlaced() && !IsHopeless(label)) MoveFor(label, 2);
     Moving = LabelKind::Force;
   }
 
@@ -84,8 +84,8 @@ class LabelPlacer {
     }
   }
 
-  /// looks: how many places may be looked at from here on.
-  void MoveFrom(int looks) { Looks = looks; }
+  /// trials: how many places may be tried from here on.
+  void LimitTrials(int trials) { TrialsLeft = trials; }
 
  private:
   bool IsHopeless(const ClearLabel& label) const { return HasNoRoom(Scene, label); }
@@ -105,7 +105,7 @@ class LabelPlacer {
     int first = -1;
     TurnedBox firstBox;
     for (int place = 0; const std::optional<TurnedBox> box = Places.At(label, place); ++place) {
-      if (Looks < 0 || (!isPlain && isForNumber && place >= LabelPlaces::AlongPlaces)) break;
+      if (TrialsLeft < 0 || (!isPlain && isForNumber && place >= LabelPlaces::AlongPlaces)) break;
       if (!IsFree(label, *box)) continue;
       if (isPlain || LabelFit(Scene, label, *box, PlainlyNearerBy).IsFree()) return Put(label, place, *box);
       if (first < 0) firstBox = *box;
@@ -117,8 +117,8 @@ class LabelPlacer {
   bool MoveFor(ClearLabel& label, int depth) {
     for (int place = 0; const std::optional<TurnedBox> box = Places.At(label, place); ++place) {
       if (box->halfLength <= 0) continue;
-      if (Looks < 0) return false;
-      --Looks;
+      if (TrialsLeft < 0) return false;
+      --TrialsLeft;
       const int other = LabelFit(Scene, label, *box, MinNearerBy).OnlyLabelInTheWay();
       if (other >= 0 && Swap(label, place, *box, Scene.labels[static_cast<std::size_t>(other)], depth)) return true;
     }
@@ -141,7 +141,7 @@ class LabelPlacer {
 
   bool IsFree(const ClearLabel& label, const TurnedBox& box) {
     if (box.halfLength <= 0) return false;
-    --Looks;
+    --TrialsLeft;
     const LabelFit fit(Scene, label, box, MinNearerBy);
     if (Blocker < Scene.plane.Count() && fit.IsInTheWay(Scene.plane[Blocker])) return false;
     Blocker = fit.FirstInTheWay();
@@ -168,7 +168,7 @@ class LabelPlacer {
   bool IsSmall; ///< there is time to look for more
   LabelPlaces Places;
   LabelKind Moving = LabelKind::Force;     ///< what others are moved for
-  int Looks = Endless;                     ///< at places that may still be taken
+  int TrialsLeft = Endless;                ///< at places that may still be taken
   std::size_t Blocker = LabelFit::Nothing; ///< what was in the way of the last place
 };
 
@@ -205,7 +205,7 @@ PlacedForces PlaceForces(ClearScene& scene, const std::vector<ClearLabel>* befor
   }
   for (ClearLabel& label : labels) placer.PlaceShortened(label);
   if (missing() > MaxToMoveFor) return {missing(), true};
-  placer.MoveFrom(PatienceFor(scene.truss.bars.size()).forForces);
+  placer.LimitTrials(TrialLimitsFor(scene.truss.bars.size()).forForces);
   for (ClearLabel& label : labels) placer.PlaceByMoving(label);
   return {missing(), true};
 }
@@ -215,7 +215,7 @@ void PlaceNumbers(ClearScene& scene, const std::vector<ClearLabel>* before) {
   const FormerPlaces former(before);
   LabelPlacer placer(scene);
   for (ClearLabel& label : labels) placer.Place(label, former.Of(label));
-  placer.MoveFrom(PatienceFor(scene.truss.bars.size()).forNumbers);
+  placer.LimitTrials(TrialLimitsFor(scene.truss.bars.size()).forNumbers);
   for (ClearLabel& label : labels) placer.PlaceByMoving(label);
 }
 

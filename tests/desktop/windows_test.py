@@ -1,8 +1,8 @@
 """Installs the program for Windows under Wine, does in its window what a student does, and removes it.
 
-Usage: windows_test.py FOLDER PROGRAM EXAMPLES PICTURES
-FOLDER: where tools/windows has put the installer.  PROGRAM: the desktop program of this system, whose grids must show the
-same texts.  EXAMPLES: the folder of the example models.  PICTURES: the folder for pictures of the screen, to look at.
+Usage: windows_test.py FOLDER BUILD PICTURES
+FOLDER: where tools/windows has put the installer.  BUILD: the folder of this system's build, whose programs must show the
+same texts and give the same digits.  PICTURES: the folder for pictures of the screen, to look at.
 """
 
 import pathlib
@@ -16,6 +16,9 @@ from desktop import DEADLINE, Desktop, expect, wait_for
 from settings_test import close_welcome
 from windows_desktop import WINE, WindowsDesktop
 
+TREE = pathlib.Path(__file__).resolve().parent.parent.parent
+EXAMPLES = TREE / "examples"
+MODELS = TREE / "tests" / "data" / "reference"
 SCREEN = "1280x900+0+0"
 EXAMPLE = "fink_roof.stw"
 SHOW_GLOBAL_K = (958, 92)
@@ -72,6 +75,19 @@ class Course:
         self.desktop.wine(self.folder / "strutwright-cli.exe", "analyse", self.folder / "examples" / EXAMPLE, "--report",
                           r"C:\models\report.pdf")
         expect(report.read_bytes().startswith(b"%PDF"), "the report is no PDF")
+
+    def compare_results(self, program):
+        """Every model gives the same digits, or is refused with the same words."""
+        models = sorted(model.name for model in MODELS.glob("*.stw"))
+        found, expected = (
+            subprocess.run([*command, "analyse", "--format", "json", *models], env=self.desktop.environment, cwd=MODELS,
+                           capture_output=True, timeout=DEADLINE)
+            for command in ([WINE, self.folder / "strutwright-cli.exe"], [program]))
+        expect(len(found.stdout.splitlines()) == len(models), f"the command line says {found.stderr}")
+        expect((found.returncode, found.stderr) == (expected.returncode, expected.stderr), f"it says {found.stderr}")
+        for there, here in zip(found.stdout.splitlines(), expected.stdout.splitlines()):
+            expect(there == here, f"the results are\n{there}\nand not\n{here}")
+        print(f"{len(models)} models give the same digits")
 
     def compare_grids(self, expected):
         analyse_example(self.desktop, self.folder / "examples")
@@ -233,27 +249,29 @@ def print_start(desktop, where):
     print(f"{where}: {statistics.median(seconds):.2f} s to the frame, {statistics.median(megabytes):.0f} MB")
 
 
-def grids_here(program, examples):
+def grids_here(program):
     """What the program of this system shows."""
     with Desktop(program, fresh_home=True) as desktop:
-        shutil.copytree(examples, desktop.root / "share" / "strutwright" / "examples", dirs_exist_ok=True)
-        analyse_example(desktop, pathlib.Path(examples))
+        shutil.copytree(EXAMPLES, desktop.root / "share" / "strutwright" / "examples", dirs_exist_ok=True)
+        analyse_example(desktop, EXAMPLES)
         grids = read_grids(desktop)
         desktop.kill()
         print_start(desktop, "here")
         return grids
 
 
-def main(folder, program, examples, pictures):
+def main(folder, build, pictures):
+    programs = pathlib.Path(build).resolve() / "src"
     setup = next(pathlib.Path(folder).resolve().glob("*-setup.exe"))
     pathlib.Path(pictures).mkdir(parents=True, exist_ok=True)
-    expected = grids_here(program, examples)
+    expected = grids_here(programs / "app" / "strutwright")
     with WindowsDesktop() as desktop:
         course = Course(desktop, pathlib.Path(pictures))
         try:
             course.look_at_the_installer(setup)
             course.install(setup)
             course.use_the_command_line()
+            course.compare_results(programs / "cli" / "strutwright-cli")
             course.compare_grids(expected)
             course.expect_open_command()
             course.save()

@@ -29,10 +29,10 @@ bool IsTool(MouseMode mode) {
   return mode == MouseMode::Supports || mode == MouseMode::Loads || mode == MouseMode::SelectAndMove;
 }
 
-/// 0 where there is none.
 /// What the mouse takes hold of: within PointingReach, however large the truss is.
 Element PartAt(WorldPoint point) { return ElementAt(*DisplaySurface, point.x, -static_cast<double>(point.y)); }
 
+/// 0 where there is none.
 int NodeInReach(WorldPoint point) {
   const Element part = PartAt(point);
   return part.kind == ElementKind::Node ? part.number : 0;
