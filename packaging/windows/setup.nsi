@@ -45,7 +45,28 @@ VIAddVersionKey "LegalCopyright" "2026 the Strutwright contributors; GPL 3 or la
   System::Call 'shell32::SHChangeNotify(i 0x08000000, i 0, p 0, p 0)'
 !macroend
 
+; Ends the section where a program runs: its file cannot be written then.
+!macro RefuseWhileRunning PROGRAM
+  IfFileExists "$INSTDIR\${PROGRAM}" 0 +7
+  ClearErrors
+  FileOpen $0 "$INSTDIR\${PROGRAM}" a
+  IfErrors 0 +3
+    MessageBox MB_OK|MB_ICONEXCLAMATION "${PROGRAM} is running. Close it and try again." /SD IDOK
+    Abort
+  FileClose $0
+!macroend
+!macro RefuseWhileAnyRuns
+  !insertmacro RefuseWhileRunning "strutwright.exe"
+  !insertmacro RefuseWhileRunning "Bracefold.exe"
+  !insertmacro RefuseWhileRunning "strutwright-cli.exe"
+  !insertmacro RefuseWhileRunning "strutwright-cli-whole.exe"
+!macroend
+
 Section "Strutwright"
+  !insertmacro RefuseWhileAnyRuns
+  ; What an earlier version brought and this one does not goes with its own uninstaller.
+  IfFileExists "$INSTDIR\uninstall.exe" 0 +2
+    ExecWait '"$INSTDIR\uninstall.exe" /S _?=$INSTDIR'
   SetOutPath "$INSTDIR"
   File /r "${FILES}/*"
   WriteUninstaller "$INSTDIR\uninstall.exe"
@@ -81,6 +102,8 @@ SectionEnd
 
 ; Removes what the installer put there, file by file: models and settings stay, wherever they lie.
 Section "Uninstall"
+  ; Nothing is taken away while a program runs: what is left then could not be removed any more.
+  !insertmacro RefuseWhileAnyRuns
   SetOutPath "$TEMP" ; a folder that is in use can't be removed
   !include "${LIST}"
   Delete "$INSTDIR\uninstall.exe"

@@ -1,5 +1,6 @@
 #include "ModelToOpen.h"
 
+#include "PathSpelling.h"
 #include "Utf8Path.h"
 
 #include <cstddef>
@@ -14,6 +15,7 @@ namespace {
 
 /// Without "." and "..", unless a link on the way makes that another file.
 std::string FullPath(const fs::path& path) {
+  if (IsSharePath(Utf8Of(path))) return NativePath(Utf8Of(path));
   std::error_code error;
   const fs::path full = fs::absolute(path, error);
   if (error) return Utf8Of(path);

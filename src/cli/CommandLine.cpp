@@ -73,6 +73,7 @@ bool IsNameOfModel(const std::string& name) { return name.ends_with(".stw") || n
 bool AreOneFile(const std::string& one, const std::string& other) {
   if (one.empty() || other.empty()) return false;
   const auto whole = [](const std::string& name) {
+    if (IsSharePath(name)) return TidyPath(NativePath(name));
     return Utf8Of(std::filesystem::absolute(PathOf(name)).lexically_normal());
   };
   return NameOneFile(whole(one), whole(other));

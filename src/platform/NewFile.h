@@ -19,7 +19,8 @@ void Discard(FileSystem& files, const std::string& path);
 /// Puts a new file with this content in the place of `target` in one step: whatever fails, and whenever the program is
 /// killed, the old file is whole.  An existing target's mode and, where allowed, owner are kept.
 /// existed: whether there is a target.  wait: until the disk has the new file; without that, a power cut may take both.
-/// Throws FileError; nothing has changed then.
+/// Throws FileError; nothing has changed then, but for a system that took the old file away before it failed: the new
+/// one then lies beside it, and the message names it.
 void ReplaceByNewFile(FileSystem& files, const std::string& target, const std::string& content, bool existed,
                       bool wait = true);
 

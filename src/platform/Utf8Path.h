@@ -15,11 +15,17 @@ inline std::string Utf8Of(const std::filesystem::path& path) {
   return {text.begin(), text.end()};
 }
 
+/// Whether a path begins as that of a share on a network, "\\\\server\\share"; the standard library may take it for one
+/// of the current drive.
+inline bool IsSharePath(const std::string& text) {
+  const auto parts = [](char c) { return c == '\\' || c == '/'; };
+  return std::filesystem::path::preferred_separator == '\\' && text.size() > 1 && parts(text[0]) && parts(text[1]);
+}
+
 /// A path without "." and "..", as far as its text shows; a share on a network, "\\server\share", stays one.
 inline std::string TidyPath(const std::string& text) {
   const std::string tidy = Utf8Of(PathOf(text).lexically_normal());
-  const bool isShare = std::filesystem::path::preferred_separator == '\\' && text.starts_with("\\\\");
-  return isShare && !tidy.starts_with("\\\\") ? "\\" + tidy : tidy;
+  return IsSharePath(text) && !tidy.starts_with("\\\\") ? "\\" + tidy : tidy;
 }
 
 /// Whether a character parts the components of a path on this system.

@@ -174,6 +174,15 @@ class Course:
         self.picture("dragged-and-pasted")
         self.desktop.kill()
 
+    def open_from_a_share(self):
+        """On a server, as home folders are; Wine has its shares in a folder."""
+        share = self.desktop.prefix / "dosdevices" / "unc" / "server" / "models"
+        share.mkdir(parents=True)
+        shutil.copyfile(self.folder / "examples" / EXAMPLE, share / "shared.stw")
+        self.desktop.start("--open", r"\\server\models\shared.stw")
+        self.desktop.focus("^shared.stw$")
+        self.desktop.kill()
+
     def make_a_truss(self):
         """In Bracefold, from the menu: ten bays, saved by keys."""
         self.desktop.start()
@@ -197,7 +206,14 @@ class Course:
         self.desktop.kill()
 
     def uninstall(self):
-        """Nothing of the installer is left; what the user made is."""
+        """Nothing of the installer is left; what the user made is.  While a program runs, all of it stays."""
+        self.desktop.start()
+        self.desktop.focus("^Strutwright$")
+        self.desktop.wine(self.folder / "uninstall.exe", "/S")
+        time.sleep(READY)
+        self.expect_open_command()
+        expect((self.folder / "Qt6Core.dll").exists(), "the uninstaller has removed what was in use")
+        self.desktop.kill()
         self.desktop.wine(self.folder / "uninstall.exe", "/S")
         wait_for("the end of the uninstaller", lambda: not self.desktop.program.exists())
         after = self.desktop.registry()
@@ -279,6 +295,7 @@ def main(folder, build, pictures):
             course.kill_and_restore()
             course.open_a_file()
             course.drag_and_paste()
+            course.open_from_a_share()
             course.make_a_truss()
             print_start(desktop, "on Windows")
             course.uninstall()

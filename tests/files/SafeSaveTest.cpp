@@ -1,10 +1,12 @@
 #include "ModelBuilder.h"
 #include "SafeSaveFixture.h"
+#include "Utf8Path.h"
 #include "modModelFile.h"
 #include "modModelStore.h"
 
 #include <filesystem>
 #include <string>
+#include <system_error>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -154,6 +156,25 @@ TEST_F(SafeSaveTest, KeepsTheOldFileWhereItCannotBeReplaced) {
     EXPECT_EQ(FileBytes(path), "old") << failing;
     EXPECT_EQ(folder.EntryCount(), 1) << failing;
   }
+}
+
+// Windows may take the old file away and then fail to put the new one there.
+TEST_F(SafeSaveTest, KeepsTheNewFileWhereTheOldOneIsGone) {
+  ExistingFile("old");
+  files.before = [this](const std::string& step, int) {
+    if (step != "Replace") return;
+    std::filesystem::remove(PathOf(path));
+    throw FileError(std::make_error_code(std::errc::io_error));
+  };
+  std::string reason;
+  try {
+    SaveWholeFile(path, "new");
+  } catch (const FileError& error) {
+    reason = error.what();
+  }
+  const std::string before = std::make_error_code(std::errc::io_error).message() + "\nThe whole content is in ";
+  ASSERT_TRUE(reason.starts_with(before)) << reason;
+  EXPECT_EQ(FileBytes(reason.substr(before.size())), "new");
 }
 
 TEST_F(SafeSaveTest, RefusesAFolderAndNoNameForAWholeFile) {

@@ -1,6 +1,8 @@
 #include "QtPrinters.h"
 
+#include "FileSystem.h"
 #include "PaperPages.h"
+#include "PathSpelling.h"
 
 #include <algorithm>
 
@@ -12,6 +14,10 @@ namespace strutwright {
 
 bool QtPrinters::Print(const PaperDocument& document) {
   QPrinter printer(QPrinter::HighResolution);
+  // The dialog is the system's there, which shows nothing without a printer.
+  if (HasBackslashPaths && printer.outputFormat() != QPrinter::NativeFormat) {
+    throw FileError("There is no printer: save as PDF instead");
+  }
   printer.setPageLayout(LayoutOf(document));
   printer.setDocName(QString::fromStdString(document.title));
   QPrintDialog dialog(&printer, QApplication::activeWindow());

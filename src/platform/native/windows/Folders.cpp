@@ -19,7 +19,9 @@ namespace {
 bool VisitFolder(const std::string& folder, const std::function<void(const WIN32_FIND_DATAW&)>& visit) {
   if (folder.empty()) return false;
   WIN32_FIND_DATAW found{};
-  const HANDLE search = FindFirstFileW((WidePath(folder) + L"\\*").c_str(), &found);
+  const std::wstring wide = WidePath(folder);
+  // A path beyond the usual length may have no empty component.
+  const HANDLE search = FindFirstFileW((wide + (wide.ends_with(L'\\') ? L"*" : L"\\*")).c_str(), &found);
   if (search == INVALID_HANDLE_VALUE) return false;
   do {
     const std::wstring_view name = found.cFileName;

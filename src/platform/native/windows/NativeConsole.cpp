@@ -19,8 +19,18 @@ namespace strutwright {
 namespace {
 
 UINT CodePageBefore = 0;
+DWORD ModeBefore = 0;
 
 void PutCodePageBack() { SetConsoleOutputCP(CodePageBefore); }
+
+void PutModeBack() { SetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), ModeBefore); }
+
+/// Otherwise the console prints the sequence that erases a line of progress as letters.
+void ObeySequences() {
+  const HANDLE screen = GetStdHandle(STD_ERROR_HANDLE);
+  if (GetConsoleMode(screen, &ModeBefore) == 0) return;
+  if (SetConsoleMode(screen, ModeBefore | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0) std::atexit(PutModeBack);
+}
 
 /// The names that match a pattern in its last component, with what stands before that.
 std::vector<std::string> Matches(const std::string& pattern) {
@@ -58,6 +68,7 @@ void SetUpConsole() {
   for (int file = 0; file < StandardStreams; ++file) {
     if (!IsTerminal(file)) _setmode(file, _O_BINARY);
   }
+  ObeySequences();
   CodePageBefore = GetConsoleOutputCP();
   if (CodePageBefore == 0 || CodePageBefore == CP_UTF8) return; // no console, or nothing to do
   SetConsoleOutputCP(CP_UTF8);

@@ -54,6 +54,20 @@ void CopyRights(const std::wstring& model, const std::wstring& path) {
   SetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, rights.data());
 }
 
+/// Puts a file or a folder in another's place; otherwise the reason is the last error.  ReplaceFileW lets a file keep
+/// when it was made, its rights and its streams; it opens the new one for itself alone, so that it may fail where the
+/// other does not.
+bool IsMoved(const std::wstring& fresh, const std::wstring& old, bool areFiles) {
+  if (areFiles &&
+      ReplaceFileW(old.c_str(), fresh.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) != 0) {
+    return true;
+  }
+  const DWORD error = GetLastError();
+  if (MoveFileExW(fresh.c_str(), old.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) return true;
+  if (areFiles && error == ERROR_SHARING_VIOLATION) SetLastError(error); // says more than that access is denied
+  return false;
+}
+
 } // namespace
 
 FileKind NativeFileSystem::Kind(const std::string& path) {
@@ -133,14 +147,15 @@ void NativeFileSystem::Replace(const std::string& from, const std::string& to) {
   const std::wstring fresh = WidePath(from);
   const std::wstring old = WidePath(to);
   if (fresh.empty() || old.empty()) throw WindowsError(ERROR_PATH_NOT_FOUND);
-  // What is there already lends the new file what belongs to its name: when it was made, its rights, its streams.
-  if (Kind(to) == FileKind::File && Kind(from) == FileKind::File) {
-    if (ReplaceFileW(old.c_str(), fresh.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) != 0)
-      return;
-    if (GetLastError() == ERROR_SHARING_VIOLATION) ThrowWindowsError();
+  const bool areFiles = Kind(to) == FileKind::File && Kind(from) == FileKind::File;
+  // Scanners and indexers open for moments what has just been written: they get somewhat more than a second.
+  constexpr DWORD LongestWait = 640;
+  for (DWORD wait = 10; !IsMoved(fresh, old, areFiles); wait *= 2) {
+    const DWORD error = GetLastError();
+    const bool mayPass = error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED;
+    if (!mayPass || wait > LongestWait) throw WindowsError(error);
+    Sleep(wait);
   }
-  if (MoveFileExW(fresh.c_str(), old.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) == 0)
-    ThrowWindowsError();
 }
 
 std::int64_t NativeFileSystem::ModifiedAt(const std::string& path) {

@@ -39,7 +39,17 @@ bool Start(const std::string& program, PROCESS_INFORMATION& process) {
                         &start, &process) != 0;
 }
 
+/// The other program ends with this one, however that ends.
+void TieToThisProcess(HANDLE other) {
+  const HANDLE job = CreateJobObjectW(nullptr, nullptr); // open as long as this process is
+  JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
+  limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
+  SetInformationJobObject(job, JobObjectExtendedLimitInformation, &limits, sizeof limits);
+  AssignProcessToJobObject(job, other);
+}
+
 [[noreturn]] void EndWith(const PROCESS_INFORMATION& process) {
+  TieToThisProcess(process.hProcess);
   WaitForSingleObject(process.hProcess, INFINITE);
   DWORD status = EXIT_FAILURE;
   GetExitCodeProcess(process.hProcess, &status);
