@@ -22,6 +22,7 @@ MODELS = TREE / "tests" / "data" / "reference"
 SCREEN = "1280x900+0+0"
 EXAMPLE = "fink_roof.stw"
 SHOW_GLOBAL_K = (958, 92)
+MATRIX = "200x180+720+262"  # where its cells show on the screen
 STARTS = 5
 READY = 2  # s; a window shows before it is drawn and takes keys, and a click is done before it is passed on
 JOINTS_DATA = (16, 498)  # the button of the grid of joints, in the window
@@ -155,9 +156,15 @@ class Course:
         self.picture("report")
         self.desktop.press("Escape")
         self.desktop.focus("^my roof.stw$")
-        self.desktop.click(window, *SHOW_GLOBAL_K)
+        wait_for("the stiffness matrix", lambda: self.shows_matrix(window))
         self.picture("equations")
         self.desktop.leave()
+
+    def shows_matrix(self, window):
+        """Whether it does after another click; a window that was just closed may take the first."""
+        self.desktop.click(window, *SHOW_GLOBAL_K)
+        time.sleep(READY)
+        return any(sum(colour) < 200 for colour in self.desktop.pixels(MATRIX))
 
     def drag_and_paste(self):
         """A node by the mouse; cells that another program has copied."""
