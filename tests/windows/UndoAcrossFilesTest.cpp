@@ -3,8 +3,8 @@
 #include "FileEvents.h"
 #include "FileState.h"
 #include "MemoryFileSystem.h"
-#include "PathSpelling.h"
 #include "RecentFiles.h"
+#include "Utf8Path.h"
 #include "modFileCommands.h"
 #include "modModelFile.h"
 #include "modModelStore.h"
@@ -228,7 +228,7 @@ class UndoAcrossFilesTest : public PlatformTest, public testing::WithParamInterf
     }
     Save(program, plain);
     for (const auto& [file, text] : plain.Files()) {
-      const std::string path = file == "newTruss.stw" ? NativePath("/program/newTruss.stw") : file;
+      const std::string path = file == "newTruss.stw" ? Utf8Of(PathOf("/program") / PathOf(file)) : file;
       ASSERT_EQ(program.Held(path), text) << file << " after " << Written(commands) << "Save";
     }
     dialog.shown.clear();
