@@ -65,10 +65,11 @@ std::string LoadText(float force, int decimals) {
 }
 
 std::string PlainText(double value, int decimals) {
+  if (value == 0) return "0";
   const double size = std::fabs(value);
   const bool isPlain = size < LeastInPowers && (size >= MostInPowers || decimals <= MaxDecimals);
-  if (!isPlain && size > 0) return (value < 0 ? Minus : "") + NumberText(static_cast<float>(size));
-  std::array<char, 32> text{};
+  if (!isPlain) return (value < 0 ? Minus : "") + NumberText(static_cast<float>(size));
+  std::array<char, 64> text{}; // seven digits before the point, and no float has more than 45 zeros behind it
   const auto end = std::to_chars(text.data(), text.data() + text.size(), size, std::chars_format::fixed, decimals).ptr;
   const std::string digits = WithoutZeros({text.data(), end});
   return value < 0 && digits != "0" ? Minus + digits : digits;

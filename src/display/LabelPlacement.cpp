@@ -168,7 +168,7 @@ class LabelPlacer {
   bool IsSmall; ///< there is time to look for more
   LabelPlaces Places;
   LabelKind Moving = LabelKind::Force;     ///< what others are moved for
-  int TrialsLeft = Endless;                ///< at places that may still be taken
+  int TrialsLeft = Endless;                ///< places that may still be tried
   std::size_t Blocker = LabelFit::Nothing; ///< what was in the way of the last place
 };
 

@@ -170,6 +170,7 @@ TEST_F(ClearDrawingTest, HugeAndTinyNumbersShowAPowerOfTen) {
   EXPECT_EQ(PlainText(0.000002, 9), "0.000002");
   EXPECT_EQ(PlainText(2e-7, 6), "0");
   EXPECT_EQ(PlainText(0, 9), "0");
+  EXPECT_EQ(PlainText(0, 45), "0");
 }
 
 TEST_F(ClearDrawingTest, AReadingHasItsDigitsAndNoMore) {

@@ -265,8 +265,8 @@ TEST_F(PaperTest, KeepsThePixelsOfAPictureOfManyStrokes) {
                         })
                .strokes != nullptr;
   };
-  EXPECT_TRUE(hasStrokes(MostStrokesOnPage));
-  EXPECT_FALSE(hasStrokes(MostStrokesOnPage + 1));
+  EXPECT_TRUE(hasStrokes(MaxStrokesOnPage));
+  EXPECT_FALSE(hasStrokes(MaxStrokesOnPage + 1));
 }
 
 /// What stands on the first page, a fifth of its dots wide.

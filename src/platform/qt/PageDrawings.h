@@ -19,7 +19,7 @@ struct PictureStrokes {
 };
 
 /// Of more strokes than this a page gets the picture's pixels: the outlines of so many letters would take more room.
-inline constexpr std::size_t MostStrokesOnPage = 4000;
+inline constexpr std::size_t MaxStrokesOnPage = 4000;
 
 /// Has these pictures of a document painted as strokes, where it shows them: sharp at any size.
 /// text: has been set from HTML, and is not laid out yet.

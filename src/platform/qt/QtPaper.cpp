@@ -52,7 +52,7 @@ PaperPicture QtPaper::Picture(int width, int height, const std::function<void(Dr
   image.setDotsPerMeterX(DotsPerMeter);
   image.setDotsPerMeterY(DotsPerMeter);
   PaperPicture picture{ImageBytes(image, "PNG").toStdString()};
-  if (surface.Drawn().size() <= MostStrokesOnPage) {
+  if (surface.Drawn().size() <= MaxStrokesOnPage) {
     picture.strokes = std::make_shared<PictureStrokes>(PictureStrokes{QSize(width, height), surface.Drawn()});
   }
   return picture;
