@@ -35,10 +35,14 @@ struct CheckedTruss {
   std::vector<char> fixed;            ///< (0..2 nodeCount), 1 marks a restrained freedom
   std::vector<CheckedMember> members; ///< in the order of their numbers
 
+  const CheckedMember& MemberAt(int index) const { return members[static_cast<std::size_t>(index)]; }
   std::size_t FreedomCount() const { return 2 * static_cast<std::size_t>(nodeCount); }
   bool IsFixed(int node) const;
   bool HasSupport(int node) const;
 };
+
+/// Stands where an index of a member is expected and there is none.
+inline constexpr std::size_t NoMember = static_cast<std::size_t>(-1);
 
 /// The freedoms of a node in the arrays above.
 constexpr std::size_t AlongX(int node) { return static_cast<std::size_t>(2 * node - 1); }

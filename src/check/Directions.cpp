@@ -23,13 +23,11 @@ constexpr double MaxDoubt = 1e-3;
 constexpr double MinDoubt = 1e-14;
 
 /// A direction as a line, whichever end it begins at: its angle from 0 up to pi.
-struct Line {
+struct DirectedLine {
   double angle = 0;
   Direction direction;
   std::size_t member = 0; ///< index in the truss; none for an axis
 };
-
-constexpr std::size_t NoMember = std::numeric_limits<std::size_t>::max();
 
 double AngleOf(const Direction& direction) {
   const double angle = std::atan2(direction.s, direction.c);
@@ -37,18 +35,19 @@ double AngleOf(const Direction& direction) {
   return angle >= std::numbers::pi ? angle - std::numbers::pi : angle;
 }
 
-std::vector<Line> LinesOf(const CheckedTruss& truss) {
-  std::vector<Line> lines{{0, {1, 0, 0}, NoMember}, {std::numbers::pi / 2, {0, 1, 0}, NoMember}};
+std::vector<DirectedLine> LinesOf(const CheckedTruss& truss) {
+  std::vector<DirectedLine> lines{{0, {1, 0, 0}, NoMember}, {std::numbers::pi / 2, {0, 1, 0}, NoMember}};
   for (std::size_t m = 0; m < truss.members.size(); ++m) {
     const Direction direction = truss.members[m].Towards();
     lines.push_back({AngleOf(direction), direction, m});
   }
-  std::stable_sort(lines.begin(), lines.end(), [](const Line& a, const Line& b) { return a.angle < b.angle; });
+  std::stable_sort(lines.begin(), lines.end(),
+                   [](const DirectedLine& a, const DirectedLine& b) { return a.angle < b.angle; });
   return lines;
 }
 
 /// Turns the circle so that it begins behind its widest gap, and no line is near both of its ends.
-void BeginBehindGap(std::vector<Line>& lines) {
+void BeginBehindGap(std::vector<DirectedLine>& lines) {
   std::size_t widest = 0;
   double gap = lines.front().angle + std::numbers::pi - lines.back().angle;
   for (std::size_t k = 1; k < lines.size(); ++k) {
@@ -59,16 +58,17 @@ void BeginBehindGap(std::vector<Line>& lines) {
   std::rotate(lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(widest), lines.end());
 }
 
-using Place = std::vector<Line>::const_iterator;
+using LineIterator = std::vector<DirectedLine>::const_iterator;
 
 /// The end of the lines that are one with the first of them.
-Place EndOfBundle(Place first, Place end) {
-  return std::find_if(first, end, [first](const Line& each) { return !AreInLine(first->direction, each.direction); });
+LineIterator EndOfBundle(LineIterator first, LineIterator end) {
+  return std::find_if(first, end,
+                      [first](const DirectedLine& each) { return !AreInLine(first->direction, each.direction); });
 }
 
 /// Gives the lines of a bundle the direction that is least in doubt.
-void Align(Place first, Place end, std::vector<Direction>& directions) {
-  const auto doubt = [](const Line& a, const Line& b) { return a.direction.doubt < b.direction.doubt; };
+void Align(LineIterator first, LineIterator end, std::vector<Direction>& directions) {
+  const auto doubt = [](const DirectedLine& a, const DirectedLine& b) { return a.direction.doubt < b.direction.doubt; };
   const Direction& best = std::min_element(first, end, doubt)->direction;
   for (; first != end; ++first) {
     if (first->member == NoMember) continue;
@@ -102,7 +102,7 @@ bool AreInLine(const Direction& one, const Direction& other) {
 std::vector<Direction> AlignedDirections(const CheckedTruss& truss) {
   std::vector<Direction> directions;
   for (const CheckedMember& member : truss.members) directions.push_back(member.Towards());
-  std::vector<Line> lines = LinesOf(truss);
+  std::vector<DirectedLine> lines = LinesOf(truss);
   BeginBehindGap(lines);
   for (auto first = lines.cbegin(); first != lines.cend();) {
     const auto end = EndOfBundle(first, lines.cend());

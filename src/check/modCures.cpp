@@ -1,5 +1,6 @@
 #include "modCures.h"
 
+#include "Motions.h"
 #include "modMechanisms.h"
 
 #include <algorithm>
@@ -11,12 +12,9 @@ namespace strutwright {
 
 namespace {
 
-using Motion = std::vector<double>;
-
 constexpr std::size_t MaxMembers = 3;     // among the cures, where there are supports too
 constexpr std::size_t MaxNeighbours = 12; // of one node that are paired with each other
 constexpr std::size_t MaxMovers = 10;     // nodes that are paired with every node
-constexpr double MinElongation = 1e-5;    // of the largest movement; what resists less is no cure
 constexpr double WellStrained = 0.05;     // of the largest strain met so far
 constexpr double MinSupported = 0.1;      // of the largest movement
 
@@ -27,8 +25,6 @@ struct Candidate {
   double length = 0; ///< m
   double strain = 0; ///< elongation in the motion by length
 };
-
-double Movement(const Motion& motion, int node) { return std::hypot(motion[AlongX(node)], motion[AlongY(node)]); }
 
 std::vector<std::vector<int>> NeighboursOf(const CheckedTruss& truss) {
   std::vector<std::vector<int>> neighbours(At(truss.nodeCount) + 1);

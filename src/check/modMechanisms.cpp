@@ -13,8 +13,6 @@ namespace strutwright {
 
 namespace {
 
-using Motion = std::vector<double>;
-
 constexpr double AtRest = 1e-9;      // of the largest movement
 constexpr double AlmostEqual = 1e-9; // so that rounding does not decide which of two equal movements comes first
 
@@ -64,8 +62,6 @@ std::size_t FirstMoving(const Motion& motion) {
       std::find_if(motion.begin(), motion.end(), [](double part) { return std::abs(part) > AtRest; }) - motion.begin());
 }
 
-double Movement(const Motion& motion, int node) { return std::hypot(motion[AlongX(node)], motion[AlongY(node)]); }
-
 std::vector<int> MovingNodes(const Motion& motion) {
   std::vector<int> nodes;
   for (int n = 1; AlongY(n) < motion.size(); ++n) {
@@ -82,25 +78,25 @@ void SortByMovement(const Motion& motion, std::vector<int>& nodes) {
 }
 
 /// Nodes that move alike, as the words have it.
-struct Group {
+struct MovingGroup {
   std::string direction;
   std::vector<int> nodes;
 };
 
-std::vector<Group> GroupsOf(const Motion& motion, std::vector<int> nodes) {
+std::vector<MovingGroup> GroupsOf(const Motion& motion, std::vector<int> nodes) {
   std::sort(nodes.begin(), nodes.end());
-  std::vector<Group> groups;
+  std::vector<MovingGroup> groups;
   for (const int node : nodes) {
     const std::string direction = DirectionWords(motion[AlongX(node)], motion[AlongY(node)]);
     auto group = std::find_if(groups.begin(), groups.end(),
-                              [&direction](const Group& each) { return each.direction == direction; });
+                              [&direction](const MovingGroup& each) { return each.direction == direction; });
     if (group == groups.end()) group = groups.insert(groups.end(), {direction, {}});
     group->nodes.push_back(node);
   }
   return groups;
 }
 
-std::string Subject(const Group& group, bool first) {
+std::string Subject(const MovingGroup& group, bool first) {
   const bool one = group.nodes.size() == 1;
   std::string text = first ? "Node" : "node";
   text += (one ? " " : "s ") + ListedNumbers(group.nodes);
@@ -155,7 +151,7 @@ std::string MotionSentence(const Motion& motion) {
   const std::size_t others = nodes.size() > mostNamed ? nodes.size() - mostNamed : 0;
   nodes.resize(nodes.size() - others);
   std::string sentence;
-  for (const Group& group : GroupsOf(motion, nodes)) {
+  for (const MovingGroup& group : GroupsOf(motion, nodes)) {
     if (!sentence.empty()) sentence += sentence.find(" while ") == std::string::npos ? " while " : " and ";
     sentence += Subject(group, sentence.empty());
   }

@@ -14,8 +14,6 @@ namespace {
 
 using Indices = std::vector<int>;
 
-const CheckedMember& MemberAt(const CheckedTruss& truss, int index) { return truss.members[At(index)]; }
-
 int LowNode(const CheckedMember& member) { return std::min(member.i, member.j); }
 int HighNode(const CheckedMember& member) { return std::max(member.i, member.j); }
 
@@ -58,7 +56,7 @@ Parallels FindParallels(const CheckedTruss& truss, const MembersAtNodes& at) {
   std::vector<int> group(truss.members.size(), -1);     // that begins with a member
   for (int n = 1; n <= truss.nodeCount; ++n) {
     for (const int* index = at.Begin(n); index != at.End(n); ++index) {
-      const CheckedMember& member = MemberAt(truss, *index);
+      const CheckedMember& member = truss.MemberAt(*index);
       if (LowNode(member) != n) continue;
       const std::size_t high = At(HighNode(member));
       if (std::exchange(lowNode[high], n) != n) {
@@ -82,10 +80,10 @@ Finding ParallelFinding(const CheckedTruss& truss, const Indices& group) {
   std::vector<int> numbers;
   bool allBear = true;
   for (const int index : group) {
-    numbers.push_back(MemberAt(truss, index).number);
-    allBear = allBear && MemberAt(truss, index).CanCarryForce();
+    numbers.push_back(truss.MemberAt(index).number);
+    allBear = allBear && truss.MemberAt(index).CanCarryForce();
   }
-  const CheckedMember& first = MemberAt(truss, group.front());
+  const CheckedMember& first = truss.MemberAt(group.front());
   std::string text =
       "Members " + FirstNumbers(numbers) + " join the same nodes, " + ListedNumbers({LowNode(first), HighNode(first)});
   if (allBear) text += group.size() == 2 ? "; both bear" : "; all bear";
@@ -138,7 +136,7 @@ class FoldFinder {
   static constexpr double WholeTurn = 4;
 
   void AddRay(int index, int node) {
-    const CheckedMember& member = MemberAt(Truss, index);
+    const CheckedMember& member = Truss.MemberAt(index);
     const double sign = member.i == node ? 1 : -1;
     const double c = sign * member.c;
     const double s = sign * member.s;
@@ -149,7 +147,7 @@ class FoldFinder {
   void Compare(const Ray& a, const Ray& b) {
     if (!GoTheSameWay(a, b)) return;
     const auto [first, second] = std::minmax(a.index, b.index);
-    OnTop.Add(MemberAt(Truss, first).number, MemberAt(Truss, second).number);
+    OnTop.Add(Truss.MemberAt(first).number, Truss.MemberAt(second).number);
   }
 
   /// The rays in their order round the node; those where the turn begins follow those where it ends.

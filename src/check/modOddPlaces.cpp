@@ -15,8 +15,6 @@ namespace {
 
 std::string Number(int number) { return std::to_string(number); }
 
-const CheckedMember& MemberAt(const CheckedTruss& truss, int index) { return truss.members[At(index)]; }
-
 /// Where a point lies as seen from the start of a member: along it and beside it, m.
 struct Position {
   double along = 0;
@@ -43,11 +41,11 @@ class OddNeighbours : public NeighbourVisitor {
       : Truss(truss), Tolerances(tolerances) {}
 
   void VisitMembers(int first, int second, const Cell& cell) override {
-    const bool firstIsLonger = MemberAt(Truss, first).length >= MemberAt(Truss, second).length;
+    const bool firstIsLonger = Truss.MemberAt(first).length >= Truss.MemberAt(second).length;
     const int longerIndex = firstIsLonger ? first : second;
     const int shorterIndex = firstIsLonger ? second : first;
-    const CheckedMember& longer = MemberAt(Truss, longerIndex);
-    const CheckedMember& shorter = MemberAt(Truss, shorterIndex);
+    const CheckedMember& longer = Truss.MemberAt(longerIndex);
+    const CheckedMember& shorter = Truss.MemberAt(shorterIndex);
     const Position start = PositionOn(Truss, longer, shorter.i);
     const Position end = PositionOn(Truss, longer, shorter.j);
     const double tolerance = Tolerances[At(longerIndex)];
@@ -59,7 +57,7 @@ class OddNeighbours : public NeighbourVisitor {
   }
 
   void VisitNode(int node, int index) override {
-    const CheckedMember& member = MemberAt(Truss, index);
+    const CheckedMember& member = Truss.MemberAt(index);
     const Position position = PositionOn(Truss, member, node);
     const double end = CoordinateRounding * ReachOf(Truss, member);
     const bool within = position.along > end && position.along < member.length / 1000 - end;
@@ -88,15 +86,15 @@ class OddNeighbours : public NeighbourVisitor {
 
   /// Whether a member that passes the line of a longer one passes the member itself, in this cell.
   bool CrossIn(const Cell& cell, int longerIndex, int shorterIndex, const Position& start, const Position& end) const {
-    const CheckedMember& longer = MemberAt(Truss, longerIndex);
-    const CheckedMember& shorter = MemberAt(Truss, shorterIndex);
+    const CheckedMember& longer = Truss.MemberAt(longerIndex);
+    const CheckedMember& shorter = Truss.MemberAt(shorterIndex);
     const Position i = PositionOn(Truss, shorter, longer.i);
     const Position j = PositionOn(Truss, shorter, longer.j);
     if (!AreApart(i, j, Tolerances[At(shorterIndex)])) return false;
     return cell.Holds(PointOf(Truss, shorter, start.beside / (start.beside - end.beside)));
   }
 
-  int NumberOf(int index) const { return MemberAt(Truss, index).number; }
+  int NumberOf(int index) const { return Truss.MemberAt(index).number; }
 
   const CheckedTruss& Truss;
   const std::vector<double>& Tolerances;

@@ -1,5 +1,6 @@
 #include "modRigidity.h"
 
+#include "Motions.h"
 #include "modFindingList.h"
 #include "modModelStore.h"
 
@@ -9,8 +10,6 @@
 namespace strutwright {
 
 namespace {
-
-constexpr double MinElongation = 1e-5; // of the largest movement
 
 bool Lacks(int m, MemberField field) { return !(MemberTable(m, field) > 0); }
 
@@ -32,7 +31,7 @@ std::string MembersText(const std::vector<int>& members) {
 }
 
 /// Whether a member without rigidity would work against a motion if it had some.
-bool WouldResist(const CheckedTruss& truss, const std::vector<double>& motion) {
+bool WouldResist(const CheckedTruss& truss, const Motion& motion) {
   return std::any_of(truss.members.begin(), truss.members.end(), [&motion](const CheckedMember& member) {
     return !member.CanCarryForce() && std::abs(Elongation(member, motion)) >= MinElongation;
   });

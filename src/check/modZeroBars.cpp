@@ -13,7 +13,6 @@ namespace {
 constexpr double MinContradiction = 1e-6; // of the largest force: one beyond this contradicts a rule
 constexpr double MaxContradiction = 1e-4;
 constexpr double ZeroBySolution = 1e-7; // of the largest force: below what 32-bit coordinates can show
-constexpr std::size_t NoMember = static_cast<std::size_t>(-1);
 
 /// A force at a node: of a member, a load or a support.
 struct ForceLine {
@@ -21,7 +20,7 @@ struct ForceLine {
   std::size_t member = NoMember; ///< index in the truss
 };
 
-using Group = std::vector<ForceLine>; // along one line
+using ForcesAlongLine = std::vector<ForceLine>;
 
 /// Loads are 32-bit floats, too: what rounding may have turned them by.
 constexpr double LoadDoubt = 6e-8;
@@ -83,13 +82,13 @@ class JointRules {
     return forces;
   }
 
-  std::vector<Group> GroupsOf(const std::vector<ForceLine>& forces) const {
-    std::vector<Group> groups;
+  std::vector<ForcesAlongLine> GroupsOf(const std::vector<ForceLine>& forces) const {
+    std::vector<ForcesAlongLine> groups;
     for (const ForceLine& force : forces) {
-      auto group = std::find_if(groups.begin(), groups.end(), [&force](const Group& each) {
+      auto group = std::find_if(groups.begin(), groups.end(), [&force](const ForcesAlongLine& each) {
         return AreInLine(each.front().direction, force.direction);
       });
-      if (group == groups.end()) group = groups.insert(groups.end(), Group{});
+      if (group == groups.end()) group = groups.insert(groups.end(), ForcesAlongLine{});
       group->push_back(force);
     }
     return groups;
@@ -97,10 +96,10 @@ class JointRules {
 
   // Forces along two lines balance only if those along each line do; so one that is alone on its line is zero.
   void Judge(int node) {
-    const std::vector<Group> groups = GroupsOf(ForcesAt(node));
+    const std::vector<ForcesAlongLine> groups = GroupsOf(ForcesAt(node));
     if (groups.size() > 2) return;
     std::vector<std::size_t> zero;
-    for (const Group& group : groups) {
+    for (const ForcesAlongLine& group : groups) {
       if (group.size() == 1 && group.front().member != NoMember) zero.push_back(group.front().member);
     }
     const std::string reason = zero.empty() ? "" : ReasonAt(node, groups, zero.size());
@@ -113,14 +112,14 @@ class JointRules {
     Waiting.push_back(Truss.members[m].j);
   }
 
-  std::string ReasonAt(int node, const std::vector<Group>& groups, std::size_t zeroCount) const {
+  std::string ReasonAt(int node, const std::vector<ForcesAlongLine>& groups, std::size_t zeroCount) const {
     const auto& members = MembersAt[At(node)];
     const bool anyOut = std::any_of(members.begin(), members.end(), [this](std::size_t m) { return IsOut(m); });
     const std::string besides = anyOut ? " besides members without force" : "";
     const std::string place = "Node " + std::to_string(node);
     if (groups.size() == 1) return place + " has no load and no other member" + besides;
     if (zeroCount == 2) return place + " has no load and only two members, not in line" + besides;
-    const Group& others = groups[groups[0].size() == 1 && groups[0][0].member != NoMember ? 1 : 0];
+    const ForcesAlongLine& others = groups[groups[0].size() == 1 && groups[0][0].member != NoMember ? 1 : 0];
     const bool twoMembers = others.size() == 2 && others[0].member != NoMember && others[1].member != NoMember;
     if (twoMembers) return place + " has no load, and its other two members are in line" + besides;
     return "All other forces at node " + std::to_string(node) + " act along one line" + besides;
