@@ -1,11 +1,3 @@
-# GoogleTest and GoogleMock take longer to read than our tests: compiled once for all test programs.
-add_library(strutwright_test_headers OBJECT ${PROJECT_SOURCE_DIR}/tests/fake/TestHeaders.cpp)
-target_link_libraries(strutwright_test_headers PRIVATE strutwright_compiler GTest::gmock)
-# Qt asks for position-independent code, and these headers are taken only where all programs are compiled alike.
-target_compile_options(strutwright_test_headers PRIVATE -fPIC)
-target_precompile_headers(strutwright_test_headers PRIVATE <gmock/gmock.h> <gtest/gtest.h> <filesystem> <fstream>
-                          <functional> <regex> <sstream> <string> <vector>)
-
 # strutwright_test(NAME [SHARDS N] SOURCES ... USES ...)
 #
 # The test program of one layer: it links that layer, what lies below it and the stand-ins, and nothing above.
@@ -14,8 +6,7 @@ target_precompile_headers(strutwright_test_headers PRIVATE <gmock/gmock.h> <gtes
 function(strutwright_test NAME)
   cmake_parse_arguments(ARG "" "SHARDS" "SOURCES;USES" ${ARGN})
   add_executable(test_${NAME} ${ARG_SOURCES})
-  target_precompile_headers(test_${NAME} REUSE_FROM strutwright_test_headers)
-  target_compile_options(test_${NAME} PRIVATE -fPIC)
+  precompile_headers_later(test_${NAME})
   target_link_libraries(test_${NAME} PRIVATE strutwright_compiler ${ARG_USES} GTest::gmock GTest::gtest_main)
   set(LEAKS LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/leaks.supp:print_suppressions=0)
   if(NOT ARG_SHARDS)

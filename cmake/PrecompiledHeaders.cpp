@@ -1,1 +1,1 @@
-// Gives the precompiled headers of the tests a target to belong to.
+// Gives precompiled headers a target to belong to.

@@ -20,9 +20,9 @@ namespace strutwright {
 namespace {
 
 // Pixels.
-constexpr double SideMargin = 40;
+constexpr double SideRoom = 40;
 constexpr double TopMargin = 70; // for loads on an upper chord
-constexpr double BottomMargin = 12;
+constexpr double BottomRoom = 12;
 constexpr double Gap = 56;       // below the truss: its supports, and the label of the largest ordinate
 constexpr double BandPart = 0.3; // of the surface's height
 constexpr double TextLine = 18;
@@ -66,7 +66,7 @@ double BandHeight(const DrawingSurface& surface) { return BandPart * static_cast
 
 /// What is below the truss, in pixels.
 double RoomBelow(const DrawingSurface& surface, const InfluenceShape& shape) {
-  return Gap + BandHeight(surface) + (static_cast<double>(shape.captions.size()) + 1.5) * TextLine + BottomMargin;
+  return Gap + BandHeight(surface) + (static_cast<double>(shape.captions.size()) + 1.5) * TextLine + BottomRoom;
 }
 
 /// Four digits are enough to read off a picture.
@@ -305,7 +305,7 @@ ViewWindow FrameInfluence(const DrawingSurface& surface, const InfluenceShape& s
   const double width = static_cast<double>(surface.PixelWidth());
   const double height = static_cast<double>(surface.PixelHeight());
   // A small surface has no room beside all this, and then the truss overlaps it.
-  const double across = std::max(width - 2 * SideMargin, width / 4);
+  const double across = std::max(width - 2 * SideRoom, width / 4);
   const double down = std::max(height - TopMargin - RoomBelow(surface, shape), height / 8);
   double pixel = std::max((truss.right - truss.left) / across, (truss.top - truss.bottom) / down);
   if (!(pixel > 0)) pixel = 1 / across;
