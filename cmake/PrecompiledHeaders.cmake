@@ -45,7 +45,7 @@ function(precompile_headers TARGET)
   if("${TARGET}" MATCHES "^test_")
     string(APPEND NAME _test)
     list(APPEND HEADERS ${TEST_HEADERS})
-    list(APPEND LIBRARIES GTest::gmock)
+    list(APPEND LIBRARIES GTest::gmock strutwright_test_options)
   endif()
   string(APPEND NAME _headers)
 

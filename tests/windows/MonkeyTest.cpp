@@ -1,4 +1,5 @@
 #include "FormFixture.h"
+#include "FromEnvironment.h"
 
 #include "AnalysisState.h"
 #include "DisplayState.h"
@@ -7,7 +8,6 @@
 #include "modModelStore.h"
 
 #include <array>
-#include <cstdlib>
 #include <optional>
 #include <random>
 
@@ -18,12 +18,6 @@
 
 namespace strutwright {
 namespace {
-
-/// A number that the environment may set.
-unsigned FromEnvironment(const char* name, unsigned otherwise) {
-  const char* text = std::getenv(name);
-  return text == nullptr ? otherwise : static_cast<unsigned>(std::strtoul(text, nullptr, 10));
-}
 
 /// Answers boxes and dialogs at random.
 class RandomAnswers : public MessageBoxes, public FileDialog {
