@@ -70,6 +70,21 @@ TEST_F(PlotDrawingTest, HasNamesAndRoundValues) {
                                                                    "1", "1.5", "2", "5", "10", "15", "20"}));
 }
 
+TEST_F(PlotDrawingTest, PutsTheNamesUnderTheMiddleAndOverTheBeginning) {
+  Draw(PlotThrough({{0, 0}, {2, 20}}));
+  const auto centreOf = [this](const std::string& text) {
+    const auto found = std::find_if(surface.pixelTexts.begin(), surface.pixelTexts.end(),
+                                    [&text](const PixelLabel& label) { return label.text == text; });
+    return found == surface.pixelTexts.end() ? PixelPoint{} : found->centre;
+  };
+  EXPECT_EQ(centreOf("Height (m)").x, 278);
+  EXPECT_EQ(centreOf("Height (m)").y, 268);
+  EXPECT_EQ(centreOf("Force of member 1 (kN)").y, 14);
+  EXPECT_EQ(centreOf("0.5").x, 178) << "a value stands under its line";
+  EXPECT_EQ(centreOf("0.5").y, 246);
+  EXPECT_EQ(centreOf("10").y, 134) << "and one beside it";
+}
+
 TEST_F(PlotDrawingTest, LeavesAGapWhereThereIsNoResult) {
   const auto curve = Curve(PlotThrough({{0, 1}, {1, {}}, {2, 1}, {3, 2}}));
   ASSERT_EQ(curve.size(), 1U);

@@ -138,6 +138,8 @@ TEST_F(ExerciseTest, NamesTheSlip) {
             "\u2717 Wrong. Likely slip: c and s exchanged, or the freedoms x and y swapped.");
   EXPECT_EQ(AnswerQuestion("107").text, "\u2717 Wrong. Likely slip: half of the share forgotten.");
   EXPECT_EQ(AnswerQuestion("103").text, "\u2717 Wrong. Likely slip: cos 2a instead of cos squared a.");
+  EXPECT_EQ(AnswerQuestion("75").text, "\u2717 Wrong. Likely slip: the sum so far, without the share.");
+  EXPECT_EQ(AnswerQuestion("-139").text, "\u2717 Wrong. Likely slip: the sign.");
   EXPECT_EQ(AnswerQuestion("64075").text, "\u2717 Wrong. Likely slip: L in m instead of mm.");
   EXPECT_TRUE(AnswerQuestion("139").isRight);
 }

@@ -170,5 +170,18 @@ TEST_F(DeterminacyTest, FindsTheSimplePartsOfACompoundTruss) {
               ElementsAre(ElementsAre(1, 2, 3, 6, 7, 8), ElementsAre(3, 4, 5, 9, 10, 11)));
 }
 
+/// Two bodies above each other, joined by two bars on one line and one beside it.
+ModelData BodiesOnThreeParallelBars() {
+  return {{{0, 0, 0, 0, 3}, {4, 0, 0, 0, 1}, {0, -1}, {6, -1}, {0, 5}, {4, 5}, {0, 6}, {7, 6}},
+          {{1, 2}, {2, 3}, {1, 3}, {2, 4}, {3, 4}, {5, 6}, {6, 7}, {5, 7}, {6, 8}, {7, 8}, {1, 5}, {3, 7}, {2, 6}}};
+}
+
+TEST_F(DeterminacyTest, JoinsBodiesByAnyThreeBarsThatDoNotMeet) {
+  ModelData model = BodiesOnThreeParallelBars();
+  EXPECT_FALSE(JoinsToOneBody(HandTrussOf(model)));
+  model.members.push_back({4, 8});
+  EXPECT_TRUE(JoinsToOneBody(HandTrussOf(model)));
+}
+
 } // namespace
 } // namespace strutwright

@@ -14,6 +14,7 @@
 #include <random>
 
 #include <QCheckBox>
+#include <QDialog>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -142,6 +143,19 @@ TEST_F(LiveFormTest, DrawsAndNamesTheMotionOfAMechanism) {
   EXPECT_EQ(TheCheck.motion, 0);
   EXPECT_EQ(LabelText("stsBar_Hint"), "");
   EXPECT_TRUE(ShowDeflectedShape);
+}
+
+TEST_F(LiveFormTest, ShowsTheMotionAfterTheCheckWindowIsClosed) {
+  EnterThreeBarTruss();
+  GoLive();
+  TypeCell("GrJoints", 1, 5, "1");
+  Command("mnuCheck").trigger();
+  Find<QDialog>("frmCheck").close();
+  EXPECT_EQ(TheCheck.motion, 1);
+  QTest::keyClick(frame.get(), Qt::Key_L, Qt::ControlModifier); // off
+  Command("mnuCheck").trigger();
+  Find<QDialog>("frmCheck").close();
+  EXPECT_EQ(TheCheck.motion, 0);
 }
 
 TEST_F(LiveFormTest, TakesATickOfAMechanismForTheResultsToCome) {

@@ -7,6 +7,7 @@
 #include "Platform.h"
 #include "WorkbenchState.h"
 #include "modHandAgreement.h"
+#include "modLive.h"
 #include "modMotionView.h"
 
 #include <string>
@@ -194,7 +195,7 @@ void frmCheck::hideEvent(QHideEvent* event) {
   mechanismBox->StopClock();
   if (event->spontaneous() || Frame.IsEnding()) return;
   Guard([this] {
-    ShowMotion(0);
+    ShowMotion(IsLive() ? 1 : 0); // live analysis shows the first motion without this window
     if (std::exchange(Marking, false)) return Frame.ShowNoParts();
     Frame.RedrawWhatCanBeDrawn(false);
   });
