@@ -4,7 +4,7 @@ midspan and the largest member force against it.
 
     python3 vary_depth.py [PROGRAM] [PLOT.svg]
 
-PROGRAM is strutwright-cli unless told otherwise, the plot depth.svg.  Nothing but Python itself is needed.
+PROGRAM is strutwright-cli by default, the plot depth.svg.  Nothing but Python itself is needed.
 """
 
 import json

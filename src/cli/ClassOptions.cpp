@@ -108,7 +108,7 @@ void AddMarkCommand(CLI::App& program, CommandToRun& command) {
   options.add_option("KEY", request->key, "The key.csv of the class set")->required();
   options.add_option("ANSWERS", request->answers, "Answers with the columns student,question,answer (.csv)")
       ->required();
-  options.add_option("--out", request->marks, "Where to write the marks (.csv); standard output unless told")
+  options.add_option("--out", request->marks, "Where to write the marks (.csv); standard output by default")
       ->type_name("FILE");
   options.add_flag("--forgive-sign", request->forgiveSign,
                    "A wrong sign, or T for C, gets the point all the same; the slip is named");

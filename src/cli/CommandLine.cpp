@@ -85,21 +85,21 @@ void AddPictureFile(CLI::App& command, PictureRequest& picture, const char* help
     if (IsNameOfModel(name)) return "a picture would take the place of a model: choose .png, .svg or .bmp";
     return name.empty() ? "a file name is expected" : "";
   });
-  AddPictureOption(command, picture, "--size", "Of the picture in pixels; 1024x768 unless told", "WIDTHxHEIGHT",
+  AddPictureOption(command, picture, "--size", "Of the picture in pixels; 1024x768 by default", "WIDTHxHEIGHT",
                    SizeFault);
 }
 
 void AddPicture(CLI::App& command, PictureRequest& picture) {
   AddPictureFile(command, picture,
                  "Also draw each model with its results: .png, .svg, .tex for TikZ, otherwise a bitmap");
-  AddPictureOption(command, picture, "--layers", "What the picture shows; everything unless told", PictureLayers,
+  AddPictureOption(command, picture, "--layers", "What the picture shows; everything by default", PictureLayers,
                    LayersFault);
   AddChecked(command, "--style",
              "How picture and report are drawn: clear, so that no label stands on another, or described, in metres of "
-             "the truss; clear unless told",
+             "the truss; clear by default",
              "clear,described", [&picture](const std::string& name) { return StyleFault(picture, name); });
-  AddPictureOption(command, picture, "--deflection-scale",
-                   "Of the deflected shape, in mm drawn per mm; 100 unless told", "NUMBER", ScaleFault);
+  AddPictureOption(command, picture, "--deflection-scale", "Of the deflected shape, in mm drawn per mm; 100 by default",
+                   "NUMBER", ScaleFault);
 }
 
 void AddFiles(CLI::App& command, FilesRequest& files) {

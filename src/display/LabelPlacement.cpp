@@ -1,7 +1,7 @@
 #include "LabelPlacement.h"
 
+#include "LabelCandidates.h"
 #include "LabelFit.h"
-#include "LabelPlaces.h"
 
 #include <algorithm>
 #include <array>
@@ -105,7 +105,7 @@ class LabelPlacer {
     int first = -1;
     TurnedBox firstBox;
     for (int place = 0; const std::optional<TurnedBox> box = Places.At(label, place); ++place) {
-      if (TrialsLeft < 0 || (!isPlain && isForNumber && place >= LabelPlaces::AlongPlaces)) break;
+      if (TrialsLeft < 0 || (!isPlain && isForNumber && place >= LabelCandidates::AlongPlaces)) break;
       if (!IsFree(label, *box)) continue;
       if (isPlain || LabelFit(Scene, label, *box, PlainlyNearerBy).IsFree()) return Put(label, place, *box);
       if (first < 0) firstBox = *box;
@@ -166,7 +166,7 @@ class LabelPlacer {
 
   ClearScene& Scene;
   bool IsSmall; ///< there is time to look for more
-  LabelPlaces Places;
+  LabelCandidates Places;
   LabelKind Moving = LabelKind::Force;     ///< what others are moved for
   int TrialsLeft = Endless;                ///< places that may still be tried
   std::size_t Blocker = LabelFit::Nothing; ///< what was in the way of the last place

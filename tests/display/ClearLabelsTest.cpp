@@ -1,7 +1,7 @@
 #include "ClearFixture.h"
 #include "ClearFraming.h"
 #include "ClearTexts.h"
-#include "LabelPlaces.h"
+#include "LabelCandidates.h"
 #include "modModelStore.h"
 
 #include <gmock/gmock.h>
@@ -134,7 +134,7 @@ TEST_F(ClearLabelsTest, ForcesGiveWayToNumbersOnlyAlongTheirMember) {
   Frame();
   for (const ClearLabel& label : Scene().labels) {
     const bool isForce = label.kind == LabelKind::Force;
-    EXPECT_TRUE(!isForce || label.place < LabelPlaces::AlongPlaces) << label.text;
+    EXPECT_TRUE(!isForce || label.place < LabelCandidates::AlongPlaces) << label.text;
   }
 }
 

@@ -48,9 +48,9 @@ std::string ToleranceFault(DrawingOptions& drawing, const std::string& text) {
 }
 
 void AddDrawingOptions(CLI::App& command, MakeRequest& make) {
-  AddChecked(command, "--units", "Unit of a DXF drawing; what the drawing says unless told", "mm|cm|m|in|ft",
+  AddChecked(command, "--units", "Unit of a DXF drawing; what the drawing says by default", "mm|cm|m|in|ft",
              [&make](const std::string& text) { return UnitsFault(make.drawing, text); });
-  AddChecked(command, "--tolerance", "Ends of lines so near in m are one node; 0.001 unless told", "NUMBER",
+  AddChecked(command, "--tolerance", "Ends of lines so near in m are one node; 0.001 by default", "NUMBER",
              [&make](const std::string& text) { return ToleranceFault(make.drawing, text); });
   command.add_flag("--split", make.drawing.split, "Part lines of a drawing where they cross or meet");
   command.add_option("--layers", make.layers, "Table with the headings layer, E and A: what members on a layer get")
@@ -86,7 +86,7 @@ CLI::App& AddAnalyse(CLI::App& program, PlainRequests& requests) {
   command.add_option("MODEL", requests.analysis.models, "Models (.stw), tables, JSON or DXF; - is standard input")
       ->required();
   AddFormat(command, requests.format);
-  command.add_option("-j,--jobs", requests.analysis.processes, "Processes that share the models; 1 unless told")
+  command.add_option("-j,--jobs", requests.analysis.processes, "Processes that share the models; 1 by default")
       ->check(CLI::Range(1, 256))
       ->type_name("NUMBER");
   return command;
@@ -108,7 +108,7 @@ CLI::App& AddShow(CLI::App& program, PlainRequests& requests) {
                   "drawing in metres, for CAD; tikz: a drawing for LaTeX")
       ->check(CLI::IsMember({"text", "csv", "json", "dxf", "tikz"}))
       ->capture_default_str();
-  AddChecked(command, "--deflection-scale", "Of the deflected shape in dxf, 0 for none; 100 unless told", "NUMBER",
+  AddChecked(command, "--deflection-scale", "Of the deflected shape in dxf, 0 for none; 100 by default", "NUMBER",
              [&requests](const std::string& text) { return ScaleOfDxfFault(requests.show, text); });
   command.parse_complete_callback([&requests, &command] {
     if (command.count("--deflection-scale") > 0 && requests.format != "dxf") {

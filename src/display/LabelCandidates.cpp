@@ -1,4 +1,4 @@
-#include "LabelPlaces.h"
+#include "LabelCandidates.h"
 
 #include <algorithm>
 #include <array>
@@ -11,7 +11,7 @@ namespace {
 /// How far from the middle of a member a label stands, as parts of the way to where it would reach its end.
 constexpr std::array<double, 9> AlongMember{0, -0.25, 0.25, -0.5, 0.5, -0.75, 0.75, -1, 1};
 constexpr int AlongCount = static_cast<int>(AlongMember.size());
-static_assert(LabelPlaces::AlongPlaces == 4 * AlongCount);
+static_assert(LabelCandidates::AlongPlaces == 4 * AlongCount);
 constexpr double EndGap = ClearSize::NodeRadius + 2.5; // pixels that a label keeps from its member's ends
 constexpr double DotGap = ClearSize::NodeRadius + ClearSize::NodeEdge + 1;
 constexpr double NumberDotGap = ClearSize::NodeRadius + ClearSize::NodeEdge / 2 + 0.25; // a number keeps from its dot
@@ -113,7 +113,7 @@ PixelPoint ReadingDirection(PixelPoint along) {
   return along.x > 0 ? along : -1 * along;
 }
 
-LabelPlaces::LabelPlaces(const ClearScene& scene, bool fine)
+LabelCandidates::LabelCandidates(const ClearScene& scene, bool fine)
     : Scene(scene), Fine(fine), FirstSides(scene.truss.bars.size(), 0), Blocked(scene.truss.joints.size()) {
   for (const ClearSupport& support : scene.supports) {
     Blocked[static_cast<std::size_t>(support.node)].push_back(support.off);
@@ -124,7 +124,7 @@ LabelPlaces::LabelPlaces(const ClearScene& scene, bool fine)
   }
 }
 
-std::optional<TurnedBox> LabelPlaces::At(const ClearLabel& label, int place) {
+std::optional<TurnedBox> LabelCandidates::At(const ClearLabel& label, int place) {
   switch (label.kind) {
   case LabelKind::Force: return AtForce(label, place);
   case LabelKind::MemberNumber: return AtMemberNumber(label, place);
@@ -134,14 +134,14 @@ std::optional<TurnedBox> LabelPlaces::At(const ClearLabel& label, int place) {
   return AtArrow(label, place);
 }
 
-double LabelPlaces::FirstSide(int bar) {
+double LabelCandidates::FirstSide(int bar) {
   signed char& side = FirstSides[static_cast<std::size_t>(bar)];
   if (side == 0) side = FreeSideOf(Scene.truss.bars[static_cast<std::size_t>(bar)]) > 0 ? 1 : -1;
   return side;
 }
 
 /// The side on which the member's neighbours are not; the reader's upper side where they are on both.
-double LabelPlaces::FreeSideOf(const ClearBar& bar) const {
+double LabelCandidates::FreeSideOf(const ClearBar& bar) const {
   const PixelPoint up = LeftOf(ReadingDirection(bar.along));
   bool above = false;
   bool below = false;
@@ -156,7 +156,7 @@ double LabelPlaces::FreeSideOf(const ClearBar& bar) const {
 }
 
 /// First beside the line, then as far off that it passes the dots at its ends, then, beside a steep member, level.
-std::optional<TurnedBox> LabelPlaces::AtForce(const ClearLabel& label, int place) {
+std::optional<TurnedBox> LabelCandidates::AtForce(const ClearLabel& label, int place) {
   const BesideBar beside{label, Scene.truss.bars[static_cast<std::size_t>(label.owner)], FirstSide(label.owner)};
   const ClearBar& bar = beside.bar;
   const double close = bar.width / 2 + ClearSize::LabelGap;
@@ -170,7 +170,7 @@ std::optional<TurnedBox> LabelPlaces::AtForce(const ClearLabel& label, int place
   return beside.Level(side, AlongMember.at(static_cast<std::size_t>(level % AlongCount)), off);
 }
 
-std::optional<TurnedBox> LabelPlaces::AtMemberNumber(const ClearLabel& label, int place) const {
+std::optional<TurnedBox> LabelCandidates::AtMemberNumber(const ClearLabel& label, int place) const {
   if (place >= AlongCount) return std::nullopt;
   const ClearBar& bar = Scene.truss.bars[static_cast<std::size_t>(label.owner)];
   const double room = bar.length / 2 - EndGap - ReachOf(label, bar.along);
@@ -180,7 +180,7 @@ std::optional<TurnedBox> LabelPlaces::AtMemberNumber(const ClearLabel& label, in
 }
 
 /// In the middle of each angle and beside it.
-const std::vector<PixelPoint>& LabelPlaces::WaysFrom(int n) {
+const std::vector<PixelPoint>& LabelCandidates::WaysFrom(int n) {
   constexpr std::array<double, 5> Parts{0, -0.25, 0.25, -0.1, 0.1};
   if (WaysOf == n) return Ways;
   const auto members = Scene.truss.DirectionsAt(n);
@@ -199,7 +199,7 @@ const std::vector<PixelPoint>& LabelPlaces::WaysFrom(int n) {
 }
 
 /// Close to the node in each direction; then the same a little farther off.
-std::optional<TurnedBox> LabelPlaces::AtNodeNumber(const ClearLabel& label, int place) {
+std::optional<TurnedBox> LabelCandidates::AtNodeNumber(const ClearLabel& label, int place) {
   const std::vector<PixelPoint>& ways = WaysFrom(label.owner);
   const std::size_t rings = Fine ? NumberRings.size() : 1;
   const auto index = static_cast<std::size_t>(place);
@@ -210,7 +210,7 @@ std::optional<TurnedBox> LabelPlaces::AtNodeNumber(const ClearLabel& label, int 
   return OffDot(Upright(label, node + off * way), node, way);
 }
 
-std::optional<TurnedBox> LabelPlaces::AtArrow(const ClearLabel& label, int place) const {
+std::optional<TurnedBox> LabelCandidates::AtArrow(const ClearLabel& label, int place) const {
   if (place >= static_cast<int>(ArrowPlaces.size())) return std::nullopt;
   const ArrowPlace& chosen = ArrowPlaces.at(static_cast<std::size_t>(place));
   const ClearArrow& arrow = Scene.arrows[static_cast<std::size_t>(label.owner)];

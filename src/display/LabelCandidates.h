@@ -11,10 +11,10 @@ namespace strutwright {
 /// where that fails, a little farther off, level, and last as close as it can be.  A member's number lies on its line,
 /// at its middle first.  A node's number stands in the widest angle between its members and arrows, then in the others,
 /// first close to it.  The value of an arrow stands beyond its outer end, then beside it.
-class LabelPlaces {
+class LabelCandidates {
  public:
   /// fine: also the places of a force that only pay where members are few.
-  LabelPlaces(const ClearScene& scene, bool fine);
+  LabelCandidates(const ClearScene& scene, bool fine);
 
   /// How many places of a force stand along its member, the best ones.
   static constexpr int AlongPlaces = 36;
