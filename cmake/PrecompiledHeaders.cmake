@@ -1,8 +1,8 @@
 # The standard library, Qt and GoogleTest take longer to read than our sources.  They are read once for all targets that
 # are compiled alike: programs and tests, with Qt and without.
 #
-# Programs take them only where several sources are compiled as one (STRUTWRIGHT_UNITY): a source that is compiled by
-# itself has to find what it needs by its own includes.
+# All that only where several sources are compiled as one (STRUTWRIGHT_UNITY): a source that is compiled by itself has to find
+# what it needs by its own includes.  Then tests alone have some, without which they take twice as long.
 
 set(STANDARD_HEADERS algorithm array cmath cstddef cstdint filesystem functional limits map memory optional set span sstream
     stdexcept string string_view utility variant vector)
@@ -34,12 +34,17 @@ endfunction()
 # Gives a target the precompiled headers of its kind, which the first of that kind makes.
 function(precompile_headers TARGET)
   set(NAME strutwright)
-  set(HEADERS ${STANDARD_HEADERS})
+  set(HEADERS)
+  if(CMAKE_UNITY_BUILD)
+    set(HEADERS ${STANDARD_HEADERS})
+  endif()
   set(LIBRARIES strutwright_compiler)
   uses_qt_widgets(${TARGET} WITH_QT)
   if(WITH_QT)
     string(APPEND NAME _qt)
-    list(APPEND HEADERS ${QT_HEADERS})
+    if(CMAKE_UNITY_BUILD)
+      list(APPEND HEADERS ${QT_HEADERS})
+    endif()
     list(APPEND LIBRARIES Qt6::Widgets)
   endif()
   if("${TARGET}" MATCHES "^test_")

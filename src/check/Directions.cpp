@@ -16,7 +16,7 @@ namespace strutwright {
 namespace {
 
 /// Coordinates that were computed, or scaled, have been rounded more than once.
-constexpr double Roundings = 4;
+constexpr double CoordinateRoundings = 4;
 /// Farther out, rounding would make one line of what is clearly two.
 constexpr double MaxDoubt = 1e-3;
 /// Directions are computed in double.
@@ -95,7 +95,7 @@ double RoundingOfDecimal(double coordinate) {
 }
 
 bool AreInLine(const Direction& one, const Direction& other) {
-  const double doubt = std::clamp(Roundings * (one.doubt + other.doubt), MinDoubt, MaxDoubt);
+  const double doubt = std::clamp(CoordinateRoundings * (one.doubt + other.doubt), MinDoubt, MaxDoubt);
   return std::abs(one.Sine(other)) <= doubt;
 }
 

@@ -1,10 +1,14 @@
 #include "modZeroBars.h"
 
+#include "CheckedTruss.h"
+
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <deque>
 #include <numeric>
 #include <string>
+#include <vector>
 
 namespace strutwright {
 

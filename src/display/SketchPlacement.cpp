@@ -14,11 +14,11 @@ namespace strutwright {
 
 namespace {
 
-constexpr double SketchMargin = 16; // pixels around points and labels
-constexpr double TitleRoom = 20;    // above
-constexpr double ScaleRoom = 22;    // below, where there is a scale
-constexpr double PointRoom = 14;    // around a point, for its name
-constexpr double SymbolRoom = 26;   // around a support
+constexpr double SketchMargin = 16;     // pixels around points and labels
+constexpr double TitleRoom = 20;        // above
+constexpr double ScaleRoom = 22;        // below, where there is a scale
+constexpr double PointRoom = 14;        // around a point, for its name
+constexpr double SketchSymbolRoom = 26; // around a support
 constexpr double LineWidth = 3;
 constexpr double TextReach = 20; // from a text's place to its middle
 
@@ -73,7 +73,7 @@ class SketchFrame {
       all.Take(Bounds{at.x - halfWidth, at.y - halfHeight, at.x + halfWidth, at.y + halfHeight});
     };
     for (const SketchPoint& point : Figure.points) {
-      const double room = point.support != 0 ? SymbolRoom : PointRoom;
+      const double room = point.support != 0 ? SketchSymbolRoom : PointRoom;
       take({scale * point.x, -scale * point.y}, room, room);
     }
     for (const SketchText& text : Figure.texts) {

@@ -20,15 +20,15 @@ namespace strutwright {
 namespace {
 
 // Pixels.
-constexpr double SideRoom = 40;
+constexpr double InfluenceSideRoom = 40;
 constexpr double TopMargin = 70; // for loads on an upper chord
-constexpr double BottomRoom = 12;
+constexpr double InfluenceBottomRoom = 12;
 constexpr double Gap = 56;       // below the truss: its supports, and the label of the largest ordinate
 constexpr double BandPart = 0.3; // of the surface's height
 constexpr double TextLine = 18;
 constexpr double LetterWidth = 7;
-constexpr int CaptionSize = 13; // height of the letters of a caption
-constexpr double LabelOff = 4;  // from the line to its label
+constexpr int CaptionSize = 13;         // height of the letters of a caption
+constexpr double InfluenceLabelOff = 4; // from the line to its label
 constexpr double LongestArrow = 46;
 constexpr double ShortestArrow = 18;
 constexpr double ArrowHead = 6;
@@ -66,7 +66,8 @@ double BandHeight(const DrawingSurface& surface) { return BandPart * static_cast
 
 /// What is below the truss, in pixels.
 double RoomBelow(const DrawingSurface& surface, const InfluenceShape& shape) {
-  return Gap + BandHeight(surface) + (static_cast<double>(shape.captions.size()) + 1.5) * TextLine + BottomRoom;
+  return Gap + BandHeight(surface) + (static_cast<double>(shape.captions.size()) + 1.5) * TextLine +
+         InfluenceBottomRoom;
 }
 
 /// Four digits are enough to read off a picture.
@@ -128,8 +129,8 @@ class InfluencePicture {
   /// Where a plumb line begins, that would begin here, so that it does not run through the label of the largest
   /// ordinate.
   double AboveLabel(double x, double from) const {
-    if (!Highest || std::abs(x - X(*Highest)) > HalfWidthOf(*Highest) + LabelOff * Pixel) return from;
-    const double label = Y(*Highest) + LabelOff * Pixel;
+    if (!Highest || std::abs(x - X(*Highest)) > HalfWidthOf(*Highest) + InfluenceLabelOff * Pixel) return from;
+    const double label = Y(*Highest) + InfluenceLabelOff * Pixel;
     return from <= label + TextLine * Pixel ? label + TextLine * Pixel : from;
   }
 
@@ -153,8 +154,8 @@ class InfluencePicture {
   }
 
   void LabelExtremes() {
-    if (Highest) Label(*Highest, LabelOff + TextLine);
-    if (Lowest) Label(*Lowest, -LabelOff);
+    if (Highest) Label(*Highest, InfluenceLabelOff + TextLine);
+    if (Lowest) Label(*Lowest, -InfluenceLabelOff);
   }
 
   /// up: of the text's upper edge, in pixels.
@@ -269,7 +270,7 @@ class InfluencePicture {
   }
 
   void PrintCaptions() {
-    double y = Bottom - (LabelOff + TextLine) * Pixel;
+    double y = Bottom - (InfluenceLabelOff + TextLine) * Pixel;
     for (const std::string& caption : Shape.captions) {
       Print(LeftOfCaption(caption), y, caption, Black);
       y -= TextLine * Pixel;
@@ -279,7 +280,7 @@ class InfluencePicture {
   /// Below the line's left end; where it would be cut at the right border, as far left as it must be.
   double LeftOfCaption(const std::string& caption) const {
     const ViewWindow window = Surface.Window();
-    const double border = LabelOff * Pixel;
+    const double border = InfluenceLabelOff * Pixel;
     const double room = static_cast<double>(window.width) - border - Surface.TextWidth(caption, CaptionSize) * Pixel;
     const double left = std::min(std::min(X(0), X(Shape.nodes.size() - 1)), window.left + room);
     return std::max(left, window.left + border);
@@ -305,7 +306,7 @@ ViewWindow FrameInfluence(const DrawingSurface& surface, const InfluenceShape& s
   const double width = static_cast<double>(surface.PixelWidth());
   const double height = static_cast<double>(surface.PixelHeight());
   // A small surface has no room beside all this, and then the truss overlaps it.
-  const double across = std::max(width - 2 * SideRoom, width / 4);
+  const double across = std::max(width - 2 * InfluenceSideRoom, width / 4);
   const double down = std::max(height - TopMargin - RoomBelow(surface, shape), height / 8);
   double pixel = std::max((truss.right - truss.left) / across, (truss.top - truss.bottom) / down);
   if (!(pixel > 0)) pixel = 1 / across;
