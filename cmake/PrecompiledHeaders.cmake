@@ -57,6 +57,8 @@ function(precompile_headers TARGET)
   if(NOT TARGET ${NAME})
     add_library(${NAME} OBJECT ${PROJECT_SOURCE_DIR}/cmake/PrecompiledHeaders.cpp)
     target_link_libraries(${NAME} PRIVATE ${LIBRARIES})
+    # With the times of files in them, they would be others in each build, and so would all that ccache holds.
+    target_compile_options(${NAME} PRIVATE $<$<CXX_COMPILER_ID:Clang>:SHELL:-Xclang -fno-pch-timestamp>)
     list(TRANSFORM HEADERS REPLACE "(.+)" "<\\1>")
     target_precompile_headers(${NAME} PRIVATE ${HEADERS})
   endif()
