@@ -1,3 +1,4 @@
+# What is tested is optimised; what tests it need not be, and inline functions that both use are then taken from either.
 add_library(strutwright_test_options INTERFACE)
 target_compile_options(strutwright_test_options INTERFACE $<$<CONFIG:Release>:-O0>)
 
@@ -10,10 +11,9 @@ function(strutwright_test NAME)
   cmake_parse_arguments(ARG "" "SHARDS" "SOURCES;USES" ${ARGN})
   add_executable(test_${NAME} ${ARG_SOURCES})
   precompile_headers_later(test_${NAME})
-  # What is tested is optimised; what tests it need not be, and inline functions that both use are then taken from either.
   set_target_properties(test_${NAME} PROPERTIES INTERPROCEDURAL_OPTIMIZATION OFF)
-  target_link_libraries(test_${NAME} PRIVATE strutwright_test_options)
-  target_link_libraries(test_${NAME} PRIVATE strutwright_compiler ${ARG_USES} GTest::gmock GTest::gtest_main)
+  target_link_libraries(test_${NAME} PRIVATE strutwright_compiler strutwright_test_options ${ARG_USES} GTest::gmock
+                                             GTest::gtest_main)
   if(TARGET strutwright_${NAME})
     # All of the layer, also what no test calls: a call to a floor that the tests do not use finds nothing to link with.
     set_property(TARGET test_${NAME} PROPERTY LINK_LIBRARY_OVERRIDE WHOLE_ARCHIVE,strutwright_${NAME})

@@ -1,15 +1,15 @@
 # The standard library, Qt and GoogleTest take longer to read than our sources.  They are read once for all targets that
 # are compiled alike: programs and tests, with Qt and without.
 #
-# All that only where several sources are compiled as one (STRUTWRIGHT_UNITY): a source that is compiled by itself has to find
-# what it needs by its own includes.  Then tests alone have some, without which they take twice as long.
+# Where each source is compiled by itself (without STRUTWRIGHT_UNITY) it has to find what it needs by its own includes; only
+# tests then have GoogleTest and what comes with it, without which they take twice as long.
 
 set(STANDARD_HEADERS algorithm array cmath cstddef cstdint filesystem functional limits map memory optional set span sstream
     stdexcept string string_view utility variant vector)
 set(QT_HEADERS QAction QApplication QCheckBox QColor QComboBox QDialog QGridLayout QGroupBox QHBoxLayout QHeaderView QImage
     QKeyEvent QLabel QLineEdit QMenu QMouseEvent QPainter QPushButton QRadioButton QScrollBar QSignalBlocker QSpinBox
     QSplitter QString QTimer QVBoxLayout QWidget)
-set(TEST_HEADERS gmock/gmock.h gtest/gtest.h fstream random regex)
+set(TEST_HEADERS gmock/gmock.h gtest/gtest.h filesystem fstream functional random regex sstream string vector)
 
 if(NOT STRUTWRIGHT_ENGINE_ONLY)
   find_package(Qt6 6.4 COMPONENTS Widgets REQUIRED)

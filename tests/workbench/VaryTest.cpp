@@ -13,13 +13,11 @@ namespace strutwright {
 namespace {
 
 /// Two rafters, members 2 and 3, over a tie, 6 m wide and 4 m high, with 10 kN down at the top.
-ModelData StiffLoadedRafters() {
-  return {{{0, 0, 0, 0, 3}, {6, 0, 0, 0, 1}, {3, 4, 0, -10}}, {{1, 2}, {1, 3}, {2, 3}}};
-}
+ModelData RaftersUnderLoad() { return {{{0, 0, 0, 0, 3}, {6, 0, 0, 0, 1}, {3, 4, 0, -10}}, {{1, 2}, {1, 3}, {2, 3}}}; }
 
 class VaryTest : public WorkbenchFixture {
  protected:
-  VaryTest() { SetModel(StiffLoadedRafters()); }
+  VaryTest() { SetModel(RaftersUnderLoad()); }
 
   CellEdits edits;
 };
