@@ -215,6 +215,17 @@ TEST_F(ClearDrawingTest, CountsWhatItLeavesOut) {
   EXPECT_THAT(Texts(), Contains(outcome.notice));
 }
 
+TEST_F(ClearDrawingTest, CountsAtLeastOneKindHoweverNarrowThePicture) {
+  settings.memberForces = settings.layers.nodeNumbers = true;
+  Analyse(PrattTruss(60));
+  surface.width = 100;
+  surface.height = 80;
+  surface.window = {-2, -60, 100, 75};
+  DrawHere();
+  EXPECT_LT(outcome.labels[std::size_t(LabelKind::NodeNumber)].shown, NodeCount);
+  EXPECT_THAT(outcome.notice, testing::MatchesRegex("showing [0-9]+ of [0-9]+ forces.*"));
+}
+
 TEST_F(ClearDrawingTest, LeavesNothingOutAfterZoomingIn) {
   settings.memberForces = true;
   Analyse(PrattTruss(60));
