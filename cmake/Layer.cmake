@@ -31,3 +31,10 @@ function(strutwright_layer NAME)
     target_link_options(strutwright_${NAME} PRIVATE -Wl,-z,defs)
   endif()
 endfunction()
+
+# strutwright_always_optimised(SOURCES ...): the numbers that tests need by the million take minutes otherwise.
+function(strutwright_always_optimised)
+  if(CMAKE_BUILD_TYPE STREQUAL Debug)
+    set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS -O3 SKIP_PRECOMPILE_HEADERS ON)
+  endif()
+endfunction()

@@ -1,10 +1,10 @@
 #include "Kernel.h"
 
+#include "FloatBits.h"
 #include "TiledMatrix.h"
 #include "VectorKernels.h"
 
 #include <algorithm>
-#include <bit>
 #include <cstddef>
 
 namespace strutwright {
@@ -24,7 +24,7 @@ bool UpdateTile(const TileUpdate& update, const double* pivotRows) {
       for (int c = 0; c < TileColumns; ++c) row[c] = Updated(row[c], f, u[c]);
     }
   }
-  return std::any_of(tile, tile + TileSize, [](float x) { return std::bit_cast<std::uint32_t>(x) == 0x80000000U; });
+  return std::any_of(tile, tile + TileSize, [](float x) { return BitsOfFloat(x) == NegativeZeroBits; });
 }
 
 void UpdateColumn(float* column, const double* factors, double pivotRowEntry, std::size_t count) {

@@ -1,5 +1,7 @@
 #include "Panel.h"
 
+#include "FloatBits.h"
+
 #include <algorithm>
 #include <bit>
 #include <cmath>
@@ -11,10 +13,6 @@ namespace strutwright {
 namespace {
 
 constexpr int PanelTiles = PanelWidth / TileColumns;
-constexpr std::uint32_t InfinityBits = 0x7F800000U;
-constexpr std::uint32_t NegativeZeroBits = 0x80000000U;
-
-std::uint32_t BitsOfFloat(float x) { return std::bit_cast<std::uint32_t>(x); }
 
 /// The largest size among `count` entries, as bits: they are in the order of the sizes, what is not finite at the end.
 std::uint32_t LargestSize(const float* x, std::size_t count) {

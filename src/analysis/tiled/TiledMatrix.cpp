@@ -1,9 +1,9 @@
 #include "TiledMatrix.h"
 
 #include "Ensure.h"
+#include "FloatBits.h"
 
 #include <algorithm>
-#include <bit>
 
 namespace strutwright {
 
@@ -15,7 +15,7 @@ int Upward(int number, int unit) { return (number + unit - 1) / unit; }
 
 bool IsEmptyRow(const float* row) {
   // -0 is something: only +0 may go unstored.
-  return std::all_of(row, row + TileColumns, [](float value) { return std::bit_cast<std::uint32_t>(value) == 0; });
+  return std::all_of(row, row + TileColumns, [](float value) { return BitsOfFloat(value) == 0; });
 }
 
 } // namespace

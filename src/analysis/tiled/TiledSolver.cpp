@@ -1,5 +1,6 @@
 #include "TiledSolver.h"
 
+#include "FloatBits.h"
 #include "NegativeZeros.h"
 #include "TiledBackSubstitution.h"
 
@@ -14,10 +15,7 @@ namespace strutwright {
 
 namespace {
 
-constexpr std::uint32_t InfinityBits = 0x7F800000U;
-constexpr std::uint32_t NegativeZeroBits = 0x80000000U;
-
-bool IsNegativeZero(float x) { return std::bit_cast<std::uint32_t>(x) == NegativeZeroBits; }
+bool IsNegativeZero(float x) { return BitsOfFloat(x) == NegativeZeroBits; }
 
 /// One tile column of a panel's pivot rows, as elimination leaves it.
 struct PivotRows {
@@ -192,10 +190,10 @@ void Elimination::KeepPivotRow(float* row, int j) {
   std::uint32_t minus = 0;
   std::uint32_t notFinite = 0;
   for (int c = 0; c < TileColumns; ++c) entries[c] = static_cast<double>(row[c]);
-  for (int c = 0; c < TileColumns; ++c) minus |= std::bit_cast<std::uint32_t>(row[c]);
-  for (int c = 0; c < TileColumns; ++c) some |= std::bit_cast<std::uint32_t>(row[c]) & ~NegativeZeroBits;
+  for (int c = 0; c < TileColumns; ++c) minus |= BitsOfFloat(row[c]);
+  for (int c = 0; c < TileColumns; ++c) some |= BitsOfFloat(row[c]) & ~NegativeZeroBits;
   for (int c = 0; c < TileColumns; ++c) {
-    notFinite |= (std::bit_cast<std::uint32_t>(row[c]) & InfinityBits) == InfinityBits ? 1U : 0U;
+    notFinite |= (BitsOfFloat(row[c]) & InfinityBits) == InfinityBits ? 1U : 0U;
   }
   pivotRows.finite &= notFinite == 0;
   pivotRows.bits |= std::uint64_t{some != 0 ? 1U : 0U} << j;
