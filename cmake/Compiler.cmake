@@ -18,7 +18,7 @@ target_compile_options(
             -Wsign-conversion
             -Wimplicit-fallthrough
             # GCC 12 sees copies that overlap or have no end in its own std::string, where there are none.
-            $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict$<SEMICOLON>-Wno-array-bounds$<SEMICOLON>-Wno-stringop-overflow>)
+            "$<$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>:-Wno-restrict;-Wno-array-bounds;-Wno-stringop-overflow>")
 if(STRUTWRIGHT_WERROR)
   target_compile_options(strutwright_compiler INTERFACE -Werror)
 endif()

@@ -1,11 +1,6 @@
 # What is tested is optimised; what tests it need not be, and inline functions that both use are then taken from either.
 add_library(strutwright_test_options INTERFACE)
 target_compile_options(strutwright_test_options INTERFACE $<$<CONFIG:Release>:-O0>)
-# Undefined behaviour is looked for in what is tested; in the tests themselves, which are as long, that takes a quarter of
-# the time to compile them.  Faults of memory are looked for in both.
-if(STRUTWRIGHT_SANITIZE MATCHES undefined)
-  target_compile_options(strutwright_test_options INTERFACE -fno-sanitize=undefined)
-endif()
 
 # strutwright_test(NAME [SHARDS N] SOURCES ... USES ...)
 #

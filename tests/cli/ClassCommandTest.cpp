@@ -154,14 +154,16 @@ TEST_F(ClassCommandTest, TakesNoToleranceAndNoSeedThatAreNoNumbers) {
 #ifndef _WIN32 // there only a console sends such a signal
 
 TEST_F(ClassCommandTest, LeavesNothingWhenItIsStopped) {
+  const auto before = std::signal(SIGINT, SIG_DFL); // a shell that runs the tests in the background ignores it
   std::thread stopping([this] {
     while (folder.EntryCount() == 0) std::this_thread::sleep_for(std::chrono::milliseconds(1)); // until it has begun
-    ::kill(::getpid(), SIGTERM); // SIGINT is ignored where a shell runs the tests in the background
+    ::kill(::getpid(), SIGINT);
   });
   EXPECT_EQ(Class({Bridge(), "--students", "900", "--vary", "span:18..30:0.1", "--vary", "load:10..40:1", "--ask",
                    "reactions", "--out", folder.Path("out"), "--format", "pdf"}),
-            128 + SIGTERM);
+            128 + SIGINT);
   stopping.join();
+  std::signal(SIGINT, before);
   EXPECT_EQ(err, Bridge() + ": Stopped: nothing was written\n");
   EXPECT_EQ(out, "");
   EXPECT_EQ(folder.EntryCount(), 0);

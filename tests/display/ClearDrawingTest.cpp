@@ -223,7 +223,8 @@ TEST_F(ClearDrawingTest, CountsAtLeastOneKindHoweverNarrowThePicture) {
   surface.window = {-2, -60, 100, 75};
   DrawHere();
   EXPECT_LT(outcome.labels[std::size_t(LabelKind::NodeNumber)].shown, NodeCount);
-  EXPECT_THAT(outcome.notice, testing::MatchesRegex("showing [0-9]+ of [0-9]+ forces.*"));
+  EXPECT_THAT(outcome.notice, testing::StartsWith("showing "));
+  EXPECT_THAT(outcome.notice, testing::HasSubstr(" of " + std::to_string(MemberCount) + " forces"));
 }
 
 TEST_F(ClearDrawingTest, LeavesNothingOutAfterZoomingIn) {
