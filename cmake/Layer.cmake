@@ -1,5 +1,5 @@
-# Optimised across files are the layers that compute and draw: it halves the time of an analysis.  The others gain nothing
-# that one can feel, and to link them takes minutes.  "." stands for all.
+# Optimised across files are the layers that compute and draw: it halves the time of an analysis.  The others mostly call
+# these, and to link them so takes minutes.  "." stands for all.
 set(STRUTWRIGHT_OPTIMISED_TOGETHER "^(platform|native|model|tiled|analysis|check|statics|files|raster|qt|display|editing)$"
     CACHE STRING "Pattern of the layers that interprocedural optimisation is for")
 
