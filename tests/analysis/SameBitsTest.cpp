@@ -320,6 +320,23 @@ TEST_F(FadingSameBitsTest, KeepTheSignsOfLoadsThatOneRowLeavesAndAnotherTakes) {
   ExpectSameSolution(equations, "taken");
 }
 
+// Rows 2 and 5 leave -0 in rows 10 and 200 of a column; row 3 makes the former +0 again, so that row 10 leaves the latter
+// alone, and with it the load of row 200 loses its own.
+TEST_F(FadingSameBitsTest, KeepTheSignsOfZerosInEachColumnOfATile) {
+  for (int column = 2 * PanelWidth + 1; column <= 2 * PanelWidth + TileColumns; ++column) {
+    FadingEquations equations;
+    equations.K.Set(2, column, 1e-30F);
+    equations.K.Set(10, 2, 1e-30F);
+    equations.K.Set(3, column, -1);
+    equations.K.Set(5, column, 1e-30F);
+    equations.K.Set(200, 5, 1e-30F);
+    equations.K.Set(200, 10, 1);
+    equations.P[static_cast<std::size_t>(column)] = 1;
+    equations.P[200] = -0.0F;
+    ExpectSameSolution(equations, "column " + std::to_string(column));
+  }
+}
+
 /// Equations that hardly know each other, with numbers whose products are less than the smallest float and, now and
 /// then, zeros with a minus sign for loads.
 FadingEquations RandomFadingEquations(std::mt19937& random) {

@@ -369,6 +369,13 @@ TEST_F(ClearDrawingTest, FramesASinglePoint) {
   EXPECT_TRUE(ClearFrame(surface, settings).has_value());
 }
 
+TEST_F(ClearDrawingTest, FramesATrussAlongOneLineAsLargeAsItCan) {
+  SetTables({{{0, 5}, {200, 5}}, {{1, 2}}});
+  EXPECT_NEAR(ClearFrame(surface, settings)->width, 200, 40);
+  SetTables({{{5, 0}, {5, 200}}, {{1, 2}}});
+  EXPECT_NEAR(ClearFrame(surface, settings)->height, 200, 60);
+}
+
 // 40 kN in a sixth of 12 m.
 TEST_F(ClearDrawingTest, FitsTheLongestArrowToTheTruss) {
   SetTables({{{0, 0, 0, 0, 3}, {12, 0, 0, -40, 1}}, {{1, 2}}});

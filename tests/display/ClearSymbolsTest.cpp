@@ -71,6 +71,15 @@ TEST_F(ClearSymbolsTest, ACodeTurnsItsSupport) {
   EXPECT_FALSE(Support(2).roller); // any other code holds both directions
 }
 
+TEST_F(ClearSymbolsTest, ASupportTakesTheRoomBesideItsNodesDot) {
+  const ClearSupport support{1, {100, 200}, {0, 1}, false};
+  const Bounds room = BoundsOf(BoxOfSupport(support));
+  EXPECT_GE(room.top, 200 + ClearSize::NodeRadius);
+  EXPECT_DOUBLE_EQ(room.bottom, 200 + SupportReach(support));
+  EXPECT_DOUBLE_EQ(room.left, 100 - ClearSize::SupportHalfWidth);
+  EXPECT_DOUBLE_EQ(room.right, 100 + ClearSize::SupportHalfWidth);
+}
+
 TEST_F(ClearSymbolsTest, ASupportTurnsAwayFromMembers) {
   settings.layers.supports = true;
   SetTables({{{0, 4, 0, 0, 1}, {0, 0}, {3, 4, 0, 0, 2}, {0, 3}}, {{1, 2}, {3, 1}}});

@@ -66,6 +66,28 @@ TEST_F(SketchTest, KeepsProportionsAndFitsItsArea) {
   EXPECT_GT(third.y, 0);
 }
 
+TEST_F(SketchTest, LooksTheSameWhereverItsOriginLies) {
+  Sketch sketch = Triangular();
+  sketch.points[1].support = 1;
+  sketch.arrows = {Arrow(2, 1, 0, "12 kN"), Arrow(0, 0, 1, "16 kN")};
+  sketch.texts = {{2, 0, 0, -1, "A"}};
+  Sketch moved = sketch;
+  for (SketchPoint& point : moved.points) {
+    point.x += 30;
+    point.y -= 20;
+  }
+  moved.texts[0].x += 30;
+  moved.texts[0].y -= 20;
+
+  const PlacedSketch here = Placed(sketch);
+  const PlacedSketch there = Placed(moved);
+
+  for (std::size_t k = 1; k < here.scene.truss.joints.size(); ++k) {
+    EXPECT_NEAR(here.scene.truss.joints[k].at.x, there.scene.truss.joints[k].at.x, 1e-9);
+    EXPECT_NEAR(here.scene.truss.joints[k].at.y, there.scene.truss.joints[k].at.y, 1e-9);
+  }
+}
+
 TEST_F(SketchTest, FindsItsPlacesAgain) {
   const PlacedSketch placed = Placed(Triangular());
   const PixelPoint back = ToSketch(placed, placed.At(1.25, 2));

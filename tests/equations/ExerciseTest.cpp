@@ -221,6 +221,27 @@ TEST_F(ExerciseTest, AsksForDisplacementsAndReactions) {
   EXPECT_EQ(Asked(), "Reaction at 1 x, in kN, right and up positive?");
 }
 
+// Each free node stands on two members of its own; so there is more of everything than is asked.
+TEST_F(ExerciseTest, AsksFortyQuestionsOfAStepAtMost) {
+  ModelData model;
+  for (int k = 0; k < 21; ++k) {
+    const auto x = static_cast<float>(10 * k);
+    const auto first = static_cast<float>(3 * k + 1);
+    model.nodes.push_back({x, 0, 0, 0, 3});
+    model.nodes.push_back({x + 4, 0, 0, 0, 3});
+    model.nodes.push_back({x + 2, 3, 0, -10, 0});
+    model.members.push_back({first, first + 2});
+    model.members.push_back({first + 1, first + 2});
+  }
+  SetModel(model);
+  StepShowGlobalK();
+  StepRestrict();
+  for (void (*step)() : {StepSolve, StepMemberForces, StepReactions}) {
+    Press(step);
+    EXPECT_EQ(TheExercise.questions.size(), 40U) << Asked();
+  }
+}
+
 TEST_F(ExerciseTest, AsksNothingWhileItIsOffAndOfAllOfKAtOnce) {
   SetModel(Triangle());
   Press(StepShowGlobalK);
