@@ -235,7 +235,10 @@ TEST_F(HandLessonTest, AsksForAnotherLine) {
 
 TEST_F(HandLessonTest, ProposesALineThatDecides) {
   Take(LoadedRafters());
-  EXPECT_THAT(lesson.TellSection(lesson.ProposedStroke()).equations, SizeIs(2));
+  const SectionStroke stroke = lesson.ProposedStroke();
+  EXPECT_THAT(lesson.TellSection(stroke).equations, SizeIs(2));
+  EXPECT_GT(stroke.y0, 4) << "it begins above the truss";
+  EXPECT_LT(stroke.y1, 0) << "and ends below it";
 }
 
 TEST_F(HandLessonTest, DrawsTheForceDiagramLineByLine) {
