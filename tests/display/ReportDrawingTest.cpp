@@ -128,6 +128,15 @@ TEST_F(ReportDrawingTest, KeepsEveryLineOnThePage) {
   }
 }
 
+// The head of an arrow reaches as far to one side of its shaft as to the other.
+TEST_F(ReportDrawingTest, LeavesAPostInTheMiddleHoweverItIsLoaded) {
+  const auto placeOfThePost = [](const ReportFrame& frame) { return -frame.window.left / frame.window.width; };
+  ModelData post{{{0, 0, 0, 0, 3}, {0, 4, 0, 0, 2}}, {{1, 2}}};
+  const float unloaded = placeOfThePost(Draw(post));
+  post.nodes[1].forceY = -40;
+  EXPECT_NEAR(placeOfThePost(Draw(post)), unloaded, 1e-5);
+}
+
 TEST_F(ReportDrawingTest, HasNoHeightThatIsOutOfProportion) {
   const ReportFrame flat = Draw({{{0, 0, 0, 0, 3}, {100, 0, 40, 0, 1}}, {{1, 2}}});
   EXPECT_EQ(flat.width, ReportWidth);
