@@ -345,6 +345,21 @@ TEST_F(ClearDrawingTest, LabelsOfMembersOnEachOtherStandOnEitherSide) {
   EXPECT_THAT(Texts(), ElementsAre("\u221220.0 C", "+10.0 T"));
 }
 
+TEST_F(ClearDrawingTest, MovesNoLabelAwayWithoutAnotherPlaceForIt) {
+  settings.memberForces = true;
+  ModelData model{{{0, 0}, {4, 0}}, {}};
+  for (int m = 1; m <= 9; ++m) model.members.push_back({1, 2});
+  SetTables(model);
+  for (int m = 1; m <= 9; ++m) MemberTable(m, MemberFieldForce) = 100 + 10 * static_cast<float>(m);
+  Draw(20);
+  const int shown = outcome.labels[std::size_t(LabelKind::Force)].shown;
+  EXPECT_GT(shown, 1);
+  EXPECT_LT(shown, 9);
+  for (const ClearLabel& label : Scene().labels) {
+    EXPECT_EQ(label.IsPlaced(), label.owner >= 9 - shown) << label.text << " of " << shown << " of the largest forces";
+  }
+}
+
 TEST_F(ClearDrawingTest, FramesArrowsAndLabels) {
   settings.layers = {true, true, true, true, true};
   settings.memberForces = settings.reactions = true;
