@@ -128,6 +128,23 @@ TEST_F(ClearLabelsTest, AForceIsShortenedOnlyWhereItHasNoRoomOtherwise) {
   for (const ClearLabel& label : Scene().labels) EXPECT_EQ(label.shortened, 0);
 }
 
+TEST_F(ClearLabelsTest, AForceIsOfferedEachPlaceOnce) {
+  settings.memberForces = true;
+  SetTables({{{0, 0}, {4, 1}}, {{1, 2}}});
+  MemberTable(1, MemberFieldForce) = 123.4F;
+  Draw();
+  LabelCandidates places(Scene(), true);
+  std::vector<TurnedBox> offered;
+  for (int place = 0; const std::optional<TurnedBox> box = places.At(Scene().labels[0], place); ++place) {
+    if (box->halfLength <= 0) continue;
+    for (const TurnedBox& before : offered) {
+      EXPECT_FALSE(before.centre == box->centre && before.along == box->along) << place;
+    }
+    offered.push_back(*box);
+  }
+  EXPECT_GT(offered.size(), std::size_t{LabelCandidates::AlongPlaces});
+}
+
 TEST_F(ClearLabelsTest, ForcesGiveWayToNumbersOnlyAlongTheirMember) {
   settings.memberForces = settings.layers.memberNumbers = settings.layers.nodeNumbers = true;
   Analyse(PrattTruss(16));

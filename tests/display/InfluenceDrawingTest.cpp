@@ -104,6 +104,14 @@ TEST_F(InfluenceDrawingTest, PutsLoadsOnTheirPath) {
   EXPECT_THAT(surface.Ink("text", "red"), ElementsAre(HasSubstr("'100'"), HasSubstr("'50'")));
 }
 
+// Three letters of 13 pixels, each 0.6 of that wide, in a line of 18 pixels.
+TEST_F(InfluenceDrawingTest, PutsANumberOverTheMiddleOfItsLoad) {
+  InfluenceShape shape = Shape({0, 1, 0});
+  shape.loads = {{3, 100}};
+  Drawn(shape);
+  EXPECT_THAT(surface.Ink("text", "red"), ElementsAre(testing::StartsWith("text 2.766 -5.28 ")));
+}
+
 TEST_F(InfluenceDrawingTest, LeavesOutLoadsBesideThePath) {
   InfluenceShape shape = Shape({0, 1, 0});
   shape.loads = {{-0.1, 100}, {6.1, 100}};

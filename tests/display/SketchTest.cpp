@@ -243,6 +243,18 @@ TEST_F(SketchTest, StandsATextOutsideWhereItIsFree) {
   EXPECT_GT(placed.texts[0].centre.y, placed.At(2, 0).y + 8);
 }
 
+TEST_F(SketchTest, WritesATextLevelAtItsPointWhereNothingIsInTheWay) {
+  Sketch sketch = Triangular();
+  sketch.texts = {{3, 2.5, 0, 0, "A"}};
+  const PlacedSketch placed = Placed(sketch);
+  EXPECT_EQ(placed.texts[0].centre, placed.At(3, 2.5));
+  DrawSketch(surface, placed);
+  const auto written = std::find_if(surface.pixelTexts.begin(), surface.pixelTexts.end(),
+                                    [](const PixelLabel& label) { return label.text == "A"; });
+  ASSERT_NE(written, surface.pixelTexts.end());
+  EXPECT_EQ(written->along, (PixelPoint{1, 0}));
+}
+
 TEST_F(SketchTest, TakesAPointAloneALineAndNothing) {
   Sketch point;
   point.points = {Named(5, 5, "1")};

@@ -49,12 +49,19 @@ class FollowModelTest : public EquationsTest {
 TEST_F(FollowModelTest, ShowsWhatTheSamePressesWouldHaveShown) {
   ExpectFollowed({}, "nothing pressed");
   ExpectFollowed({StepShowForces}, "loads");
+  ExpectFollowed({StepRestrict}, "restricted before any member");
   ExpectFollowed({StepShowForces, StepAddMember}, "one member");
   ExpectFollowed({StepAddMember, StepAddMember, StepAddMember}, "all members");
   ExpectFollowed({StepAddMember, StepAddMember, StepAddMember, StepAddMember}, "emptied");
   ExpectFollowed({StepShowGlobalK}, "K");
   ExpectFollowed({StepShowForces, StepShowGlobalK, StepRestrict}, "restricted");
   ExpectFollowed({StepShowForces, StepShowGlobalK, StepRestrict, StepSolve}, "solved");
+}
+
+TEST_F(FollowModelTest, WaitsWithAMemberThatCameSince) {
+  other.members.push_back({2, 3});
+  ExpectFollowed({StepAddMember, StepAddMember, StepAddMember}, "one member more");
+  EXPECT_EQ(Caption(), "Add Member 4");
 }
 
 TEST_F(FollowModelTest, ShowsNoDisplacementsOfAMechanism) {

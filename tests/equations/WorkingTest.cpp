@@ -147,6 +147,8 @@ TEST_F(WorkingTest, SaysWhyThereIsNothingToShow) {
   EXPECT_EQ(Pane(), "There is no model yet: enter nodes and members in the grids below, then press Show Force or Add "
                     "Member 1.\n");
   EXPECT_THAT(TextOf(WorkedSolution("none")), HasSubstr("There is no truss to work: it needs nodes and members."));
+  SetModel({{}, {{1, 2}}});
+  EXPECT_THAT(TextOf(WorkedSolution("none")), HasSubstr("There is no truss to work: it needs nodes and members."));
   SetModel(Triangle());
   EXPECT_THAT(Pane(), HasSubstr("Press Show Force, Add Member 1 or Show Global K"));
   StepShowForces();

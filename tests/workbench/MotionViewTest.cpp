@@ -244,14 +244,16 @@ TEST_F(CureTest, EndsTheAnalysisAndDrawsOnce) {
 }
 
 TEST_F(CureTest, ByAMemberTakesOverTheMaterialOfOneBesideIt) {
-  ModelData model = PublishedMechanisms()[1];
-  model.members[0] = {1, 2, 0, 50};
-  model.members[1] = {2, 3, 70, 500};
-  model.members[3] = {4, 1, 210, 800};
-  Check(model);
-  ApplyCure({2, 4, 0, ""});
-  EXPECT_THAT(RowTexts(GrMembers, 5), ElementsAre("5", "2", "4", "70", "500", ""));
-  EXPECT_EQ(MemberCount, 5);
+  for (const MemberData& withoutRigidity : {MemberData{1, 2, 0, 50}, MemberData{1, 2, 50, 0}}) {
+    ModelData model = PublishedMechanisms()[1];
+    model.members[0] = withoutRigidity;
+    model.members[1] = {2, 3, 70, 500};
+    model.members[3] = {4, 1, 210, 800};
+    Check(model);
+    ApplyCure({2, 4, 0, ""});
+    EXPECT_THAT(RowTexts(GrMembers, 5), ElementsAre("5", "2", "4", "70", "500", ""));
+    EXPECT_EQ(MemberCount, 5);
+  }
 }
 
 TEST_F(CureTest, ByAMemberLeavesWhatWasEnteredForIt) {
