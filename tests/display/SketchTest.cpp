@@ -203,6 +203,16 @@ TEST_F(SketchTest, GivesAnArrowItsValueEvenWhereNoPlaceIsFree) {
   EXPECT_THAT(Texts(Placed(sketch, {0, 0, 200, 160})), SizeIs(24));
 }
 
+TEST_F(SketchTest, WritesAValueAtTheFirstOfPlacesThatAreEquallyBad) {
+  Sketch sketch;
+  sketch.points = {{0, 0}};
+  sketch.arrows = {Arrow(0, 1, 0, "F = -123.45 kN")};
+  const PlacedSketch placed = Placed(sketch, {0, 0, 6, 6});
+  const ClearArrow& arrow = placed.scene.arrows[0];
+  ASSERT_THAT(placed.texts, SizeIs(1));
+  EXPECT_LT(placed.texts[0].centre.y, arrow.outer.y) << "the same place below comes after it";
+}
+
 TEST_F(SketchTest, DrawsWhatBearsNothingWithoutAHead) {
   Sketch sketch;
   sketch.points = {{0, 0}};

@@ -241,6 +241,17 @@ TEST_F(HandLessonTest, ProposesALineThatDecides) {
   EXPECT_LT(stroke.y1, 0) << "and ends below it";
 }
 
+TEST_F(HandLessonTest, ProposesTheSameLineWhereverTheTrussStands) {
+  ModelData model = LoadedRafters();
+  Take(model);
+  const SectionStroke here = lesson.ProposedStroke();
+  for (NodeData& node : model.nodes) node.x -= 100;
+  Take(model);
+  const SectionStroke there = lesson.ProposedStroke();
+  EXPECT_DOUBLE_EQ(there.x0, here.x0 - 100);
+  EXPECT_DOUBLE_EQ(there.y0, here.y0);
+}
+
 TEST_F(HandLessonTest, DrawsTheForceDiagramLineByLine) {
   Take(LoadedRafters());
   const int last = lesson.LastStep(HandTopic::ForceDiagram);
