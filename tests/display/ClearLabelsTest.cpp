@@ -4,6 +4,9 @@
 #include "LabelCandidates.h"
 #include "modModelStore.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -143,6 +146,26 @@ TEST_F(ClearLabelsTest, AForceIsOfferedEachPlaceOnce) {
     offered.push_back(*box);
   }
   EXPECT_GT(offered.size(), std::size_t{LabelCandidates::AlongPlaces});
+}
+
+TEST_F(ClearLabelsTest, ANodesNumberIsOfferedPlacesOnBothSidesOfItsMemberAlike) {
+  settings.layers.nodeNumbers = true;
+  SetTables({{{0, 0}, {4, 0}}, {{1, 2}}});
+  Draw();
+  const ClearLabel& number = Scene().labels[0];
+  const double line = Scene().truss.joints[static_cast<std::size_t>(number.owner)].at.y;
+  LabelCandidates places(Scene(), true);
+  std::vector<PixelPoint> offered;
+  for (int place = 0; const std::optional<TurnedBox> box = places.At(number, place); ++place) {
+    offered.push_back({box->centre.x, box->centre.y - line});
+  }
+  EXPECT_GT(offered.size(), 4U);
+  for (const PixelPoint& one : offered) {
+    const auto mirrors = [&one](const PixelPoint& other) {
+      return std::fabs(one.x - other.x) < 1e-9 && std::fabs(one.y + other.y) < 1e-9;
+    };
+    EXPECT_TRUE(std::any_of(offered.begin(), offered.end(), mirrors)) << one.x << " " << one.y;
+  }
 }
 
 TEST_F(ClearLabelsTest, ForcesGiveWayToNumbersOnlyAlongTheirMember) {

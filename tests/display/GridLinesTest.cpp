@@ -57,6 +57,12 @@ TEST_F(GridLinesTest, StandOnTheWindowsEdges) {
   EXPECT_EQ(surface.Ink("line", "grey").size(), 3U + 2U + 2U);
 }
 
+TEST_F(GridLinesTest, AreNoneBetweenTwoMultiples) {
+  surface.window = {0.25F, 0.25F, 0.5F, 0.5F};
+  Draw(1, 1);
+  EXPECT_THAT(surface.Ink("text", "grey"), IsEmpty());
+}
+
 TEST_F(GridLinesTest, AreSolidOnDemand) {
   GridLineStyle = 0;
   Draw(4, 4);
