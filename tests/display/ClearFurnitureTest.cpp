@@ -91,6 +91,16 @@ TEST_F(ClearFurnitureTest, TheLegendSaysWhenTheLongestArrowIsCut) {
   EXPECT_THAT(Texts(), Contains("load 5 kN, longest cut"));
 }
 
+TEST_F(ClearFurnitureTest, TheLegendIsARowWhereAColumnWouldTakeHalfTheHeight) {
+  settings.legend = settings.memberForces = true;
+  Analyse({{{0, 0, 0, 0, 3}, {2, 2, 0, -8}, {4, 0, 0, 0, 1}}, {{1, 2}, {2, 3}, {1, 3}}});
+  Draw();
+  EXPECT_LT(LabelOf("T  tension, +").centre.y, LabelOf("C  compression, \u2212").centre.y);
+  surface.height = 100;
+  Draw(10);
+  EXPECT_EQ(LabelOf("T  tension, +").centre.y, LabelOf("C  compression, \u2212").centre.y);
+}
+
 // The truss fills the upper left of the view.
 TEST_F(ClearFurnitureTest, TheLegendStandsInTheFreestCorner) {
   settings.legend = settings.memberForces = true;

@@ -168,6 +168,19 @@ TEST_F(ClearLabelsTest, ANodesNumberIsOfferedPlacesOnBothSidesOfItsMemberAlike) 
   }
 }
 
+// It ends six pixels from the node's middle: 3.5 of its dot and 2.5 beside it.
+TEST_F(ClearLabelsTest, AMembersNumberMayStandAsFarOutAsItsNodesDotsLeaveIt) {
+  settings.layers.memberNumbers = true;
+  SetTables({{{0, 0}, {4, 0}}, {{1, 2}}});
+  Draw();
+  LabelCandidates places(Scene(), true);
+  double right = 0;
+  for (int place = 0; const std::optional<TurnedBox> box = places.At(Scene().labels[0], place); ++place) {
+    right = std::max(right, box->centre.x + box->halfLength);
+  }
+  EXPECT_DOUBLE_EQ(right, Scene().truss.joints[2].at.x - 6);
+}
+
 TEST_F(ClearLabelsTest, ForcesGiveWayToNumbersOnlyAlongTheirMember) {
   settings.memberForces = settings.layers.memberNumbers = settings.layers.nodeNumbers = true;
   Analyse(PrattTruss(16));
