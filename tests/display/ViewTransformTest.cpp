@@ -49,6 +49,15 @@ TEST_F(ViewTransformTest, BoundsAllNodes) {
   ExpectExtents(-1, 3, -4, 5);
 }
 
+TEST_F(ViewTransformTest, MeasuresExtentsInItsUnit) {
+  SetTables({{{-1, 2}, {3, -4}}, {}});
+  const ModelExtents extents = ExtentsOfModel(10);
+  EXPECT_EQ(extents.minX, -10);
+  EXPECT_EQ(extents.maxX, 30);
+  EXPECT_EQ(extents.minY, -40);
+  EXPECT_EQ(extents.maxY, 20);
+}
+
 TEST_F(ViewTransformTest, LeavesOutCoordinatesThatAreNoNumbers) {
   SetTables({{{NaN, NaN}, {3, 4}}, {}});
   ComputeModelExtents();

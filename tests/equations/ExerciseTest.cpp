@@ -65,6 +65,14 @@ TEST_F(ExerciseTest, AsksForWhatAMemberChangesAndKeepsItBlank) {
   EXPECT_EQ(Asked(), "K(1 x, 3 x) with member 1, in kN/mm?");
 }
 
+TEST_F(ExerciseTest, AsksNothingOfAMemberFromANodeToItself) {
+  SetModel(TriangleWithIgnoredMembers());
+  PressAddMember(3);
+  Press(StepAddMember);
+  TakeMessages();
+  EXPECT_THAT(TheExercise.questions, testing::IsEmpty());
+}
+
 TEST_F(ExerciseTest, HidesTheWorkingUntilEverythingIsAnswered) {
   SetModel(FourNodesThreeBars());
   Press(StepAddMember);

@@ -221,7 +221,19 @@ TEST_F(HandLessonTest, CutsAlongALine) {
   EXPECT_THAT(text, StartsWith("Section through members 1 and 2\n\nNode 1 is cut free.\n"));
   EXPECT_THAT(text, HasSubstr("so F1 = 4.5 kN (tension)"));
   EXPECT_THAT(text, HasSubstr("so F2 = -7.5 kN (compression)"));
-  EXPECT_THAT(lesson.TellSection({2, 5, 2, -1}).sheet, SizeIs(2));
+}
+
+TEST_F(HandLessonTest, ShowsTheCutAboveThePartCutFree) {
+  Take(LoadedRafters());
+  const SketchSheet sheet = lesson.TellSection({2, 5, 2, -1}).sheet;
+  ASSERT_THAT(sheet, SizeIs(2));
+  for (const SketchPart& part : sheet) {
+    EXPECT_EQ(part.left, 0);
+    EXPECT_EQ(part.width, 1);
+  }
+  EXPECT_EQ(sheet[0].top, 0);
+  EXPECT_EQ(sheet[1].top, sheet[0].height);
+  EXPECT_EQ(sheet[1].top + sheet[1].height, 1);
 }
 
 TEST_F(HandLessonTest, AsksForAnotherLine) {
