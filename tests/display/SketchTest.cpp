@@ -1,4 +1,5 @@
 #include "ClearPalette.h"
+#include "LabelPlacement.h"
 #include "RecordingSurface.h"
 #include "modSketch.h"
 
@@ -193,6 +194,18 @@ TEST_F(SketchTest, MakesRoomForAnArrowWhereverItStands) {
   EXPECT_LE(placed.texts[0].centre.y + ClearSize::LargestText / 2.0, 120);
 }
 
+TEST_F(SketchTest, MakesRoomForAValueStraightBeyondItsArrow) {
+  Sketch sketch = Triangular();
+  sketch.arrows = {Arrow(1, 1, 0, "F = -123.45 kN")};
+  sketch.arrows[0].pulls = true;
+  const PlacedSketch placed = Placed(sketch);
+  const ClearArrow& arrow = placed.scene.arrows[0];
+  ASSERT_THAT(placed.texts, SizeIs(1));
+  EXPECT_DOUBLE_EQ(placed.texts[0].centre.y, arrow.outer.y);
+  EXPECT_GT(placed.texts[0].centre.x, arrow.outer.x);
+  EXPECT_LE(placed.texts[0].centre.x + surface.TextWidth("F = -123.45 kN", ClearSize::LargestText) / 2, 400);
+}
+
 TEST_F(SketchTest, GivesAnArrowItsValueEvenWhereNoPlaceIsFree) {
   Sketch sketch;
   sketch.points = {{0, 0}};
@@ -243,6 +256,19 @@ TEST_F(SketchTest, CutsAStrokeAtItsArea) {
   ASSERT_NE(stroke, surface.pixelLines.end());
   EXPECT_GE(std::min(stroke->from.y, stroke->to.y), 0);
   EXPECT_LE(std::max(stroke->from.y, stroke->to.y), 300);
+}
+
+TEST_F(SketchTest, KeepsTheWholeOfADotFree) {
+  Sketch sketch;
+  sketch.points = {{0, 0}};
+  const PlacedSketch placed = Placed(sketch);
+  const PixelPoint dot = placed.scene.truss.joints[1].at;
+  const auto isTaken = [&](double off) {
+    return TouchesAnything(placed.scene, {{dot.x + off + 0.1, dot.y}, {1, 0}, 0.1, 0.1});
+  };
+  constexpr double Edge = ClearSize::NodeRadius + ClearSize::NodeEdge / 2;
+  EXPECT_TRUE(isTaken(Edge - 0.2));
+  EXPECT_FALSE(isTaken(Edge + 0.2));
 }
 
 TEST_F(SketchTest, StandsATextOutsideWhereItIsFree) {
