@@ -68,8 +68,8 @@ double CostOf(const ClearScene& scene, const TurnedBox& box) {
   return cost;
 }
 
-/// Beyond the arrow's outer end, to either side of it, or farther off; where all of these touch something, where that
-/// matters least: a force without its value would be no use.
+/// Beyond the arrow's outer end, to either side of it, or farther off; where all of these touch something, at the first
+/// of those where that matters least: a force without its value would be no use.
 TurnedBox PlaceOfValue(const PlacedSketch& placed, const ClearArrow& arrow, double halfWidth) {
   const PixelPoint line = arrow.tip - arrow.tail;
   const PixelPoint out = (arrow.outer == arrow.tip ? 1 / LengthOf(line) : -1 / LengthOf(line)) * line;

@@ -322,8 +322,8 @@ TEST_F(FadingSameBitsTest, KeepTheSignsOfLoadsThatOneRowLeavesAndAnotherTakes) {
   ExpectSameSolution(equations, "kept");
 }
 
-// Rows 2 and 5 leave -0 in rows 10 and 200 of a column; row 3 makes the former +0 again, so that row 10 leaves the latter
-// alone, and with it the load of row 200 loses its own.
+// Rows 2 and 5 leave -0 in rows 10 and 200 of the column, and row 3 makes that of row 10 +0 again.  So row 10 leaves
+// row 200 its -0, and with that factor the load of row 200 loses its own sign.
 TEST_F(FadingSameBitsTest, KeepTheSignsOfZerosInEachColumnOfATile) {
   for (int column = 2 * PanelWidth + 1; column <= 2 * PanelWidth + TileColumns; ++column) {
     FadingEquations equations;

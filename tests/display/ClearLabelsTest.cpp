@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
+#include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -131,44 +133,48 @@ TEST_F(ClearLabelsTest, AForceIsShortenedOnlyWhereItHasNoRoomOtherwise) {
   for (const ClearLabel& label : Scene().labels) EXPECT_EQ(label.shortened, 0);
 }
 
-TEST_F(ClearLabelsTest, AForceIsOfferedEachPlaceOnce) {
+/// Whether each of some points has one on the other side of the x axis.
+bool AreMirrored(const std::vector<PixelPoint>& points) {
+  return std::all_of(points.begin(), points.end(), [&points](const PixelPoint& one) {
+    return std::any_of(points.begin(), points.end(), [&one](const PixelPoint& other) {
+      return std::fabs(one.x - other.x) < 1e-6 && std::fabs(one.y + other.y) < 1e-6;
+    });
+  });
+}
+
+TEST_F(ClearLabelsTest, AForceIsOfferedTheSamePlacesAlongBothSidesOfItsMember) {
   settings.memberForces = true;
   SetTables({{{0, 0}, {4, 1}}, {{1, 2}}});
   MemberTable(1, MemberFieldForce) = 123.4F;
   Draw();
+  const ClearBar& bar = Scene().truss.bars[0];
   LabelCandidates places(Scene(), true);
-  std::vector<TurnedBox> offered;
+  std::vector<PixelPoint> offered; // along the member and across it
   for (int place = 0; const std::optional<TurnedBox> box = places.At(Scene().labels[0], place); ++place) {
-    if (box->halfLength <= 0) continue;
-    for (const TurnedBox& before : offered) {
-      EXPECT_FALSE(before.centre == box->centre && before.along == box->along) << place;
-    }
-    offered.push_back(*box);
+    if (box->halfLength <= 0 || box->along == PixelPoint{1, 0}) continue;
+    const PixelPoint off = box->centre - bar.from;
+    offered.push_back({Dot(bar.along, off), Dot(LeftOf(bar.along), off)});
   }
   EXPECT_GT(offered.size(), std::size_t{LabelCandidates::AlongPlaces});
+  EXPECT_TRUE(AreMirrored(offered));
 }
 
-TEST_F(ClearLabelsTest, ANodesNumberIsOfferedPlacesOnBothSidesOfItsMemberAlike) {
+TEST_F(ClearLabelsTest, ANodesNumberIsOfferedTheSamePlacesOnBothSidesOfItsMember) {
   settings.layers.nodeNumbers = true;
   SetTables({{{0, 0}, {4, 0}}, {{1, 2}}});
   Draw();
   const ClearLabel& number = Scene().labels[0];
-  const double line = Scene().truss.joints[static_cast<std::size_t>(number.owner)].at.y;
+  const PixelPoint node = Scene().truss.joints[static_cast<std::size_t>(number.owner)].at;
   LabelCandidates places(Scene(), true);
   std::vector<PixelPoint> offered;
   for (int place = 0; const std::optional<TurnedBox> box = places.At(number, place); ++place) {
-    offered.push_back({box->centre.x, box->centre.y - line});
+    offered.push_back(box->centre - node);
   }
   EXPECT_GT(offered.size(), 4U);
-  for (const PixelPoint& one : offered) {
-    const auto mirrors = [&one](const PixelPoint& other) {
-      return std::fabs(one.x - other.x) < 1e-9 && std::fabs(one.y + other.y) < 1e-9;
-    };
-    EXPECT_TRUE(std::any_of(offered.begin(), offered.end(), mirrors)) << one.x << " " << one.y;
-  }
+  EXPECT_TRUE(AreMirrored(offered));
 }
 
-// It ends six pixels from the node's middle: 3.5 of its dot and 2.5 beside it.
+// It keeps 2.5 pixels from the dot.
 TEST_F(ClearLabelsTest, AMembersNumberMayStandAsFarOutAsItsNodesDotsLeaveIt) {
   settings.layers.memberNumbers = true;
   SetTables({{{0, 0}, {4, 0}}, {{1, 2}}});
@@ -178,7 +184,7 @@ TEST_F(ClearLabelsTest, AMembersNumberMayStandAsFarOutAsItsNodesDotsLeaveIt) {
   for (int place = 0; const std::optional<TurnedBox> box = places.At(Scene().labels[0], place); ++place) {
     right = std::max(right, box->centre.x + box->halfLength);
   }
-  EXPECT_DOUBLE_EQ(right, Scene().truss.joints[2].at.x - 6);
+  EXPECT_NEAR(right, Scene().truss.joints[2].at.x - (ClearSize::NodeRadius + 2.5), 1e-9);
 }
 
 TEST_F(ClearLabelsTest, ForcesGiveWayToNumbersOnlyAlongTheirMember) {

@@ -129,7 +129,7 @@ TEST_F(ReportDrawingTest, KeepsEveryLineOnThePage) {
 }
 
 // The head of an arrow reaches as far to one side of its shaft as to the other.
-TEST_F(ReportDrawingTest, LeavesAPostInTheMiddleHoweverItIsLoaded) {
+TEST_F(ReportDrawingTest, LeavesAPostWhereItStandsHoweverItIsLoaded) {
   const auto placeOfThePost = [](const ReportFrame& frame) { return -frame.window.left / frame.window.width; };
   ModelData post{{{0, 0, 0, 0, 3}, {0, 4, 0, 0, 2}}, {{1, 2}}};
   const float unloaded = placeOfThePost(Draw(post));

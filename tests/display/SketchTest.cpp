@@ -83,10 +83,18 @@ TEST_F(SketchTest, LooksTheSameWhereverItsOriginLies) {
   const PlacedSketch here = Placed(sketch);
   const PlacedSketch there = Placed(moved);
 
-  for (std::size_t k = 1; k < here.scene.truss.joints.size(); ++k) {
-    EXPECT_NEAR(here.scene.truss.joints[k].at.x, there.scene.truss.joints[k].at.x, 1e-9);
-    EXPECT_NEAR(here.scene.truss.joints[k].at.y, there.scene.truss.joints[k].at.y, 1e-9);
+  const auto expectSame = [](PixelPoint one, PixelPoint other) {
+    EXPECT_NEAR(one.x, other.x, 1e-9);
+    EXPECT_NEAR(one.y, other.y, 1e-9);
+  };
+  for (std::size_t k = 1; k <= 3; ++k) expectSame(here.scene.truss.joints[k].at, there.scene.truss.joints[k].at);
+  for (std::size_t k = 0; k < 2; ++k) {
+    expectSame(here.scene.arrows[k].tail, there.scene.arrows[k].tail);
+    expectSame(here.scene.arrows[k].tip, there.scene.arrows[k].tip);
   }
+  ASSERT_THAT(here.texts, SizeIs(3)); // and the values of the arrows
+  ASSERT_THAT(there.texts, SizeIs(3));
+  for (std::size_t k = 0; k < 3; ++k) expectSame(here.texts[k].centre, there.texts[k].centre);
 }
 
 TEST_F(SketchTest, FindsItsPlacesAgain) {

@@ -12,6 +12,7 @@ namespace strutwright {
 namespace {
 
 using testing::HasSubstr;
+using testing::IsEmpty;
 using testing::StartsWith;
 
 class ExerciseTest : public EquationsTest {
@@ -70,7 +71,7 @@ TEST_F(ExerciseTest, AsksNothingOfAMemberFromANodeToItself) {
   PressAddMember(3);
   Press(StepAddMember);
   TakeMessages();
-  EXPECT_THAT(TheExercise.questions, testing::IsEmpty());
+  EXPECT_THAT(TheExercise.questions, IsEmpty());
 }
 
 TEST_F(ExerciseTest, HidesTheWorkingUntilEverythingIsAnswered) {

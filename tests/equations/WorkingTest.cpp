@@ -187,6 +187,17 @@ TEST_F(WorkingTest, SaysThatANumberHasNoValue) {
   SetModel({{{0, 0, 0, 0, 3}, {1, 0, 0, 0, 1}}, {{1, 2, 3e38F, 3e38F}}});
   PressAddMember(1);
   EXPECT_THAT(Pane(), HasSubstr("Some of these numbers have no value"));
+
+  ModelData weak = Triangle(); // its stiffness and loads have values, its displacements have none
+  weak.nodes[2].forceX = 3e38F;
+  for (MemberData& member : weak.members) member.A = 0.01F;
+  SetModel(weak);
+  ResetEquations();
+  StepShowGlobalK();
+  StepRestrict();
+  EXPECT_THAT(Pane(), Not(HasSubstr("Some of these numbers have no value")));
+  StepSolve();
+  EXPECT_THAT(Pane(), HasSubstr("Some of these numbers have no value"));
 }
 
 TEST_F(WorkingTest, LeavesTheMatricesOfLargerTrussesOutAndSaysSo) {

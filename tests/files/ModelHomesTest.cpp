@@ -1,6 +1,8 @@
 #include "FileState.h"
 #include "modModelHomes.h"
 
+#include <string>
+
 #include <gtest/gtest.h>
 
 namespace strutwright {

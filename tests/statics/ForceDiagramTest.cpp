@@ -6,6 +6,7 @@
 
 #include <map>
 #include <set>
+#include <utility>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -181,6 +182,15 @@ TEST_F(ForceDiagramTest, RefusesNodesWhereThereIsNoSpace) {
   onMember.nodes.push_back({2, 1.5F, 0, 0, 1});
   onMember.members.push_back({2, 4});
   EXPECT_EQ(WhyNot(onMember), "There is no force diagram: node 4 lies on member 3");
+  // Within a millionth of a member's length a node lies on it, above it or beside it.
+  constexpr float Near = 3e-6F;
+  ModelData above{{{0, 0, 0, 0, 3}, {4, 0, 0, 0, 1}, {2, 3, 0, -4}, {2, Near, 0, 0, 2}},
+                  {{1, 2}, {2, 3}, {1, 3}, {3, 4}}};
+  EXPECT_EQ(WhyNot(above), "There is no force diagram: node 4 lies on member 1");
+  for (NodeData& node : above.nodes) std::swap(node.x, node.y);
+  above.nodes[1].support = 2;
+  above.nodes[3].support = 1;
+  EXPECT_EQ(WhyNot(above), "There is no force diagram: node 4 lies on member 1");
   ModelData loose = Triangle();
   loose.nodes.push_back({9, 9, 0, 0, 3});
   EXPECT_EQ(WhyNot(loose), "There is no force diagram: node 4 has no member");

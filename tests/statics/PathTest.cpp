@@ -124,7 +124,7 @@ TEST_F(PathTest, IsProposedAlongTheSupports) {
   EXPECT_THAT(ProposePath(), ElementsAre(1, 2, 3));
 }
 
-// The lower chain rises and falls by 1 m on 2 m, the upper one by 2 m on 10 m.
+// The lower chain goes down 1 m on 2 m, the upper one up 2 m on 10 m.
 TEST_F(PathTest, IsProposedAlongTheChainThatIsMoreLevelForItsLength) {
   SetTables({{{0, 0}, {2, -1}, {0, 1}, {5, 2}, {10, 3}}, {{1, 2}, {3, 4}, {4, 5}, {1, 3}}});
   EXPECT_THAT(ProposePath(), ElementsAre(3, 4, 5));

@@ -97,6 +97,14 @@ TEST_F(HandLessonTest, FindsTheReactionsEquationByEquation) {
   EXPECT_THAT(ToldLast(HandTopic::FirstReactions), EndsWith("R1x = 0\nR1y = 6 kN\nR2y = 6 kN\n"));
 }
 
+TEST_F(HandLessonTest, CutsTheTrussFreeWithItsLoadsAndReactionsYetUnknown) {
+  Take(LoadedRafters());
+  const Sketch body = lesson.Tell(HandTopic::FirstReactions, 0).sheet[0].sketch;
+  std::vector<std::string> labels;
+  for (const SketchArrow& arrow : body.arrows) labels.push_back(arrow.label);
+  EXPECT_THAT(labels, testing::UnorderedElementsAre("12 kN", "R1x", "R1y", "R2y"));
+}
+
 TEST_F(HandLessonTest, TakesTheHingeOfAThreeHingedArch) {
   Take(ThreeHinges());
   EXPECT_EQ(lesson.LastStep(HandTopic::FirstReactions), 4);
@@ -233,7 +241,7 @@ TEST_F(HandLessonTest, ShowsTheCutAboveThePartCutFree) {
   }
   EXPECT_EQ(sheet[0].top, 0);
   EXPECT_EQ(sheet[1].top, sheet[0].height);
-  EXPECT_EQ(sheet[1].top + sheet[1].height, 1);
+  EXPECT_DOUBLE_EQ(sheet[1].top + sheet[1].height, 1);
 }
 
 TEST_F(HandLessonTest, AsksForAnotherLine) {
@@ -262,6 +270,8 @@ TEST_F(HandLessonTest, ProposesTheSameLineWhereverTheTrussStands) {
   const SectionStroke there = lesson.ProposedStroke();
   EXPECT_DOUBLE_EQ(there.x0, here.x0 - 100);
   EXPECT_DOUBLE_EQ(there.y0, here.y0);
+  EXPECT_DOUBLE_EQ(there.x1, here.x1 - 100);
+  EXPECT_DOUBLE_EQ(there.y1, here.y1);
 }
 
 TEST_F(HandLessonTest, DrawsTheForceDiagramLineByLine) {

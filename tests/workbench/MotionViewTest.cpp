@@ -245,6 +245,7 @@ TEST_F(CureTest, EndsTheAnalysisAndDrawsOnce) {
 
 TEST_F(CureTest, ByAMemberTakesOverTheMaterialOfOneBesideIt) {
   for (const MemberData& withoutRigidity : {MemberData{1, 2, 0, 50}, MemberData{1, 2, 50, 0}}) {
+    SCOPED_TRACE("E " + std::to_string(withoutRigidity.E));
     ModelData model = PublishedMechanisms()[1];
     model.members[0] = withoutRigidity;
     model.members[1] = {2, 3, 70, 500};
