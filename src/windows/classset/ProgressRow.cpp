@@ -34,7 +34,7 @@ ProgressRow::ProgressRow(QWidget* parent) : QWidget(parent) {
   row->addWidget(workLbl);
   row->addWidget(workBar, 1);
   row->addWidget(btnCancel);
-  EndProgress();
+  ProgressRow::EndProgress(); // what derives from this is not there yet
   OnSignal(btnCancel, &QPushButton::clicked, this, [this] { Cancelled = true; });
 }
 
